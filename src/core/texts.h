@@ -1,0 +1,128 @@
+#pragma once
+
+#include "platform/string.h"
+
+namespace korva {
+
+enum class Language { Japanese, English };
+
+/// One key for each caption of the program. Where two captions read the same (the two "表示"), each control
+/// has a key of its own, since they differ in the other language or may come to differ.
+enum class TextKey {
+  // Tabs.
+  File,
+  Input,
+  Output,
+  Output1,
+  Output2,
+  Linearizer,
+  TcTable,
+  RtdTable,
+  Filter,
+  Alarm,
+  Cjm,
+  DipSwitch,
+  Modbus,
+  Port,
+  IoCheck,
+  // Header of the page and its buttons.
+  Model,
+  Author,
+  Directory,
+  FileName,
+  Memo,
+  Upload,
+  Download,
+  Open,
+  Save,
+  Check,
+  New,
+  Exit,
+  // Linearizer and sensor tables.
+  Row,
+  Column,
+  NewValue,
+  OpenCsv,
+  SaveCsv,
+  Modify,
+  Cancel,
+  ChangeOfValue,
+  ChangeCjm,
+  CheckTable,
+  WriteIn,
+  ReadOut,
+  SystemReset,
+  TablePitch,
+  TableBase,
+  TableSize,
+  Range,
+  Default,
+  // Compensation and calibration.
+  ZeroCompensation,
+  SpanCompensation,
+  LineResistanceCompensation,
+  ZeroPositionCalibration,
+  SpanPositionCalibration,
+  Execute,
+  Reset,
+  ResetCalibration,
+  Transmitting,
+  // I/O check.
+  Setting,
+  Monitor,
+  Output1Monitor,
+  Output2Monitor,
+  Monitoring,
+  Waiting,
+  ZeroSpanAdjustment,
+  FirstOutput,
+  SecondOutput,
+  FineZero,
+  FineSpan,
+  Details,      ///< the frame of the detail settings
+  OpenDetails,  ///< the button that shows it
+  CloseDetails,
+  InputFrequency,
+  Maximum,
+  Minimum,
+  OptionYes,
+  OptionNo,
+  UpperLimit,
+  LowerLimit,
+  ResettingSystem,  ///< two lines, in the window shown while the device restarts
+  // The same in both languages.
+  Com1,
+  Com2,
+  Com3,
+  Com4,
+  OutputButton,
+  Off,
+  On,
+  Version,
+  kCount  ///< how many keys there are; no key itself
+};
+
+/// The caption. A caption without an English text has the Japanese one in both languages.
+const String& CaptionText(TextKey key, Language language = Language::Japanese);
+
+/// Font of captions and lists.
+inline constexpr StringView kFontName = u"ＭＳ Ｐゴシック";
+
+/// Why the window stays open: the message of the frame that shows when it is closed during a download.
+const String& CannotEndText();
+/// What to enter on the cold junction tab, in two lines.
+const String& ColdJunctionInfoText();
+/// Where to make the table of a user's own sensor: `kind` "T" thermocouple, "R" resistance thermometer. Empty
+/// for any other.
+const String& TableHintText(StringView kind);
+
+// Filters of the file dialogs, in the platform's form "text|pattern|text|pattern|".
+const String& CsvFilter();
+const String& CfgFilter();
+const String& DefFilter();
+/// Of the dialog that opens a configuration: definition files, configurations, all files. Shown first is
+/// number 2, the configurations (kOpenCfgFilterIndex).
+const String& OpenCfgFilter();
+inline constexpr int kOpenCfgFilterIndex = 2;
+
+}  // namespace korva
