@@ -1,0 +1,44 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "core/texts.h"
+
+namespace korva {
+
+/// Where the controls of a page stand. The window lays a page out from these tables, and a script learns from
+/// them which tab must be enabled before a control can be reached. Controls go by their full names.
+
+/// A box with a heading on a tab. Boxes stand in two columns, in table order from the top.
+struct DesignGroup {
+  int tab = 0;
+  int column = 0;  ///< 0 left, 1 right
+  TextKey heading;
+  std::string_view frame = {};  ///< the frame control that is this box ("fraMonitoring"); empty: no control
+};
+
+/// One line of a box: number label, caption label, field and unit label, side by side. An empty name leaves
+/// its place free. `field` may name several controls, separated by blanks, that share the place (buttons
+/// side by side; a text field and a combo box of which only one is shown).
+struct DesignRow {
+  int group = 0;  ///< position in the table of boxes
+  std::string_view item = {};
+  std::string_view label = {};
+  std::string_view field = {};
+  std::string_view unit = {};
+};
+
+/// A group of option buttons and the frame that it stands in.
+struct DesignOptions {
+  std::string_view options;  ///< array name, "Opt_Table"
+  std::string_view frame;    ///< "Frame(0)"
+};
+
+struct Design {
+  std::span<const DesignGroup> groups;
+  std::span<const DesignRow> rows;
+  std::span<const DesignOptions> options;
+};
+
+}  // namespace korva

@@ -1,0 +1,380 @@
+#include "core/page.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "core/program.h"
+
+namespace korva {
+
+namespace {
+
+constexpr Milliseconds kBlink{200};
+constexpr int kDefaultGridRows = 17;
+constexpr int kGridColumns = 3;
+
+}  // namespace
+
+Page::Page(Program& program, const PageKind& kind)
+    : Tabs(kind.tab_control, static_cast<int>(kind.tab_captions.size())),
+      Item03_MonitorTimer("Item03_MonitorTimer", program.Loop(), kBlink),
+      Item04_lblUnitTimer("Item04_lblUnitTimer", program.Loop(), kBlink),
+      Item06_lblUnitTimer("Item06_lblUnitTimer", program.Loop(), kBlink),
+      program_(program),
+      kind_(kind) {
+  RegisterFrame();
+  txtMemo.SetMultiline(true);
+  txtDirName.SetLocked(true);
+  txtDirName.SetLook(Look::Grey);
+  txtFileTitle.SetLocked(true);
+  txtFileTitle.SetLook(Look::Grey);
+  LnrFlexGrid.Resize(kDefaultGridRows, kGridColumns);
+  OptCom.RaisesWhenOn = true;
+  for (Control* control : {static_cast<Control*>(&lbl_Waitfor), static_cast<Control*>(&flaMsg_CannotEnd),
+                           static_cast<Control*>(&fraLnrChange)}) {
+    control->SetVisible(false);
+  }
+  lblMsg_CannotEnd.PutInto(&flaMsg_CannotEnd);
+
+  lst_TypeSelect.OnClick = [this] { OnModelSelected(); };
+  OptCom.OnClick = [this](int place) { ChoosePort(place + 1); };
+  cmdExit.OnClick = [this] {
+    if (!OnUnload()) {
+      Program::End();
+    }
+  };
+}
+
+Page::~Page() = default;
+
+void Page::RegisterFrame() {
+  const std::array<Control*, 42> frame = {&lst_TypeSelect,   &lbl_TypeSelect,
+                                          &cmdUpload,        &cmdDownload,
+                                          &cmdOpen,          &cmdSave,
+                                          &cmdNew,           &cmdCheck,
+                                          &cmdExit,          &txtAuthor,
+                                          &txtMemo,          &txtDirName,
+                                          &txtFileTitle,     &lblAuthor,
+                                          &lblMemo,          &lblDirName,
+                                          &lblFileTitle,     &Tabs,
+                                          &TransferBar,      &LnrProgressBar,
+                                          &lbl_Waitfor,      &cmdMonitorON,
+                                          &cmdMonitorOFF,    &fraMonitoring,
+                                          &cmdSet,           &cmdStatusMonOFF,
+                                          &IO_lblSet,        &IO_lblShow,
+                                          &LnrFlexGrid,      &fraLnrChange,
+                                          &lblLnrRow,        &lblLnrCol,
+                                          &lblLnrNewValue,   &txtLnrRow,
+                                          &txtLnrCol,        &txtLnrNewValue,
+                                          &cmdLnrChangeOK,   &cmdLnrChangeCancel,
+                                          &cmd_csvFileOpen,  &lbl_FrmVersion,
+                                          &flaMsg_CannotEnd, &lblMsg_CannotEnd};
+  for (Control* control : frame) {
+    Register(*control);
+  }
+  Register(OptCom);
+}
+
+void Page::Register(OptionGroup& options) {
+  for (int place = 0; place < options.Count(); ++place) {
+    Register(options[place]);
+  }
+  option_groups_.push_back(&options);
+}
+
+void Page::OnLoad() {
+  const Platform& platform = program_.Surroundings();
+  AppPath = program_.Folder();
+  DataPath = program_.Join(AppPath, u"data");
+  txtDirName.SetText(DataPath);
+  const String system = program_.Join(AppPath, u"system");
+  ReadModelCatalogue(program_.Lines(), system + platform.files.Separator() + u"MdlVTRMFx.jpn", Models);
+  FillModelList();
+  PreparePort();
+  txtLnrRow.SetText({});
+  txtLnrCol.SetText({});
+  SetCaptions(Language::Japanese);
+  PrepareFamilyTabs();
+  DataChanged = false;
+  loaded_ = true;
+}
+
+void Page::FillModelList() {
+  lst_TypeSelect.Clear();
+  for (int row = 0; row < ModelTable::kRows; ++row) {
+    lst_TypeSelect.AddEntry(Models.At(row, ModelTable::kName));
+  }
+}
+
+void Page::OnActivate() {
+  lst_TypeSelect.SetTopIndex(Shared().ListTopIndex);
+  lst_TypeSelect.SetListIndex(Shared().SelectedModelIndex);
+  ReopenPort();
+}
+
+void Page::OnModelSelected() {
+  if (FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex())) == nullptr) {
+    return;
+  }
+  if (ConfirmDiscard()) {
+    lst_TypeSelect.ShowListIndex(accepted_model_);
+    return;
+  }
+  if (SwitchFamily() || !FindModel()) {
+    return;
+  }
+  accepted_model_ = lst_TypeSelect.ListIndex();
+  ReadModel();
+  DataChanged = false;
+}
+
+bool Page::SwitchFamily() {
+  const Family* family = FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex()));
+  if (family == nullptr) {
+    return true;
+  }
+  if (family->word == kind_.family.word) {
+    return false;
+  }
+  Shared().ListTopIndex = lst_TypeSelect.TopIndex();
+  Shared().SelectedModelIndex = lst_TypeSelect.ListIndex();
+  program_.Show(*family);
+  return true;
+}
+
+bool Page::FindModel() {
+  const auto row = FindModelByName(Models, lst_TypeSelect.Text());
+  if (!row) {
+    Box().Show(BoxKey::ModelUnknown);
+    return false;
+  }
+  DefFile = Models.At(*row, ModelTable::kDefFile);
+  return true;
+}
+
+bool Page::AskSaveChanges() {
+  switch (Box().Show(BoxKey::SaveChanges)) {
+    case Answer::Yes:
+      return !SaveCfgFile();
+    case Answer::No:
+      DataChanged = false;
+      ClearParameterSet();
+      BuildPage();
+      return false;
+    default:
+      return true;
+  }
+}
+
+bool Page::ConfirmDiscard() { return DataChanged && AskSaveChanges(); }
+
+void Page::BeginOperation() {
+  Shared().CommBusy = true;
+  Shared().DownloadBusy = false;
+  // A close request that a download held off is not to cut a later operation short.
+  Shared().QuitRequested = false;
+  SetBars();
+}
+
+void Page::BeginDownload() {
+  BeginOperation();
+  Shared().DownloadBusy = true;
+}
+
+void Page::EndOperation() {
+  Shared().CommBusy = false;
+  Shared().DownloadBusy = false;
+  SetBars();
+}
+
+void Page::EndDownload() {
+  if (!CommFailed) {
+    EnterMonitorMode();
+  }
+  EndOperation();
+  flaMsg_CannotEnd.SetVisible(false);
+}
+
+void Page::CheckPendingQuit() {
+  EndDownload();
+  if (Shared().QuitRequested) {
+    Program::End();
+  }
+}
+
+void Page::SetBars() {
+  TransferBar.SetValue(0);
+  LnrProgressBar.SetValue(0);
+}
+
+void Page::SetLocked(bool locked) {
+  std::vector<Control*> controls = {&cmdUpload,    &cmdDownload,   &cmdOpen,         &cmdSave,
+                                    &cmdNew,       &cmdCheck,      &cmdExit,         &cmdSet,
+                                    &cmdMonitorON, &cmdMonitorOFF, &cmdStatusMonOFF, &lst_TypeSelect};
+  const std::vector<Control*> further = FurtherLockedControls();
+  controls.insert(controls.end(), further.begin(), further.end());
+  for (Control* control : controls) {
+    control->SetEnabled(!locked);
+  }
+}
+
+void Page::LockFrame() {
+  for (int tab = 0; tab < Tabs.Count(); ++tab) {
+    KeepTabState(tab, Tabs.TabEnabled(tab));
+  }
+  SetLocked(true);
+  for (int tab = 0; tab < Tabs.Count(); ++tab) {
+    Tabs.SetTabEnabled(tab, false);
+  }
+}
+
+void Page::UnlockFrame() {
+  SetLocked(false);
+  for (int tab = 0; tab < Tabs.Count(); ++tab) {
+    Tabs.SetTabEnabled(tab, KeptTabEnabled(tab));
+  }
+}
+
+bool Page::OnUnload() {
+  SharedState& shared = Shared();
+  if (shared.CommBusy) {
+    shared.QuitRequested = true;
+    if (shared.DownloadBusy) {
+      flaMsg_CannotEnd.SetCaption({});
+      lblMsg_CannotEnd.SetCaption(CannotEndText());
+      flaMsg_CannotEnd.SetVisible(true);
+    }
+    return true;
+  }
+  // A save question that is cancelled keeps this window, while the others go all the same.
+  const bool cancel = DataChanged && AskSaveChanges();
+  ClosePort();
+  program_.UnloadOthers(*this);
+  return cancel;
+}
+
+void Page::SetCaptions(Language language) {
+  for (int tab = 0; tab < Tabs.Count(); ++tab) {
+    Tabs.SetTabCaption(tab, CaptionText(kind_.tab_captions[static_cast<std::size_t>(tab)], language));
+  }
+  const std::array<std::pair<CaptionedControl*, TextKey>, 27> captions = {{
+      {&lbl_TypeSelect, TextKey::Model},
+      {&lblAuthor, TextKey::Author},
+      {&lblDirName, TextKey::Directory},
+      {&lblFileTitle, TextKey::FileName},
+      {&lblMemo, TextKey::Memo},
+      {&cmdUpload, TextKey::Upload},
+      {&cmdDownload, TextKey::Download},
+      {&cmdOpen, TextKey::Open},
+      {&cmdSave, TextKey::Save},
+      {&cmdCheck, TextKey::Check},
+      {&cmdNew, TextKey::New},
+      {&cmdExit, TextKey::Exit},
+      {&lblLnrRow, TextKey::Row},
+      {&lblLnrCol, TextKey::Column},
+      {&lblLnrNewValue, TextKey::NewValue},
+      {&cmd_csvFileOpen, TextKey::OpenCsv},
+      {&cmdLnrChangeOK, TextKey::Modify},
+      {&cmdLnrChangeCancel, TextKey::Cancel},
+      {&fraLnrChange, TextKey::ChangeOfValue},
+      {&IO_lblSet, TextKey::Setting},
+      {&IO_lblShow, TextKey::Monitor},
+      {&fraMonitoring, TextKey::Monitoring},
+      {&lbl_Waitfor, TextKey::Waiting},
+      {&cmdMonitorON, TextKey::On},
+      {&cmdMonitorOFF, TextKey::Off},
+      {&cmdSet, TextKey::OutputButton},
+      {&cmdStatusMonOFF, TextKey::Off},
+  }};
+  for (const auto& [control, key] : captions) {
+    control->SetCaption(CaptionText(key, language));
+  }
+  constexpr std::array kComCaptions = {TextKey::Com1, TextKey::Com2, TextKey::Com3, TextKey::Com4};
+  for (std::size_t place = 0; place < kComCaptions.size(); ++place) {
+    OptCom[static_cast<int>(place)].SetCaption(CaptionText(kComCaptions.at(place), language));
+  }
+  lbl_FrmVersion.SetCaption(CaptionText(TextKey::Version, language));
+}
+
+int Page::TabOf(const Control& control) const {
+  for (const Control* at = &control; at != nullptr; at = at->Container()) {
+    if (const auto found = tabs_of_.find(at); found != tabs_of_.end()) {
+      return found->second;
+    }
+  }
+  return -1;
+}
+
+std::string_view Page::WhyRefused(const Control& control) const {
+  if (!Showing()) {
+    return "page not showing";
+  }
+  switch (control.Refused()) {
+    case Refusal::Hidden:
+      return "hidden";
+    case Refusal::Disabled:
+      return "disabled";
+    case Refusal::Locked:
+      return "locked";
+    case Refusal::None:
+      break;
+  }
+  const int tab = TabOf(control);
+  return tab >= 0 && !Tabs.TabEnabled(tab) ? "tab disabled" : std::string_view();
+}
+
+Control* Page::FindControl(std::string_view full_name) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [&](const Control* control) { return control->FullName() == full_name; });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+OptionGroup* Page::FindOptions(std::string_view name) const {
+  const auto found = std::find_if(option_groups_.begin(), option_groups_.end(),
+                                  [&](const OptionGroup* options) { return (*options)[0].Name() == name; });
+  return found == option_groups_.end() ? nullptr : *found;
+}
+
+SharedState& Page::Shared() const { return program_.Shared(); }
+
+const Boxes& Page::Box() const { return program_.Box(); }
+
+bool Page::Showing() const { return program_.Showing() == this; }
+
+void Page::ApplyDesign() {
+  const Design& design = kind_.design;
+  const auto place = [&](std::string_view name, const DesignGroup& group) {
+    Control* control = FindControl(name);
+    if (control == nullptr) {
+      throw RuntimeFailure(u"画面の設計表に無い部品があります: " + String(name.begin(), name.end()));
+    }
+    tabs_of_[control] = group.tab;
+    if (!group.frame.empty() && name != group.frame) {
+      control->PutInto(FindControl(group.frame));
+    }
+  };
+  for (const DesignGroup& group : design.groups) {
+    if (!group.frame.empty()) {
+      place(group.frame, group);
+    }
+  }
+  for (const DesignRow& row : design.rows) {
+    const DesignGroup& group = design.groups[static_cast<std::size_t>(row.group)];
+    for (std::string_view names : {row.item, row.label, row.field, row.unit}) {
+      while (!names.empty()) {
+        const std::size_t end = std::min(names.find(' '), names.size());
+        place(names.substr(0, end), group);
+        names.remove_prefix(std::min(end + 1, names.size()));
+      }
+    }
+  }
+  for (const DesignOptions& options : design.options) {
+    OptionGroup* group = FindOptions(options.options);
+    for (int button = 0; group != nullptr && button < group->Count(); ++button) {
+      (*group)[button].PutInto(FindControl(options.frame));
+    }
+  }
+}
+
+}  // namespace korva

@@ -1,0 +1,197 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "core/boxes.h"
+#include "core/catalogue.h"
+#include "core/control.h"
+#include "core/control_array.h"
+#include "core/design.h"
+#include "core/family.h"
+#include "core/shared_state.h"
+#include "core/texts.h"
+
+namespace korva {
+
+class Program;
+
+/// What a page is made from: its family and its tabs.
+struct PageKind {
+  const Family& family;
+  std::string_view tab_control;  ///< "KvCfg_Tab"
+  std::span<const TextKey> tab_captions;
+  const Design& design;
+};
+
+/// The frame that every family page has: model list, buttons, header, tabs, progress bars, port choice, and
+/// the load, activate, close and exit logic around them.
+///
+/// A page is not loaded, loaded and hidden, or showing; one page shows at a time. An operation on the device
+/// is idle, busy (CommBusy) or busy and not to be cut off (CommBusy with DownloadBusy). While it is busy the
+/// frame is locked (LockFrame), since the waits let the user's actions in.
+class Page {
+ public:
+  Page(Program& program, const PageKind& kind);
+  Page(const Page&) = delete;
+  Page& operator=(const Page&) = delete;
+  virtual ~Page();
+
+  // Events.
+  void OnLoad();      ///< before the page shows for the first time
+  void OnActivate();  ///< whenever the page comes to the front
+  /// The page is to be closed; true (cancel) when the window must stay.
+  bool OnUnload();
+  void OnModelSelected();  ///< a click in lst_TypeSelect
+
+  /// Hands over to the page of the chosen model's family. True when this page has nothing more to do: another
+  /// page took over, or the entry has no known family.
+  bool SwitchFamily();
+  /// Looks the chosen model up and sets DefFile. Shows its box and returns false when the list's text is no
+  /// model's name.
+  bool FindModel();
+
+  /// Asks whether to save the changes. True: cancel, the caller must stop.
+  bool AskSaveChanges();
+  /// True when the operation must stop because the user wants to keep unsaved changes.
+  bool ConfirmDiscard();
+
+  void BeginOperation();  ///< an upload or the monitor begins
+  void BeginDownload();
+  void EndOperation();
+  void EndDownload();       ///< returns the device to monitor mode first, unless CommFailed
+  void CheckPendingQuit();  ///< EndDownload, then ends the program if the user wanted to close it meanwhile
+  void LockFrame();
+  void UnlockFrame();
+
+  /// Tab on which the control stands, -1 for a control that is always in view.
+  [[nodiscard]] int TabOf(const Control& control) const;
+  /// Why the user can't act on the control: its own state, or "tab disabled"; empty when he can.
+  [[nodiscard]] std::string_view WhyRefused(const Control& control) const;
+  /// The control of this full name ("Text(3)"), nullptr when the page has none.
+  [[nodiscard]] Control* FindControl(std::string_view full_name) const;
+  [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
+  /// The option group whose first button is `name`(0); nullptr when there is none.
+  [[nodiscard]] OptionGroup* FindOptions(std::string_view name) const;
+
+  [[nodiscard]] const Family& ItsFamily() const { return kind_.family; }
+  [[nodiscard]] const Design& ItsDesign() const { return kind_.design; }
+  [[nodiscard]] Program& ItsProgram() const { return program_; }
+  [[nodiscard]] SharedState& Shared() const;
+  [[nodiscard]] const Boxes& Box() const;
+  [[nodiscard]] bool Loaded() const { return loaded_; }
+  [[nodiscard]] bool Showing() const;
+
+  // Steps of the family pages.
+  virtual bool EnterMonitorMode() = 0;
+  virtual void ClearParameterSet() = 0;
+  virtual void BuildPage() = 0;
+  virtual bool SaveCfgFile() = 0;  ///< through the file dialog; true when a file was written
+  /// Writes the parameter set to `path`, with no dialog and no box; false when that failed.
+  virtual bool SaveRescueFile(const String& path) = 0;
+
+  /// Sets every caption from the text table.
+  virtual void SetCaptions(Language language);
+
+  ModelTable Models;
+  String DefFile;
+  String AppPath;
+  String DataPath;
+  bool DataChanged = false;
+  bool CommFailed = false;
+  bool MonitorStop = false;
+  bool UploadBusy = false;
+  bool CfgLoaded = false;
+
+  ListBox lst_TypeSelect{"lst_TypeSelect"};
+  Label lbl_TypeSelect{"lbl_TypeSelect"};
+  Button cmdUpload{"cmdUpload"};
+  Button cmdDownload{"cmdDownload"};
+  Button cmdOpen{"cmdOpen"};
+  Button cmdSave{"cmdSave"};
+  Button cmdNew{"cmdNew"};
+  Button cmdCheck{"cmdCheck"};
+  Button cmdExit{"cmdExit"};
+  TextField txtAuthor{"txtAuthor"};
+  TextField txtMemo{"txtMemo"};
+  TextField txtDirName{"txtDirName"};
+  TextField txtFileTitle{"txtFileTitle"};
+  Label lblAuthor{"lblAuthor"};
+  Label lblMemo{"lblMemo"};
+  Label lblDirName{"lblDirName"};
+  Label lblFileTitle{"lblFileTitle"};
+  OptionGroup OptCom{{"OptCom1", "OptCom2", "OptCom3", "OptCom4"}};
+  TabControl Tabs;
+  ProgressBar TransferBar{"ProgressBar"};
+  ProgressBar LnrProgressBar{"LnrProgressBar"};
+  Label lbl_Waitfor{"lbl_Waitfor"};
+  Button cmdMonitorON{"cmdMonitorON"};
+  Button cmdMonitorOFF{"cmdMonitorOFF"};
+  Frame fraMonitoring{"fraMonitoring"};
+  Button cmdSet{"cmdSet"};
+  Button cmdStatusMonOFF{"cmdStatusMonOFF"};
+  Label IO_lblSet{"IO_lblSet"};
+  Label IO_lblShow{"IO_lblShow"};
+  Timer Item03_MonitorTimer;
+  Timer Item04_lblUnitTimer;
+  Timer Item06_lblUnitTimer;
+  Grid LnrFlexGrid{"LnrFlexGrid"};
+  Frame fraLnrChange{"fraLnrChange"};
+  Label lblLnrRow{"lblLnrRow"};
+  Label lblLnrCol{"lblLnrCol"};
+  Label lblLnrNewValue{"lblLnrNewValue"};
+  TextField txtLnrRow{"txtLnrRow"};
+  TextField txtLnrCol{"txtLnrCol"};
+  TextField txtLnrNewValue{"txtLnrNewValue"};
+  Button cmdLnrChangeOK{"cmdLnrChangeOK"};
+  Button cmdLnrChangeCancel{"cmdLnrChangeCancel"};
+  Button cmd_csvFileOpen{"cmd_csvFileOpen"};
+  Label lbl_FrmVersion{"lbl_FrmVersion"};
+  Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
+  Label lblMsg_CannotEnd{"lblMsg_CannotEnd"};
+
+ protected:
+  // Steps of OnLoad, OnActivate and OnModelSelected that lie outside the frame.
+  virtual void PreparePort() {}        ///< load: only the pages that open the port themselves
+  virtual void PrepareFamilyTabs() {}  ///< load
+  virtual void
+  ReopenPort() = 0;  ///< activation: marks the port's option button, reopens at the family's speed
+  virtual void ChoosePort(int number) = 0;  ///< OptCom`number` pressed, 1 to 4
+  virtual void ClosePort() {}               ///< closing: only the root page
+  virtual void ReadModel() = 0;             ///< reads the chosen model's definition and builds the page
+  /// Where LockFrame keeps each tab's state, and whether UnlockFrame may enable it again.
+  virtual void KeepTabState(int tab, bool enabled) = 0;
+  [[nodiscard]] virtual bool KeptTabEnabled(int tab) const = 0;
+  /// Controls beyond the frame's that are disabled during an operation.
+  virtual std::vector<Control*> FurtherLockedControls() { return {}; }
+
+  void Register(Control& control) { controls_.push_back(&control); }
+  void Register(OptionGroup& options);
+  template <typename T>
+  void Register(ControlArray<T>& controls) {
+    for (int index = 0; index < controls.Count(); ++index) {
+      Register(controls[index]);
+    }
+  }
+  /// Places the registered controls by the design table. Called once, at the end of the last constructor.
+  void ApplyDesign();
+
+ private:
+  void SetLocked(bool locked);
+  void SetBars();
+  void FillModelList();
+  void RegisterFrame();
+
+  Program& program_;
+  PageKind kind_;
+  bool loaded_ = false;
+  int accepted_model_ = -1;  ///< list position of the model that the page shows
+  std::vector<Control*> controls_;
+  std::vector<OptionGroup*> option_groups_;
+  std::map<const Control*, int> tabs_of_;
+};
+
+}  // namespace korva

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/string.h"
+
+namespace korva {
+
+enum class BoxIcon { Plain, Warning, Question };
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// A message box. `buttons` are in the order of showing; `preset` is the one that Enter presses.
+struct Box {
+  BoxIcon icon = BoxIcon::Plain;
+  String title;
+  String text;
+  std::vector<Answer> buttons = {Answer::Ok};
+  Answer preset = Answer::Ok;
+};
+
+/// A file dialog. `filter` has the platform's form "text|pattern|text|pattern|", `filter_index` counts
+/// from 1.
+struct FileDialog {
+  bool save = false;  ///< a save dialog asks before it lets an existing file be replaced
+  String start_folder;
+  String filter;
+  int filter_index = 1;
+};
+
+/// The user, as far as boxes and file dialogs go.
+class Dialogs {
+ public:
+  Dialogs() = default;
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+  virtual ~Dialogs() = default;
+
+  /// Shows the box and waits for one of its buttons. Closing a box that offers cancel counts as cancel,
+  /// one that offers only OK as OK, a yes-no box as no.
+  virtual Answer ShowBox(const Box& box) = 0;
+
+  /// Full path of the chosen file, or nothing when the user cancelled.
+  virtual std::optional<String> ChooseFile(const FileDialog& dialog) = 0;
+
+  /// The platform's error box for a failure that ends the program. Called outside any event.
+  virtual void ShowFailure(const String& text) = 0;
+};
+
+}  // namespace korva
