@@ -42,6 +42,8 @@ class LineReader {
   /// stripped by TrimLine. Returns the position behind the comma, or -1 when there was none. A position
   /// outside the line gives an empty field and -1.
   int NextField(int position, const String& line);
+  /// LineField: what NextField took last.
+  [[nodiscard]] const String& Field() const { return shared_.LineField; }
 
  private:
   struct OpenFile {

@@ -9,8 +9,9 @@ namespace korva {
 // Numbers as text, by the platform's rules and the same under every locale of the machine.
 
 /// The number with which the text begins: optional sign, digits with at most one decimal point, optional
-/// exponent (e, E, d or D). Blanks and TABs are skipped. What follows is ignored ("1.5.2" is 1.5); a text
-/// that begins with no number counts 0. A number too large for a double gives the largest one.
+/// exponent (e, E, d or D). Blanks and TABs are skipped wherever they stand. What follows is ignored ("1.5.2"
+/// is 1.5); a text that begins with no number counts 0. A number too large for a double gives the largest
+/// one.
 double LeadingNumber(StringView text);
 
 /// The leading number as an integer: rounded, a tie to the even neighbour, and held to the range of int.

@@ -1,0 +1,180 @@
+#include "core/texts.h"
+
+#include <array>
+#include <cstddef>
+
+namespace korva {
+namespace {
+
+constexpr std::size_t kTextCount = static_cast<std::size_t>(TextKey::kCount);
+
+struct TextRow {
+  TextKey key;
+  StringView japanese;
+  StringView english = {};  ///< empty: as in Japanese
+};
+
+constexpr std::array<TextRow, kTextCount> kTexts = {{
+    {.key = TextKey::File, .japanese = u"ﾌｧｲﾙ", .english = u"File"},
+    {.key = TextKey::Input, .japanese = u"入力", .english = u"Input"},
+    {.key = TextKey::Output, .japanese = u"出力", .english = u"Output"},
+    {.key = TextKey::Output1, .japanese = u"出力(1)", .english = u"Output(1)"},
+    {.key = TextKey::Output2, .japanese = u"出力(2)", .english = u"Output(2)"},
+    {.key = TextKey::Linearizer, .japanese = u"ﾘﾆｱﾗｲｻﾞ", .english = u"Linearizer"},
+    {.key = TextKey::TcTable, .japanese = u"TC TBL"},
+    {.key = TextKey::RtdTable, .japanese = u"RTD TBL"},
+    {.key = TextKey::Filter, .japanese = u"ﾌｨﾙﾀ", .english = u"Filter"},
+    {.key = TextKey::Alarm, .japanese = u"警報", .english = u"Alarm"},
+    {.key = TextKey::Cjm, .japanese = u"CJM", .english = u"CJM"},
+    {.key = TextKey::DipSwitch, .japanese = u"Dipｽｲｯﾁ", .english = u"DipSW"},
+    {.key = TextKey::Modbus, .japanese = u"Modbus", .english = u"Modbus"},
+    {.key = TextKey::Port, .japanese = u"ﾎﾟｰﾄ", .english = u"Port"},
+    {.key = TextKey::IoCheck, .japanese = u"I/O ﾁｪｯｸ", .english = u"I/O check"},
+    {.key = TextKey::Model, .japanese = u"機種名", .english = u"Model"},
+    {.key = TextKey::Author, .japanese = u"作者名", .english = u"Author"},
+    {.key = TextKey::Directory, .japanese = u"ﾃﾞｨﾚｸﾄﾘ名", .english = u"Directory"},
+    {.key = TextKey::FileName, .japanese = u"ファイル名", .english = u"File name"},
+    {.key = TextKey::Memo, .japanese = u"メモ", .english = u"Notes"},
+    {.key = TextKey::Upload, .japanese = u"アップロード", .english = u"UPLOAD"},
+    {.key = TextKey::Download, .japanese = u"ダウンロード", .english = u"DOWNLOAD"},
+    {.key = TextKey::Open, .japanese = u"ファイルを開く", .english = u"OPEN"},
+    {.key = TextKey::Save, .japanese = u"ファイルに保存", .english = u"SAVE"},
+    {.key = TextKey::Check, .japanese = u"設定値ﾁｪｯｸ", .english = u"CHECK"},
+    {.key = TextKey::New, .japanese = u"新規作成", .english = u"NEW"},
+    {.key = TextKey::Exit, .japanese = u"終了", .english = u"EXIT"},
+    {.key = TextKey::Row, .japanese = u"行", .english = u"Row"},
+    {.key = TextKey::Column, .japanese = u"列", .english = u"Column"},
+    {.key = TextKey::NewValue, .japanese = u"変更内容", .english = u"Content"},
+    {.key = TextKey::OpenCsv, .japanese = u"csvﾌｧｲﾙを開く", .english = u"Open *.csv"},
+    {.key = TextKey::SaveCsv, .japanese = u"csvﾌｧｲﾙに保存", .english = u"Save *.csv"},
+    {.key = TextKey::Modify, .japanese = u"変更する", .english = u"Modify"},
+    {.key = TextKey::Cancel, .japanese = u"中止", .english = u"Cancel"},
+    {.key = TextKey::ChangeOfValue, .japanese = u"値の変更", .english = u"Modification of value"},
+    {.key = TextKey::ChangeCjm, .japanese = u"CJM交換", .english = u"Change CJM"},
+    {.key = TextKey::CheckTable, .japanese = u"ﾁｪｯｸ", .english = u"CHECK"},
+    {.key = TextKey::WriteIn, .japanese = u"書込み", .english = u"WRITE IN"},
+    {.key = TextKey::ReadOut, .japanese = u"読み出し"},
+    {.key = TextKey::SystemReset, .japanese = u"ｼｽﾃﾑ ﾘｾｯﾄ"},
+    {.key = TextKey::TablePitch, .japanese = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ"},
+    {.key = TextKey::TableBase, .japanese = u"ﾃｰﾌﾞﾙ最小温度"},
+    {.key = TextKey::TableSize, .japanese = u"ﾃｰﾌﾞﾙｻｲｽﾞ"},
+    {.key = TextKey::Range, .japanese = u"ﾚﾝｼﾞ"},
+    {.key = TextKey::Default, .japanese = u"ﾃﾞﾌｫﾙﾄ", .english = u"DEFAULT"},
+    {.key = TextKey::ZeroCompensation, .japanese = u"ｾﾞﾛ点補正値"},
+    {.key = TextKey::SpanCompensation, .japanese = u"ｽﾊﾟﾝ点補正値"},
+    {.key = TextKey::LineResistanceCompensation, .japanese = u"線路抵抗補償"},
+    {.key = TextKey::ZeroPositionCalibration, .japanese = u"0% ﾎﾟｼﾞｼｮﾝ校正"},
+    {.key = TextKey::SpanPositionCalibration, .japanese = u"100% ﾎﾟｼﾞｼｮﾝ校正"},
+    {.key = TextKey::Execute, .japanese = u"実行"},
+    {.key = TextKey::Reset, .japanese = u"ﾘｾｯﾄ"},
+    {.key = TextKey::ResetCalibration, .japanese = u"校正 ﾘｾｯﾄ"},
+    {.key = TextKey::Transmitting, .japanese = u"転送中", .english = u"Transmitting"},
+    {.key = TextKey::Setting, .japanese = u"設定", .english = u"Setting"},
+    {.key = TextKey::Monitor, .japanese = u"表示", .english = u"Monitor"},
+    {.key = TextKey::Output1Monitor, .japanese = u"第1出力表示", .english = u"Monitor"},
+    {.key = TextKey::Output2Monitor, .japanese = u"第2出力表示", .english = u"Monitor"},
+    {.key = TextKey::Monitoring, .japanese = u"表示", .english = u"Monitoring"},
+    {.key = TextKey::Waiting, .japanese = u"お待ち下さい", .english = u"Reading Data."},
+    {.key = TextKey::ZeroSpanAdjustment, .japanese = u"ｾﾞﾛ/ｽﾊﾟﾝ調整"},
+    {.key = TextKey::FirstOutput, .japanese = u"第1出力"},
+    {.key = TextKey::SecondOutput, .japanese = u"第2出力"},
+    {.key = TextKey::FineZero, .japanese = u"ｾﾞﾛ点微調整"},
+    {.key = TextKey::FineSpan, .japanese = u"ｽﾊﾟﾝ微調整"},
+    {.key = TextKey::Details, .japanese = u"詳細設定"},
+    {.key = TextKey::OpenDetails, .japanese = u"詳細設定"},
+    {.key = TextKey::CloseDetails, .japanese = u"閉じる"},
+    {.key = TextKey::InputFrequency, .japanese = u"入力 周波数"},
+    {.key = TextKey::Maximum, .japanese = u"最大"},
+    {.key = TextKey::Minimum, .japanese = u"最小"},
+    {.key = TextKey::OptionYes, .japanese = u"有"},
+    {.key = TextKey::OptionNo, .japanese = u"無"},
+    {.key = TextKey::UpperLimit, .japanese = u"上限"},
+    {.key = TextKey::LowerLimit, .japanese = u"下限"},
+    {.key = TextKey::ResettingSystem, .japanese = u"ｼｽﾃﾑをﾘｾｯﾄしています。\n\rしばらくお待ち下さい"},
+    {.key = TextKey::Com1, .japanese = u"COM 1"},
+    {.key = TextKey::Com2, .japanese = u"COM 2"},
+    {.key = TextKey::Com3, .japanese = u"COM 3"},
+    {.key = TextKey::Com4, .japanese = u"COM 4"},
+    {.key = TextKey::OutputButton, .japanese = u"OUTPUT"},
+    {.key = TextKey::Off, .japanese = u"OFF"},
+    {.key = TextKey::On, .japanese = u"ON"},
+    {.key = TextKey::Version, .japanese = u"KORVA Ver12.09"},
+}};
+
+constexpr bool RowsStandInKeyOrder() {
+  for (std::size_t row = 0; row < kTextCount; ++row) {
+    if (static_cast<std::size_t>(kTexts[row].key) != row) {
+      return false;
+    }
+  }
+  return true;
+}
+static_assert(RowsStandInKeyOrder(), "a caption is found by the number of its key");
+
+struct CaptionPair {
+  String japanese;
+  String english;
+};
+
+std::array<CaptionPair, kTextCount> MakeCaptions() {
+  std::array<CaptionPair, kTextCount> captions;
+  for (std::size_t row = 0; row < kTextCount; ++row) {
+    captions[row].japanese = kTexts[row].japanese;
+    captions[row].english = kTexts[row].english.empty() ? kTexts[row].japanese : kTexts[row].english;
+  }
+  return captions;
+}
+
+constexpr StringView kCfgFilter = u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|";
+constexpr StringView kDefFilter = u"プログラム管理ファイル (*.def)|*.def";
+constexpr StringView kAllFilter = u"すべてのファイル (*.*)|*.*|";
+
+}  // namespace
+
+const String& CaptionText(TextKey key, Language language) {
+  static const std::array<CaptionPair, kTextCount> captions = MakeCaptions();
+  const CaptionPair& pair = captions.at(static_cast<std::size_t>(key));
+  return language == Language::English ? pair.english : pair.japanese;
+}
+
+const String& CannotEndText() {
+  static const String text = u"ﾀﾞｳﾝﾛｰﾄﾞの途中でﾌﾟﾛｸﾞﾗﾑを終了することはできません。";
+  return text;
+}
+
+const String& ColdJunctionInfoText() {
+  static const String text = u"温度補正値を変更します。\n\rCJMに添付されているﾃﾞｰﾀを入力してください。";
+  return text;
+}
+
+const String& TableHintText(StringView kind) {
+  static const String thermocouple = u"「ﾘﾆｱﾗｲｻﾞ」ﾀﾌﾞを選択し、熱電対のﾃｰﾌﾞﾙを作成して下さい。";
+  static const String resistance_thermometer = u"「ﾘﾆｱﾗｲｻﾞ」ﾀﾌﾞを選択し、測温体のﾃｰﾌﾞﾙを作成して下さい。";
+  static const String none;
+  if (kind == u"T") {
+    return thermocouple;
+  }
+  return kind == u"R" ? resistance_thermometer : none;
+}
+
+const String& CsvFilter() {
+  static const String filter = String(u"カンマ区切りのファイル (*.csv)|*.csv|").append(kAllFilter);
+  return filter;
+}
+
+const String& CfgFilter() {
+  static const String filter(kCfgFilter);
+  return filter;
+}
+
+const String& DefFilter() {
+  static const String filter = String(kCfgFilter).append(kAllFilter).append(kDefFilter);
+  return filter;
+}
+
+const String& OpenCfgFilter() {
+  static const String filter = String(kDefFilter).append(u"|").append(kCfgFilter).append(kAllFilter);
+  return filter;
+}
+
+}  // namespace korva
