@@ -1,0 +1,350 @@
+#include "sim/device.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sim/live_values.h"
+#include "sim/model_rules.h"
+#include "sim/number.h"
+#include "sim/parameters.h"
+#include "sim/point_table.h"
+
+namespace korva::sim {
+
+namespace {
+
+constexpr std::string_view kAccepted = "COK";
+constexpr std::string_view kRefused = "CNG";
+constexpr std::string_view kNotUsable = "CNU";
+constexpr std::string_view kModes = "0 1 A";  // monitor, programming, status monitor
+constexpr std::size_t kDisplayWidth = 16;
+constexpr std::size_t kLiveWidth = 8;
+constexpr std::size_t kLinearizerTab = 3;
+
+std::string RightAlign(std::string_view text, std::size_t width) {
+  return std::string(text.size() < width ? width - text.size() : 0, ' ') + std::string(text);
+}
+
+const Family& FamilyOf(const Model& model) {
+  const Family* const family = FindFamily(model.family_word);
+  if (family == nullptr) {
+    throw SetupError("model " + model.name + " has the unknown family word \"" + model.family_word + "\"");
+  }
+  return *family;
+}
+
+TableShape TableOf(const Family& family, const Parameters& parameters) {
+  if (!family.typed_input) {
+    return family.table;  // every model of these has its table
+  }
+  const auto& tabs = parameters.Tables().Rows("$SSTab");
+  if (tabs.empty() || Field(tabs.back(), kLinearizerTab) != "True") {
+    return TableShape::None;
+  }
+  return HasLongTable(parameters.ModelCode()) ? TableShape::Points100 : family.table;
+}
+
+/// A write's echo with another value than the one written.
+std::string OtherValue(const std::string& reply, std::string_view value) {
+  std::string head = reply.substr(0, reply.size() - value.size());
+  if (const auto number = ParseNumber(TrimBlanks(value))) {
+    const auto point = value.find('.');
+    const auto decimals = point == std::string_view::npos ? 0 : value.find_last_not_of(' ') - point;
+    return head + FormatNumber(*number + 1, static_cast<int>(decimals));
+  }
+  std::string other(value);
+  other.front() = other.front() == 'X' ? 'Y' : 'X';
+  return head + other;
+}
+
+}  // namespace
+
+/// Menu position, mode and values of a device.
+struct Device::State {
+  State(const Model& of_model, Definition definition, DeviceOptions with)
+      : model(of_model),
+        family(FamilyOf(model)),
+        options(std::move(with)),
+        parameters(model, std::move(definition), family, options.system_text),
+        table(TableOf(family, parameters)) {}
+
+  std::string Execute(std::string_view line);
+  std::string SelectGroup(std::string_view text);
+  std::string SelectItem(std::string_view text);
+  std::string ReplyValue();
+  std::string TakeData(std::string_view data);
+  std::string TakeParameter(std::string_view data);
+  void EnterMode(std::string_view data);
+  std::string Refusal(WriteResult result) const;
+  std::string ValueText(const Item& item) const;
+  std::string PaddedText(const Item& item) const;
+  double LiveNumber(const Item& item) const;
+  std::string LiveText(const Item& item) const;
+
+  Model model;
+  const Family& family;
+  DeviceOptions options;
+  Parameters parameters;
+  PointTable table;
+  LiveValues live;
+  FaultPlan faults;
+  int exchanges = 0;
+  char mode = '0';
+  std::string group;                 // selected group; empty: none
+  Item* selected = nullptr;          // selected item, unless it lies in the table
+  std::optional<std::size_t> point;  // selected value of the table
+};
+
+// --- menu
+// ---------------------------------------------------------------------------------------------------
+
+std::string Device::State::Execute(std::string_view line) {
+  const std::string_view text = line.empty() ? line : line.substr(1);
+  switch (line.empty() ? '\0' : line.front()) {
+    case 'G':
+      return SelectGroup(text);
+    case 'I':
+      return SelectItem(text);
+    case 'D':
+      return family.dialect == Dialect::EnterItem && text.empty() ? ReplyValue() : TakeData(text);
+    default:
+      return Refusal(WriteResult::Refused);
+  }
+}
+
+std::string Device::State::SelectGroup(std::string_view text) {
+  selected = nullptr;
+  point.reset();
+  group.clear();
+  if (!parameters.HasGroup(text) && !table.HasGroup(text)) {
+    return Refusal(WriteResult::Refused);
+  }
+  group = text;
+  return family.dialect == Dialect::Cok ? std::string(kAccepted)
+                                        : "D" + RightAlign("enter item", kDisplayWidth);
+}
+
+std::string Device::State::SelectItem(std::string_view text) {
+  selected = group.empty() ? nullptr : parameters.Find(group, text);
+  point = group.empty() ? std::nullopt : table.Find(group, text);
+  if (selected == nullptr && !point) {
+    return Refusal(WriteResult::Refused);
+  }
+  if (family.dialect == Dialect::EnterItem) {
+    return "D" + RightAlign(selected != nullptr ? selected->title : "Linearize Table", kDisplayWidth);
+  }
+  if (selected != nullptr && parameters.Needless(*selected)) {
+    selected = nullptr;
+    return Refusal(WriteResult::NotUsable);
+  }
+  return ReplyValue();
+}
+
+std::string Device::State::ReplyValue() {
+  if (point) {
+    return "D" + PointTable::Head(*point) + RightAlign(table.Text(*point), kLiveWidth);
+  }
+  if (selected == nullptr) {
+    return Refusal(WriteResult::Refused);
+  }
+  if (parameters.Needless(*selected)) {
+    return Refusal(WriteResult::NotUsable);
+  }
+  if (selected->kind == Item::Kind::Live || selected->kind == Item::Kind::Output) {
+    live.Step();
+  }
+  return "D" + PaddedText(*selected);
+}
+
+std::string Device::State::TakeData(std::string_view data) {
+  if (selected != nullptr && selected->kind == Item::Kind::Mode) {
+    if (!HasWord(kModes, TrimBlanks(data))) {
+      return Refusal(WriteResult::Refused);
+    }
+    EnterMode(TrimBlanks(data));
+    return "D" + PaddedText(*selected);
+  }
+  if (mode != '1') {
+    return Refusal(WriteResult::Refused);
+  }
+  if (point) {
+    return table.Write(*point, data) ? ReplyValue() : Refusal(WriteResult::Refused);
+  }
+  return selected == nullptr ? Refusal(WriteResult::Refused) : TakeParameter(data);
+}
+
+std::string Device::State::TakeParameter(std::string_view data) {
+  if (selected->kind == Item::Kind::Output) {
+    const auto percent = ParseNumber(TrimBlanks(data));
+    const bool forced = percent && live.Force(*percent);
+    return forced ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
+  }
+  if (family.word == "Second" && selected->group == "01" && selected->item == "34" && data == "1") {
+    parameters.Reset();
+    return "Dall prms default";
+  }
+  const auto result = parameters.Write(*selected, data);
+  return result == WriteResult::Done ? "D" + PaddedText(*selected) : Refusal(result);
+}
+
+void Device::State::EnterMode(std::string_view data) {
+  mode = data.front();
+  if (mode != '1') {
+    live.Release();
+  }
+}
+
+/// The other dialect has no codes: it tells on the display what is wrong.
+std::string Device::State::Refusal(WriteResult result) const {
+  if (family.dialect == Dialect::EnterItem) {
+    return "D" + RightAlign(result == WriteResult::NotUsable ? "not usable" : "invalid data", kDisplayWidth);
+  }
+  return std::string(result == WriteResult::NotUsable ? kNotUsable : kRefused);
+}
+
+// --- values
+// -------------------------------------------------------------------------------------------------
+
+std::string Device::State::ValueText(const Item& item) const {
+  switch (item.kind) {
+    case Item::Kind::Mode:
+      return {mode};
+    case Item::Kind::Live:
+    case Item::Kind::Output:
+      return FormatNumber(LiveNumber(item), 2);
+    default:
+      return parameters.Text(item);
+  }
+}
+
+/// The value as a reply has it, between "D" and the line end.
+std::string Device::State::PaddedText(const Item& item) const {
+  if (item.kind == Item::Kind::Live || item.kind == Item::Kind::Output) {
+    return LiveText(item);
+  }
+  std::string text = ValueText(item);
+  if (item.kind == Item::Kind::Tag) {
+    if (text.empty() && family.dialect == Dialect::EnterItem && !family.empty_tag.empty()) {
+      return std::string(family.empty_tag);
+    }
+    text.resize(Parameters::kTagLength, ' ');
+  } else if (family.dialect == Dialect::EnterItem) {
+    return RightAlign(item.prefix + text, kDisplayWidth);
+  }
+  return item.prefix + text;
+}
+
+/// Input and measured values are in the unit of zero and span, outputs in percent.
+double Device::State::LiveNumber(const Item& item) const {
+  const bool input = item.item == "04" || item.item == "06";
+  const Item* const zero = parameters.Find("01", "14");
+  const Item* const span = parameters.Find("01", "15");
+  if (!input || zero == nullptr || span == nullptr || parameters.Needless(*zero) ||
+      parameters.Needless(*span)) {
+    return live.Value(item.item, 0, 100);
+  }
+  return live.Value(item.item, ParseNumber(parameters.Text(*zero)).value_or(0),
+                    ParseNumber(parameters.Text(*span)).value_or(100));
+}
+
+std::string Device::State::LiveText(const Item& item) const {
+  const std::string number = RightAlign(ValueText(item), kLiveWidth);
+  if (family.live_form == LiveForm::Unit) {
+    const bool own_unit = !item.unit.empty() && !item.unit.starts_with('$');
+    return item.prefix + number + " " + (own_unit ? item.unit : "%");
+  }
+  // A value that is also read as a parameter has its prefix alone, since that is what the reader cuts off.
+  return (item.prefix.empty() && !item.uploaded ? "PV:" : item.prefix) + number;
+}
+
+// --- device
+// -------------------------------------------------------------------------------------------------
+
+Device::Device(const Model& model, Definition definition, const DeviceOptions& options)
+    : state_(std::make_unique<State>(model, std::move(definition), options)) {}
+
+Device::Device(Device&&) noexcept = default;
+Device& Device::operator=(Device&&) noexcept = default;
+Device::~Device() = default;
+
+Device Device::ForModel(const std::filesystem::path& home, std::string_view name,
+                        const DeviceOptions& options) {
+  const auto models = ReadCatalogue(home);
+  const auto found = name.empty()
+                         ? models.begin()
+                         : std::ranges::find(models, name, [](const Model& row) { return row.name; });
+  if (found == models.end()) {
+    throw SetupError(name.empty() ? "the catalogue has no models"
+                                  : "the catalogue has no model \"" + std::string(name) + "\"");
+  }
+  return {*found, Definition::Read(home, *found), options};
+}
+
+Reply Device::Answer(std::string_view line) {
+  ++state_->exchanges;
+  const auto struck = state_->faults.Strike(state_->exchanges, line);
+  const auto strikes = [&](Fault fault) { return std::ranges::find(struck, fault) != struck.end(); };
+  Reply reply;
+  reply.latency = state_->options.latency;
+  if (strikes(Fault::Silent) || strikes(Fault::SecondTryOnly)) {
+    reply.silent = true;
+    return reply;
+  }
+  if (strikes(Fault::Refused)) {
+    reply.text = state_->Refusal(WriteResult::Refused);
+  } else if (strikes(Fault::NotUsable)) {
+    reply.text = state_->Refusal(WriteResult::NotUsable);
+  } else {
+    reply.text = state_->Execute(line);
+    const bool written = line.size() > 1 && line.starts_with('D') && reply.text.starts_with('D');
+    if (strikes(Fault::WrongEcho) && written && reply.text != state_->Refusal(WriteResult::Refused)) {
+      const auto shown = state_->selected == nullptr ? reply.text.substr(PointTable::Head(0).size() + 1)
+                                                     : reply.text.substr(1 + state_->selected->prefix.size());
+      reply.text = OtherValue(reply.text, shown);
+    }
+  }
+  for (const Fault fault : struck) {
+    SpoilReply(fault, reply);
+  }
+  return reply;
+}
+
+void Device::AddFault(const FaultRule& rule) { state_->faults.Add(rule); }
+
+void Device::ClearFaults() { state_->faults.Clear(); }
+
+int Device::Exchanges() const { return state_->exchanges; }
+
+char Device::Mode() const { return state_->mode; }
+
+std::string Device::Value(std::string_view group, std::string_view item) const {
+  if (const auto position = state_->table.Find(group, item)) {
+    return state_->table.Text(*position);
+  }
+  const Item* const found = std::as_const(state_->parameters).Find(group, item);
+  return found == nullptr ? std::string{} : state_->ValueText(*found);
+}
+
+bool Device::Set(std::string_view group, std::string_view item, std::string_view value) {
+  if (const auto position = state_->table.Find(group, item)) {
+    return state_->table.Write(*position, value);
+  }
+  Item* const found = state_->parameters.Find(group, item);
+  if (found == nullptr || found->kind == Item::Kind::Mode) {
+    return false;
+  }
+  if (found->kind != Item::Kind::Live && found->kind != Item::Kind::Output) {
+    return state_->parameters.Set(*found, value);
+  }
+  const auto number = ParseNumber(TrimBlanks(value));
+  if (number) {
+    state_->live.Hold(found->item, *number);
+  }
+  return number.has_value();
+}
+
+const Family& Device::GetFamily() const { return state_->family; }
+
+const Model& Device::GetModel() const { return state_->model; }
+
+}  // namespace korva::sim

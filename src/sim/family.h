@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string_view>
+
+namespace korva::sim {
+
+/// How a device of a family answers its command lines.
+enum class Dialect {
+  Cok,        ///< "G" is answered with "COK", "I" with the item's value.
+  EnterItem,  ///< "G" is answered with "enter item", "I" with the item's title, a lone "D" with its value.
+};
+
+/// What surrounds the number in a reply of a live value.
+enum class LiveForm {
+  Head,  ///< A head before the number: "PV:  12.34".
+  Unit,  ///< A unit behind the number: "  12.34 %".
+};
+
+/// How many points the device's linearizer table has on the items of groups 01 to 03.
+enum class TableShape {
+  None,
+  Points16,   ///< Group 01, items 60 to 91.
+  Points100,  ///< Groups 02 and 03, items 00 to 99.
+};
+
+/// What devices of one family have in common.
+struct Family {
+  std::string_view word;         ///< Family word of the catalogue.
+  std::string_view folder;       ///< Folder of the definition files, below `system`.
+  unsigned baud;                 ///< Line speed in bit/s; 8 data bits, no parity, 1 stop bit.
+  Dialect dialect;               ///< How it answers.
+  std::string_view mode_item;    ///< Item of group 01 that holds the device mode.
+  std::string_view output_item;  ///< Item of group 01 that forces the output in programming mode.
+  std::string_view live_items;   ///< Items of group 01 with live values, separated by blanks.
+  LiveForm live_form;            ///< How live values are written.
+  TableShape table;              ///< Shape of the linearizer table where a model has one.
+  bool typed_input;            ///< `$I10` holds limits and settable flag of each type, `$I11Body` its ranges.
+  std::string_view empty_tag;  ///< What a device without a tag answers in the `EnterItem` dialect.
+};
+
+/// The family of a family word, compared exactly; null when there is none.
+const Family* FindFamily(std::string_view word);
+
+}  // namespace korva::sim

@@ -1,0 +1,25 @@
+#include "sim/live_values.h"
+
+namespace korva::sim {
+
+double LiveValues::Value(std::string_view item, double zero, double span) const {
+  if (const auto held = held_.find(item); held != held_.end()) {
+    return held->second;
+  }
+  // A triangle between 40 % and 60 % in steps of 0.5 %.
+  constexpr unsigned kPeriod = 80;
+  const unsigned phase = (reads_ + (kPeriod / 4)) % kPeriod;
+  const unsigned rise = phase < kPeriod / 2 ? phase : kPeriod - phase;
+  const double percent = forced_.value_or(40.0 + (0.5 * rise));
+  return zero + ((span - zero) * percent / 100.0);
+}
+
+bool LiveValues::Force(double percent) {
+  if (percent < kLowestOutput || percent > kHighestOutput) {
+    return false;
+  }
+  forced_ = percent;
+  return true;
+}
+
+}  // namespace korva::sim

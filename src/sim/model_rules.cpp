@@ -1,0 +1,137 @@
+#include "sim/model_rules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace korva::sim {
+
+namespace {
+
+struct PowerUp {
+  std::string_view models;  // beginning of the definition file's name; the first row that fits counts
+  std::string_view item;
+  std::string_view value;
+};
+
+constexpr std::array kPowerUp = {
+    // scale of the output
+    PowerUp{.models = "", .item = "19", .value = "0.00"},
+    PowerUp{.models = "", .item = "20", .value = "100.00"},
+    // filters: item 24 in s, 25 a count, 26 in s or %, 27 and 28 in %, 29 and 30 codes
+    PowerUp{.models = "QHN", .item = "24", .value = "1.0"},
+    PowerUp{.models = "QHN", .item = "25", .value = "4"},
+    PowerUp{.models = "QHN", .item = "26", .value = "1.0"},
+    PowerUp{.models = "QHN", .item = "27", .value = "5.0"},
+    PowerUp{.models = "QHN", .item = "28", .value = "5.0"},
+    PowerUp{.models = "QHN", .item = "29", .value = "1"},
+    PowerUp{.models = "QHN", .item = "30", .value = "1"},
+    // backup and alarm of the distributors: delays in s, values in %
+    PowerUp{.models = "QD", .item = "22", .value = "10"},
+    PowerUp{.models = "QD", .item = "24", .value = "10"},
+    PowerUp{.models = "QD", .item = "26", .value = "90.0"},
+    PowerUp{.models = "QD", .item = "27", .value = "10.0"},
+    PowerUp{.models = "QD", .item = "28", .value = "1.0"},
+    PowerUp{.models = "QD", .item = "29", .value = "100.0"},
+    PowerUp{.models = "QD", .item = "30", .value = "0.0"},
+    // computing units: gains, then biases and limits in %. QHG has one gain more, so its biases begin at 25
+    PowerUp{.models = "QHG", .item = "21", .value = "1.000"},
+    PowerUp{.models = "QHG", .item = "22", .value = "1.000"},
+    PowerUp{.models = "QHG", .item = "23", .value = "1.000"},
+    PowerUp{.models = "QHG", .item = "24", .value = "1.000"},
+    PowerUp{.models = "QHG", .item = "30", .value = "100.00"},
+    PowerUp{.models = "QHG", .item = "32", .value = "100.00"},
+    PowerUp{.models = "QHG", .item = "34", .value = "100.00"},
+    PowerUp{.models = "QH", .item = "21", .value = "1.000"},
+    PowerUp{.models = "QH", .item = "22", .value = "1.000"},
+    PowerUp{.models = "QH", .item = "23", .value = "1.000"},
+    PowerUp{.models = "QH", .item = "28", .value = "100.00"},
+    PowerUp{.models = "QH", .item = "30", .value = "100.00"},
+    // pulse input: cut-out in %, divider
+    PowerUp{.models = "QEI", .item = "13", .value = "1.0"},
+    PowerUp{.models = "QEI", .item = "18", .value = "1"},
+};
+
+constexpr std::array kNeedless = {
+    // voltage and square root inputs have no range to set, and no temperature unit
+    NeedlessRule{.model = "QUO",
+                 .beginning = false,
+                 .selector = "10",
+                 .codes = "11 21 41 42",
+                 .text = "",
+                 .items = "14 15 21"},
+    // one input alone has no second gain and bias
+    NeedlessRule{
+        .model = "QH", .beginning = false, .selector = "10", .codes = "1 2", .text = "", .items = "21 24 25"},
+    NeedlessRule{
+        .model = "QHG", .beginning = false, .selector = "10", .codes = "1", .text = "", .items = "21 25 26"},
+    // without a filter its values have no meaning
+    NeedlessRule{.model = "QHN",
+                 .beginning = true,
+                 .selector = "23",
+                 .codes = "",
+                 .text = "0:NO FILTER",
+                 .items = "24 25 26 27 28 29 30"},
+};
+
+struct Spelling {
+  std::string_view first_version;
+  std::string_view later;
+};
+
+// The uneven blanks, "DS" against "PS", and the last two rows are as the devices spell them.
+constexpr std::array kSensorTexts = {
+    Spelling{.first_version = "Tc-1: (PR)", .later = "Tc-1:  (PR)"},
+    Spelling{.first_version = "Tc-2:K(CA)", .later = "Tc-2: K(CA)"},
+    Spelling{.first_version = "Tc-3:E(CRC)", .later = "Tc-3: E(CRC)"},
+    Spelling{.first_version = "Tc-4:J(IC)", .later = "Tc-4: J(IC)"},
+    Spelling{.first_version = "Tc-5:T(CC)", .later = "Tc-5: T(CC)"},
+    Spelling{.first_version = "Tc-6:B(RH)", .later = "Tc-6: B(RH)"},
+    Spelling{.first_version = "Tc-7:R", .later = "Tc-7: R"},
+    Spelling{.first_version = "Tc-8:S", .later = "Tc-8: S"},
+    Spelling{.first_version = "Tc-9:WRe5-26", .later = "Tc-9: WRe5-26"},
+    Spelling{.first_version = "DS:straight", .later = "PS: Straight"},
+    Spelling{.first_version = "Fx:linearizer", .later = "FX: Linearizer"},
+    Spelling{.first_version = "RB-1:Pt100", .later = "RB-1: Pt100"},
+    Spelling{.first_version = "RB-2:JPt100", .later = "RB-2: JPt100"},
+    Spelling{.first_version = "RB-3:Pt 50", .later = "RB-3: Pt 50"},
+    Spelling{.first_version = "RB-4:Ni508.4", .later = "RB-4: Ni508.4"},
+    Spelling{.first_version = "Sq-1:no drop", .later = "Sq-1:no drop"},
+    Spelling{.first_version = "Sq-2:drop out", .later = "Sq-2:drop out"},
+};
+
+}  // namespace
+
+std::string_view PowerUpNumber(std::string_view model, std::string_view item) {
+  const auto* const found = std::ranges::find_if(
+      kPowerUp, [&](const PowerUp& row) { return row.item == item && model.starts_with(row.models); });
+  return found == kPowerUp.end() ? std::string_view{"0"} : found->value;
+}
+
+std::span<const NeedlessRule> NeedlessRules() { return kNeedless; }
+
+std::string_view SensorText(std::size_t row, std::string_view system_text) {
+  if (row >= kSensorTexts.size()) {
+    return {};
+  }
+  return system_text == "SYSVER   1.00" ? kSensorTexts.at(row).first_version : kSensorTexts.at(row).later;
+}
+
+bool RefusesTrailingPoint(std::string_view model) { return HasWord("QN QUO QC", model); }
+
+bool HasLongTable(std::string_view model) { return HasWord("QHNY1 QHW1 QHNY2", model); }
+
+bool HasWord(std::string_view words, std::string_view word) {
+  if (word.empty()) {
+    return false;
+  }
+  while (!words.empty()) {
+    const auto blank = words.find(' ');
+    if (words.substr(0, blank) == word) {
+      return true;
+    }
+    words.remove_prefix(blank == std::string_view::npos ? words.size() : blank + 1);
+  }
+  return false;
+}
+
+}  // namespace korva::sim

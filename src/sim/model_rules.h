@@ -1,0 +1,42 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace korva::sim {
+
+/// Power-up value of a number item of group 01. All other numbers come up as 0, save zero, span and the fine
+/// values, which follow from the input type and the prefix.
+/// \param model  Definition file without its ending, such as "QHN1".
+/// \param item   Two digits.
+std::string_view PowerUpNumber(std::string_view model, std::string_view item);
+
+/// Items that a model can't use while another item holds a certain choice.
+struct NeedlessRule {
+  std::string_view model;  ///< Definition file without its ending, or its beginning when `beginning` is set.
+  bool beginning;          ///< All models that begin so.
+  std::string_view selector;  ///< Item of group 01 whose choice decides.
+  std::string_view codes;     ///< Codes of that choice, separated by blanks; or
+  std::string_view text;      ///< its text.
+  std::string_view items;     ///< Items of group 01 that are of no use then, separated by blanks.
+};
+
+std::span<const NeedlessRule> NeedlessRules();
+
+/// How model QUO spells its input types, by the row of the type: the first device version in a short form,
+/// all later ones in a long form. \return empty for a row beyond the last type.
+std::string_view SensorText(std::size_t row, std::string_view system_text);
+
+/// Model whose devices spell their input types by version.
+inline constexpr std::string_view kVersionedModel = "QUO";
+
+/// Models that refuse a number which ends with its point.
+bool RefusesTrailingPoint(std::string_view model);
+
+/// Models of family First with a linearizer table of 100 points instead of 16.
+bool HasLongTable(std::string_view model);
+
+/// Whether a list of words separated by blanks holds the word.
+bool HasWord(std::string_view words, std::string_view word);
+
+}  // namespace korva::sim

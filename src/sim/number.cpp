@@ -1,0 +1,43 @@
+#include "sim/number.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+
+namespace korva::sim {
+
+std::string_view TrimBlanks(std::string_view text) {
+  const auto begin = text.find_first_not_of(' ');
+  return begin == std::string_view::npos ? std::string_view{}
+                                         : text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+}
+
+std::optional<double> ParseNumber(std::string_view text) {
+  if (text.find_first_not_of("+-.0123456789") != std::string_view::npos) {
+    return std::nullopt;
+  }
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) {
+      return std::nullopt;
+    }
+  }
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc{} || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+std::string FormatNumber(double value, int decimals) {
+  const double scale = std::pow(10.0, decimals);
+  // std::round halves away from zero; the addition turns a negative zero into a plain one.
+  const double rounded = std::round(value * scale) / scale + 0.0;
+  const int length = std::snprintf(nullptr, 0, "%.*f", decimals, rounded);
+  std::string text(static_cast<std::size_t>(length), '\0');
+  std::snprintf(text.data(), text.size() + 1, "%.*f", decimals, rounded);
+  return text;
+}
+
+}  // namespace korva::sim
