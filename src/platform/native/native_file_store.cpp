@@ -1,0 +1,217 @@
+#include "platform/native/native_file_store.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace korva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr off_t kLargestFile = off_t{64} << 20;  // far above any file of the program; keeps memory safe
+constexpr int kLongestLinkChain = 40;
+
+// A file descriptor that closes itself.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { Close(); }
+
+  [[nodiscard]] int Number() const { return number_; }
+
+  bool Close() { return number_ < 0 || close(std::exchange(number_, -1)) == 0; }
+
+ private:
+  int number_;
+};
+
+// The system's words come in UTF-8, as paths do.
+String SystemReason(int error) {
+  try {
+    return fs::path(std::generic_category().message(error)).u16string();
+  } catch (const std::exception&) {
+    return u"error " + fs::path(std::to_string(error)).u16string();
+  }
+}
+
+// Nothing for a text that is no path on this machine.
+std::optional<fs::path> ToPath(const String& path) {
+  try {
+    fs::path native(path);
+    if (native.native().find('\0') == std::string::npos) {
+      return native;
+    }
+  } catch (const std::exception&) {  // an unpaired surrogate
+    return std::nullopt;
+  }
+  return std::nullopt;
+}
+
+// Why the object can't be read or replaced as a file; 0 when it can.
+int WhyNoFile(const struct stat& status) {
+  if (S_ISREG(status.st_mode)) {
+    return 0;
+  }
+  return S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
+}
+
+// Reads the file into `bytes`; the system's error number, 0 for success.
+int ReadAll(const fs::path& path, std::string& bytes) {
+  // O_NONBLOCK: opening a pipe would wait for its other end.
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  struct stat status {};
+  if (file.Number() < 0 || fstat(file.Number(), &status) != 0) {
+    return errno;
+  }
+  if (const int why = WhyNoFile(status)) {
+    return why;
+  }
+  constexpr std::size_t block = 65536;
+  while (true) {
+    const std::size_t length = bytes.size();
+    if (length > static_cast<std::size_t>(kLargestFile)) {
+      return EFBIG;
+    }
+    bytes.resize(length + block);
+    const ssize_t count = read(file.Number(), bytes.data() + length, block);
+    bytes.resize(length + static_cast<std::size_t>(count > 0 ? count : 0));
+    if (count == 0) {
+      return 0;
+    }
+    if (count < 0 && errno != EINTR) {
+      return errno;
+    }
+  }
+}
+
+// Follows symbolic links, also one whose target does not exist yet; 0 for success.
+int FollowLinks(fs::path& path) {
+  std::error_code error;
+  for (int count = 0; fs::is_symlink(fs::symlink_status(path, error)); ++count) {
+    if (count == kLongestLinkChain) {
+      return ELOOP;
+    }
+    path = path.parent_path() / fs::read_symlink(path, error);
+    if (error) {
+      return error.value();
+    }
+  }
+  return 0;
+}
+
+int WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file, bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR) {
+      return errno;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(count > 0 ? count : 0));
+  }
+  return 0;
+}
+
+// Creates a file of a new name in `folder`; a negative descriptor with errno when that fails.
+int CreateTemporary(const fs::path& folder, fs::path& name) {
+  constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the user's umask
+  int file = -1;
+  for (int number = 0; file < 0; ++number) {
+    name = folder / (".korva-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp");
+    file = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    if (file < 0 && errno != EEXIST) {
+      break;
+    }
+  }
+  return file;
+}
+
+// Fills the temporary and gives it its final name; 0 for success.
+int FillAndRename(Descriptor& file, const fs::path& name, const fs::path& target, std::string_view bytes,
+                  const struct stat* old) {
+  constexpr mode_t permissions = 07777;
+  if (old != nullptr && fchmod(file.Number(), old->st_mode & permissions) != 0) {
+    return errno;
+  }
+  if (const int error = WriteAll(file.Number(), bytes)) {
+    return error;
+  }
+  if (fsync(file.Number()) != 0 || !file.Close() || rename(name.c_str(), target.c_str()) != 0) {
+    return errno;
+  }
+  return 0;
+}
+
+int ReplaceFile(fs::path target, std::string_view bytes) {
+  if (const int error = FollowLinks(target)) {
+    return error;
+  }
+  struct stat old {};
+  const bool exists = stat(target.c_str(), &old) == 0;
+  if (exists) {
+    if (const int why = WhyNoFile(old)) {
+      return why;
+    }
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+      return errno;
+    }
+  } else if (!target.has_filename()) {
+    return ENOENT;
+  }
+  const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  fs::path name;
+  Descriptor file(CreateTemporary(folder, name));
+  if (file.Number() < 0) {
+    return errno;
+  }
+  const int error = FillAndRename(file, name, target, bytes, exists ? &old : nullptr);
+  if (error != 0) {
+    unlink(name.c_str());
+    return error;
+  }
+  const Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory.Number() >= 0) {
+    fsync(directory.Number());  // the new name survives a crash, where the file system can promise that
+  }
+  return 0;
+}
+
+}  // namespace
+
+bool NativeFileStore::Exists(const String& path) const {
+  const std::optional<fs::path> native = ToPath(path);
+  std::error_code error;
+  return native && fs::exists(*native, error);
+}
+
+std::optional<std::string> NativeFileStore::Read(const String& path, String& reason) const {
+  const std::optional<fs::path> native = ToPath(path);
+  std::string bytes;
+  const int error = native ? ReadAll(*native, bytes) : EILSEQ;
+  if (error != 0) {
+    reason = SystemReason(error);
+    return std::nullopt;
+  }
+  return bytes;
+}
+
+bool NativeFileStore::Replace(const String& path, std::string_view bytes, String& reason) {
+  const std::optional<fs::path> native = ToPath(path);
+  const int error = native ? ReplaceFile(*native, bytes) : EILSEQ;
+  if (error != 0) {
+    reason = SystemReason(error);
+  }
+  return error == 0;
+}
+
+char16_t NativeFileStore::Separator() const { return fs::path::preferred_separator; }
+
+}  // namespace korva

@@ -1,0 +1,258 @@
+#include "platform/native/native_file_store.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace korva {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr uid_t kNobody = 65534;
+
+// A folder of its own for each test.
+struct NativeFileStoreTest : testing::Test {
+  NativeFileStoreTest() {
+    std::string name = (fs::temp_directory_path() / "korva-files-XXXXXX").string();
+    folder = mkdtemp(name.data());
+  }
+  ~NativeFileStoreTest() override { fs::remove_all(folder); }
+  NativeFileStoreTest(const NativeFileStoreTest&) = delete;
+  NativeFileStoreTest& operator=(const NativeFileStoreTest&) = delete;
+
+  [[nodiscard]] String Path(const char* name) const { return (folder / name).u16string(); }
+
+  [[nodiscard]] fs::path Make(const char* name, const std::string& bytes) const {
+    std::ofstream(folder / name, std::ios::binary) << bytes;
+    return folder / name;
+  }
+
+  static std::string Content(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+
+  [[nodiscard]] std::ptrdiff_t Entries() const {
+    return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+  }
+
+  fs::path folder;
+  NativeFileStore store;
+  String reason;
+};
+
+// Gives up the superuser's rights for a while, so that permissions count.
+class Unprivileged {
+ public:
+  Unprivileged() : was_(geteuid()) {
+    if (was_ == 0) {
+      EXPECT_EQ(seteuid(kNobody), 0);
+    }
+  }
+  Unprivileged(const Unprivileged&) = delete;
+  Unprivileged& operator=(const Unprivileged&) = delete;
+  ~Unprivileged() {
+    if (was_ == 0) {
+      EXPECT_EQ(seteuid(was_), 0);
+    }
+  }
+
+ private:
+  uid_t was_;
+};
+
+// Lets no file of this process grow beyond `bytes` for a while, as a full disk would.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &old_);
+    const rlimit limit{.rlim_cur = bytes, .rlim_max = old_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, old_handler_);
+  }
+
+ private:
+  rlimit old_{};
+  void (*old_handler_)(int);
+};
+
+TEST_F(NativeFileStoreTest, AFileReadsBackByteForByte) {
+  const std::string bytes("a\0\r\n\xFF\x1A", 6);
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), bytes, reason));
+  EXPECT_TRUE(store.Exists(Path("a.cfg")));
+  EXPECT_EQ(store.Read(Path("a.cfg"), reason), bytes);
+}
+
+TEST_F(NativeFileStoreTest, LargeAndEmptyFilesAreWhole) {
+  const std::string large(1000003, 'x');
+  EXPECT_TRUE(store.Replace(Path("large"), large, reason));
+  EXPECT_EQ(store.Read(Path("large"), reason), large);
+  EXPECT_TRUE(store.Replace(Path("large"), "", reason));
+  EXPECT_EQ(store.Read(Path("large"), reason), "");
+}
+
+TEST_F(NativeFileStoreTest, NamesMayBeJapanese) {
+  EXPECT_TRUE(store.Replace(folder.u16string() + u"/設定ﾌｧｲﾙ.cfg", "x", reason));
+  EXPECT_TRUE(fs::exists(folder / "設定ﾌｧｲﾙ.cfg"));
+}
+
+TEST_F(NativeFileStoreTest, AMissingFileTellsTheSystemsReason) {
+  EXPECT_FALSE(store.Exists(Path("none")));
+  EXPECT_EQ(store.Read(Path("none"), reason), std::nullopt);
+  EXPECT_EQ(reason, u"No such file or directory");
+}
+
+TEST_F(NativeFileStoreTest, AFolderIsNotRead) {
+  EXPECT_TRUE(store.Exists(folder.u16string()));
+  EXPECT_EQ(store.Read(folder.u16string(), reason), std::nullopt);
+  EXPECT_EQ(reason, u"Is a directory");
+}
+
+TEST_F(NativeFileStoreTest, APipeIsNeitherWaitedForNorReplaced) {
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRUSR | S_IWUSR), 0);
+  EXPECT_EQ(store.Read(Path("pipe"), reason), std::nullopt);
+  EXPECT_EQ(reason, u"Operation not supported");
+  EXPECT_FALSE(store.Replace(Path("pipe"), "x", reason));
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+TEST_F(NativeFileStoreTest, AFileOfAbsurdSizeIsNotRead) {
+  const fs::path file = Make("sparse", "");
+  fs::resize_file(file, std::uintmax_t{1} << 40);
+  EXPECT_EQ(store.Read(Path("sparse"), reason), std::nullopt);
+  EXPECT_EQ(reason, u"File too large");
+}
+
+TEST_F(NativeFileStoreTest, APathThatIsNoTextOfTheMachineHasAReason) {
+  const String half = Path("a") + char16_t{0xD800};
+  const String with_nul = Path("a") + char16_t{0};
+  for (const String& path : {half, with_nul}) {
+    reason.clear();
+    EXPECT_FALSE(store.Exists(path));
+    EXPECT_EQ(store.Read(path, reason), std::nullopt);
+    EXPECT_FALSE(reason.empty());
+    EXPECT_FALSE(store.Replace(path, "x", reason));
+  }
+  EXPECT_EQ(store.Read(u"", reason), std::nullopt);
+  EXPECT_FALSE(store.Replace(u"", "x", reason));
+  EXPECT_EQ(reason, u"No such file or directory");
+  EXPECT_EQ(Entries(), 0);
+}
+
+TEST_F(NativeFileStoreTest, AFolderThatIsGoneTellsTheSystemsReason) {
+  EXPECT_FALSE(store.Replace(Path("gone/a.cfg"), "x", reason));
+  EXPECT_EQ(reason, u"No such file or directory");
+}
+
+TEST_F(NativeFileStoreTest, AFolderIsNotReplaced) {
+  fs::create_directory(folder / "sub");
+  EXPECT_FALSE(store.Replace(Path("sub"), "x", reason));
+  EXPECT_EQ(reason, u"Is a directory");
+  EXPECT_FALSE(store.Replace(Path("sub/"), "x", reason));
+  EXPECT_TRUE(fs::is_directory(folder / "sub"));
+}
+
+TEST_F(NativeFileStoreTest, AReplacedFileKeepsItsPermissions) {
+  const fs::path file = Make("a.cfg", "old");
+  fs::permissions(file, fs::perms(0640));
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+  EXPECT_EQ(Content(file), "new");
+  EXPECT_EQ(Entries(), 1) << "no temporary stays";
+}
+
+TEST_F(NativeFileStoreTest, ANewFileGetsTheUsersUsualPermissions) {
+  const mode_t old_mask = umask(027);
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  umask(old_mask);
+  EXPECT_EQ(fs::status(folder / "a.cfg").permissions(), fs::perms(0640));
+}
+
+TEST_F(NativeFileStoreTest, AFullDiskLeavesTheOldFileWholeAndNoTemporary) {
+  const fs::path file = Make("a.cfg", "old");
+  bool replaced = true;
+  {
+    const FullDisk full(rlim_t{1} << 20);
+    replaced = store.Replace(Path("a.cfg"), std::string(std::size_t{2} << 20, 'x'), reason);
+  }
+  EXPECT_FALSE(replaced);
+  EXPECT_EQ(reason, u"File too large");
+  EXPECT_EQ(Content(file), "old");
+  EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(NativeFileStoreTest, AWriteProtectedFileIsNotReplaced) {
+  const fs::path file = Make("a.cfg", "old");
+  fs::permissions(folder, fs::perms::all);
+  fs::permissions(file, fs::perms(0444));
+  bool replaced = true;
+  {
+    const Unprivileged user;
+    replaced = store.Replace(Path("a.cfg"), "new", reason);
+  }
+  EXPECT_FALSE(replaced);
+  EXPECT_EQ(reason, u"Permission denied");
+  EXPECT_EQ(Content(file), "old");
+  EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(NativeFileStoreTest, AProtectedFolderTellsTheSystemsReason) {
+  fs::permissions(folder, fs::perms(0555));
+  bool replaced = true;
+  {
+    const Unprivileged user;
+    replaced = store.Replace(Path("a.cfg"), "new", reason);
+  }
+  fs::permissions(folder, fs::perms(0755));
+  EXPECT_FALSE(replaced);
+  EXPECT_EQ(reason, u"Permission denied");
+}
+
+TEST_F(NativeFileStoreTest, ALinkStaysALinkAndItsTargetIsReplaced) {
+  fs::create_directory(folder / "elsewhere");
+  const fs::path target = Make("elsewhere/real.cfg", "old");
+  fs::create_symlink("elsewhere/real.cfg", folder / "inner.cfg");
+  fs::create_symlink(folder / "inner.cfg", folder / "outer.cfg");
+  EXPECT_TRUE(store.Replace(Path("outer.cfg"), "new", reason));
+  EXPECT_TRUE(fs::is_symlink(folder / "outer.cfg"));
+  EXPECT_TRUE(fs::is_symlink(folder / "inner.cfg"));
+  EXPECT_FALSE(fs::is_symlink(target));
+  EXPECT_EQ(Content(target), "new");
+  EXPECT_EQ(store.Read(Path("outer.cfg"), reason), "new");
+}
+
+TEST_F(NativeFileStoreTest, ALinkToNothingYetGetsItsTarget) {
+  fs::create_symlink("real.cfg", folder / "link.cfg");
+  EXPECT_FALSE(store.Exists(Path("link.cfg")));
+  EXPECT_TRUE(store.Replace(Path("link.cfg"), "new", reason));
+  EXPECT_TRUE(fs::is_symlink(folder / "link.cfg"));
+  EXPECT_EQ(Content(folder / "real.cfg"), "new");
+}
+
+TEST_F(NativeFileStoreTest, LinksInACircleHaveAReason) {
+  fs::create_symlink("b", folder / "a");
+  fs::create_symlink("a", folder / "b");
+  EXPECT_FALSE(store.Exists(Path("a")));
+  EXPECT_EQ(store.Read(Path("a"), reason), std::nullopt);
+  EXPECT_EQ(reason, u"Too many levels of symbolic links");
+  EXPECT_FALSE(store.Replace(Path("a"), "x", reason));
+  EXPECT_EQ(reason, u"Too many levels of symbolic links");
+}
+
+TEST_F(NativeFileStoreTest, TheSeparatorIsThePlatforms) { EXPECT_EQ(store.Separator(), u'/'); }
+
+}  // namespace
+}  // namespace korva
