@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/page.h"
+#include "link/group_item.h"
+#include "link/serial_link.h"
+
+namespace korva {
+
+/// The line and both dialects on it, one for the whole program.
+struct DeviceLink {
+  DeviceLink(const Platform& platform, SharedState& shared)
+      : line(platform, shared), cok(line, shared), enter_item(line, shared) {}
+  SerialLink line;
+  CokDialect cok;
+  EnterItemDialect enter_item;
+};
+
+/// How a family's devices take the link test and the mode commands.
+struct DeviceTraits;
+
+/// A page with a device behind it: the port at the family's speed, the link test and the device's modes.
+///
+/// The program does not track the device's mode: it sends the command that the next step needs.
+class DevicePage : public Page {
+ public:
+  DevicePage(Program& program, const PageKind& kind, DeviceLink& link);
+
+  /// Reads the device's system text. False, with CommFailed set and the box of a failed link shown, when
+  /// there is no answer. Puts the progress bar to 5.
+  bool LinkTest();
+
+  // Each sends the command of its mode; false, after its box, when the device doesn't take it. Whatever text
+  // comes back counts as taken.
+  bool EnterMonitorMode() override;
+  bool EnterProgrammingMode();
+  bool EnterIOCheckMode();   ///< status monitor of the universal page
+  bool EnterZeroTrimMode();  ///< in the dialect of "enter item", whatever the family's own is
+  bool EnterSpanTrimMode();  ///< the same
+
+  [[nodiscard]] SerialLink& Line() const { return link_.line; }
+  [[nodiscard]] CokDialect& Cok() const { return link_.cok; }
+  [[nodiscard]] EnterItemDialect& EnterItem() const { return link_.enter_item; }
+  /// Items in the family's own dialect.
+  [[nodiscard]] ItemAccess& Items() const;
+
+ protected:
+  void ReopenPort() override;
+  void ChoosePort(int number) override;
+
+ private:
+  bool EnterMode(const String& data, BoxKey failure);
+  bool EnterTrimMode(const String& data, BoxKey failure);
+
+  DeviceLink& link_;
+  const DeviceTraits& traits_;
+};
+
+}  // namespace korva
