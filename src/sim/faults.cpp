@@ -5,6 +5,7 @@
 #include <charconv>
 #include <optional>
 
+#include "sim/definition.h"
 #include "sim/device.h"
 
 namespace korva::sim {

@@ -1,0 +1,134 @@
+#include "sim/faults.h"
+
+#include <gtest/gtest.h>
+
+#include "sample.h"
+
+namespace korva::sim {
+namespace {
+
+/// A device in programming mode with zero selected, struck from then on.
+Device StruckDevice(const std::string& fault) {
+  auto device = SampleDevice();
+  EnterProgramming(device);
+  Read(device, "01", "14");
+  device.AddFault(ParseFault(fault));
+  return device;
+}
+
+TEST(FaultsTest, EveryFaultHasANameThatItsRuleIsReadFrom) {
+  for (const auto& info : AllFaults()) {
+    EXPECT_EQ(ParseFault(info.name).fault, info.fault) << info.name;
+    EXPECT_FALSE(info.what.empty());
+  }
+  EXPECT_EQ(AllFaults().size(), static_cast<std::size_t>(Fault::WrongEcho) + 1);
+}
+
+TEST(FaultsTest, SilentLosesTheCommand) {
+  auto device = StruckDevice("silent");
+  EXPECT_TRUE(device.Answer("D5").silent);
+  EXPECT_EQ(device.Value("01", "14"), "-200");
+}
+
+TEST(FaultsTest, SecondTryOnlyLosesEachCommandTextOnce) {
+  auto device = StruckDevice("second-try-only");
+  EXPECT_TRUE(device.Answer("G01").silent);
+  EXPECT_EQ(device.Answer("G01").text, "COK");
+  EXPECT_TRUE(device.Answer("I15").silent);
+  EXPECT_EQ(device.Answer("G01").text, "COK");
+  EXPECT_EQ(device.Answer("I15").text, "DSPAN:1200");
+}
+
+TEST(FaultsTest, LateActsAtOnceAndAnswersAfterAConfiguratorsPatience) {
+  auto device = StruckDevice("late");
+  const auto reply = device.Answer("D5");
+  EXPECT_EQ(reply.latency, std::chrono::milliseconds(3500));
+  EXPECT_EQ(reply.text, "DZERO:5");
+}
+
+TEST(FaultsTest, RefusedAndNotUsableAreNotCarriedOut) {
+  auto refused = StruckDevice("refused");
+  EXPECT_EQ(refused.Answer("D5").text, "CNG");
+  EXPECT_EQ(refused.Value("01", "14"), "-200");
+  auto not_usable = StruckDevice("not-usable");
+  EXPECT_EQ(not_usable.Answer("D5").text, "CNU");
+  EXPECT_EQ(not_usable.Value("01", "14"), "-200");
+}
+
+TEST(FaultsTest, LineFaultsShapeTheReply) {
+  auto device = StruckDevice("byte-by-byte");
+  EXPECT_TRUE(device.Answer("G01").byte_by_byte);
+  device = StruckDevice("two-line-ends");
+  EXPECT_EQ(device.Answer("G01").line_ends, 2);
+  EXPECT_FALSE(device.Answer("G01").late_second_line_end);
+  device = StruckDevice("late-second-line-end");
+  EXPECT_EQ(device.Answer("G01").line_ends, 2);
+  EXPECT_TRUE(device.Answer("G01").late_second_line_end);
+}
+
+TEST(FaultsTest, ContentFaultsSpoilTheText) {
+  auto device = StruckDevice("noise");
+  EXPECT_EQ(device.Answer("G01").text,
+            "\xFF"
+            "C\x01\x80\xFEOK");
+  device = StruckDevice("garbled");
+  EXPECT_EQ(device.Answer("I15").text, "??????????");
+  EXPECT_EQ(device.Answer("I15").line_ends, 1);
+  device = StruckDevice("half");
+  EXPECT_EQ(device.Answer("I15").text, "DSPAN");
+  EXPECT_EQ(device.Answer("I15").line_ends, 0);
+  device = StruckDevice("empty");
+  EXPECT_EQ(device.Answer("I15").text, "");
+  EXPECT_EQ(device.Answer("I15").line_ends, 1);
+  EXPECT_FALSE(device.Answer("I15").silent);
+}
+
+TEST(FaultsTest, WrongEchoShowsAnotherValueThanTheOneHeld) {
+  auto device = StruckDevice("wrong-echo");
+  EXPECT_EQ(device.Answer("D5.25").text, "DZERO:6.25");
+  EXPECT_EQ(device.Value("01", "14"), "5.25");
+  EXPECT_EQ(device.Answer("Dabc").text, "CNG") << "a refusal is no echo";
+  EXPECT_EQ(Read(device, "01", "14"), "DZERO:5.25") << "reading is not struck";
+  EXPECT_EQ(Write(device, "01", "02", "FIC"), "DTG:XIC       ");
+  EXPECT_EQ(Write(device, "01", "02", "          "), "DTG:X         ");
+  EXPECT_EQ(Write(device, "01", "21", "1"), "DX");
+  EXPECT_EQ(Write(device, "01", "60", "5"), "DX(01):6.00");
+}
+
+TEST(FaultsTest, RuleStrikesItsCommandLinesOnly) {
+  struct Case {
+    const char* rule;
+    const char* struck;  // one character a line of G01 I14 G01 I15: x struck, . not
+  };
+  for (const auto& row : {Case{"silent", "xxxx"}, Case{"silent@2", ".x.."}, Case{"silent@2-3", ".xx."},
+                          Case{"silent@3-", "..xx"}, Case{"silent=G01", "x.x."}, Case{"silent=I1", "...."}}) {
+    auto device = SampleDevice();
+    device.AddFault(ParseFault(row.rule));
+    std::string struck;
+    for (const char* const line : {"G01", "I14", "G01", "I15"}) {
+      struck += device.Answer(line).silent ? 'x' : '.';
+    }
+    EXPECT_EQ(struck, row.struck) << row.rule;
+    EXPECT_EQ(device.Exchanges(), 4);
+  }
+}
+
+TEST(FaultsTest, FaultsAddUpAndAreCleared) {
+  auto device = SampleDevice();
+  device.AddFault(ParseFault("late"));
+  device.AddFault(ParseFault("two-line-ends"));
+  EXPECT_EQ(device.Answer("G01").latency, kLateReply);
+  EXPECT_EQ(device.Answer("G01").line_ends, 2);
+  device.ClearFaults();
+  EXPECT_EQ(device.Answer("G01").line_ends, 1);
+}
+
+TEST(FaultsTest, RuleThatMakesNoSenseIsAnError) {
+  for (const char* const bad : {"", "none", "silent@", "silent@0", "silent@-1", "silent@3-2", "silent@x",
+                                "silent@2-x", "silent=", "silent 3", "Silent", "silent@99999999999"}) {
+    EXPECT_THROW(ParseFault(bad), SetupError) << bad;
+  }
+}
+
+}  // namespace
+}  // namespace korva::sim
