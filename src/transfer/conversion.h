@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+#include <span>
+
+#include "platform/string.h"
+
+namespace korva {
+
+// Temperature units as the devices and the option buttons spell them.
+inline constexpr StringView kDegC = u"deg C";
+inline constexpr StringView kDegF = u"deg F";
+inline constexpr StringView kKelvin = u"K";
+
+/// True for the three temperature units.
+bool IsTemperatureUnit(StringView unit);
+
+/// `value` in another temperature unit, rounded to one decimal (a tie to the even neighbour). The constants
+/// are the rounded ones that the devices use (273.2, 255.4, 17.8). Equal units and texts that are no
+/// temperature unit give 0.
+double ConvertTemperature(StringView from, StringView to, double value);
+
+/// A limit of a definition file, in deg C, in `unit`, not rounded. Any other unit than deg F and K leaves it.
+double LimitInUnit(double limit, StringView unit);
+/// A difference of two temperatures in deg C, in `unit`: without the offset.
+double SpanInUnit(double span, StringView unit);
+
+/// The next whole number at or above the value, and at or below it. What a computation leaves behind the
+/// ninth decimal doesn't count as a fraction.
+double WholeUp(double value);
+double WholeDown(double value);
+
+/// True when `difference` is at least `limit`, both meant as the decimal numbers that a user reads: 0.3 - 0.2
+/// is at least 0.1.
+bool AtLeast(double difference, double limit);
+
+/// How a device spells its input types, in the order of the definition's list.
+inline constexpr int kSensorTexts = 17;
+using SensorTexts = std::array<StringView, kSensorTexts>;
+/// The texts of devices whose version text is exactly "SYSVER   1.00", and those of all others.
+const SensorTexts& ShortSensorTexts();
+const SensorTexts& LongSensorTexts();
+/// Those of the device with this version text.
+const SensorTexts& SensorTextsOf(StringView version);
+
+/// A number of a field on the grid of the device: the text before and after, and the field's text after it.
+struct GridRounding {
+  bool number = false;  ///< false: the text begins with no number and nothing else here has a meaning
+  String old_number;    ///< as shown to the user
+  String new_number;
+  String text;  ///< the new number with the unit that stood behind the old one
+};
+/// A time in msec, cut to the grid of 5 msec; first made a whole number, a tie to the even neighbour.
+GridRounding RoundTo5Msec(const String& text);
+/// A voltage in V, raised to the grid of 0.05 V; first brought to two decimals.
+GridRounding RoundTo005V(const String& text);
+
+}  // namespace korva

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "files/parameter_page.h"
+#include "transfer/conversion.h"
+#include "transfer/value_check.h"
+#include "transfer/write_list.h"
+
+namespace korva {
+
+/// A page that exchanges its whole parameter set with the device: upload, download with verification, and the
+/// check of the values before anything is written.
+///
+/// Each command is one sequence: its questions, the flags and the locked frame around it, its steps, and the
+/// closing that runs once, whichever step failed. Families override the steps. While a command runs the frame
+/// is locked; the state of the tabs from before is then KeptTabEnabled.
+class TransferPage : public ParameterPage {
+ public:
+  TransferPage(Program& program, const PageKind& kind, DeviceLink& link, const FieldArrays& arrays,
+               int groups);
+
+  /// cmdUpload: reads every item of the model into the set and shows it. An item that doesn't answer leaves
+  /// an empty cell and the upload goes on.
+  void UploadCommand();
+  /// cmdDownload: checks the set, writes it, and proves each write by the device's answer. The set stays as
+  /// it is, whatever happens; after a failure the device keeps what was written up to then.
+  void DownloadCommand();
+  /// cmdCheck: marks every bad value, and tells the result.
+  void CheckCommand();
+
+  /// The blank check, then the checks of the values; false after the box that tells what is wrong. Bad fields
+  /// are marked; a field that was corrected loses its mark.
+  bool CheckAllValues();
+
+ protected:
+  // Steps of an upload.
+  /// Makes sure that model and device belong together, and that the user wants to start. False, after its
+  /// box, ends the upload with the page unchanged.
+  virtual bool ConfirmModel();
+  /// What the device puts before the value of a row of $Data; empty for a choice.
+  [[nodiscard]] virtual String ReplyPrefix(int row) const;
+  /// After an answer of the device has gone into the cell of `row`.
+  virtual void AfterItemRead(int /*row*/) {}
+  /// Reads the linearizer's table into the set.
+  virtual void UploadTable() {}
+
+  // Steps of a download.
+  /// Brings values that go to the device on its grid, with a box for each that changes.
+  virtual void RoundValues() {}
+  /// Compares the input type of the device with the chosen one, since not every type can be set from here.
+  /// False after its box.
+  virtual bool CheckInputType();
+  /// Makes the device ready for the writes, from programming mode on. False after its box.
+  virtual bool BeginWriting();
+  [[nodiscard]] virtual WriteColumns DownloadColumns() const { return {}; }
+  /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
+  /// none, or has nothing to choose under the present input type, and is then not written.
+  [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
+  /// Writes one entry; the text that is to prove it, or empty when the device gave none.
+  virtual String WriteChecked(const WriteEntry& entry);
+  /// After each write, good or bad.
+  virtual void AfterWrite() {}
+  [[nodiscard]] virtual bool CompareReply(const WriteEntry& entry, const String& reply) const {
+    return ReplyProves(entry, reply);
+  }
+  /// Tells that an entry could not be written, or that `reply` does not prove it.
+  virtual void ShowWriteFailure(const WriteEntry& entry, const String& reply);
+  /// Writes the linearizer's table, which is in use. False after its box.
+  virtual bool DownloadTable() { return true; }
+
+  // Steps of the value check. Each colours its fields, good or bad, and is false when one is bad.
+  /// True for an item ("03_mon", "04") that shows a live value, which may be blank.
+  [[nodiscard]] virtual bool IsLiveItem(StringView item) const;
+  /// The checks that hold for every model: tag, zero and span, scale.
+  virtual bool CheckFields();
+  /// The checks of the chosen model.
+  virtual bool CheckModel() { return true; }
+  /// The linearizer's table, which is in use.
+  virtual bool CheckTable() { return true; }
+
+  // Checks of which families put their own together.
+  /// Item 02: at most 10 characters, each of one byte up to 225 in the code page.
+  bool CheckTag();
+  /// Items 14 and 15 against the limits and the smallest span of the input type.
+  bool CheckZeroSpan();
+  /// Items 19 and 20: 20 above 19, both from -299.99 to 299.99.
+  bool CheckScale();
+  /// Items 14 and 15 against the limits of the range chosen in item 11, under the title of the input type.
+  bool CheckRangeOfType();
+  /// Fields against their ranges, rows by item. Under OpenInOrder the first bad field ends the check and a
+  /// blank one counts 0; else every field whose cell isn't empty is judged.
+  bool CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition);
+  bool CheckSensor(const SensorCheck& check);
+
+  /// The codes of item 11 in the column of the present input type's title; nothing under a title without one.
+  [[nodiscard]] std::optional<CodeTable> RangeCodesUnderTitle() const;
+
+  /// Cuts the times of these items (group "01") to the grid of 5 msec, with a box for each that changes.
+  void Round5ms(std::span<const StringView> items);
+  /// Raises the voltages of these items to the grid of 0.05 V, with a box for each that changes.
+  void Round005V(std::span<const StringView> items);
+
+  void ChangeTemperatureUnit(int place) override;
+
+ private:
+  // upload.cpp
+  bool RunUpload();
+  void ReadAllItems();
+  void TableStep();
+  // download.cpp
+  bool RunDownload();
+  bool WriteAllItems();
+  void CollateSpelling();
+  void BuildWriteList(WriteList& list) const;
+  void FillEntry(int row, WriteEntry& entry) const;
+  [[nodiscard]] bool WriteConditionHolds(const String& condition) const;
+  [[nodiscard]] String CodeOf(const String& item, const String& text) const;
+  bool WriteVerifyList(WriteList& list);
+  bool WriteEntryVerified(WriteEntry& entry);
+  // value_check.cpp
+  bool CheckBlankFields();
+  bool CheckValues();
+  bool ModelChosen();
+  [[nodiscard]] bool TableInUse() const;
+  [[nodiscard]] String UnitOf(const String& item) const;
+  bool Mark(int item, bool good);
+  bool CheckRange(const ItemRange& range);
+  bool CheckZeroSpanWithoutRange(double zero, double span_end);
+  // conversion of the page's values
+  void ChangeUnitOfRow(int row, const String& unit, bool& go_on);
+  void SpellInputTypes(const SensorTexts& texts);
+  using GridRule = GridRounding (*)(const String& text);
+  void RoundItems(std::span<const StringView> items, GridRule rule, BoxKey box);
+};
+
+}  // namespace korva

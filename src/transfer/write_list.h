@@ -1,0 +1,44 @@
+#pragma once
+
+#include <array>
+
+#include "platform/string.h"
+
+namespace korva {
+
+/// One item of a download, at its position in the order of writing.
+struct WriteEntry {
+  String group;   ///< as sent on the wire
+  String item;    ///< as sent on the wire
+  String source;  ///< the text of the parameter set, which the device must report back
+  String data;    ///< what is sent; empty or NEEDLESS: the item is not written
+  String reply;   ///< the device's reply after a good comparison
+  String prefix;  ///< what the device puts before a plain value; empty for a choice, which goes as its code
+};
+
+/// The items of a download in the order of writing.
+inline constexpr int kWritePositions = 21;
+using WriteList = std::array<WriteEntry, kWritePositions>;
+
+/// Columns of $Data that only a download reads.
+struct WriteColumns {
+  int position = 23;   ///< position in the write list; no number: the item is never written
+  int condition = 20;  ///< when the item is written: "Y", "$I10", "$I10_CNECTI11"
+};
+
+/// Where the code of a choice stands: the row whose `text_column` is the text has the code in column 0.
+struct CodeTable {
+  StringView key;  ///< of the definition's section
+  int text_column = 1;
+};
+
+/// True when the device's reply to a write, or its answer to the read that followed, proves the entry: a
+/// choice and the tag ("TG:") must come back as they stand in the set, fine zero and fine span ("FINZER",
+/// "FINSPN") within 0.02, and any other plain value with whatever text.
+bool ReplyProves(const WriteEntry& entry, const String& reply);
+
+/// The reply less as many characters as the prefix has; empty when it has no more than those. The characters
+/// themselves are not compared. Ten blanks, an empty tag, stay; all else is trimmed.
+String WithoutPrefix(const String& reply, const String& prefix);
+
+}  // namespace korva
