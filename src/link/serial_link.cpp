@@ -71,8 +71,10 @@ void SerialLink::ChoosePort(int number) {
 }
 
 void SerialLink::Open() {
-  if (const std::optional<LineSettings> line = ParseSettings(settings_)) {
-    platform_.port.Open(comm_port_, *line);
+  const std::optional<LineSettings> line = ParseSettings(settings_);
+  const bool open = line && platform_.port.Open(comm_port_, *line);
+  if (OnOpened) {
+    OnOpened(comm_port_, settings_, open);
   }
 }
 

@@ -85,6 +85,8 @@ class SerialLink {
     String text;
   };
   std::function<void(const Traffic&)> OnTraffic;
+  /// Called after each attempt to open COM `number` at `settings`; `open` tells whether it succeeded.
+  std::function<void(int number, const String& settings, bool open)> OnOpened;
 
   /// What a user calls the device behind COM `number`.
   [[nodiscard]] String DeviceName(int number) const;
