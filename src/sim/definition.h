@@ -2,19 +2,13 @@
 
 #include <filesystem>
 #include <map>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace korva::sim {
+#include "sim/setup_error.h"
 
-/// A catalogue, definition file or option that a simulated device can't be built from. The text names the
-/// file or word concerned.
-class SetupError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+namespace korva::sim {
 
 /// One model of the catalogue. Texts are bytes as they stand in the file.
 struct Model {

@@ -19,7 +19,6 @@ constexpr std::string_view kNotUsable = "CNU";
 constexpr std::string_view kModes = "0 1 A";  // monitor, programming, status monitor
 constexpr std::size_t kDisplayWidth = 16;
 constexpr std::size_t kLiveWidth = 8;
-constexpr std::size_t kLinearizerTab = 3;
 
 std::string RightAlign(std::string_view text, std::size_t width) {
   return std::string(text.size() < width ? width - text.size() : 0, ' ') + std::string(text);
@@ -31,17 +30,6 @@ const Family& FamilyOf(const Model& model) {
     throw SetupError("model " + model.name + " has the unknown family word \"" + model.family_word + "\"");
   }
   return *family;
-}
-
-TableShape TableOf(const Family& family, const Parameters& parameters) {
-  if (!family.typed_input) {
-    return family.table;  // every model of these has its table
-  }
-  const auto& tabs = parameters.Tables().Rows("$SSTab");
-  if (tabs.empty() || Field(tabs.back(), kLinearizerTab) != "True") {
-    return TableShape::None;
-  }
-  return HasLongTable(parameters.ModelCode()) ? TableShape::Points100 : family.table;
 }
 
 /// A write's echo with another value than the one written.
@@ -66,7 +54,7 @@ struct Device::State {
         family(FamilyOf(model)),
         options(std::move(with)),
         parameters(model, std::move(definition), family, options.system_text),
-        table(TableOf(family, parameters)) {}
+        table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table) {}
 
   std::string Execute(std::string_view line);
   std::string SelectGroup(std::string_view text);
@@ -234,16 +222,18 @@ std::string Device::State::PaddedText(const Item& item) const {
   return item.prefix + text;
 }
 
-/// Input and measured values are in the unit of zero and span, outputs in percent.
+/// Values in percent or current have their own range, the input values that of zero and span.
 double Device::State::LiveNumber(const Item& item) const {
-  const bool input = item.item == "04" || item.item == "06";
-  const Item* const zero = parameters.Find("01", "14");
+  if (item.unit == "mA") {
+    return live.Value(item.item, 4, 20);
+  }
+  const bool input = (item.item == "04" || item.item == "06") && item.unit != "%";
   const Item* const span = parameters.Find("01", "15");
-  if (!input || zero == nullptr || span == nullptr || parameters.Needless(*zero) ||
-      parameters.Needless(*span)) {
+  if (!input || span == nullptr || parameters.Needless(*span)) {
     return live.Value(item.item, 0, 100);
   }
-  return live.Value(item.item, ParseNumber(parameters.Text(*zero)).value_or(0),
+  const Item* const zero = parameters.Find("01", "14");  // pulse inputs begin at 0 and have none
+  return live.Value(item.item, zero == nullptr ? 0 : ParseNumber(parameters.Text(*zero)).value_or(0),
                     ParseNumber(parameters.Text(*span)).value_or(100));
 }
 

@@ -21,6 +21,7 @@ enum class TableShape {
   None,
   Points16,   ///< Group 01, items 60 to 91.
   Points100,  ///< Groups 02 and 03, items 00 to 99.
+  ByModel,    ///< One of these by model.
 };
 
 /// What devices of one family have in common.
@@ -33,7 +34,7 @@ struct Family {
   std::string_view output_item;  ///< Item of group 01 that forces the output in programming mode.
   std::string_view live_items;   ///< Items of group 01 with live values, separated by blanks.
   LiveForm live_form;            ///< How live values are written.
-  TableShape table;              ///< Shape of the linearizer table where a model has one.
+  TableShape table;              ///< Shape of the linearizer table.
   bool typed_input;            ///< `$I10` holds limits and settable flag of each type, `$I11Body` its ranges.
   std::string_view empty_tag;  ///< What a device without a tag answers in the `EnterItem` dialect.
 };

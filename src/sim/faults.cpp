@@ -5,7 +5,6 @@
 #include <charconv>
 #include <optional>
 
-#include "sim/definition.h"
 #include "sim/device.h"
 
 namespace korva::sim {

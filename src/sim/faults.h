@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "sim/setup_error.h"
+
 namespace korva::sim {
 
 struct Reply;

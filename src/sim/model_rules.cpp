@@ -118,7 +118,13 @@ std::string_view SensorText(std::size_t row, std::string_view system_text) {
 
 bool RefusesTrailingPoint(std::string_view model) { return HasWord("QN QUO QC", model); }
 
-bool HasLongTable(std::string_view model) { return HasWord("QHNY1 QHW1 QHNY2", model); }
+TableShape TableOfModel(std::string_view model) {
+  if (HasWord("QHNY1 QHNY2 QHW1", model)) {
+    return TableShape::Points100;
+  }
+  const bool short_table = HasWord("QHW QUO QY QZ QEI 10QCE QCE2 QEI2 QCB2 QEB2 QNA2", model);
+  return short_table ? TableShape::Points16 : TableShape::None;
+}
 
 bool HasWord(std::string_view words, std::string_view word) {
   if (word.empty()) {

@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "sim/family.h"
+
 namespace korva::sim {
 
 /// Power-up value of a number item of group 01. All other numbers come up as 0, save zero, span and the fine
@@ -33,8 +35,8 @@ inline constexpr std::string_view kVersionedModel = "QUO";
 /// Models that refuse a number which ends with its point.
 bool RefusesTrailingPoint(std::string_view model);
 
-/// Models of family First with a linearizer table of 100 points instead of 16.
-bool HasLongTable(std::string_view model);
+/// The linearizer table of a model of the families in which only some models have one.
+TableShape TableOfModel(std::string_view model);
 
 /// Whether a list of words separated by blanks holds the word.
 bool HasWord(std::string_view words, std::string_view word);

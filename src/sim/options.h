@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "sim/faults.h"
+#include "sim/setup_error.h"
 
 namespace korva::sim {
 

@@ -80,8 +80,6 @@ class Parameters {
   /// Definition file without its ending, such as "QHW".
   const std::string& ModelCode() const { return code_; }
 
-  const Definition& Tables() const { return definition_; }
-
  private:
   void AddRow(const Definition::Row& row);
   void AddFixed(std::string_view group, std::string_view item, std::string_view title, std::string value);

@@ -13,6 +13,7 @@ namespace korva::sim {
 /// it is the straight line from 0 to 100 %.
 class PointTable {
  public:
+  /// \param shape  Not `ByModel`.
   explicit PointTable(TableShape shape);
 
   /// Whether the table has items in this group.

@@ -163,6 +163,15 @@ TEST(DeviceTest, LiveValuesMoveTheSameWayAfterEachPowerUp) {
   EXPECT_EQ(Write(device, "01", "04", "3"), "CNG");
 }
 
+TEST(DeviceTest, LiveValuesInPercentOrCurrentHaveTheirOwnRange) {
+  auto device =
+      SampleDevice("A.def",
+                   "$Data\n01, 06, , , , , , , , 1, , , , , %\n01, 08, , , , , , , , 2, , , , , mA\n"
+                   "01, 15, , , , , , , , 3, , , , , , , , , , , Y, , S:, 0\n$End\n");
+  EXPECT_EQ(Read(device, "01", "06"), "DPV:   50.50");
+  EXPECT_EQ(Read(device, "01", "08"), "DPV:   12.16");  // 51 % of 4 to 20 mA
+}
+
 TEST(DeviceTest, LiveValueStaysInsideTheRange) {
   auto device = SampleDevice();
   for (int i = 0; i < 200; ++i) {

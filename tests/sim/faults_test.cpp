@@ -9,7 +9,7 @@ namespace {
 
 /// A device in programming mode with zero selected, struck from then on.
 Device StruckDevice(const std::string& fault) {
-  auto device = SampleDevice();
+  auto device = SampleDevice("QHW.def");
   EnterProgramming(device);
   Read(device, "01", "14");
   device.AddFault(ParseFault(fault));

@@ -8,7 +8,7 @@ namespace korva::sim {
 namespace {
 
 TEST(PointTableTest, ShortTableIsItems60To91OfGroup01) {
-  auto device = SampleDevice();
+  auto device = SampleDevice("QHW.def");
   EXPECT_EQ(Read(device, "01", "60"), "DX(01):    0.00");
   EXPECT_EQ(Read(device, "01", "62"), "DX(02):    6.67");  // 100 / 15
   EXPECT_EQ(Read(device, "01", "91"), "DY(16):  100.00");
@@ -28,15 +28,17 @@ TEST(PointTableTest, LongTableIsGroups02And03) {
   }
 }
 
-TEST(PointTableTest, ModelWithoutLinearizerTabHasNoTable) {
-  auto device = SampleDevice(
-      "A.def",
-      "$Data\n01, 02, , , , , , , , , , , , , , , , , , , , , TG:\n$SSTab\nTrue, True, True, False\n$End\n");
-  EXPECT_EQ(Read(device, "01", "60"), "CNG");
+TEST(PointTableTest, OnlyModelsWithALinearizerHaveATable) {
+  for (const char* const file : {"QHW.def", "QUO.def", "QY.def", "QZ.def", "QEI.def", "10QCE.def"}) {
+    EXPECT_TRUE(SampleDevice(file).Set("01", "60", "1")) << file;
+  }
+  for (const char* const file : {"SAMPLE.def", "QHN.def", "QH.def", "QD.def", "QHNY1.def"}) {
+    EXPECT_FALSE(SampleDevice(file).Set("01", "60", "1")) << file;
+  }
 }
 
 TEST(PointTableTest, ValueIsTakenInProgrammingModeAndRoundedToTwoDecimals) {
-  auto device = SampleDevice();
+  auto device = SampleDevice("QHW.def");
   EXPECT_EQ(Write(device, "01", "60", "1"), "CNG");
   EnterProgramming(device);
   EXPECT_EQ(Write(device, "01", "60", "12.344"), "DX(01):   12.34");

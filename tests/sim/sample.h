@@ -9,7 +9,7 @@
 namespace korva::sim {
 
 /// A made-up model of family First with one item of every kind: tag, output and live values, input type with
-/// ranges by title, zero and span, fine values, temperature unit, and a linearizer table.
+/// ranges by title, zero and span, fine values, temperature unit.
 inline constexpr std::string_view kSample =
     "made up for tests\r\n"
     "$Data\r\n"
@@ -40,8 +40,6 @@ inline constexpr std::string_view kSample =
     "0, C, deg C\r\n"
     "1, F, deg F\r\n"
     "2, K, K\r\n"
-    "$SSTab\r\n"
-    "True, True, True, True, False, True, True\r\n"
     "$End\r\n";
 
 /// A device of the sample model, or of another definition file's name with the same items.
