@@ -26,7 +26,7 @@ TimerId VirtualEventLoop::StartTimer(Milliseconds interval, std::function<void()
 void VirtualEventLoop::StopTimer(TimerId timer) {
   const auto found = timers_.find(timer);
   if (found != timers_.end()) {
-    queue_.erase(found->second->next);
+    queue_.erase(found->second->next);  // not there while the timer ticks
     timers_.erase(found);
   }
 }
@@ -115,13 +115,12 @@ bool VirtualEventLoop::Deliver(const Event& event, Clock due) {
 
 bool VirtualEventLoop::Tick(TimerId id, Clock due) {
   const std::shared_ptr<Timer> timer = timers_.at(id);  // a tick may stop its own timer
-  timer->next = Schedule(due + timer->interval, {.kind = Kind::Tick, .action = nullptr, .timer = id});
-  if (timer->ticking) {
-    return false;
-  }
-  timer->ticking = true;
   Gate().Enter(timer->tick);
-  timer->ticking = false;
+  if (timers_.contains(id)) {
+    const Clock interval = timer->interval;
+    const Clock next = due + interval * ((now_ - due) / interval + 1);
+    timer->next = Schedule(next, {.kind = Kind::Tick, .action = nullptr, .timer = id});
+  }
   return true;
 }
 

@@ -72,8 +72,7 @@ class VirtualEventLoop final : public EventLoop {
   struct Timer {
     Milliseconds interval{0};
     std::function<void()> tick;
-    Key next;
-    bool ticking = false;
+    Key next;  // of its scheduled tick
   };
 
   Key Schedule(Clock time, Event event);
