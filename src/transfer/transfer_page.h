@@ -31,7 +31,8 @@ class TransferPage : public ParameterPage {
   void CheckCommand();
 
   /// The blank check, then the checks of the values; false after the box that tells what is wrong. Bad fields
-  /// are marked; a field that was corrected loses its mark.
+  /// are marked; a field that was corrected loses its mark. For a locked frame, whose kept tab states tell
+  /// whether the linearizer's table can be reached and so is to be checked.
   bool CheckAllValues();
 
  protected:
@@ -71,8 +72,9 @@ class TransferPage : public ParameterPage {
   virtual bool DownloadTable() { return true; }
 
   // Steps of the value check. Each colours its fields, good or bad, and is false when one is bad.
-  /// True for an item ("03_mon", "04") that shows a live value, which may be blank.
-  [[nodiscard]] virtual bool IsLiveItem(StringView item) const;
+  /// The items of group "01" that show live values, whose fields may be blank: "03_set", "03_mon", "04" to
+  /// "08".
+  [[nodiscard]] virtual std::span<const StringView> LiveItems() const;
   /// The checks that hold for every model: tag, zero and span, scale.
   virtual bool CheckFields();
   /// The checks of the chosen model.
@@ -105,33 +107,47 @@ class TransferPage : public ParameterPage {
   void ChangeTemperatureUnit(int place) override;
 
  private:
-  // upload.cpp
-  bool RunUpload();
+  struct Limits {
+    double low = 0;
+    double high = 0;
+    double span = 0;
+  };
+  using GridRule = GridRounding (*)(const String& text);
+
+  // Upload.
+  void UploadValues();
+  bool ModelChosen();
   void ReadAllItems();
+  [[nodiscard]] String StripReplyPrefix(int row, const String& reply) const;
+  void SpellInputTypes(const SensorTexts& texts);
   void TableStep();
-  // download.cpp
-  bool RunDownload();
-  bool WriteAllItems();
+  // Download.
+  bool DownloadValues();
   void CollateSpelling();
-  void BuildWriteList(WriteList& list) const;
-  void FillEntry(int row, WriteEntry& entry) const;
+  bool WriteAllItems();
+  void BuildWriteList(WriteList& list);
+  [[nodiscard]] WriteEntry EntryOf(int row) const;
   [[nodiscard]] bool WriteConditionHolds(const String& condition) const;
   [[nodiscard]] String CodeOf(const String& item, const String& text) const;
   bool WriteVerifyList(WriteList& list);
-  bool WriteEntryVerified(WriteEntry& entry);
-  // value_check.cpp
+  bool WriteVerified(WriteEntry& entry);
+  // Value check. Items are those of group "01".
   bool CheckBlankFields();
+  [[nodiscard]] bool IsLiveField(int index) const;
   bool CheckValues();
-  bool ModelChosen();
   [[nodiscard]] bool TableInUse() const;
-  [[nodiscard]] String UnitOf(const String& item) const;
+  static String ItemText(int item);
+  TextField* FieldOf(int item);
   bool Mark(int item, bool good);
+  [[nodiscard]] Limits LimitsOfType(int type) const;
+  static bool IsGoodWithoutRange(double zero, double span_end);
   bool CheckRange(const ItemRange& range);
-  bool CheckZeroSpanWithoutRange(double zero, double span_end);
-  // conversion of the page's values
-  void ChangeUnitOfRow(int row, const String& unit, bool& go_on);
-  void SpellInputTypes(const SensorTexts& texts);
-  using GridRule = GridRounding (*)(const String& text);
+  bool CheckRangesInOrder(std::span<const ItemRange> ranges);
+  // Units and grids.
+  [[nodiscard]] String UnitOf(int item) const;
+  [[nodiscard]] const Label* UnitLabelOf(int row) const;
+  bool ChangeUnitOfRow(int row, const String& unit);
+  [[nodiscard]] String WithinLimits(double value, const String& item, int type, const String& unit) const;
   void RoundItems(std::span<const StringView> items, GridRule rule, BoxKey box);
 };
 

@@ -19,9 +19,10 @@ struct ItemRange {
 
 /// Which fields a range check asks for before it judges anything; where they are not as asked, it passes.
 enum class RangeCondition {
-  AllOpen,      ///< every item of the table has a field and none of them is locked
+  NoneMissing,  ///< every item of the table has a field
   NoneLocked,   ///< no item of the table has a locked field; items without one are passed over
-  OpenInOrder,  ///< item after item up to the first that has no field or a locked one
+  AllOpen,      ///< every item of the table has a field and none of them is locked
+  OpenInOrder,  ///< item after item, up to the first that has no field or a locked one
 };
 
 /// The range of an item that follows the code of another item's choice.

@@ -2,18 +2,19 @@
 
 #include <array>
 
+#include "files/definition.h"
 #include "platform/string.h"
 
 namespace korva {
 
 /// One item of a download, at its position in the order of writing.
 struct WriteEntry {
-  String group;   ///< as sent on the wire
-  String item;    ///< as sent on the wire
-  String source;  ///< the text of the parameter set, which the device must report back
-  String data;    ///< what is sent; empty or NEEDLESS: the item is not written
-  String reply;   ///< the device's reply after a good comparison
-  String prefix;  ///< what the device puts before a plain value; empty for a choice, which goes as its code
+  String group{};   ///< as sent on the wire
+  String item{};    ///< as sent on the wire
+  String source{};  ///< the text of the parameter set, which the device must report back
+  String data{};    ///< what is sent; empty or NEEDLESS: the item is not written
+  String reply{};   ///< the device's reply after a good comparison
+  String prefix{};  ///< what the device puts before a plain value; empty for a choice, which goes as its code
 };
 
 /// The items of a download in the order of writing.
@@ -22,8 +23,8 @@ using WriteList = std::array<WriteEntry, kWritePositions>;
 
 /// Columns of $Data that only a download reads.
 struct WriteColumns {
-  int position = 23;   ///< position in the write list; no number: the item is never written
-  int condition = 20;  ///< when the item is written: "Y", "$I10", "$I10_CNECTI11"
+  int position = kWritePosition;    ///< position in the write list; no number: the item is never written
+  int condition = kWriteCondition;  ///< when the item is written: "Y", "$I10", "$I10_CNECTI11"
 };
 
 /// Where the code of a choice stands: the row whose `text_column` is the text has the code in column 0.

@@ -1,0 +1,122 @@
+#include "transfer/conversion.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/numbers.h"
+
+namespace korva {
+namespace {
+
+// The devices' own constants for 273.15, 255.37 and 17.78.
+constexpr double kKelvinOffset = 273.2;
+constexpr double kKelvinAtZeroDegF = 255.4;
+constexpr double kDegCBelowZeroAtZeroDegF = 17.8;
+// Far below any digit of a device's value, far above what binary fractions lose.
+constexpr double kComputingError = 1e-9;
+
+constexpr SensorTexts kShortTexts = {
+    u"Tc-1: (PR)",  u"Tc-2:K(CA)", u"Tc-3:E(CRC)",  u"Tc-4:J(IC)",   u"Tc-5:T(CC)",    u"Tc-6:B(RH)",
+    u"Tc-7:R",      u"Tc-8:S",     u"Tc-9:WRe5-26", u"DS:straight",  u"Fx:linearizer", u"RB-1:Pt100",
+    u"RB-2:JPt100", u"RB-3:Pt 50", u"RB-4:Ni508.4", u"Sq-1:no drop", u"Sq-2:drop out",
+};
+constexpr SensorTexts kLongTexts = {
+    u"Tc-1:  (PR)",  u"Tc-2: K(CA)", u"Tc-3: E(CRC)",  u"Tc-4: J(IC)",  u"Tc-5: T(CC)",    u"Tc-6: B(RH)",
+    u"Tc-7: R",      u"Tc-8: S",     u"Tc-9: WRe5-26", u"PS: Straight", u"FX: Linearizer", u"RB-1: Pt100",
+    u"RB-2: JPt100", u"RB-3: Pt 50", u"RB-4: Ni508.4", u"Sq-1:no drop", u"Sq-2:drop out",
+};
+
+double Converted(StringView from, StringView to, double value) {
+  if (from == kDegC && to == kDegF) {
+    return value * 9 / 5 + 32;
+  }
+  if (from == kDegC && to == kKelvin) {
+    return value + kKelvinOffset;
+  }
+  if (from == kDegF && to == kDegC) {
+    return value * 5 / 9 - kDegCBelowZeroAtZeroDegF;
+  }
+  if (from == kDegF && to == kKelvin) {
+    return value * 5 / 9 + kKelvinAtZeroDegF;
+  }
+  if (from == kKelvin && to == kDegC) {
+    return value - kKelvinOffset;
+  }
+  if (from == kKelvin && to == kDegF) {
+    return (value - kKelvinOffset) * 9 / 5 + 32;
+  }
+  return 0;
+}
+
+/// Splits the number at the text's beginning from what follows it; a blank between them stays with the unit.
+std::size_t NumberLength(const String& text) {
+  std::size_t length = NumericLength(text);
+  while (length > 0 && (text[length - 1] == u' ' || text[length - 1] == u'\t')) {
+    --length;
+  }
+  return length;
+}
+
+/// Rounds a number of whole grid units (msec, hundredths of a volt) by its last digit.
+GridRounding Rounded(const String& text, std::size_t number_length, double units, bool up, double unit_size,
+                     StringView mask) {
+  const double last_digit = std::fmod(std::abs(units), 10);
+  double change = 0;
+  if (last_digit != 0 && last_digit != 5) {
+    const double step = last_digit < 5 ? 0 : 5;
+    change = up ? step + 5 - last_digit : step - last_digit;
+  }
+  const double rounded = units + (units < 0 ? -change : change);
+  const String new_number = FormatMask(rounded * unit_size, mask);
+  return {.number = true,
+          .old_number = FormatMask(units * unit_size, mask),
+          .new_number = new_number,
+          .text = new_number + text.substr(number_length)};
+}
+
+}  // namespace
+
+bool IsTemperatureUnit(StringView unit) { return unit == kDegC || unit == kDegF || unit == kKelvin; }
+
+double ConvertTemperature(StringView from, StringView to, double value) {
+  return RoundHalfEven(Converted(from, to, value) * 10) / 10;
+}
+
+double LimitInUnit(double limit, StringView unit) {
+  return unit == kDegF || unit == kKelvin ? Converted(kDegC, unit, limit) : limit;
+}
+
+double SpanInUnit(double span, StringView unit) { return unit == kDegF ? span * 9 / 5 : span; }
+
+double WholeUp(double value) { return std::ceil(value - kComputingError); }
+
+double WholeDown(double value) { return std::floor(value + kComputingError); }
+
+bool AtLeast(double difference, double limit) { return difference >= limit - kComputingError; }
+
+const SensorTexts& ShortSensorTexts() { return kShortTexts; }
+
+const SensorTexts& LongSensorTexts() { return kLongTexts; }
+
+const SensorTexts& SensorTextsOf(StringView version) {
+  return version == u"SYSVER   1.00" ? kShortTexts : kLongTexts;
+}
+
+GridRounding RoundTo5Msec(const String& text) {
+  const std::size_t length = NumberLength(text);
+  if (length == 0) {
+    return {};
+  }
+  return Rounded(text, length, RoundHalfEven(LeadingNumber(text)), false, 1, u"#0");
+}
+
+GridRounding RoundTo005V(const String& text) {
+  const std::size_t length = NumberLength(text);
+  if (length == 0) {
+    return {};
+  }
+  const double hundredths = std::round(LeadingNumber(FormatMask(LeadingNumber(text), u"0.00")) * 100);
+  return Rounded(text, length, hundredths, true, 0.01, u"0.00");
+}
+
+}  // namespace korva

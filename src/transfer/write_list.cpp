@@ -1,0 +1,38 @@
+#include "transfer/write_list.h"
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "files/parameter_set.h"
+#include "transfer/conversion.h"
+
+namespace korva {
+namespace {
+
+constexpr double kFineTolerance = 0.02;
+
+}  // namespace
+
+String WithoutPrefix(const String& reply, const String& prefix) {
+  if (reply.size() <= prefix.size()) {
+    return {};
+  }
+  const String rest = reply.substr(prefix.size());
+  return rest == kEmptyTag ? rest : Trimmed(rest);
+}
+
+bool ReplyProves(const WriteEntry& entry, const String& reply) {
+  if (entry.prefix.empty()) {
+    return Trimmed(reply) == entry.source;
+  }
+  if (entry.prefix == u"TG:") {
+    return WithoutPrefix(reply, entry.prefix) == entry.source;
+  }
+  if (entry.prefix == u"FINZER" || entry.prefix == u"FINSPN") {
+    const double reported = LeadingNumber(WithoutPrefix(reply, entry.prefix));
+    const double difference = LeadingNumber(entry.source) - reported;
+    return AtLeast(kFineTolerance, difference) && AtLeast(difference, -kFineTolerance);
+  }
+  return !reply.empty();
+}
+
+}  // namespace korva
