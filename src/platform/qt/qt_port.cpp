@@ -41,15 +41,21 @@ std::string SystemDevice(const fs::path& folder, int number) {
 #endif
 }
 
+// False for settings that no line has.
 bool Configure(QSerialPort& serial, const LineSettings& settings) {
   constexpr std::array parities = {std::pair('n', QSerialPort::NoParity),
                                    std::pair('e', QSerialPort::EvenParity),
                                    std::pair('o', QSerialPort::OddParity)};
   const auto* parity = std::find_if(parities.begin(), parities.end(),
                                     [&](const auto& entry) { return entry.first == settings.parity; });
-  return parity != parities.end() && serial.setBaudRate(settings.baud) && serial.setParity(parity->second) &&
+  if (parity == parities.end() || settings.data_bits < QSerialPort::Data5 ||
+      settings.data_bits > QSerialPort::Data8 || settings.stop_bits < QSerialPort::OneStop ||
+      settings.stop_bits > QSerialPort::TwoStop) {
+    return false;
+  }
+  return serial.setBaudRate(settings.baud) && serial.setParity(parity->second) &&
          serial.setDataBits(static_cast<QSerialPort::DataBits>(settings.data_bits)) &&
-         serial.setStopBits(settings.stop_bits == 1 ? QSerialPort::OneStop : QSerialPort::TwoStop);
+         serial.setStopBits(static_cast<QSerialPort::StopBits>(settings.stop_bits));
 }
 
 }  // namespace
@@ -121,16 +127,15 @@ void QtPort::Collect() {
 
 void QtPort::Break() {
   state_ = State::Broken;
-  // The serial port is still at work on what it reports: it is closed as soon as that is over.
-  QMetaObject::invokeMethod(
-      &serial_,
-      [this] {
-        if (state_ == State::Broken) {
-          serial_.close();
-        }
-      },
-      Qt::QueuedConnection);
-  Notify();
+  // The serial port is still at work on what it reports: it is closed, and the program told, when that is
+  // over.
+  const auto after = [this] {
+    if (state_ == State::Broken) {
+      serial_.close();
+      Notify();
+    }
+  };
+  QMetaObject::invokeMethod(&serial_, after, Qt::QueuedConnection);
 }
 
 void QtPort::Notify() {
