@@ -1,0 +1,167 @@
+// Every model of the catalogue at power-up, and with its own values written back.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+
+#include "sample.h"
+#include "sim/number.h"
+
+namespace korva::sim {
+namespace {
+
+const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
+
+class ModelsTest : public testing::TestWithParam<Model> {
+ protected:
+  ModelsTest() : device_(Device::ForModel(kHome, GetParam().name, LaterVersion())) {}
+
+  static DeviceOptions LaterVersion() {
+    DeviceOptions options;
+    options.system_text = "SYSVER   2.00";  // spells the input types as the definition files do
+    return options;
+  }
+
+  std::optional<double> Number(const std::string& item) const {
+    return ParseNumber(device_.Value("01", item));
+  }
+
+  /// The row of a section with this text in any column.
+  const Definition::Row* RowOf(const std::string& section, const std::string& text) const {
+    for (const auto& row : definition_.Rows(section)) {
+      if (!text.empty() && std::ranges::find(row, text) != row.end()) {
+        return &row;
+      }
+    }
+    return nullptr;
+  }
+
+  Device device_;
+  Definition definition_ = Definition::Read(kHome, GetParam());
+};
+
+TEST_P(ModelsTest, UploadedItemsHaveAValueWithTheirPrefixOrAreNotUsable) {
+  int read = 0;
+  for (const auto& row : definition_.Rows("$Data")) {
+    if (Field(row, 4) != "Y") {
+      continue;
+    }
+    ++read;
+    const auto reply = Read(device_, Field(row, 0), Field(row, 1));
+    if (reply != "CNU") {
+      const auto head = "D" + Field(row, 22);
+      EXPECT_TRUE(reply.starts_with(head) && reply.size() > head.size()) << Field(row, 1) << ": " << reply;
+    }
+  }
+  EXPECT_GT(read, 5);
+}
+
+TEST_P(ModelsTest, OwnValuesWrittenBackInTheOrderOfWritingEchoUnchanged) {
+  std::map<int, const Definition::Row*> order;
+  for (const auto& row : definition_.Rows("$Data")) {
+    if (!Field(row, 23).empty()) {
+      EXPECT_TRUE(order.emplace(std::stoi(Field(row, 23)), &row).second) << "position " << Field(row, 23);
+    }
+  }
+  ASSERT_FALSE(order.empty());
+  EnterProgramming(device_);
+  for (const auto& [position, row] : order) {
+    const auto before = Read(device_, "01", Field(*row, 1));
+    if (before == "CNU") {
+      continue;
+    }
+    auto data = before.substr(1 + Field(*row, 22).size());
+    if (Field(*row, 22).empty()) {
+      const auto section = Field(*row, 11) == "$I11" ? "$I11Body" : Field(*row, 11);
+      const auto* const choice = RowOf(section, data);
+      ASSERT_NE(choice, nullptr) << section << " has no row " << data;
+      data = Field(*choice, 0);
+    }
+    EXPECT_EQ(Write(device_, "01", Field(*row, 1), data), before) << Field(*row, 1);
+  }
+}
+
+TEST_P(ModelsTest, ZeroAndSpanKeepTheLimitsOfTheInputType) {
+  const auto* const type = RowOf("$I10", device_.Value("01", "10"));
+  if (type == nullptr || Field(*type, 2).empty() || !Number("14")) {
+    return;  // no input type with limits, or no zero to set
+  }
+  EXPECT_GE(*Number("14"), *ParseNumber(Field(*type, 2)));
+  EXPECT_LE(*Number("15"), *ParseNumber(Field(*type, 3)));
+  EXPECT_GE(*Number("15") - *Number("14"), *ParseNumber(Field(*type, 4)));
+}
+
+TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
+  struct Range {
+    std::string_view models;  // beginning of the name
+    int first;
+    int last;
+    double low;
+    double high;
+  };
+  constexpr Range kRanges[] = {
+      {"", 19, 20, -299.99, 299.99},
+      {"QHN", 24, 24, 0.1, 100},
+      {"QHN1", 25, 25, 1, 8},
+      {"QHN2", 25, 25, 1, 8},
+      {"QHN6", 25, 25, 2, 8},
+      {"QHNY", 25, 25, 1, 100},
+      {"QHN2", 26, 26, 0, 100},
+      {"QHN3", 26, 26, 0, 100},
+      {"QHN4", 26, 26, 0, 100},
+      {"QHNY2", 26, 26, 0.1, 100},
+      {"QHN", 27, 28, 0, 200},
+      {"QHN", 29, 30, 0, 7},
+      {"QD", 22, 22, 0, 200},
+      {"QD", 24, 24, 0, 200},
+      {"QD", 26, 27, -25, 125},
+      {"QD", 28, 28, 0, 10},
+      {"QD", 29, 30, -25, 125},
+      {"QHG", 21, 24, -29.999, 29.999},
+      {"QHG", 25, 28, -299.99, 299.99},
+      {"QHG", 29, 34, -25, 125},
+      {"QH.", 21, 23, -29.999, 29.999},
+      {"QH.", 24, 26, -299.99, 299.99},
+      {"QH.", 27, 30, -25, 125},
+      {"QEI", 13, 13, 0, 100},
+      {"QEI", 18, 18, 1, 2},
+  };
+  for (const auto& range : kRanges) {
+    if (!GetParam().definition_file.starts_with(range.models)) {
+      continue;
+    }
+    for (int item = range.first; item <= range.last; ++item) {
+      const auto number = Number(std::to_string(item));
+      if (number) {
+        EXPECT_GE(*number, range.low) << item;
+        EXPECT_LE(*number, range.high) << item;
+      }
+    }
+  }
+  if (Number("19") && Number("20")) {
+    EXPECT_GT(*Number("20"), *Number("19"));
+  }
+}
+
+TEST_P(ModelsTest, LiveValuesAreNumbersBehindTheirHead) {
+  for (const auto& row : definition_.Rows("$Data")) {
+    const auto item = Field(row, 1).substr(0, 2);
+    if (!Field(row, 23).empty() || Field(row, 0) != "01" || (item > "08" && item != "32") || item < "03") {
+      continue;
+    }
+    const auto reply = Read(device_, "01", item);
+    const auto number = reply.find_first_of("-0123456789.");
+    ASSERT_NE(number, std::string::npos) << item << ": " << reply;
+    EXPECT_TRUE(ParseNumber(std::string_view(reply).substr(number))) << item << ": " << reply;
+  }
+}
+
+std::string ModelName(const testing::TestParamInfo<Model>& model) {
+  return std::to_string(model.index) + "_" + model.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, ModelsTest, testing::ValuesIn(ReadCatalogue(kHome)), ModelName);
+
+}  // namespace
+}  // namespace korva::sim
