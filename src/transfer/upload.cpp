@@ -93,6 +93,7 @@ void TransferPage::TableStep() {
     case TableSwitch::None:
       return;
     case TableSwitch::Always:
+    case TableSwitch::AsItStands:
       UploadTable();
       break;
     case TableSwitch::InputType:
