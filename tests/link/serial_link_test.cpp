@@ -1,0 +1,513 @@
+#include "link/serial_link.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/text_utilities.h"
+#include "support/scripted_line.h"
+#include "support/virtual_host.h"
+
+namespace korva {
+namespace {
+
+using namespace std::chrono_literals;
+using test::kSilence;
+
+constexpr Clock kCharacter = Clock(10s) / 1200;  // on the wire
+
+struct SerialLinkTest : testing::Test {
+  SerialLinkTest() {
+    host.port.Connect(1, &line);
+    link.OpenAtStart(u"1200,n,8,1");
+  }
+
+  /// What a failure of SendCommandWaitReply tells the user.
+  std::string FailureOf(const String& command) {
+    try {
+      link.SendCommandWaitReply(command);
+    } catch (const RuntimeFailure& failure) {
+      return ToUtf8(failure.Text());
+    }
+    return "no failure";
+  }
+
+  /// One exchange that goes well, after which the link is idle.
+  void Exchange() {
+    line.AnswerNext("COK");
+    ASSERT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+    line.ForgetCommands();
+  }
+
+  test::VirtualHost host;
+  test::ScriptedLine line{host.port};
+  SharedState shared;
+  SerialLink link{host.platform, shared};
+};
+
+TEST_F(SerialLinkTest, ACommandGoesOutWithItsCarriageReturnAndTheReplyComesBackWithout) {
+  line.Answer("G01", "COK");
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"COK");
+  EXPECT_EQ(line.Sent(), "G01");
+  EXPECT_EQ(host.loop.Now(), 4 * kCharacter + 10ms);
+}
+
+TEST_F(SerialLinkTest, AReplyThatArrivesInSeveralChunksIsJoined) {
+  line.AnswerNext({{10ms, "C"}, {200ms, "O"}, {2900ms, "K\r"}});
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"COK");
+}
+
+TEST_F(SerialLinkTest, OnlyTheLastChunksFinalCarriageReturnEndsAReply) {
+  line.AnswerNext({{10ms, "CO\rK"}, {50ms, "X\r"}});
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"CO\rKX");
+}
+
+TEST_F(SerialLinkTest, AReplyWithTwoCarriageReturnsLosesBoth) {
+  line.AnswerNext({{10ms, "COK\r\r"}});
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"COK");
+}
+
+TEST_F(SerialLinkTest, AReplyLosesNoMoreThanTwoCarriageReturns) {
+  line.AnswerNext({{10ms, "COK\r\r\r"}});
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"COK\r");
+}
+
+TEST_F(SerialLinkTest, AReplyThatIsALoneCarriageReturnIsAnEmptyTextAndNoFailure) {
+  line.AnswerNext("");
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+  line.AnswerNext("\r");
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"");
+}
+
+TEST_F(SerialLinkTest, ACharacterOfTwoBytesMayArriveInTwoChunks) {
+  line.AnswerNext({{10ms, "D\x83"}, {20ms, "\x41\r"}});  // full-width A in katakana
+  EXPECT_EQ(link.SendCommandWaitReply(u"I02\r"), u"Dア");
+}
+
+TEST_F(SerialLinkTest, ASilentDeviceIsGivenUpAfterThreeSecondsWithoutSpinning) {
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(host.loop.Now(), Clock(3s));
+  EXPECT_EQ(host.loop.PumpCount(), 1U);
+}
+
+TEST_F(SerialLinkTest, TheThreeSecondsSpanTheWholeExchange) {
+  line.AnswerNext({{1500ms, "CO"}, {3100ms, "K\r"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(host.loop.Now(), Clock(3s));
+}
+
+TEST_F(SerialLinkTest, ATimeOutEndsTheProgramNamingTheCommandWhereItIsNotForeseen) {
+  const std::string failure = FailureOf(u"G99\r");
+  EXPECT_NE(failure.find("「G99」"), std::string::npos) << failure;
+  EXPECT_NE(failure.find("応答がありませんでした"), std::string::npos) << failure;
+}
+
+TEST_F(SerialLinkTest, ATimeOutLeavesTheTimerTickingAndReceiveEventsOff) {
+  Exchange();
+  EXPECT_EQ(link.RThreshold(), 1);
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 0);
+  EXPECT_TRUE(link.IntervalTimerCheck());
+  link.IntervalTimerOff();
+  EXPECT_TRUE(link.IntervalTimerCheck());
+}
+
+TEST_F(SerialLinkTest, AfterATimeOutTheNextExchangeBehavesNormally) {
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  host.loop.RunFor(2s);
+  line.Answer("G01", "COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(link.RThreshold(), 1);
+  EXPECT_FALSE(link.IntervalTimerCheck());
+  host.loop.RunFor(10s);
+  EXPECT_FALSE(link.IntervalTimerCheck()) << "the timer must be off";
+}
+
+TEST_F(SerialLinkTest, TextWithoutACarriageReturnIsLostWithTheTimeOut) {
+  line.AnswerNext({{10ms, "D12"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+}
+
+TEST_F(SerialLinkTest, AReplyThatComesAfterItsTimeOutIsReadAsTheNextOneWithoutSleeping) {
+  line.AnswerNext(test::ScriptedLine::OneChunk("D12", 3200ms));
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  host.loop.RunFor(1s);
+  const Clock before = host.loop.Now();
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"D12");
+  EXPECT_EQ(host.loop.Now(), before);
+}
+
+TEST_F(SerialLinkTest, StaleTextWithoutACarriageReturnIsReadAsTheStartOfTheNextReply) {
+  line.AnswerNext({{3200ms, "D1"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  host.loop.RunFor(1s);
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"D1COK");
+}
+
+TEST_F(SerialLinkTest, ReceiveEventsAreOffUntilTheFirstExchangeHasEnded) {
+  EXPECT_EQ(link.RThreshold(), 0);
+  host.port.Deliver("hello ");
+  host.loop.RunFor(1s);
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"hello COK");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_F(SerialLinkTest, TextThatArrivesBetweenExchangesDoesNotReachTheNextReply) {
+  Exchange();
+  host.port.Deliver("noise");
+  host.port.DeliverAt(host.loop.Now() + 20ms, "more\r");
+  host.loop.RunFor(1s);
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+}
+
+TEST_F(SerialLinkTest, TextThatArrivesBetweenExchangesStartsTheTimerAtHalfASecond) {
+  Exchange();
+  host.port.Deliver("noise");
+  host.loop.RunFor(499ms);
+  EXPECT_FALSE(link.IntervalTimerCheck());
+  host.loop.RunFor(1ms);
+  EXPECT_TRUE(link.IntervalTimerCheck());
+}
+
+TEST_F(SerialLinkTest, UnaskedTextIsGatheredUpToTheChunkThatEndsIt) {
+  Exchange();
+  host.port.DeliverAt(host.loop.Now() + 2900ms, "AB");
+  host.port.DeliverAt(host.loop.Now() + 3300ms, "CD");
+  host.port.DeliverAt(host.loop.Now() + 3700ms, "E\r");
+  const Clock begin = host.loop.Now();
+  EXPECT_EQ(link.RcvMsg(), u"ABCD");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(3700ms));
+}
+
+TEST_F(SerialLinkTest, UnaskedTextThatDoesNotComeOrDoesNotEndInTimeIsEmpty) {
+  Exchange();
+  Clock begin = host.loop.Now();
+  EXPECT_EQ(link.RcvMsg(), u"");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(3s));
+  begin = host.loop.Now();
+  host.port.DeliverAt(begin + 100ms, "AB");
+  EXPECT_EQ(link.RcvMsg(), u"");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(600ms));
+}
+
+TEST_F(SerialLinkTest, ABreakOfTheLineBetweenExchangesCountsAsABlank) {
+  Exchange();
+  const Clock begin = host.loop.Now();
+  host.loop.After(100ms, [this] { host.port.Remove(1); });
+  EXPECT_EQ(link.RcvMsg(), u"");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(600ms));
+}
+
+TEST_F(SerialLinkTest, AVanishedPortIsASilentDeviceAndWorksAgainWhenItIsBackAndOpened) {
+  Exchange();
+  host.port.Remove(1);
+  const Clock begin = host.loop.Now();
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(3s));
+  host.port.Connect(1, &line);
+  link.ChoosePort(1);
+  Exchange();
+}
+
+TEST_F(SerialLinkTest, ABabblingLineCannotFillTheMemory) {
+  line.AnswerNext({{10ms, std::string(1 << 20, 'x')}, {20ms, "\r"}});
+  EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), String(1024, u'x'));
+}
+
+TEST_F(SerialLinkTest, APauseLastsAsLongAsItSaysWithEventsAlive) {
+  int ticks = 0;
+  const TimerId timer = host.loop.StartTimer(200ms, [&ticks] { ++ticks; });
+  link.WaitFor(500);
+  EXPECT_EQ(host.loop.Now(), Clock(500ms));
+  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(host.loop.PumpCount(), 3U);
+  host.loop.StopTimer(timer);
+  link.WaitFor(100);
+  EXPECT_EQ(host.loop.Now(), Clock(600ms));
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramAtTheEndOfAPause) {
+  shared.CommBusy = true;
+  host.loop.After(100ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.WaitFor(500), ProgramEnd);
+  EXPECT_EQ(host.loop.Now(), Clock(500ms));
+  EXPECT_FALSE(shared.CommBusy);
+  EXPECT_FALSE(shared.DownloadBusy);
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramAtTheEndOfAnExchange) {
+  shared.CommBusy = true;
+  line.AnswerNext(test::ScriptedLine::OneChunk("COK", 900ms));
+  host.loop.After(100ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.SendCommandTrimmed(u"G01\r"), ProgramEnd);
+  EXPECT_EQ(host.loop.Now(), 4 * kCharacter + 900ms);
+  EXPECT_FALSE(shared.CommBusy);
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramAtATimeOutAndNotAsAFailure) {
+  host.loop.After(100ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.SendCommandWaitReply(u"G01\r"), ProgramEnd);
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramWhileUnaskedTextIsAwaited) {
+  Exchange();
+  host.loop.After(100ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.RcvMsg(), ProgramEnd);
+}
+
+TEST_F(SerialLinkTest, ADownloadHoldsACloseRequestOff) {
+  shared.CommBusy = shared.DownloadBusy = shared.QuitRequested = true;
+  line.Answer("G01", "COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_NO_THROW(link.WaitFor(500));
+  EXPECT_EQ(link.RcvMsg(), u"");
+  EXPECT_TRUE(shared.CommBusy);
+  EXPECT_TRUE(shared.DownloadBusy);
+}
+
+TEST_F(SerialLinkTest, APortThatIsNotOpenFailsAtOnce) {
+  link.Close();
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(link.SendCommandStripped(u"G01\r"), u"");
+  const std::string failure = FailureOf(u"G99\r");
+  EXPECT_NE(failure.find("「G99」"), std::string::npos) << failure;
+  EXPECT_NE(failure.find("ﾎﾟｰﾄが開いていません"), std::string::npos) << failure;
+  EXPECT_EQ(host.loop.Now(), Clock(0));
+  EXPECT_EQ(link.RThreshold(), 0);
+}
+
+TEST_F(SerialLinkTest, ChoosingAPortThatDoesNotExistShowsNothingAndKeepsTheSettings) {
+  link.Reopen(u"9600,n,8,1");
+  link.ChoosePort(3);
+  EXPECT_EQ(link.CommPort(), 3);
+  EXPECT_EQ(link.Settings(), u"9600,n,8,1");
+  EXPECT_EQ(host.port.Number(), 3);
+  EXPECT_FALSE(link.PortOpen());
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_TRUE(host.dialogs.Boxes().empty());
+  link.ChoosePort(1);
+  EXPECT_TRUE(link.PortOpen());
+  EXPECT_EQ(host.port.Settings().baud, 9600);
+}
+
+TEST_F(SerialLinkTest, ThePortStartsAsNumberOneAndOpensWithItsSettings) {
+  EXPECT_EQ(link.CommPort(), 1);
+  EXPECT_EQ(link.Settings(), u"1200,n,8,1");
+  EXPECT_TRUE(link.PortOpen());
+  EXPECT_EQ(host.port.Settings().baud, 1200);
+  EXPECT_EQ(host.port.Settings().parity, 'n');
+  EXPECT_EQ(host.port.Settings().data_bits, 8);
+  EXPECT_EQ(host.port.Settings().stop_bits, 1);
+}
+
+TEST_F(SerialLinkTest, ReopeningForgetsWhatWasNotRead) {
+  host.port.Deliver("stale");
+  host.loop.RunFor(1s);
+  link.Reopen(u"1200,n,8,1");
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+}
+
+TEST_F(SerialLinkTest, ACharacterThatTheCodePageLacksKeepsTheWholeCommandBack) {
+  EXPECT_EQ(link.SendCommandTrimmed(u"DTG☃\r"), u"");
+  const std::string failure = FailureOf(u"DTG☃\r");
+  EXPECT_NE(failure.find("「DTG☃」"), std::string::npos) << failure;
+  EXPECT_NE(failure.find("送信できない文字"), std::string::npos) << failure;
+  host.loop.RunFor(5s);
+  EXPECT_EQ(line.Sent(), "");
+  EXPECT_EQ(host.loop.Now(), Clock(5s)) << "it must fail at once";
+}
+
+TEST_F(SerialLinkTest, AFullWidthLetterGoesOutAsItsBytesOfTheCodePage) {
+  line.AnswerNext("DS");
+  EXPECT_EQ(link.SendCommandTrimmed(u"DＳ\r"), u"DS");
+  EXPECT_EQ(line.Sent(), "D\x82\x72");
+}
+
+TEST_F(SerialLinkTest, ASlowDeviceIsLookedAtTwiceASecond) {
+  link.SlowDevice = [] { return true; };
+  line.AnswerNext({{10ms, "CO"}, {500ms, "K\r"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(host.loop.Now(), Clock(1s));
+}
+
+TEST_F(SerialLinkTest, ASlowDeviceThatStaysSilentIsGivenUpAfterThreeSecondsToo) {
+  link.SlowDevice = [] { return true; };
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
+  EXPECT_EQ(host.loop.Now(), Clock(3s));
+}
+
+TEST_F(SerialLinkTest, WhetherADeviceIsSlowIsAskedInEachPass) {
+  int asked = 0;
+  link.SlowDevice = [&asked] { return ++asked == 1; };
+  line.AnswerNext(test::ScriptedLine::OneChunk("COK", 600ms));
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(host.loop.Now(), 4 * kCharacter + 600ms);
+  EXPECT_EQ(asked, 2);
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramAtTheNextLookAtASlowDevice) {
+  link.SlowDevice = [] { return true; };
+  host.loop.After(600ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.SendCommandTrimmed(u"G01\r"), ProgramEnd);
+  EXPECT_EQ(host.loop.Now(), Clock(1s));
+}
+
+TEST_F(SerialLinkTest, TheTrafficIsToldLineByLine) {
+  std::vector<std::string> told;
+  link.OnTraffic = [&told](const SerialLink::Traffic& traffic) {
+    told.push_back((traffic.sent ? "> " : "< ") + ToUtf8(traffic.text) + (traffic.ok ? "" : " failed"));
+  };
+  line.AnswerNext("D  12.5 ");
+  link.SendCommandTrimmed(u"I14\r");
+  link.SendCommandTrimmed(u"G01\r");
+  link.Close();
+  link.SendCommandTrimmed(u"G02\r");
+  EXPECT_EQ(told, (std::vector<std::string>{"> I14", "< D  12.5 ", "> G01", "<  failed", "> G02 failed"}));
+}
+
+TEST_F(SerialLinkTest, APortHasTheNameThatAUserKnows) { EXPECT_EQ(link.DeviceName(2), u"virtual COM2"); }
+
+struct ReplyCase {
+  std::string reply;
+  String trimmed;
+  String stripped;
+};
+
+TEST_F(SerialLinkTest, RepliesAreTrimmedOrStrippedAsTheirDialectNeeds) {
+  const std::vector<ReplyCase> cases = {
+      {"COK", u"COK", u"OK"},
+      {"  COK  ", u"COK", u"COK"},
+      {"D   12.5  ", u"D   12.5", u"12.5"},
+      {"D      enter item", u"D      enter item", u"enter item"},
+      {"D   EEPROM Access", u"D   EEPROM Access", u"EEPROM Access"},
+      {"DTG:          ", u"DTG:          ", u"TG:"},
+      {"DTG:           ", u"DTG:", u"TG:"},
+      {"DTG:         ", u"DTG:", u"TG:"},
+      {"DTG:PUMP1     ", u"DTG:PUMP1", u"TG:PUMP1"},
+      {"DTAG not entered!", u"DTAG not entered!", u"          "},
+      {"D TAG not entered! ", u"D TAG not entered!", u"          "},
+      {"DTAG not entered", u"DTAG not entered", u"TAG not entered"},
+      {"D", u"D", u"          "},
+      {"D    ", u"D", u"          "},
+      {"DSET_user_TAG", u"DSET_user_TAG", u"SET_user_TAG"},
+      {"Dinvalid data", u"Dinvalid data", u"invalid data"},
+      {"", u"", u""},
+  };
+  for (const ReplyCase& one : cases) {
+    line.AnswerNext(one.reply);
+    EXPECT_EQ(link.SendCommandTrimmed(u"I02\r"), one.trimmed) << one.reply;
+    line.AnswerNext(one.reply);
+    EXPECT_EQ(link.SendCommandStripped(u"I02\r"), one.stripped) << one.reply;
+  }
+}
+
+/// Devices that send their second carriage return one character after the first.
+struct LateLineEndTest : testing::TestWithParam<int> {
+  LateLineEndTest() {
+    host.port.Connect(1, &line);
+    link.Reopen(FromUtf8(std::to_string(GetParam()) + ",n,8,1"));
+  }
+
+  /// The reply to G01, "COK" at once after the command, and then `rest`.
+  void AnswerFirst(const std::string& end, const std::vector<test::ScriptedLine::Chunk>& rest) {
+    test::ScriptedLine::Reply reply = {{4 * character, "COK" + end}};
+    reply.insert(reply.end(), rest.begin(), rest.end());
+    line.AnswerNext(reply);
+    EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  }
+
+  const Clock character = Clock(10s) / GetParam();
+  test::VirtualHost host;
+  test::ScriptedLine line{host.port};
+  SharedState shared;
+  SerialLink link{host.platform, shared};
+};
+
+INSTANTIATE_TEST_SUITE_P(Baud, LateLineEndTest, testing::Values(1200, 9600, 38400));
+
+TEST_P(LateLineEndTest, ASecondCarriageReturnACharacterLaterDoesNotAnswerTheNextCommand) {
+  for (int i = 0; i < 50; ++i) {
+    AnswerFirst("\r", {{5 * character, "\r"}});
+    line.AnswerNext({{6 * character, "D12.5\r"}, {7 * character, "\r"}});
+    ASSERT_EQ(link.SendCommandTrimmed(u"I14\r"), u"D12.5");
+  }
+}
+
+TEST_P(LateLineEndTest, ItIsDroppedUntilTheCommandHasLeftTheWireAndNotAfter) {
+  // The command of four characters goes out as the reply has come.
+  AnswerFirst("\r", {{8 * character - 1ns, "\r"}});
+  line.AnswerNext({{6 * character, "D12.5\r"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"D12.5");
+  AnswerFirst("\r", {{8 * character + 10ns, "\r"}});
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1) << "the carriage return must have counted as a reply";
+}
+
+TEST_P(LateLineEndTest, NothingIsDroppedWhenTheFormerReplyEndedWithTwo) {
+  AnswerFirst("\r\r", {{5 * character, "\r"}});
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_P(LateLineEndTest, OnlyOneCarriageReturnIsDropped) {
+  AnswerFirst("\r", {{5 * character, "\r"}, {6 * character, "\r"}});
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_P(LateLineEndTest, OtherTextThatComesEarlyIsReadAsTheStartOfTheReply) {
+  AnswerFirst("\r", {{5 * character, "x"}, {6 * character, "\r"}});
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"x");
+}
+
+TEST_P(LateLineEndTest, NothingIsDroppedAfterATimeOut) {
+  AnswerFirst("\r", {});
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  host.port.DeliverAt(host.loop.Now() + character, "\r");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_P(LateLineEndTest, NothingIsDroppedOnceTheSecondEndHasBeenDrained) {
+  AnswerFirst("\r", {{5 * character, "\r"}, {22 * character, "\r"}});
+  host.loop.RunFor(16 * character);
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_P(LateLineEndTest, NothingIsDroppedOnALineWithoutTiming) {
+  host.port.SetTimed(false);
+  line.AnswerNext({{1ms, "COK\r"}, {2ms, "\r"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  line.AnswerNext(test::ScriptedLine::OneChunk("D12.5"));
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+}
+
+TEST_P(LateLineEndTest, ItIsDroppedForASlowDeviceToo) {
+  link.SlowDevice = [] { return true; };
+  const Clock reply = 500ms - 4 * character - 1us;  // just before the first look
+  line.AnswerNext({{reply, "COK\r"}, {reply + character, "\r"}});
+  line.AnswerNext({{100ms, "D12.5\r"}});
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"D12.5");
+  EXPECT_EQ(host.loop.Now(), Clock(1s));
+}
+
+}  // namespace
+}  // namespace korva
