@@ -1,0 +1,129 @@
+#include "core/texts.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace korva {
+namespace {
+
+struct Caption {
+  TextKey key;
+  String japanese;
+  String english;
+};
+
+class CaptionTest : public testing::TestWithParam<Caption> {};
+
+TEST_P(CaptionTest, ReadsInBothLanguages) {
+  EXPECT_EQ(CaptionText(GetParam().key), GetParam().japanese);
+  EXPECT_EQ(CaptionText(GetParam().key, Language::Japanese), GetParam().japanese);
+  EXPECT_EQ(CaptionText(GetParam().key, Language::English), GetParam().english);
+}
+
+INSTANTIATE_TEST_SUITE_P(Tabs, CaptionTest,
+                         testing::Values(Caption{TextKey::File, u"ﾌｧｲﾙ", u"File"},
+                                         Caption{TextKey::Input, u"入力", u"Input"},
+                                         Caption{TextKey::Output, u"出力", u"Output"},
+                                         Caption{TextKey::Output1, u"出力(1)", u"Output(1)"},
+                                         Caption{TextKey::Linearizer, u"ﾘﾆｱﾗｲｻﾞ", u"Linearizer"},
+                                         Caption{TextKey::Filter, u"ﾌｨﾙﾀ", u"Filter"},
+                                         Caption{TextKey::Alarm, u"警報", u"Alarm"},
+                                         Caption{TextKey::DipSwitch, u"Dipｽｲｯﾁ", u"DipSW"},
+                                         Caption{TextKey::Port, u"ﾎﾟｰﾄ", u"Port"},
+                                         Caption{TextKey::IoCheck, u"I/O ﾁｪｯｸ", u"I/O check"}));
+
+INSTANTIATE_TEST_SUITE_P(Frame, CaptionTest,
+                         testing::Values(Caption{TextKey::Model, u"機種名", u"Model"},
+                                         Caption{TextKey::Author, u"作者名", u"Author"},
+                                         Caption{TextKey::Directory, u"ﾃﾞｨﾚｸﾄﾘ名", u"Directory"},
+                                         Caption{TextKey::FileName, u"ファイル名", u"File name"},
+                                         Caption{TextKey::Memo, u"メモ", u"Notes"},
+                                         Caption{TextKey::Upload, u"アップロード", u"UPLOAD"},
+                                         Caption{TextKey::Download, u"ダウンロード", u"DOWNLOAD"},
+                                         Caption{TextKey::Open, u"ファイルを開く", u"OPEN"},
+                                         Caption{TextKey::Save, u"ファイルに保存", u"SAVE"},
+                                         Caption{TextKey::Check, u"設定値ﾁｪｯｸ", u"CHECK"},
+                                         Caption{TextKey::New, u"新規作成", u"NEW"},
+                                         Caption{TextKey::Exit, u"終了", u"EXIT"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Linearizer, CaptionTest,
+    testing::Values(Caption{TextKey::Row, u"行", u"Row"}, Caption{TextKey::Column, u"列", u"Column"},
+                    Caption{TextKey::NewValue, u"変更内容", u"Content"},
+                    Caption{TextKey::OpenCsv, u"csvﾌｧｲﾙを開く", u"Open *.csv"},
+                    Caption{TextKey::SaveCsv, u"csvﾌｧｲﾙに保存", u"Save *.csv"},
+                    Caption{TextKey::Modify, u"変更する", u"Modify"},
+                    Caption{TextKey::Cancel, u"中止", u"Cancel"},
+                    Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"}));
+
+INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
+                         testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},
+                                         Caption{TextKey::Monitor, u"表示", u"Monitor"},
+                                         Caption{TextKey::Monitoring, u"表示", u"Monitoring"},
+                                         Caption{TextKey::Waiting, u"お待ち下さい", u"Reading Data."},
+                                         Caption{TextKey::Output2Monitor, u"第2出力表示", u"Monitor"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    WithoutAnEnglishTextAreTheSameInBoth, CaptionTest,
+    testing::Values(Caption{TextKey::TcTable, u"TC TBL", u"TC TBL"},
+                    Caption{TextKey::SystemReset, u"ｼｽﾃﾑ ﾘｾｯﾄ", u"ｼｽﾃﾑ ﾘｾｯﾄ"},
+                    Caption{TextKey::ZeroPositionCalibration, u"0% ﾎﾟｼﾞｼｮﾝ校正", u"0% ﾎﾟｼﾞｼｮﾝ校正"},
+                    Caption{TextKey::OptionYes, u"有", u"有"}, Caption{TextKey::OptionNo, u"無", u"無"},
+                    Caption{TextKey::LowerLimit, u"下限", u"下限"},
+                    Caption{TextKey::ResettingSystem, u"ｼｽﾃﾑをﾘｾｯﾄしています。\n\rしばらくお待ち下さい",
+                            u"ｼｽﾃﾑをﾘｾｯﾄしています。\n\rしばらくお待ち下さい"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    ThatStayEnglish, CaptionTest,
+    testing::Values(Caption{TextKey::Com1, u"COM 1", u"COM 1"}, Caption{TextKey::Com2, u"COM 2", u"COM 2"},
+                    Caption{TextKey::Com3, u"COM 3", u"COM 3"}, Caption{TextKey::Com4, u"COM 4", u"COM 4"},
+                    Caption{TextKey::OutputButton, u"OUTPUT", u"OUTPUT"},
+                    Caption{TextKey::Off, u"OFF", u"OFF"}, Caption{TextKey::On, u"ON", u"ON"},
+                    Caption{TextKey::Version, u"KORVA Ver12.09", u"KORVA Ver12.09"}));
+
+TEST(Texts, HaveACaptionForEveryKey) {
+  for (int key = 0; key < static_cast<int>(TextKey::kCount); ++key) {
+    EXPECT_FALSE(CaptionText(static_cast<TextKey>(key)).empty()) << key;
+    EXPECT_FALSE(CaptionText(static_cast<TextKey>(key), Language::English).empty()) << key;
+  }
+}
+
+TEST(Texts, AreShownInTheProportionalGothicFont) { EXPECT_EQ(kFontName, u"ＭＳ Ｐゴシック"); }
+
+TEST(Texts, TellThatADownloadHoldsTheProgram) {
+  EXPECT_EQ(CannotEndText(), u"ﾀﾞｳﾝﾛｰﾄﾞの途中でﾌﾟﾛｸﾞﾗﾑを終了することはできません。");
+}
+
+TEST(Texts, TellInTwoLinesWhatToEnterForAColdJunction) {
+  EXPECT_EQ(ColdJunctionInfoText(),
+            u"温度補正値を変更します。\n\rCJMに添付されているﾃﾞｰﾀを入力してください。");
+}
+
+TEST(Texts, HintAtTheTableOfAThermocoupleOrAResistanceThermometer) {
+  EXPECT_EQ(TableHintText(u"T"), u"「ﾘﾆｱﾗｲｻﾞ」ﾀﾌﾞを選択し、熱電対のﾃｰﾌﾞﾙを作成して下さい。");
+  EXPECT_EQ(TableHintText(u"R"), u"「ﾘﾆｱﾗｲｻﾞ」ﾀﾌﾞを選択し、測温体のﾃｰﾌﾞﾙを作成して下さい。");
+  EXPECT_EQ(TableHintText(u"L"), u"");
+  EXPECT_EQ(TableHintText(u""), u"");
+}
+
+TEST(Texts, FilterTableFiles) {
+  EXPECT_EQ(CsvFilter(), u"カンマ区切りのファイル (*.csv)|*.csv|すべてのファイル (*.*)|*.*|");
+}
+
+TEST(Texts, FilterConfigurationsAndDefinitions) {
+  EXPECT_EQ(CfgFilter(), u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|");
+  EXPECT_EQ(DefFilter(),
+            u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|すべてのファイル (*.*)|*.*|"
+            u"プログラム管理ファイル (*.def)|*.def");
+}
+
+TEST(Texts, OpenWithDefinitionsConfigurationsAndAllFilesAndShowConfigurations) {
+  EXPECT_EQ(OpenCfgFilter(),
+            u"プログラム管理ファイル (*.def)|*.def|KORVAで作成されたテキストファイル (*.cfg)|*.cfg|"
+            u"すべてのファイル (*.*)|*.*|");
+  EXPECT_EQ(kOpenCfgFilterIndex, 2);
+}
+
+}  // namespace
+}  // namespace korva
