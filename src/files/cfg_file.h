@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/boxes.h"
+#include "core/catalogue.h"
+#include "core/line_reader.h"
+#include "files/parameter_set.h"
+
+namespace korva {
+
+/// What a configuration file told of its model.
+struct CfgModel {
+  String def_file;
+  int row = 0;  ///< the model's row in the catalogue, 0: none
+};
+
+/// The text of a configuration file: the whole set, with its CR LF line ends.
+String CfgText(const String& def_file, const ParameterSet& set);
+
+/// Reads a configuration file into `set`, which is cleared first. Nothing comes back when the file names no
+/// model: its values then belong to the current model's page. A file whose model is unknown is not read
+/// further. Format faults show their boxes and leave what was read up to there; a file that can't be opened,
+/// and an item outside the set, end the program.
+std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
+                                    const String& path, ParameterSet& set);
+
+}  // namespace korva

@@ -1,0 +1,182 @@
+#include "files/definition.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/text_utilities.h"
+#include "files/definition_sections.h"
+#include "files/section_lines.h"
+#include "platform/event_gate.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kDefHandle = 3;
+
+String Number(int number) { return Ascii(std::to_string(number)); }
+
+/// Reads the sections of one definition file, which is open. Each reader ends with the next key line pushed
+/// back, or at its table's last row.
+class SectionReader {
+ public:
+  SectionReader(LineReader& lines, Definition& definition)
+      : lines_(lines), definition_(definition), shapes_(SectionsOf(definition.ItsFamily())) {}
+
+  /// The section with this key that stands in `block`; nullptr when the family has none.
+  [[nodiscard]] const SectionShape* Find(StringView key, StringView block = {}) const {
+    const auto found = std::find_if(shapes_.begin(), shapes_.end(), [&](const SectionShape& shape) {
+      return shape.key == key && shape.block == block;
+    });
+    return found == shapes_.end() ? nullptr : &*found;
+  }
+
+  void Read(const SectionShape& shape) {
+    switch (shape.kind) {
+      case SectionKind::Table:
+        return ReadTable(definition_[shape.key]);
+      case SectionKind::List:
+        return ReadList(definition_[shape.key]);
+      case SectionKind::Block:
+        return ReadBlock(shape.key);
+    }
+  }
+
+ private:
+  // The end of the file is not looked for: a table that is not closed by a key line was cut off.
+  void ReadTable(StringTable& table) {
+    for (int row = 0; row < table.Rows(); ++row) {
+      const String line = lines_.ReadLine(kDefHandle);
+      if (IsKeyLine(line)) {
+        lines_.UnreadLine(line);
+        return;
+      }
+      TakeFields(line, table, row);
+    }
+  }
+
+  void ReadList(StringTable& list) {
+    do {
+      const String line = lines_.ReadLine(kDefHandle);
+      if (IsKeyLine(line)) {
+        lines_.UnreadLine(line);
+        return;
+      }
+      TakeFields(line, list, 0);
+    } while (!lines_.AtEnd(kDefHandle));
+  }
+
+  void ReadBlock(StringView block) {
+    do {
+      const String line = lines_.ReadLine(kDefHandle);
+      if (const SectionShape* shape = Find(line, block)) {
+        Read(*shape);
+      } else if (IsKeyLine(line)) {
+        lines_.UnreadLine(line);
+        return;
+      }
+    } while (!lines_.AtEnd(kDefHandle));
+  }
+
+  void TakeFields(const String& line, StringTable& table, int row) {
+    int position = 1;
+    for (int column = 0; column < table.Columns() && position != -1; ++column) {
+      position = lines_.NextField(position, line);
+      table.Set(row, column, lines_.Field());
+    }
+  }
+
+  LineReader& lines_;
+  Definition& definition_;
+  std::span<const SectionShape> shapes_;
+};
+
+}  // namespace
+
+StringTable::StringTable(int rows, int columns)
+    : rows_(rows),
+      columns_(columns),
+      cells_(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns)) {}
+
+void StringTable::Clear() { std::fill(cells_.begin(), cells_.end(), String()); }
+
+int StringTable::FindRow(int column, StringView text, int first) const {
+  for (int row = first; row < rows_; ++row) {
+    if (At(row, column) == text) {
+      return row;
+    }
+  }
+  return -1;
+}
+
+std::size_t StringTable::Place(int row, int column) const {
+  if (row < 0 || row >= rows_ || column < 0 || column >= columns_) {
+    throw RuntimeFailure(u"定義の表に無い場所です: " + Number(row) + u"行 " + Number(column) + u"列");
+  }
+  return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+         static_cast<std::size_t>(column);
+}
+
+Definition::Definition(const Family& family) : family_(family) {
+  for (const SectionShape& shape : SectionsOf(family)) {
+    if (shape.kind != SectionKind::Block) {
+      tables_.emplace(shape.key, StringTable(shape.rows, shape.columns));
+    }
+  }
+}
+
+StringTable& Definition::operator[](StringView key) {
+  const auto found = tables_.find(key);
+  if (found == tables_.end()) {
+    throw RuntimeFailure(u"機種群 " + String(family_.word) + u" の定義に無い表です: " + String(key));
+  }
+  return found->second;
+}
+
+const StringTable& Definition::operator[](StringView key) const {
+  return const_cast<Definition&>(*this)[key];  // NOLINT(cppcoreguidelines-pro-type-const-cast)
+}
+
+void Definition::ClearDefTables() {
+  for (auto& [key, table] : tables_) {
+    table.Clear();
+  }
+}
+
+String DefFileName(const Family& family, const String& def_file) {
+  const StringView only_file = FamilySectionsOf(family).only_file;
+  return only_file.empty() ? def_file : String(only_file);
+}
+
+String DefFilePath(const String& app_path, const Family& family, const String& def_file, char16_t separator) {
+  String path = app_path;
+  if (path.empty() || path.back() != separator) {
+    path += separator;
+  }
+  path.append(u"system").append(1, separator).append(family.folder).append(1, separator);
+  return path + DefFileName(family, def_file);
+}
+
+void ReadDefFile(LineReader& lines, const Boxes& boxes, const String& path, Definition& definition) {
+  definition.ClearDefTables();
+  lines.OpenTextFile(path, kDefHandle);
+  String line = lines.ReadLine(kDefHandle);
+  while (!IsKeyLine(line)) {
+    line = lines.ReadLine(kDefHandle);
+  }
+  SectionReader reader(lines, definition);
+  while (const SectionShape* shape = reader.Find(line)) {
+    reader.Read(*shape);
+    if (lines.AtEnd(kDefHandle)) {
+      line = kEndKey;
+      break;
+    }
+    line = lines.ReadLine(kDefHandle);
+  }
+  if (line != kEndKey) {
+    boxes.Show(BoxKey::DefFormat);
+  }
+  lines.CloseTextFile(kDefHandle);
+}
+
+}  // namespace korva

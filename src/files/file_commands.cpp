@@ -1,0 +1,159 @@
+// The page's commands on configuration files: open, save, new.
+
+#include <algorithm>
+#include <string>
+
+#include "core/program.h"
+#include "core/text_utilities.h"
+#include "files/cfg_file.h"
+#include "files/parameter_page.h"
+
+namespace korva {
+
+namespace {
+
+/// Calls `visit` with each character of the text, a pair of surrogates as one.
+template <typename Visitor>
+void ForEachCharacter(StringView text, const Visitor& visit) {
+  for (std::size_t at = 0; at < text.size();) {
+    const bool pair =
+        at + 1 < text.size() && (text[at] & 0xFC00) == 0xD800 && (text[at + 1] & 0xFC00) == 0xDC00;
+    const std::size_t length = pair ? 2 : 1;
+    visit(text.substr(at, length));
+    at += length;
+  }
+}
+
+/// Why the text can't be written: names its first character that the code page lacks.
+String LackedCharacter(const CodePage& code_page, StringView text) {
+  String lacked;
+  ForEachCharacter(text, [&](StringView character) {
+    if (lacked.empty() && !code_page.Encode(character)) {
+      lacked = character;
+    }
+  });
+  return u"「" + lacked + u"」はファイルの文字コードに無い文字なので、保存できません。";
+}
+
+/// The bytes of the text, with "?" for each character that the code page lacks.
+std::string EncodeReplacing(const CodePage& code_page, StringView text) {
+  std::string bytes;
+  ForEachCharacter(text, [&](StringView character) { bytes += code_page.Encode(character).value_or("?"); });
+  return bytes;
+}
+
+}  // namespace
+
+std::optional<String> ParameterPage::ChooseCfgFile(bool save) {
+  const Platform& platform = ItsProgram().Surroundings();
+  std::optional<String> path = platform.dialogs.ChooseFile({.save = save,
+                                                            .start_folder = txtDirName.Text(),
+                                                            .filter = save ? CfgFilter() : OpenCfgFilter(),
+                                                            .filter_index = save ? 1 : kOpenCfgFilterIndex});
+  CfgLoaded = path && !path->empty();
+  if (!CfgLoaded) {
+    return std::nullopt;
+  }
+  const std::size_t name = path->rfind(platform.files.Separator()) + 1;
+  Shared().CfgFilePath = *path;
+  Shared().CfgFileName = path->substr(name);
+  return path;
+}
+
+void ParameterPage::ShowFileName() {
+  const String& path = Shared().CfgFilePath;
+  const String& name = Shared().CfgFileName;
+  txtFileTitle.SetText(name);
+  txtDirName.SetText(path.substr(0, path.size() - std::min(path.size(), name.size() + 1)));
+}
+
+void ParameterPage::OpenCommand() {
+  if (ConfirmDiscard() || !ChooseCfgFile(false)) {
+    return;
+  }
+  ShowFileName();
+  const String path = ItsProgram().Join(txtDirName.Text(), txtFileTitle.Text());
+  if (!ItsProgram().Surroundings().files.Exists(path)) {
+    Box().Show(BoxKey::FileNotFound);
+    DataChanged = false;
+    return;
+  }
+  const std::optional<CfgModel> model = ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem);
+  if (model) {
+    DefFile = model->def_file;
+    Shared().SelectedModelIndex = model->row;
+  }
+  if (model && model->row == 0) {
+    ClearParameterSet();
+    BuildPage();
+    lst_TypeSelect.SetListIndex(0);
+    return;
+  }
+  if (model) {
+    SelectModelOfFile(model->row);
+  }
+  BuildPage();
+  SettleLnrTab(TabMoment::FileOpened);
+  DataChanged = false;
+}
+
+void ParameterPage::SelectModelOfFile(int row) {
+  const std::vector<String>& entries = lst_TypeSelect.Entries();
+  const auto place = static_cast<std::size_t>(row);
+  if (place >= entries.size() || entries[place] != Models.At(row, ModelTable::kName)) {
+    Box().Show(BoxKey::ModelOfFileUnknown);
+    return;
+  }
+  // The choice of the model brings its defaults, and the unit of temperatures with them.
+  const ParameterSet from_file = GroupItem;
+  lst_TypeSelect.SetListIndex(row);
+  GroupItem.TakeOver(from_file);
+}
+
+bool ParameterPage::SaveCfgFile() {
+  const std::optional<String> path = ChooseCfgFile(true);
+  if (!path) {
+    return false;
+  }
+  const Platform& platform = ItsProgram().Surroundings();
+  const String text = CfgText(DefFileName(ItsFamily(), DefFile), GroupItem);
+  const std::optional<std::string> bytes = platform.code_page.Encode(text);
+  String reason;
+  if (!bytes) {
+    reason = LackedCharacter(platform.code_page, text);
+  }
+  if (!bytes || !platform.files.Replace(*path, *bytes, reason)) {
+    Box().Show(BoxKey::SaveFailed, {reason});
+    return false;
+  }
+  ShowFileName();
+  Box().Show(BoxKey::FileSaved);
+  DataChanged = false;
+  return true;
+}
+
+bool ParameterPage::SaveRescueFile(const String& path) {
+  const Platform& platform = ItsProgram().Surroundings();
+  const String text = CfgText(DefFileName(ItsFamily(), DefFile), GroupItem);
+  String reason;
+  return platform.files.Replace(path, EncodeReplacing(platform.code_page, text), reason);
+}
+
+void ParameterPage::ClearParameterSet() { GroupItem.Clear(); }
+
+void ParameterPage::NewCommand() {
+  if (ConfirmDiscard()) {
+    return;
+  }
+  ClearParameterSet();
+  txtFileTitle.SetText({});
+  BuildPage();
+  ClearTable();
+  SettleLnrTab(TabMoment::ModelChosen);
+  ApplyDefaults();
+  TransferBar.SetValue(0);
+  LnrProgressBar.SetValue(0);
+  DataChanged = false;
+}
+
+}  // namespace korva
