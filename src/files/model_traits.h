@@ -38,13 +38,13 @@ struct ModelTraits {
   /// The tab of a model that was chosen, when its tab flag is True; without the flag it is disabled. Always
   /// and InputType also tell that the device works with the table without a switch being on.
   TableSwitch table_on_choice = TableSwitch::TableOption;
+  /// The tab after an upload, whatever its flag.
+  TableSwitch table_after_upload = TableSwitch::None;
   /// The tab after a configuration was opened, when the tab flag is True and the rule is another one than on
   /// choice.
   std::optional<TableSwitch> table_on_opening = {};
   /// The tab after a configuration was opened, when the tab flag is anything but True.
   TableSwitch table_without_flag = TableSwitch::None;
-  /// The tab after an upload, whatever its flag.
-  TableSwitch table_after_upload = TableSwitch::None;
 
   /// A fixed input type shows row 0 of its list, and that text.
   bool lists_fixed_input_type = false;
