@@ -12,12 +12,12 @@ namespace {
 /// Drops blanks, TABs, double quotes and the line end around a text. None of these bytes is ever the second
 /// byte of a character in code page 932, so the text may stay as bytes.
 std::string_view Trim(std::string_view text) {
-  constexpr std::string_view kDropped = " \t\"\r\n";
-  const auto begin = text.find_first_not_of(kDropped);
+  constexpr std::string_view dropped = " \t\"\r\n";
+  const auto begin = text.find_first_not_of(dropped);
   if (begin == std::string_view::npos) {
     return {};
   }
-  return text.substr(begin, text.find_last_not_of(kDropped) - begin + 1);
+  return text.substr(begin, text.find_last_not_of(dropped) - begin + 1);
 }
 
 std::vector<std::string> SplitFields(std::string_view line) {
@@ -51,8 +51,8 @@ std::string ReadWhole(const std::filesystem::path& path) {
 }  // namespace
 
 const std::string& Field(const Definition::Row& row, std::size_t column) {
-  static const std::string kEmpty;
-  return column < row.size() ? row[column] : kEmpty;
+  static const std::string empty;
+  return column < row.size() ? row[column] : empty;
 }
 
 std::vector<Model> ReadCatalogue(const std::filesystem::path& home) {
@@ -113,9 +113,9 @@ Definition Definition::Read(const std::filesystem::path& home, const Model& mode
 }
 
 const std::vector<Definition::Row>& Definition::Rows(std::string_view key) const {
-  static const std::vector<Row> kNone;
+  static const std::vector<Row> none;
   const auto found = sections_.find(key);
-  return found == sections_.end() ? kNone : found->second;
+  return found == sections_.end() ? none : found->second;
 }
 
 }  // namespace korva::sim

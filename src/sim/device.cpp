@@ -49,8 +49,8 @@ std::string OtherValue(const std::string& reply, std::string_view value) {
 
 /// Menu position, mode and values of a device.
 struct Device::State {
-  State(const Model& of_model, Definition definition, DeviceOptions with)
-      : model(of_model),
+  State(Model of_model, Definition definition, DeviceOptions with)
+      : model(std::move(of_model)),
         family(FamilyOf(model)),
         options(std::move(with)),
         parameters(model, std::move(definition), family, options.system_text),

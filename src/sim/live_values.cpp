@@ -7,9 +7,9 @@ double LiveValues::Value(std::string_view item, double zero, double span) const 
     return held->second;
   }
   // A triangle between 40 % and 60 % in steps of 0.5 %.
-  constexpr unsigned kPeriod = 80;
-  const unsigned phase = (reads_ + (kPeriod / 4)) % kPeriod;
-  const unsigned rise = phase < kPeriod / 2 ? phase : kPeriod - phase;
+  constexpr unsigned period = 80;
+  const unsigned phase = (reads_ + (period / 4)) % period;
+  const unsigned rise = phase < period / 2 ? phase : period - phase;
   const double percent = forced_.value_or(40.0 + (0.5 * rise));
   return zero + ((span - zero) * percent / 100.0);
 }

@@ -8,7 +8,7 @@ namespace korva::sim {
 namespace {
 
 struct PowerUp {
-  std::string_view models;  // beginning of the definition file's name; the first row that fits counts
+  std::string_view models;  // models whose name begins so; with a point at its end this one model
   std::string_view item;
   std::string_view value;
 };
@@ -25,7 +25,7 @@ constexpr std::array kPowerUp = {
     PowerUp{.models = "QHN", .item = "28", .value = "5.0"},
     PowerUp{.models = "QHN", .item = "29", .value = "1"},
     PowerUp{.models = "QHN", .item = "30", .value = "1"},
-    // backup and alarm of the distributors: delays in s, values in %
+    // backup stations: delays in s, values in %
     PowerUp{.models = "QD", .item = "22", .value = "10"},
     PowerUp{.models = "QD", .item = "24", .value = "10"},
     PowerUp{.models = "QD", .item = "26", .value = "90.0"},
@@ -33,7 +33,12 @@ constexpr std::array kPowerUp = {
     PowerUp{.models = "QD", .item = "28", .value = "1.0"},
     PowerUp{.models = "QD", .item = "29", .value = "100.0"},
     PowerUp{.models = "QD", .item = "30", .value = "0.0"},
-    // computing units: gains, then biases and limits in %. QHG has one gain more, so its biases begin at 25
+    // computing units: gains, then biases and limits in %
+    PowerUp{.models = "QH.", .item = "21", .value = "1.000"},
+    PowerUp{.models = "QH.", .item = "22", .value = "1.000"},
+    PowerUp{.models = "QH.", .item = "23", .value = "1.000"},
+    PowerUp{.models = "QH.", .item = "28", .value = "100.00"},
+    PowerUp{.models = "QH.", .item = "30", .value = "100.00"},
     PowerUp{.models = "QHG", .item = "21", .value = "1.000"},
     PowerUp{.models = "QHG", .item = "22", .value = "1.000"},
     PowerUp{.models = "QHG", .item = "23", .value = "1.000"},
@@ -41,12 +46,7 @@ constexpr std::array kPowerUp = {
     PowerUp{.models = "QHG", .item = "30", .value = "100.00"},
     PowerUp{.models = "QHG", .item = "32", .value = "100.00"},
     PowerUp{.models = "QHG", .item = "34", .value = "100.00"},
-    PowerUp{.models = "QH", .item = "21", .value = "1.000"},
-    PowerUp{.models = "QH", .item = "22", .value = "1.000"},
-    PowerUp{.models = "QH", .item = "23", .value = "1.000"},
-    PowerUp{.models = "QH", .item = "28", .value = "100.00"},
-    PowerUp{.models = "QH", .item = "30", .value = "100.00"},
-    // pulse input: cut-out in %, divider
+    // pulse input: low cut-out in %, pulse averaging
     PowerUp{.models = "QEI", .item = "13", .value = "1.0"},
     PowerUp{.models = "QEI", .item = "18", .value = "1"},
 };
@@ -59,7 +59,7 @@ constexpr std::array kNeedless = {
                  .codes = "11 21 41 42",
                  .text = "",
                  .items = "14 15 21"},
-    // one input alone has no second gain and bias
+    // a product has no gain and biases for its first inputs
     NeedlessRule{
         .model = "QH", .beginning = false, .selector = "10", .codes = "1 2", .text = "", .items = "21 24 25"},
     NeedlessRule{
@@ -102,8 +102,11 @@ constexpr std::array kSensorTexts = {
 }  // namespace
 
 std::string_view PowerUpNumber(std::string_view model, std::string_view item) {
-  const auto* const found = std::ranges::find_if(
-      kPowerUp, [&](const PowerUp& row) { return row.item == item && model.starts_with(row.models); });
+  const auto* const found = std::ranges::find_if(kPowerUp, [&](const PowerUp& row) {
+    const bool whole = row.models.ends_with('.');
+    return row.item == item &&
+           (whole ? model == row.models.substr(0, row.models.size() - 1) : model.starts_with(row.models));
+  });
   return found == kPowerUp.end() ? std::string_view{"0"} : found->value;
 }
 

@@ -45,6 +45,11 @@ std::string LimitInUnit(const std::string& limit, std::string_view unit, bool up
   return FormatNumber(upper ? std::ceil(converted) : std::floor(converted), 0);
 }
 
+/// Whether the item is zero or span, which the device limits.
+bool IsLimited(const Item& item) {
+  return item.kind == Item::Kind::Number && item.group == "01" && (item.item == "14" || item.item == "15");
+}
+
 }  // namespace
 
 Parameters::Parameters(const Model& model, Definition definition, const Family& family,
@@ -173,7 +178,7 @@ void Parameters::PowerUp(Item& item) const {
     item.held = "0.00";
   } else if (item.prefix == "FINSPN") {
     item.held = "100.00";
-  } else if (item.group == "01" && (item.item == "14" || item.item == "15")) {
+  } else if (IsLimited(item)) {
     item.held = PowerUpLimit(item.item == "15");
   } else {
     item.held = PowerUpNumber(code_, item.item);
@@ -304,10 +309,6 @@ std::optional<std::pair<std::string, std::string>> Parameters::Limits() const {
   return std::pair{Field(*type, kTypeLow), Field(*type, kTypeHigh)};
 }
 
-bool Parameters::IsLimited(const Item& item) const {
-  return item.kind == Item::Kind::Number && item.group == "01" && (item.item == "14" || item.item == "15");
-}
-
 /// A value of zero or span as the device holds it under the present input type and temperature unit.
 std::string Parameters::Limited(const std::string& held) const {
   const auto limits = Limits();
@@ -323,12 +324,15 @@ std::string Parameters::Limited(const std::string& held) const {
     const auto& row = definition_.Rows(unit_item->section)[unit_item->row];
     unit = Field(row, 2).empty() ? Field(row, 1) : Field(row, 2);
   }
-  const auto low = LimitInUnit(limits->first, unit, false);
-  const auto high = LimitInUnit(limits->second, unit, true);
+  auto low = LimitInUnit(limits->first, unit, false);
+  auto high = LimitInUnit(limits->second, unit, true);
   if (ParseNumber(low) && *value < *ParseNumber(low)) {
     return low;
   }
-  return ParseNumber(high) && *value > *ParseNumber(high) ? high : held;
+  if (ParseNumber(high) && *value > *ParseNumber(high)) {
+    return high;
+  }
+  return held;
 }
 
 // --- reading and writing

@@ -98,7 +98,6 @@ class Parameters {
   std::string Limited(const std::string& held) const;
   WriteResult WriteChoice(Item& item, std::string_view data);
   void SettleRange();
-  bool IsLimited(const Item& item) const;
 
   Definition definition_;
   const Family& family_;

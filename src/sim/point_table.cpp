@@ -12,11 +12,11 @@ constexpr std::size_t kFirstShortItem = 60;
 constexpr std::size_t kItemsOfGroup = 100;
 
 std::optional<std::size_t> TwoDigits(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789";
-  if (text.size() != 2 || text.find_first_not_of(kDigits) != std::string_view::npos) {
+  constexpr std::string_view digits = "0123456789";
+  if (text.size() != 2 || text.find_first_not_of(digits) != std::string_view::npos) {
     return std::nullopt;
   }
-  return (kDigits.find(text[0]) * 10) + kDigits.find(text[1]);
+  return (digits.find(text[0]) * 10) + digits.find(text[1]);
 }
 
 std::size_t PointCount(TableShape shape) {

@@ -257,6 +257,14 @@ TEST(DeviceTest, ItemsOfNoUseUnderAChoiceAreNotUsable) {
   }
 }
 
+TEST(DeviceTest, PowerUpNumbersAreTheModelsOwn) {
+  // item 28 is a limit of 100 % on QH and a bias on QHG
+  const std::string_view row = "$Data\n01, 28, , , Y, Y, , , , 1, , , , , , , , , , , Y, , P:, 3\n$End\n";
+  EXPECT_EQ(SampleDevice("QH.def", row).Value("01", "28"), "100.00");
+  EXPECT_EQ(SampleDevice("QHG.def", row).Value("01", "28"), "0");
+  EXPECT_EQ(SampleDevice("QHN4.def", row).Value("01", "28"), "5.0");
+}
+
 TEST(DeviceTest, ThirtyTwoIsALiveValueOnlyWhereItIsNotWritten) {
   auto live = SampleDevice("A.def", "$Data\n01, 32, , , , Y, , , , 1\n$End\n");
   auto number =

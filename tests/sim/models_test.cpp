@@ -100,7 +100,7 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
     double low;
     double high;
   };
-  constexpr Range kRanges[] = {
+  constexpr Range ranges[] = {
       {"", 19, 20, -299.99, 299.99},
       {"QHN", 24, 24, 0.1, 100},
       {"QHN1", 25, 25, 1, 8},
@@ -127,7 +127,7 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
       {"QEI", 13, 13, 0, 100},
       {"QEI", 18, 18, 1, 2},
   };
-  for (const auto& range : kRanges) {
+  for (const auto& range : ranges) {
     if (!GetParam().definition_file.starts_with(range.models)) {
       continue;
     }
