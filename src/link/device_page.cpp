@@ -65,8 +65,8 @@ bool DevicePage::LinkTest() {
   const String text = traits_.system_text == SystemText::Title
                           ? EnterItem().ReadItemNameRetry(kRepeats, group, item)
                           : Items().ReadRetry(kRepeats, group, item);
-  CommFailed = text.empty();
-  if (CommFailed) {
+  if (text.empty()) {
+    CommFailed = true;
     Box().ShowCommFailure();
   }
   return !CommFailed;

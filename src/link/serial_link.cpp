@@ -143,7 +143,7 @@ SerialLink::Failure SerialLink::SendOut(const String& command) {
   const std::optional<int> baud = platform_.port.TimedBaud();
   const Clock bits = std::chrono::seconds(kBitsPerCharacter) * static_cast<Clock::rep>(bytes->size());
   command_off_the_wire_ = platform_.loop.Now() + (baud ? bits / *baud : Clock(0));
-  return PortOpen() && platform_.port.Write(*bytes) ? Failure::None : Failure::PortRefused;
+  return platform_.port.Write(*bytes) ? Failure::None : Failure::PortRefused;
 }
 
 // Only the end of the newest chunk is looked at, so a carriage return in mid-chunk doesn't end the reply.

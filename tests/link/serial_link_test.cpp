@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/text_utilities.h"
@@ -187,6 +187,16 @@ TEST_F(SerialLinkTest, UnaskedTextIsGatheredUpToTheChunkThatEndsIt) {
   EXPECT_EQ(host.loop.Now() - begin, Clock(3700ms));
 }
 
+TEST_F(SerialLinkTest, UnaskedTextFromBeforeIsNotTakenForTheTextAwaited) {
+  Exchange();
+  host.port.Deliver("old\r");
+  host.port.Deliver("older");
+  host.loop.RunFor(1s);
+  host.port.DeliverAt(host.loop.Now() + 100ms, "AB");
+  host.port.DeliverAt(host.loop.Now() + 200ms, "\r");
+  EXPECT_EQ(link.RcvMsg(), u"AB");
+}
+
 TEST_F(SerialLinkTest, UnaskedTextThatDoesNotComeOrDoesNotEndInTimeIsEmpty) {
   Exchange();
   Clock begin = host.loop.Now();
@@ -232,6 +242,7 @@ TEST_F(SerialLinkTest, APauseLastsAsLongAsItSaysWithEventsAlive) {
   host.loop.StopTimer(timer);
   link.WaitFor(100);
   EXPECT_EQ(host.loop.Now(), Clock(600ms));
+  EXPECT_THROW(host.loop.Pump(), std::logic_error) << "no timer may tick on";
 }
 
 TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramAtTheEndOfAPause) {
@@ -486,6 +497,15 @@ TEST_P(LateLineEndTest, NothingIsDroppedAfterATimeOut) {
 TEST_P(LateLineEndTest, NothingIsDroppedOnceTheSecondEndHasBeenDrained) {
   AnswerFirst("\r", {{5 * character, "\r"}, {22 * character, "\r"}});
   host.loop.RunFor(16 * character);
+  line.AnswerNext(kSilence);
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  EXPECT_EQ(link.RThreshold(), 1);
+}
+
+TEST_P(LateLineEndTest, NothingIsDroppedOnceThePortWasReopened) {
+  AnswerFirst("\r", {});
+  link.ChoosePort(1);
+  host.port.DeliverAt(host.loop.Now() + character, "\r");
   line.AnswerNext(kSilence);
   EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
   EXPECT_EQ(link.RThreshold(), 1);
