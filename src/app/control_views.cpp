@@ -1,0 +1,343 @@
+#include "app/control_views.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTableWidget>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+#include "app/looks.h"
+#include "app/text.h"
+
+namespace korva {
+
+namespace {
+
+/// Hands the keys that a field handles to its control.
+class KeyFilter : public QObject {
+ public:
+  KeyFilter(QObject* parent, std::function<bool(Key)> press) : QObject(parent), press_(std::move(press)) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) {
+      const auto key = KeyOf(static_cast<QKeyEvent*>(event)->key());
+      if (key && press_(*key)) {
+        return true;
+      }
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  static std::optional<Key> KeyOf(int key) {
+    switch (key) {
+      case Qt::Key_Return:
+      case Qt::Key_Enter:
+        return Key::Enter;
+      case Qt::Key_Up:
+        return Key::Up;
+      case Qt::Key_Down:
+        return Key::Down;
+      case Qt::Key_Left:
+        return Key::Left;
+      case Qt::Key_Right:
+        return Key::Right;
+      default:
+        return std::nullopt;
+    }
+  }
+
+  std::function<bool(Key)> press_;
+};
+
+/// Remembers the list's entry from before a press of the mouse.
+class PressFilter : public QObject {
+ public:
+  explicit PressFilter(QListWidget* list) : QObject(list), list_(list) {}
+  [[nodiscard]] int RowBefore() const { return row_before_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::MouseButtonPress) {
+      row_before_ = list_->currentRow();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  QListWidget* list_;
+  int row_before_ = -1;
+};
+
+void ShowLook(QWidget* widget, Look look) {
+  widget->setPalette(PaletteOf(look, QApplication::palette(widget)));
+  widget->setProperty("look", static_cast<int>(look));
+}
+
+QString ShownBreaks(const String& text) { return ToQt(text).remove(QLatin1Char('\r')); }
+
+}  // namespace
+
+void Follow(Control& control, QWidget* widget, std::function<void()> update) {
+  widget->setObjectName(QString::fromStdString(control.FullName()));
+  widget->setAccessibleName(widget->objectName());
+  const auto all = [&control, widget, update = std::move(update)] {
+    widget->setVisible(control.Visible());
+    widget->setEnabled(control.Enabled());
+    update();
+  };
+  all();
+  control.Observe([guard = QPointer<QWidget>(widget), all] {
+    if (guard) {
+      all();
+    }
+  });
+  control.ObserveFocus([guard = QPointer<QWidget>(widget)] {
+    if (guard) {
+      guard->setFocus();
+    }
+  });
+}
+
+QWidget* ControlViews::Make(Control& control, QWidget* parent) {
+  if (auto* button = dynamic_cast<Button*>(&control)) {
+    return MakeButton(*button, parent);
+  }
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+    return MakeOption(*option, parent);
+  }
+  if (auto* field = dynamic_cast<TextField*>(&control)) {
+    return field->Multiline() ? MakeMemo(*field, parent) : MakeField(*field, parent);
+  }
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    return MakeCombo(*combo, parent);
+  }
+  if (auto* list = dynamic_cast<ListBox*>(&control)) {
+    return MakeList(*list, parent);
+  }
+  if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    return MakeGrid(*grid, parent);
+  }
+  if (auto* bar = dynamic_cast<ProgressBar*>(&control)) {
+    return MakeBar(*bar, parent);
+  }
+  if (auto* label = dynamic_cast<Label*>(&control)) {
+    return CaptionView(*label, parent);
+  }
+  auto* area = new QWidget(parent);
+  Follow(control, area, [] {});
+  return area;
+}
+
+QWidget* ControlViews::CaptionView(CaptionedControl& control, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  Follow(control, label, [&control, label] {
+    label->setText(ShownBreaks(control.Caption()));
+    if (label->property("look").toInt() != static_cast<int>(control.ShownLook())) {
+      label->setAutoFillBackground(control.ShownLook() != Look::Normal);
+      ShowLook(label, control.ShownLook());
+    }
+  });
+  return label;
+}
+
+QWidget* ControlViews::MakeButton(Button& button, QWidget* parent) {
+  auto* widget = new QPushButton(parent);
+  Follow(button, widget, [&button, widget] { widget->setText(ToQt(button.Caption())); });
+  QObject::connect(widget, &QPushButton::clicked, widget,
+                   [this, &button] { Enter([&button] { button.Click(); }); });
+  return widget;
+}
+
+QWidget* ControlViews::MakeOption(OptionButton& option, QWidget* parent) {
+  auto* widget = new QRadioButton(parent);
+  widget->setAutoExclusive(false);  // the control's group decides which button is on
+  Follow(option, widget, [&option, widget] {
+    widget->setText(ToQt(option.Caption()));
+    const QSignalBlocker blocker(widget);
+    widget->setChecked(option.Value());
+  });
+  QObject::connect(widget, &QRadioButton::clicked, widget, [this, &option, widget] {
+    {
+      const QSignalBlocker blocker(widget);
+      widget->setChecked(option.Value());
+    }
+    Enter([&option] { option.Click(); });
+  });
+  return widget;
+}
+
+QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
+  auto* widget = new QLineEdit(parent);
+  Follow(field, widget, [&field, widget] {
+    const QString text = ToQt(field.Text());
+    if (widget->text() != text) {
+      const QSignalBlocker blocker(widget);
+      widget->setText(text);
+    }
+    widget->setReadOnly(field.Locked());
+    if (widget->property("look").toInt() != static_cast<int>(field.ShownLook())) {
+      ShowLook(widget, field.ShownLook());
+    }
+  });
+  QObject::connect(widget, &QLineEdit::textEdited, widget,
+                   [this, &field](const QString& text) { Enter([&] { field.UserTypes(FromQt(text)); }); });
+  widget->installEventFilter(new KeyFilter(widget, [this, &field](Key key) {
+    if (!field.OnKey) {
+      return false;
+    }
+    Enter([&] { field.UserPresses(key); });
+    return true;
+  }));
+  return widget;
+}
+
+QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
+  auto* widget = new QPlainTextEdit(parent);
+  widget->setTabChangesFocus(true);
+  Follow(field, widget, [&field, widget] {
+    const QString text = ShownBreaks(field.Text());
+    if (widget->toPlainText() != text) {
+      const QSignalBlocker blocker(widget);
+      widget->setPlainText(text);
+    }
+    widget->setReadOnly(field.Locked());
+  });
+  QObject::connect(widget, &QPlainTextEdit::textChanged, widget, [this, &field, widget] {
+    const String text = FromQt(widget->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+    Enter([&] { field.UserTypes(text); });
+  });
+  return widget;
+}
+
+QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
+  auto* widget = new QComboBox(parent);
+  Follow(combo, widget, [&combo, widget] {
+    const QSignalBlocker blocker(widget);
+    QStringList entries;
+    for (const String& entry : combo.Entries()) {
+      entries += ToQt(entry);
+    }
+    QStringList shown;
+    for (int index = 0; index < widget->count(); ++index) {
+      shown += widget->itemText(index);
+    }
+    if (entries != shown) {
+      widget->clear();
+      widget->addItems(entries);
+    }
+    // A text that stands in no entry shows all the same.
+    widget->setPlaceholderText(ToQt(combo.Text()));
+    widget->setCurrentIndex(combo.ListIndex());
+    widget->setEnabled(combo.Enabled() && !combo.Locked());
+    widget->setProperty("locked", combo.Locked());
+    ShowLook(widget, combo.ShownLook());
+  });
+  QObject::connect(widget, &QComboBox::activated, widget, [this, &combo](int position) {
+    Enter([&combo, position] { combo.UserPicks(position); });
+  });
+  return widget;
+}
+
+QWidget* ControlViews::MakeList(ListBox& list, QWidget* parent) {
+  auto* widget = new QListWidget(parent);
+  widget->setUniformItemSizes(true);
+  Follow(list, widget, [&list, widget] {
+    const QSignalBlocker blocker(widget);
+    if (static_cast<std::size_t>(widget->count()) != list.Entries().size()) {
+      widget->clear();
+      for (const String& entry : list.Entries()) {
+        widget->addItem(ToQt(entry));
+      }
+    }
+    widget->setCurrentRow(list.ListIndex());
+    const QSignalBlocker bar_blocker(widget->verticalScrollBar());
+    if (list.TopIndex() >= 0 && list.TopIndex() < widget->count() &&
+        widget->row(widget->itemAt(1, 1)) != list.TopIndex()) {
+      widget->scrollToItem(widget->item(list.TopIndex()), QAbstractItemView::PositionAtTop);
+    }
+    if (list.ListIndex() >= 0) {
+      widget->scrollToItem(widget->item(list.ListIndex()));
+    }
+  });
+  QObject::connect(widget, &QListWidget::currentRowChanged, widget, [this, &list](int row) {
+    if (row >= 0 && row != list.ListIndex()) {
+      Enter([&list, row] { list.UserPicks(row); });
+    }
+  });
+  // A click on the present entry counts as well; a press that moves to another one is told above.
+  auto* press = new PressFilter(widget);
+  widget->viewport()->installEventFilter(press);
+  QObject::connect(widget, &QListWidget::itemPressed, widget, [this, &list, press](QListWidgetItem* item) {
+    const int row = item->listWidget()->row(item);
+    if (row == press->RowBefore()) {
+      Enter([&list, row] { list.UserPicks(row); });
+    }
+  });
+  QObject::connect(widget->verticalScrollBar(), &QScrollBar::valueChanged, widget,
+                   [&list, widget] { list.SetTopIndex(std::max(0, widget->row(widget->itemAt(1, 1)))); });
+  return widget;
+}
+
+QWidget* ControlViews::MakeGrid(Grid& grid, QWidget* parent) {
+  auto* widget = new QTableWidget(parent);
+  widget->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  widget->setSelectionMode(QAbstractItemView::NoSelection);
+  widget->horizontalHeader()->setVisible(false);
+  widget->verticalHeader()->setVisible(false);
+  widget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  const auto show_cell = [&grid, widget](int row, int column) {
+    QTableWidgetItem* item = widget->item(row, column);
+    if (item == nullptr) {
+      item = new QTableWidgetItem;
+      widget->setItem(row, column, item);
+    }
+    const Grid::Cell& cell = grid.At(row, column);
+    const bool head = row == 0 || column == 0;
+    const QPalette palette =
+        PaletteOf(head && cell.look == Look::Normal ? Look::Grey : cell.look, QApplication::palette(widget));
+    item->setText(ToQt(cell.text));
+    item->setBackground(palette.base());
+    item->setForeground(palette.text());
+    item->setTextAlignment(head ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+  };
+  Follow(grid, widget, [&grid, widget, show_cell] {
+    const auto [row, column] = grid.LastChange();
+    if (row >= 0 && widget->rowCount() == grid.Rows() && widget->columnCount() == grid.Columns()) {
+      show_cell(row, column);
+      return;
+    }
+    widget->setRowCount(grid.Rows());
+    widget->setColumnCount(grid.Columns());
+    for (int each_row = 0; each_row < grid.Rows(); ++each_row) {
+      for (int each_column = 0; each_column < grid.Columns(); ++each_column) {
+        show_cell(each_row, each_column);
+      }
+    }
+  });
+  QObject::connect(widget, &QTableWidget::cellClicked, widget, [this, &grid](int row, int column) {
+    Enter([&grid, row, column] { grid.UserClicks(row, column); });
+  });
+  return widget;
+}
+
+QWidget* ControlViews::MakeBar(ProgressBar& bar, QWidget* parent) {
+  auto* widget = new QProgressBar(parent);
+  widget->setRange(0, 100);
+  Follow(bar, widget, [&bar, widget] { widget->setValue(static_cast<int>(std::lround(bar.Value()))); });
+  return widget;
+}
+
+}  // namespace korva

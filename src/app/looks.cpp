@@ -1,0 +1,36 @@
+#include "app/looks.h"
+
+namespace korva {
+
+QPalette PaletteOf(Look look, const QPalette& system) {
+  QPalette palette = system;
+  const auto pair = [&](const QBrush& back, const QBrush& text) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+      palette.setBrush(group, QPalette::Base, back);
+      palette.setBrush(group, QPalette::Window, back);
+      palette.setBrush(group, QPalette::Button, back);
+      palette.setBrush(group, QPalette::Text, text);
+      palette.setBrush(group, QPalette::WindowText, text);
+      palette.setBrush(group, QPalette::ButtonText, text);
+    }
+  };
+  switch (look) {
+    case Look::Normal:
+      break;
+    case Look::Grey:
+      pair(system.window(), system.windowText());
+      break;
+    case Look::Bad:
+    case Look::Selected:
+      pair(system.brush(QPalette::Active, look == Look::Bad ? QPalette::Text : QPalette::Highlight),
+           system.brush(QPalette::Active, look == Look::Bad ? QPalette::Base : QPalette::HighlightedText));
+      break;
+    case Look::Highlight:
+      pair(system.brush(QPalette::Active, QPalette::ToolTipBase),
+           system.brush(QPalette::Active, QPalette::ToolTipText));
+      break;
+  }
+  return palette;
+}
+
+}  // namespace korva

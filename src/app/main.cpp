@@ -1,0 +1,32 @@
+// korva: the configurator in its window.
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include "app/text.h"
+#include "app/window_host.h"
+#include "platform/qt/program_folder.h"
+
+int main(int argc, char** argv) {
+  korva::QtEventLoop::ChooseDispatcher();
+  const QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("KORVA"));
+  QCommandLineParser arguments;
+  arguments.setApplicationDescription(
+      QStringLiteral("Configures industrial signal conditioners and transmitters over a serial port."));
+  arguments.addHelpOption();
+  const QCommandLineOption home(QStringLiteral("home"),
+                                QStringLiteral("The program's folder, in which system, data and ports lie "
+                                               "(default: the folder of the executable)."),
+                                QStringLiteral("DIR"));
+  arguments.addOption(home);
+  arguments.process(application);
+
+  korva::PrepareLook();
+  const std::filesystem::path folder = arguments.isSet(home)
+                                           ? std::filesystem::path(korva::FromQt(arguments.value(home)))
+                                           : korva::ProgramFolder();
+  korva::WindowHost host(folder);
+  host.Start();
+  return host.Run();
+}

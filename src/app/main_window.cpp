@@ -1,0 +1,54 @@
+#include "app/main_window.h"
+
+#include <QCloseEvent>
+
+#include "app/text.h"
+#include "core/text_utilities.h"
+
+namespace korva {
+
+MainWindow::MainWindow(Application& application)
+    : application_(application), pages_(new QStackedWidget(this)) {
+  setWindowTitle(QStringLiteral("KORVA"));
+  setCentralWidget(pages_);
+  application_.program.OnPageShown([this](Page& page) { ShowPage(page); });
+  application_.program.OnPageUnloaded([this](Page& page) { DropPage(page); });
+}
+
+PageView* MainWindow::Current() const { return static_cast<PageView*>(pages_->currentWidget()); }
+
+PageView* MainWindow::ViewOf(const Page& page) const {
+  for (int index = 0; index < pages_->count(); ++index) {
+    auto* view = static_cast<PageView*>(pages_->widget(index));
+    if (&view->Shown() == &page) {
+      return view;
+    }
+  }
+  return nullptr;
+}
+
+void MainWindow::ShowPage(Page& page) {
+  PageView* view = ViewOf(page);
+  if (view == nullptr) {
+    view = new PageView(page, application_.program.Loop().Gate(), pages_);
+    view->SetPortTips([this](int number) { return ToQt(application_.link.line.DeviceName(number)); });
+    pages_->addWidget(view);
+    page.lst_TypeSelect.Observe([this, &page] {
+      const QString model = ToQt(page.lst_TypeSelect.Text());
+      setWindowTitle(model.isEmpty() ? QStringLiteral("KORVA") : model + QStringLiteral(" - KORVA"));
+    });
+  }
+  pages_->setCurrentWidget(view);
+}
+
+void MainWindow::DropPage(Page& page) { delete ViewOf(page); }
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  EventGate& gate = application_.program.Loop().Gate();
+  if (!gate.Ended()) {
+    application_.program.PressClose();
+  }
+  event->setAccepted(gate.Ended());
+}
+
+}  // namespace korva

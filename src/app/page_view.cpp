@@ -1,0 +1,350 @@
+#include "app/page_view.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QTabBar>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "app/text.h"
+
+namespace korva {
+
+namespace {
+
+// Widths in digits of the font.
+constexpr int kModelList = 18;
+constexpr int kNumberColumn = 8;
+constexpr int kCaptionColumn = 18;
+constexpr int kField = 16;
+constexpr int kWideField = 26;
+constexpr int kMemo = 60;
+constexpr int kUnitColumn = 7;
+constexpr int kGridLines = 17;
+
+struct Shortcut {
+  std::string_view control;
+  const char* keys;
+};
+
+/// The captions are the system's own and have no underlined letters; the keys stand in the tooltips.
+constexpr std::array kShortcuts = {
+    Shortcut{"cmdUpload", "Ctrl+U"}, Shortcut{"cmdDownload", "Ctrl+D"}, Shortcut{"cmdCheck", "Ctrl+K"},
+    Shortcut{"cmdOpen", "Ctrl+O"},   Shortcut{"cmdSave", "Ctrl+S"},     Shortcut{"cmdNew", "Ctrl+N"},
+    Shortcut{"cmdExit", "Ctrl+Q"},
+};
+
+int Digits(const QWidget* widget, int count) {
+  return widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * count;
+}
+
+std::vector<std::string_view> Names(std::string_view names) {
+  std::vector<std::string_view> found;
+  while (!names.empty()) {
+    const std::size_t end = std::min(names.find(' '), names.size());
+    found.push_back(names.substr(0, end));
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return found;
+}
+
+/// Gives a field the size that its kind asks for; true when it is to fill the space that it gets.
+bool SizeField(QWidget* widget, const Control& control) {
+  if (auto* memo = qobject_cast<QPlainTextEdit*>(widget)) {
+    memo->setMinimumWidth(Digits(memo, kMemo));
+    memo->setMinimumHeight(memo->fontMetrics().lineSpacing() * 8);
+    return true;
+  }
+  if (auto* grid = qobject_cast<QTableWidget*>(widget)) {
+    grid->setMinimumHeight(grid->verticalHeader()->defaultSectionSize() * kGridLines);
+    grid->setMinimumWidth(Digits(grid, 2 * kWideField));
+    return true;
+  }
+  if (dynamic_cast<const ComboBox*>(&control) != nullptr) {
+    widget->setFixedWidth(Digits(widget, kWideField));
+  } else if (dynamic_cast<const TextField*>(&control) != nullptr) {
+    const bool value = control.Name() == "Text" || control.Name().starts_with("txtLnr");
+    widget->setFixedWidth(Digits(widget, value ? kField : kMemo));
+  }
+  return false;
+}
+
+}  // namespace
+
+PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
+    : QWidget(parent), page_(page), views_(gate) {
+  auto* right = new QVBoxLayout;
+  right->addWidget(MakeNotice());
+  right->addWidget(MakeTabs(), 1);
+  right->addWidget(MakeButtons());
+  auto* middle = new QHBoxLayout;
+  middle->addWidget(MakeModelList());
+  middle->addLayout(right, 1);
+  auto* all = new QVBoxLayout(this);
+  all->addLayout(middle, 1);
+  all->addWidget(MakeStatus());
+}
+
+QWidget* PageView::MakeModelList() {
+  auto* area = new QWidget(this);
+  auto* layout = new QVBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  QWidget* caption = views_.Make(page_.lbl_TypeSelect, area);
+  QWidget* list = views_.Make(page_.lst_TypeSelect, area);
+  list->setFixedWidth(Digits(list, kModelList));
+  layout->addWidget(caption);
+  layout->addWidget(list, 1);
+  return area;
+}
+
+QWidget* PageView::MakeNotice() {
+  QWidget* notice = views_.Make(page_.flaMsg_CannotEnd, this);
+  auto* layout = new QHBoxLayout(notice);
+  auto* icon = new QLabel(notice);
+  const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
+  layout->addWidget(icon);
+  layout->addWidget(views_.Make(page_.lblMsg_CannotEnd, notice), 1);
+  notice->setAutoFillBackground(true);
+  notice->setBackgroundRole(QPalette::ToolTipBase);
+  notice->setForegroundRole(QPalette::ToolTipText);
+  return notice;
+}
+
+QWidget* PageView::MakeTabs() {
+  tabs_ = new QTabWidget(this);
+  for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
+    tabs_->addTab(MakeTab(tab), QString());
+  }
+  FollowTabs();
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { page_.Tabs.SetCurrent(tab); });
+  for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
+    auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + tab)), this);
+    connect(shortcut, &QShortcut::activated, this, [this, tab] { ShowTab(tab); });
+  }
+  return tabs_;
+}
+
+void PageView::FollowTabs() {
+  Follow(page_.Tabs, tabs_, [this] {
+    // While all tabs are disabled the one in front stays in front.
+    const QSignalBlocker blocker(tabs_);
+    for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
+      tabs_->setTabText(tab, ToQt(page_.Tabs.TabCaption(tab)));
+      tabs_->setTabToolTip(tab, QStringLiteral("Alt+%1").arg(tab + 1));
+      tabs_->setTabEnabled(tab, page_.Tabs.TabEnabled(tab));
+    }
+    tabs_->setCurrentIndex(page_.Tabs.Current());
+  });
+}
+
+void PageView::ShowTab(int tab) {
+  if (page_.Tabs.TabEnabled(tab)) {
+    tabs_->setCurrentIndex(tab);
+  }
+}
+
+QWidget* PageView::MakeTab(int tab) {
+  auto* area = new QScrollArea(this);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  auto* content = new QWidget(area);
+  auto* columns = new QHBoxLayout(content);
+  std::array<QVBoxLayout*, 2> stacks = {new QVBoxLayout, new QVBoxLayout};
+  for (QVBoxLayout* stack : stacks) {
+    columns->addLayout(stack);
+  }
+  columns->addStretch(1);
+  const auto groups = page_.ItsDesign().groups;
+  for (std::size_t group = 0; group < groups.size(); ++group) {
+    if (groups[group].tab == tab) {
+      QGroupBox* box = MakeGroup(static_cast<int>(group), content);
+      const bool tall = box->findChild<QTableWidget*>() != nullptr;
+      stacks.at(static_cast<std::size_t>(groups[group].column))->addWidget(box, tall ? 1 : 0);
+    }
+  }
+  for (QVBoxLayout* stack : stacks) {
+    stack->addStretch(0);
+  }
+  area->setWidget(content);
+  return area;
+}
+
+QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
+  const DesignGroup& design = page_.ItsDesign().groups[static_cast<std::size_t>(group)];
+  auto* box = new QGroupBox(ToQt(CaptionText(design.heading)), parent);
+  box->setStyleSheet(QStringLiteral("QGroupBox { font-weight: bold; }"));
+  auto* layout = new QGridLayout(box);
+  layout->setColumnMinimumWidth(3, Digits(this, kUnitColumn));
+  layout->setColumnStretch(3, 1);
+  std::vector<Control*> controls;
+  for (const DesignRow& row : page_.ItsDesign().rows) {
+    if (row.group == group) {
+      AddRow(row, *layout, box, controls);
+    }
+  }
+  auto* frame =
+      design.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(design.frame));
+  if (frame != nullptr) {
+    frame->Observe([box, frame] { box->setTitle(ToQt(frame->Caption())); });
+  }
+  ShowWithAny(box, frame, controls);
+  return box;
+}
+
+void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
+                      std::vector<Control*>& controls) {
+  const int line = layout.rowCount();
+  const auto add_label = [&](CaptionedControl* control, int column, int width) {
+    if (control == nullptr) {
+      return;
+    }
+    QWidget* label = views_.CaptionView(*control, box);
+    label->setMinimumWidth(Digits(label, width));
+    if (column == 0) {
+      label->setForegroundRole(QPalette::PlaceholderText);
+    }
+    const bool many_lines = row.field == "txtMemo";
+    layout.addWidget(label, line, column, many_lines ? Qt::AlignTop : Qt::AlignVCenter);
+    controls.push_back(control);
+  };
+  const auto caption_of = [this](std::string_view name) {
+    return dynamic_cast<CaptionedControl*>(page_.FindControl(name));
+  };
+  auto* frame = dynamic_cast<Frame*>(page_.FindControl(row.field));
+  add_label(caption_of(row.item), 0, kNumberColumn);
+  add_label(caption_of(row.label), 1, kCaptionColumn);
+  add_label(frame, 1, kCaptionColumn);
+  add_label(caption_of(row.unit), 3, 0);
+
+  std::vector<Control*> fields;
+  for (const std::string_view name : Names(row.field)) {
+    fields.push_back(page_.FindControl(name));
+  }
+  controls.insert(controls.end(), fields.begin(), fields.end());
+  const bool alone = row.item.empty() && row.label.empty() && frame == nullptr;
+  QWidget* field = nullptr;
+  bool fills = false;
+  if (frame != nullptr) {
+    field = MakeOptions(*frame, box);
+  } else if (fields.size() == 1) {
+    field = views_.Make(*fields.front(), box);
+    fills = SizeField(field, *fields.front());
+  } else {
+    field = MakeRowOf(fields, box);
+  }
+  const Qt::Alignment alignment = fills ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+  // What has no unit may use its place, so that the units stand right behind their fields.
+  const int first = alone ? 0 : 2;
+  layout.addWidget(field, line, first, 1, (row.unit.empty() ? 4 : 3) - first, alignment);
+}
+
+QWidget* PageView::MakeRowOf(const std::vector<Control*>& controls, QWidget* parent) {
+  auto* area = new QWidget(parent);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (Control* control : controls) {
+    QWidget* widget = views_.Make(*control, area);
+    SizeField(widget, *control);
+    layout->addWidget(widget);
+  }
+  ShowWithAny(area, nullptr, controls);
+  return area;
+}
+
+QWidget* PageView::MakeOptions(Frame& frame, QWidget* parent) {
+  QWidget* area = views_.Make(frame, parent);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (const DesignOptions& options : page_.ItsDesign().options) {
+    OptionGroup* group = page_.FindOptions(options.options);
+    if (group == nullptr || options.frame != frame.FullName()) {
+      continue;
+    }
+    for (int place = 0; place < group->Count(); ++place) {
+      layout->addWidget(views_.Make((*group)[place], area));
+    }
+  }
+  layout->addStretch(1);
+  return area;
+}
+
+void PageView::ShowWithAny(QWidget* box, Control* frame, const std::vector<Control*>& controls) {
+  const auto update = [box, frame, controls] {
+    const bool any = std::any_of(controls.begin(), controls.end(),
+                                 [](const Control* control) { return control->Visible(); });
+    box->setVisible(any && (frame == nullptr || frame->Visible()));
+  };
+  update();
+  for (Control* control : controls) {
+    control->Observe(update);
+  }
+  if (frame != nullptr) {
+    frame->Observe(update);
+  }
+}
+
+QWidget* PageView::MakeButtons() {
+  auto* area = new QWidget(this);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  const auto add = [&](Button& button) {
+    QWidget* widget = views_.Make(button, area);
+    widget->setMinimumHeight(widget->fontMetrics().lineSpacing() * 2);
+    for (const Shortcut& shortcut : kShortcuts) {
+      if (shortcut.control == button.Name()) {
+        const QKeySequence keys(QLatin1String(shortcut.keys));
+        widget->setToolTip(keys.toString(QKeySequence::NativeText));
+        auto* pressed = new QShortcut(keys, this);
+        connect(pressed, &QShortcut::activated, static_cast<QPushButton*>(widget), &QPushButton::click);
+      }
+    }
+    layout->addWidget(widget);
+  };
+  add(page_.cmdUpload);
+  add(page_.cmdDownload);
+  add(page_.cmdCheck);
+  layout->addSpacing(Digits(this, 2));
+  add(page_.cmdOpen);
+  add(page_.cmdSave);
+  add(page_.cmdNew);
+  layout->addStretch(1);
+  add(page_.cmdExit);
+  return area;
+}
+
+QWidget* PageView::MakeStatus() {
+  auto* area = new QWidget(this);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(views_.Make(page_.TransferBar, area), 2);
+  layout->addWidget(views_.Make(page_.LnrProgressBar, area), 1);
+  layout->addWidget(views_.Make(page_.lbl_Waitfor, area));
+  layout->addStretch(1);
+  layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
+  return area;
+}
+
+void PageView::SetPortTips(const std::function<QString(int)>& device_name) {
+  for (int place = 0; place < page_.OptCom.Count(); ++place) {
+    const QString name = QString::fromStdString(page_.OptCom[place].FullName());
+    if (auto* widget = findChild<QWidget*>(name)) {
+      widget->setToolTip(device_name(place + 1));
+    }
+  }
+}
+
+}  // namespace korva

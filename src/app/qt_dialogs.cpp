@@ -1,0 +1,125 @@
+#include "app/qt_dialogs.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <map>
+
+#include "app/text.h"
+
+namespace korva {
+
+namespace {
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Warning:
+      return QMessageBox::Warning;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::Plain:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+struct ButtonForm {
+  QMessageBox::ButtonRole role;
+  QString text;
+};
+
+ButtonForm FormOf(Answer answer) {
+  switch (answer) {
+    case Answer::Cancel:
+      return {QMessageBox::RejectRole, QStringLiteral("キャンセル")};
+    case Answer::Yes:
+      return {QMessageBox::YesRole, QStringLiteral("はい(&Y)")};
+    case Answer::No:
+      return {QMessageBox::NoRole, QStringLiteral("いいえ(&N)")};
+    case Answer::Ok:
+      break;
+  }
+  return {QMessageBox::AcceptRole, QStringLiteral("OK")};
+}
+
+/// What closing the box without a button means: cancel, else no, else the only button.
+Answer ClosingAnswer(const Box& box) {
+  for (const Answer answer : {Answer::Cancel, Answer::No}) {
+    if (std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end()) {
+      return answer;
+    }
+  }
+  return box.buttons.front();
+}
+
+/// "text|pattern|text|pattern|" as the list that Qt takes; a pattern that the text already shows stays there.
+QStringList NameFilters(const String& filter) {
+  const QStringList parts = ToQt(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList names;
+  for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
+    const QString description = parts[part].section(QLatin1String(" ("), 0, 0);
+    const QString pattern = parts[part + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[part + 1];
+    names += description + QLatin1String(" (") + pattern + QLatin1Char(')');
+  }
+  return names;
+}
+
+}  // namespace
+
+Answer QtDialogs::ShowBox(const Box& box) {
+  QMessageBox message(parent_);
+  message.setIcon(IconOf(box.icon));
+  message.setWindowTitle(ToQt(box.title));
+  message.setText(ToQt(box.text).remove(QLatin1Char('\r')));
+  message.setTextFormat(Qt::PlainText);
+  std::map<QAbstractButton*, Answer> answers;
+  for (const Answer answer : box.buttons) {
+    const ButtonForm form = FormOf(answer);
+    QPushButton* button = message.addButton(form.text, form.role);
+    answers[button] = answer;
+    if (answer == box.preset) {
+      message.setDefaultButton(button);
+    }
+    if (answer == ClosingAnswer(box)) {
+      message.setEscapeButton(button);
+    }
+  }
+  message.exec();
+  gate_.RaiseIfEnded();
+  const auto pressed = answers.find(message.clickedButton());
+  return pressed == answers.end() ? ClosingAnswer(box) : pressed->second;
+}
+
+std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {
+  QFileDialog chooser(parent_);
+  chooser.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  chooser.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  const QStringList filters = NameFilters(dialog.filter);
+  chooser.setNameFilters(filters);
+  if (dialog.filter_index >= 1 && dialog.filter_index <= filters.size()) {
+    chooser.selectNameFilter(filters[dialog.filter_index - 1]);
+  }
+  if (dialog.save) {
+    // "text (*.cfg)": the suffix that a name without one gets.
+    chooser.setDefaultSuffix(filters.value(0).section(QLatin1String("*."), 1).chopped(1));
+  }
+  if (!dialog.start_folder.empty()) {
+    chooser.setDirectory(ToQt(dialog.start_folder));
+  }
+  const bool chosen = chooser.exec() == QDialog::Accepted;
+  gate_.RaiseIfEnded();
+  if (!chosen || chooser.selectedFiles().isEmpty()) {
+    return std::nullopt;
+  }
+  return FromQt(QDir::toNativeSeparators(chooser.selectedFiles().constFirst()));
+}
+
+void QtDialogs::ShowFailure(const String& text) {
+  QMessageBox message(QMessageBox::Critical, QStringLiteral("KORVA"), ToQt(text).remove(QLatin1Char('\r')),
+                      QMessageBox::NoButton, parent_);
+  message.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
+  message.setTextFormat(Qt::PlainText);
+  message.exec();
+}
+
+}  // namespace korva

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <filesystem>
+
+#include "app/main_window.h"
+#include "app/qt_dialogs.h"
+#include "pages/application.h"
+#include "platform/native/native_code_page.h"
+#include "platform/native/native_file_store.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_port.h"
+
+namespace korva {
+
+/// Chooses the look that suits Japanese text: the fonts and the style. Call once, after the application
+/// object is made.
+void PrepareLook();
+
+/// The program with its window, on the Qt host. The application object must exist.
+class WindowHost {
+ public:
+  /// `folder` is the program's folder; `dialogs` take the place of boxes and dialogs on the screen.
+  explicit WindowHost(const std::filesystem::path& folder, Dialogs* dialogs = nullptr);
+
+  /// Starts the program and shows its window. False when that ended the program.
+  bool Start();
+  /// Runs until the program has ended; the process's exit status.
+  int Run() { return loop_.Run(); }
+
+  [[nodiscard]] MainWindow& Window() { return window_; }
+  [[nodiscard]] Program& Running() { return application_.program; }
+
+ private:
+  QtEventLoop loop_;
+  QtPort port_;
+  QtDialogs dialogs_;
+  NativeFileStore files_;
+  NativeCodePage code_page_;
+  Application application_;
+  MainWindow window_;
+};
+
+}  // namespace korva

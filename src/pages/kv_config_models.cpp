@@ -1,0 +1,156 @@
+#include "pages/kv_config_models.h"
+
+#include <array>
+
+namespace korva {
+
+namespace {
+
+constexpr std::array kModels = {
+    ModelTraits{.def_file = u"QHNY1.def",
+                .table_points = 100,
+                .table_on_choice = TableSwitch::LnrOption,
+                .table_after_upload = TableSwitch::LnrOption,
+                .lists_fixed_input_type = true,
+                .filter_follows_type = true,
+                .range_follows_type = true,
+                .range_code = RangeCode::FirstColumn},
+    ModelTraits{.def_file = u"QHNY2.def",
+                .table_points = 100,
+                .table_on_choice = TableSwitch::LnrOption,
+                .table_after_upload = TableSwitch::LnrOption,
+                .lists_fixed_input_type = true,
+                .filter_follows_type = true,
+                .range_follows_type = true,
+                .range_code = RangeCode::FirstColumn},
+    ModelTraits{.def_file = u"QHW1.def",
+                .table_points = 100,
+                .table_on_choice = TableSwitch::LnrOption,
+                .table_after_upload = TableSwitch::LnrOption,
+                .lists_fixed_input_type = true,
+                .range_code = RangeCode::FirstColumn},
+    ModelTraits{
+        .def_file = u"QHN", .beginning = true, .filter_follows_type = true, .range_follows_type = true},
+    ModelTraits{.def_file = u"QHW.def",
+                .table_on_choice = TableSwitch::Always,
+                .table_after_upload = TableSwitch::Always,
+                .range_follows_type = true},
+    ModelTraits{.def_file = u"QL.def", .range_follows_type = true},
+    ModelTraits{.def_file = u"QC.def",
+                .whole_number_limits = true,
+                .drops_trailing_point = true,
+                .resets_range_on_type = true},
+    ModelTraits{.def_file = u"QN.def",
+                .whole_number_limits = true,
+                .drops_trailing_point = true,
+                .resets_range_on_type = true},
+    ModelTraits{.def_file = u"QUO.def",
+                .table_on_choice = TableSwitch::InputType,
+                .table_after_upload = TableSwitch::InputType,
+                .table_without_flag = TableSwitch::InputType,
+                .whole_number_limits = true,
+                .drops_trailing_point = true,
+                .spells_by_version = true,
+                .resets_range_on_type = true},
+    ModelTraits{.def_file = u"QH.def", .range_options_are_root = true, .range_code = RangeCode::FirstColumn},
+    ModelTraits{.def_file = u"QHG.def", .range_options_are_root = true, .range_code = RangeCode::FirstColumn},
+    ModelTraits{.def_file = u"QD.def", .has_monitor = false, .has_backup_items = true},
+    ModelTraits{.def_file = u"QD2.def", .has_monitor = false, .has_backup_items = true},
+    ModelTraits{.def_file = u"QD2I.def", .has_monitor = false, .has_backup_items = true},
+    ModelTraits{.def_file = u"QY.def",
+                .table_after_upload = TableSwitch::TableOption,
+                .table_without_flag = TableSwitch::TableOption},
+    ModelTraits{.def_file = u"QEI.def",
+                .table_after_upload = TableSwitch::TableOption,
+                .table_without_flag = TableSwitch::TableOption,
+                .range_code = RangeCode::SensorTable},
+    ModelTraits{.def_file = u"QZ.def", .table_after_upload = TableSwitch::TableOption},
+    ModelTraits{.def_file = u"10QCE.def", .table_after_upload = TableSwitch::TableOption},
+};
+
+/// Filter items. A model without a row for an item has no check of it.
+constexpr std::array kFilterRanges = {
+    ItemRange{.item = 24, .low = 0.1, .high = 100},
+    ItemRange{.item = 25, .low = 1, .high = 8, .def_file = u"QHN1.def"},
+    ItemRange{.item = 25, .low = 1, .high = 8, .def_file = u"QHN2.def"},
+    ItemRange{.item = 25, .low = 2, .high = 8, .def_file = u"QHN6.def"},
+    ItemRange{.item = 25, .low = 1, .high = 100, .def_file = u"QHNY1.def"},
+    ItemRange{.item = 25, .low = 1, .high = 100, .def_file = u"QHNY2.def"},
+    ItemRange{.item = 26, .low = 0, .high = 100, .def_file = u"QHN2.def"},
+    ItemRange{.item = 26, .low = 0, .high = 100, .def_file = u"QHN3.def"},
+    ItemRange{.item = 26, .low = 0, .high = 100, .def_file = u"QHN4.def"},
+    ItemRange{.item = 26, .low = 0.1, .high = 100, .def_file = u"QHNY2.def"},
+    ItemRange{.item = 27, .low = 0, .high = 200},
+    ItemRange{.item = 28, .low = 0, .high = 200},
+    ItemRange{.item = 29, .low = 0, .high = 7},
+    ItemRange{.item = 30, .low = 0, .high = 7},
+};
+
+/// Delays, alarm points and hysteresis of the models with a backup.
+constexpr std::array kQdRanges = {
+    ItemRange{.item = 22, .low = 0, .high = 200},   ItemRange{.item = 24, .low = 0, .high = 200},
+    ItemRange{.item = 26, .low = -25, .high = 125}, ItemRange{.item = 27, .low = -25, .high = 125},
+    ItemRange{.item = 28, .low = 0, .high = 10},    ItemRange{.item = 29, .low = -25, .high = 125},
+    ItemRange{.item = 30, .low = -25, .high = 125},
+};
+
+constexpr std::array kQhRanges = {
+    ItemRange{.item = 21, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 22, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 23, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 24, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 25, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 26, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 27, .low = -25, .high = 125},
+    ItemRange{.item = 28, .low = -25, .high = 125},
+    ItemRange{.item = 29, .low = -25, .high = 125},
+    ItemRange{.item = 30, .low = -25, .high = 125},
+};
+
+constexpr std::array kQhgRanges = {
+    ItemRange{.item = 21, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 22, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 23, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 24, .low = -29.999, .high = 29.999},
+    ItemRange{.item = 25, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 26, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 27, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 28, .low = -299.99, .high = 299.99},
+    ItemRange{.item = 29, .low = -25, .high = 125},
+    ItemRange{.item = 30, .low = -25, .high = 125},
+    ItemRange{.item = 31, .low = -25, .high = 125},
+    ItemRange{.item = 32, .low = -25, .high = 125},
+    ItemRange{.item = 33, .low = -25, .high = 125},
+    ItemRange{.item = 34, .low = -25, .high = 125},
+};
+
+/// Limits of the code item by the sensor of item 11.
+constexpr std::array kQeiCodes = {
+    CodeRange{.code = u"1", .low = 1, .high = 255}, CodeRange{.code = u"0", .low = 1, .high = 255},
+    CodeRange{.code = u"2", .low = 1, .high = 255}, CodeRange{.code = u"3", .low = 1, .high = 255},
+    CodeRange{.code = u"4", .low = 1, .high = 255}, CodeRange{.code = u"5", .low = 1, .high = 25},
+    CodeRange{.code = u"6", .low = 1, .high = 2},
+};
+
+constexpr SensorCheck kQeiSensor = {.table = u"$I11QEI", .code_ranges = kQeiCodes};
+
+constexpr std::array kChecks = {
+    KvConfigCheck{.def_file = u"QHN",
+                  .beginning = true,
+                  .ranges = kFilterRanges,
+                  .condition = RangeCondition::OpenInOrder},
+    KvConfigCheck{.def_file = u"QD.def", .ranges = kQdRanges},
+    KvConfigCheck{.def_file = u"QD2.def", .ranges = kQdRanges},
+    KvConfigCheck{.def_file = u"QD2I.def", .ranges = kQdRanges},
+    KvConfigCheck{.def_file = u"QH.def", .ranges = kQhRanges, .condition = RangeCondition::NoneLocked},
+    KvConfigCheck{.def_file = u"QHG.def", .ranges = kQhgRanges, .condition = RangeCondition::NoneLocked},
+    KvConfigCheck{.def_file = u"QEI.def", .sensor = &kQeiSensor},
+};
+
+}  // namespace
+
+std::span<const ModelTraits> KvConfigModels() { return kModels; }
+
+std::span<const KvConfigCheck> KvConfigChecks() { return kChecks; }
+
+}  // namespace korva
