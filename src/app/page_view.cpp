@@ -199,7 +199,7 @@ QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
   auto* frame =
       design.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(design.frame));
   if (frame != nullptr) {
-    frame->Observe([box, frame] { box->setTitle(ToQt(frame->Caption())); });
+    Follow(*frame, box, [box, frame] { box->setTitle(ToQt(frame->Caption())); });
   }
   ShowWithAny(box, frame, controls);
   return box;
