@@ -162,6 +162,11 @@ TEST_F(CatalogueTest, FindsAModelByItsDefinitionFileInTheRows1To68) {
   EXPECT_EQ(FindModelByDefFile(models, u"M68.def"), 68);
 }
 
+TEST_F(CatalogueTest, PassesRow0OverForALaterRowOfTheSameDefinitionFile) {
+  const ModelTable& models = Read("$Type\r\nA,1.def,First\r\nB,2.def,First\r\nC,1.def,First\r\n$End\r\n");
+  EXPECT_EQ(FindModelByDefFile(models, u"1.def"), 2);
+}
+
 TEST_F(CatalogueTest, TakesTheModelOfRow0ForNone) {
   const ModelTable& models = Read("$Type\r\n" + Rows(69));
   EXPECT_EQ(FindModelByDefFile(models, u"M0.def"), 0);

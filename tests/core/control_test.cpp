@@ -215,6 +215,13 @@ TEST_F(OptionGroupTest, RaisesNothingForAButtonThatIsOnAlready) {
   EXPECT_EQ(clicks_, std::vector<int>{1});
 }
 
+TEST_F(OptionGroupTest, RaisesAClickForAButtonThatIsOnAlreadyWhereThatCounts) {
+  group_.RaisesWhenOn = true;
+  group_[1].Click();
+  group_[1].Click();
+  EXPECT_EQ(clicks_, (std::vector<int>{1, 1}));
+}
+
 TEST_F(OptionGroupTest, RaisesNothingWhenButtonsGoOff) {
   group_[1].Click();
   group_[1].SetValue(false);
@@ -273,6 +280,13 @@ TEST_F(ListBoxTest, RaisesAClickWheneverItsPositionIsSetEvenToThePresentOne) {
   list_.UserPicks(0);
   list_.UserPicks(1);
   EXPECT_EQ(clicks_, 3);
+}
+
+TEST_F(ListBoxTest, MovesItsMarkBackWithoutAClick) {
+  list_.SetListIndex(1);
+  list_.ShowListIndex(0);
+  EXPECT_EQ(list_.ListIndex(), 0);
+  EXPECT_EQ(clicks_, 1);
 }
 
 TEST_F(ListBoxTest, ShowsTheChosenEntry) {
