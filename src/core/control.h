@@ -350,6 +350,8 @@ class ProgressBar : public Control {
 class Timer : public Control {
  public:
   Timer(std::string_view name, EventLoop& loop, Milliseconds interval);
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
   ~Timer() override;
   std::function<void()> OnTick;
   [[nodiscard]] Milliseconds Interval() const { return interval_; }
