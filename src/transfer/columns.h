@@ -11,6 +11,7 @@ inline constexpr int kTypeHigh = 3;      ///< highest end of the span
 inline constexpr int kTypeSpan = 4;      ///< smallest span
 inline constexpr int kTypeSettable = 6;  ///< Y: can be set from here; N: can't
 inline constexpr int kTypeTitle = 7;     ///< title of the ranges under this type
+inline constexpr int kTypeUnit = 8;      ///< of zero and span
 
 // $I11Body: the texts of titles 1 to 3 stand in columns 1 to 3, their limits in pairs from column 4 on.
 inline constexpr int kRangeTitles = 3;

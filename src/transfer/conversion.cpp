@@ -92,7 +92,7 @@ double WholeUp(double value) { return std::ceil(value - kComputingError); }
 
 double WholeDown(double value) { return std::floor(value + kComputingError); }
 
-bool AtLeast(double difference, double limit) { return difference >= limit - kComputingError; }
+bool AtLeast(double value, double limit) { return value >= limit - kComputingError; }
 
 const SensorTexts& ShortSensorTexts() { return kShortTexts; }
 

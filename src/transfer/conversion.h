@@ -30,9 +30,9 @@ double SpanInUnit(double span, StringView unit);
 double WholeUp(double value);
 double WholeDown(double value);
 
-/// True when `difference` is at least `limit`, both meant as the decimal numbers that a user reads: 0.3 - 0.2
-/// is at least 0.1.
-bool AtLeast(double difference, double limit);
+/// True when `value` is at least `limit`, both meant as the decimal numbers that a user reads: 0.3 - 0.2 is
+/// at least 0.1.
+bool AtLeast(double value, double limit);
 
 /// How a device spells its input types, in the order of the definition's list.
 inline constexpr int kSensorTexts = 17;

@@ -78,7 +78,7 @@ void TransferPage::CollateSpelling() {
       &device_texts == &ShortSensorTexts() ? LongSensorTexts() : ShortSensorTexts();
   const String chosen = Trimmed(Item(kTypeItem));
   for (const SensorTexts* texts : {&other_texts, &device_texts}) {
-    const auto found = std::find(texts->begin(), texts->end(), chosen);
+    const auto* const found = std::find(texts->begin(), texts->end(), chosen);
     if (found != texts->end()) {
       SetItem(kTypeItem, String(device_texts[static_cast<std::size_t>(found - texts->begin())]));
       break;
@@ -185,7 +185,7 @@ bool TransferPage::WriteVerifyList(WriteList& list) {
     if (!entry.data.empty() && entry.data != kNeedless && !WriteVerified(entry)) {
       return false;
     }
-    TransferBar.SetValue(static_cast<float>(position) / (kWritePositions - 1) * 70 + 20);
+    TransferBar.SetValue(static_cast<float>(position * 70.0 / (kWritePositions - 1) + 20));
   }
   return true;
 }

@@ -67,7 +67,7 @@ String TransferPage::WithinLimits(double value, const String& item, int type, co
     const double own = LeadingNumber(types.At(type, column));
     return unit == kDegC ? own : LeadingNumber(FormatMask(LimitInUnit(own, unit), u"#0"));
   };
-  const String rounded = FormatMask(value, u"#0");
+  String rounded = FormatMask(value, u"#0");
   const double number = LeadingNumber(rounded);
   // A value that rounding would carry over its limit goes to the whole number within it.
   if (item == u"14" && limit(kTypeLow) == number) {

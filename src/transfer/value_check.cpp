@@ -15,6 +15,10 @@ namespace {
 constexpr std::size_t kTagLength = 10;
 constexpr unsigned kHighestTagCode = 225;
 constexpr double kScaleLimit = 299.99;
+// Inputs in mV or V, without a range of their own.
+constexpr double kInputLimit = 10;
+constexpr double kSmallestSpan = 0.003;
+constexpr double kLargestSpan = 20;
 
 bool Serves(const ItemRange& range, StringView def_file) {
   return range.def_file.empty() || range.def_file == def_file;
@@ -62,9 +66,9 @@ bool TransferPage::CheckBlankFields() {
 }
 
 std::span<const StringView> TransferPage::LiveItems() const {
-  static constexpr std::array<StringView, 7> kItems = {u"03_set", u"03_mon", u"04", u"05",
-                                                       u"06",     u"07",     u"08"};
-  return kItems;
+  static constexpr std::array<StringView, 7> items = {u"03_set", u"03_mon", u"04", u"05",
+                                                      u"06",     u"07",     u"08"};
+  return items;
 }
 
 bool TransferPage::IsLiveField(int index) const {
@@ -112,7 +116,9 @@ bool TransferPage::CheckTag() {
 
 TransferPage::Limits TransferPage::LimitsOfType(int type) const {
   const StringTable& types = Def[u"$I10"];
-  const String unit = UnitOf(kZeroItem);
+  const String& own_unit = types.At(type, kTypeUnit);
+  const bool temperature = own_unit.empty() || IsTemperatureUnit(own_unit);
+  const String unit = temperature ? UnitOf(kZeroItem) : own_unit;
   Limits limits = {.low = LimitInUnit(LeadingNumber(types.At(type, kTypeLow)), unit),
                    .high = LimitInUnit(LeadingNumber(types.At(type, kTypeHigh)), unit),
                    .span = SpanInUnit(LeadingNumber(types.At(type, kTypeSpan)), unit)};
@@ -160,11 +166,8 @@ bool TransferPage::CheckZeroSpan() {
 }
 
 bool TransferPage::IsGoodWithoutRange(double zero, double span_end) {
-  constexpr double kLimit = 10;
-  constexpr double kSmallestSpan = 0.003;
-  constexpr double kLargestSpan = 20;
   const double span = span_end - zero;
-  return IsBetween(kLimit, -kLimit, zero) && IsBetween(kLimit, -kLimit, span_end) &&
+  return IsBetween(kInputLimit, -kInputLimit, zero) && IsBetween(kInputLimit, -kInputLimit, span_end) &&
          AtLeast(span, kSmallestSpan) && AtLeast(kLargestSpan, span) && AtLeast(3 * span, zero);
 }
 

@@ -29,8 +29,8 @@ bool ReplyProves(const WriteEntry& entry, const String& reply) {
   }
   if (entry.prefix == u"FINZER" || entry.prefix == u"FINSPN") {
     const double reported = LeadingNumber(WithoutPrefix(reply, entry.prefix));
-    const double difference = LeadingNumber(entry.source) - reported;
-    return AtLeast(kFineTolerance, difference) && AtLeast(difference, -kFineTolerance);
+    const double sent = LeadingNumber(entry.source);
+    return AtLeast(sent, reported - kFineTolerance) && AtLeast(reported + kFineTolerance, sent);
   }
   return !reply.empty();
 }
