@@ -1,0 +1,188 @@
+#include "page_bench.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <stdexcept>
+
+#include "core/text_utilities.h"
+
+namespace korva::test {
+
+namespace {
+
+const std::filesystem::path kSources = KORVA_SYSTEM_SOURCES;
+
+/// Texts of the system folder by their paths in the program's folder.
+const std::map<String, String>& SystemTexts() {
+  static const std::map<String, String> texts = [] {
+    std::map<String, String> found;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(kSources)) {
+      if (const auto kind = entry.path().extension(); kind == ".def" || kind == ".jpn") {
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        const std::string path = std::filesystem::relative(entry.path(), kSources).generic_string();
+        found[u"/korva/system/" + FromUtf8(path)] = FromUtf8(bytes);
+      }
+    }
+    return found;
+  }();
+  return texts;
+}
+
+}  // namespace
+
+PageFolder::PageFolder() {
+  for (const auto& [path, text] : SystemTexts()) {
+    PutText(path, text);
+  }
+}
+
+void PageFolder::PutText(const String& path, StringView text) {
+  String lines;
+  for (const char16_t character : text) {
+    lines.append(character == u'\n' ? u"\r\n" : String(1, character));
+  }
+  files.Put(path, code_page.Encode(lines).value());
+}
+
+String PageFolder::TextOf(const String& path) const { return code_page.Decode(files.Bytes(path).value()); }
+
+std::vector<String> FirstModels() {
+  static const std::vector<String> models = [] {
+    PageFolder folder;
+    SharedState shared;
+    LineReader lines(folder.files, folder.code_page, shared);
+    ModelTable table;
+    ReadModelCatalogue(lines, u"/korva/system/MdlVTRMFx.jpn", table);
+    std::vector<String> names;
+    for (int row = 0; row < ModelTable::kRows; ++row) {
+      const String& name = table.At(row, ModelTable::kName);
+      if (FamilyOfRow(table, row) == u"First" && std::find(names.begin(), names.end(), name) == names.end()) {
+        names.push_back(name);
+      }
+    }
+    return names;
+  }();
+  return models;
+}
+
+String DefPath(const String& model) { return u"/korva/system/Kv_1/" + model + u".def"; }
+
+PageBench::PageBench() {
+  port.Connect(1);
+  app.program.OnEnded([this](int exit_status) { status = exit_status; });
+}
+
+sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& options) {
+  const std::string name = ToUtf8(model);
+  device_.emplace(sim::Model{.name = name, .definition_file = name + ".def", .family_word = "First"},
+                  sim::Definition::Parse(files.Bytes(DefPath(model)).value()), options);
+  line_.emplace(port, *device_);
+  port.Connect(1, &*line_);
+  return *device_;
+}
+
+void PageBench::Start() { app.program.Start(); }
+
+KvConfig& PageBench::Page() {
+  if (app.program.Showing() == nullptr) {
+    Start();
+  }
+  return dynamic_cast<KvConfig&>(*app.program.Showing());
+}
+
+void PageBench::Demand(const Control& control) {
+  if (const std::string_view reason = Page().WhyRefused(control); !reason.empty()) {
+    throw std::logic_error(control.FullName() + ": " + std::string(reason));
+  }
+}
+
+void PageBench::Choose(const String& model) {
+  ListBox& list = Page().lst_TypeSelect;
+  Demand(list);
+  const auto found = std::find(list.Entries().begin(), list.Entries().end(), model);
+  if (found == list.Entries().end()) {
+    throw std::logic_error("no model " + ToUtf8(model));
+  }
+  const auto row = static_cast<int>(found - list.Entries().begin());
+  Do([&] { list.UserPicks(row); });
+}
+
+void PageBench::Click(Button& button) {
+  Demand(button);
+  Do([&] { button.Click(); });
+}
+
+void PageBench::Press(OptionGroup& options, int place) {
+  Demand(options[place]);
+  Do([&] { options[place].Click(); });
+}
+
+void PageBench::Pick(ComboBox& box, const String& entry) {
+  Demand(box);
+  const auto found = std::find(box.Entries().begin(), box.Entries().end(), entry);
+  if (found == box.Entries().end()) {
+    throw std::logic_error(box.FullName() + " does not list " + ToUtf8(entry));
+  }
+  Do([&] { box.UserPicks(static_cast<int>(found - box.Entries().begin())); });
+}
+
+void PageBench::Type(TextField& field, const String& text) {
+  Demand(field);
+  Do([&] { field.UserTypes(text); });
+}
+
+void PageBench::Type(const String& item, const String& text) { Type(Field(item), text); }
+
+void PageBench::Upload() {
+  dialogs.QueueAnswer(Answer::Yes);
+  dialogs.QueueAnswer(Answer::Ok);
+  Click(Page().cmdUpload);
+}
+
+void PageBench::Download() {
+  dialogs.QueueAnswer(Answer::Ok);
+  Click(Page().cmdDownload);
+}
+
+void PageBench::Save(const String& path) {
+  dialogs.QueueFile(path);
+  Click(Page().cmdSave);
+}
+
+void PageBench::Open(const String& path) {
+  dialogs.QueueFile(path);
+  Click(Page().cmdOpen);
+}
+
+TextField& PageBench::Field(const String& item) {
+  TextField* field = Page().FindField(item);
+  if (field == nullptr) {
+    throw std::logic_error("no field of item " + ToUtf8(item));
+  }
+  return *field;
+}
+
+String PageBench::UnitOf(const String& item) {
+  const int row = Page().FindDataRow(u"01", item);
+  return Page().lbl_unit[std::stoi(ToUtf8(Page().DataCell(row, kUnitLabel)))].Caption();
+}
+
+std::vector<std::string> PageBench::TakeBoxes() {
+  std::vector<std::string> texts;
+  for (; boxes_taken_ < dialogs.Boxes().size(); ++boxes_taken_) {
+    const Box& box = dialogs.Boxes()[boxes_taken_].box;
+    texts.push_back(ToUtf8(box.title + u": " + box.text));
+  }
+  return texts;
+}
+
+std::string Shown(BoxKey key) {
+  const Box box = BoxOf(key);
+  return ToUtf8(box.title + u": " + box.text);
+}
+
+}  // namespace korva::test
