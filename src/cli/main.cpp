@@ -1,0 +1,102 @@
+// korva-cli: the pages without a window, driven by a script of user actions.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <iostream>
+#include <span>
+#include <string>
+#include <system_error>
+
+#include "cli/arguments.h"
+#include "cli/script_dialogs.h"
+#include "cli/script_input.h"
+#include "cli/script_runner.h"
+#include "cli/transcript.h"
+#include "pages/application.h"
+#include "platform/native/native_code_page.h"
+#include "platform/native/native_file_store.h"
+#include "platform/qt/program_folder.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_port.h"
+
+namespace korva::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kBadArguments = 2;
+constexpr int kNoSuchHome = 3;
+
+/// The script's descriptor; -1 when it can't be opened, and errno then tells why.
+int OpenScript(const Arguments& arguments) {
+  if (arguments.script) {
+    return ::open(arguments.script->c_str(), O_RDONLY | O_CLOEXEC);
+  }
+  return ::fcntl(STDIN_FILENO, F_GETFD) < 0 ? -1 : STDIN_FILENO;
+}
+
+int RunScript(int script, const Arguments& arguments, const fs::path& home, Transcript& transcript) {
+  QtEventLoop loop;
+  QtPort port(loop.Gate(), home);
+  ScriptDialogs dialogs(transcript);
+  NativeFileStore files;
+  NativeCodePage code_page;
+  const Platform platform{
+      .loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
+  Application application(platform, home.u16string());
+  ScriptRunner runner(application.program, application.link.line, dialogs, transcript,
+                      {.traffic = arguments.line, .keep_going = arguments.keep_going});
+  ScriptInput input(loop, script);
+  while (!runner.Over()) {
+    const std::optional<std::string> line = input.NextLine();
+    if (!line) {
+      break;
+    }
+    runner.Carry(*line);
+  }
+  if (!input.Problem().empty()) {
+    transcript.Complain("can't read the script: " + input.Problem());
+    return kBadArguments;
+  }
+  return runner.Status();
+}
+
+int Main(int argc, char** argv) {
+  Transcript transcript(std::cout, std::cerr);
+  std::string problem;
+  const std::span<const char* const> words(argv + std::min(argc, 1), argv + argc);
+  const std::optional<Arguments> arguments = ParseArguments(words, problem);
+  if (!arguments) {
+    transcript.Complain(problem + "; --help tells the choices");
+    return kBadArguments;
+  }
+  if (arguments->help) {
+    std::cout << HelpText();
+    return 0;
+  }
+  // Before anything else is opened: a closed standard input's number would be given to another file.
+  const int script = OpenScript(*arguments);
+  if (script < 0) {
+    transcript.Complain("can't read the script " + arguments->script.value_or("-") + ": " +
+                        std::generic_category().message(errno));
+    return kBadArguments;
+  }
+  QtEventLoop::ChooseDispatcher();
+  const QCoreApplication application(argc, argv);
+  const fs::path home = arguments->home ? fs::path(*arguments->home) : ProgramFolder();
+  std::error_code error;
+  if (!fs::is_directory(home, error)) {
+    transcript.Complain("--home: there is no folder " + home.string());
+    return kNoSuchHome;
+  }
+  return RunScript(script, *arguments, fs::absolute(home, error).lexically_normal(), transcript);
+}
+
+}  // namespace
+}  // namespace korva::cli
+
+int main(int argc, char** argv) { return korva::cli::Main(argc, argv); }

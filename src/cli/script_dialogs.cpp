@@ -1,0 +1,80 @@
+#include "cli/script_dialogs.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace korva::cli {
+
+namespace {
+
+std::string_view WordOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Warning:
+      return "warning";
+    case BoxIcon::Question:
+      return "question";
+    case BoxIcon::Plain:
+      break;
+  }
+  return "plain";
+}
+
+bool Offers(const Box& box, Answer answer) {
+  return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
+}
+
+}  // namespace
+
+Answer ScriptDialogs::ShowBox(const Box& box) {
+  const Answer answer = AnswerTo(box);
+  std::string line =
+      "box " + std::string(WordOf(box.icon)) + " " + Quoted(box.title) + " " + Quoted(box.text);
+  char before = ' ';
+  for (const Answer button : box.buttons) {
+    line += before;
+    line += WordOf(button);
+    before = ',';
+  }
+  transcript_.Tell(line + " -> " + std::string(WordOf(answer)));
+  return answer;
+}
+
+Answer ScriptDialogs::AnswerTo(const Box& box) {
+  if (box.buttons.size() == 1) {
+    return box.buttons.front();
+  }
+  const Answer least = Offers(box, Answer::Cancel) ? Answer::Cancel : Answer::No;
+  if (answers_.empty()) {
+    return least;
+  }
+  const Answer answer = answers_.front();
+  answers_.pop_front();
+  if (Offers(box, answer)) {
+    return answer;
+  }
+  transcript_.Complain("the box " + Quoted(box.text) + " has no button for the answer " +
+                       std::string(WordOf(answer)));
+  return least;
+}
+
+std::optional<String> ScriptDialogs::ChooseFile(const FileDialog& dialog) {
+  std::optional<String> path;
+  if (!files_.empty()) {
+    path = std::move(files_.front());
+    files_.pop_front();
+  }
+  if (path) {
+    path = (std::filesystem::path(dialog.start_folder) / std::filesystem::path(*path)).u16string();
+  }
+  transcript_.Tell("dialog " + std::string(dialog.save ? "save " : "open ") + Quoted(dialog.start_folder) +
+                   " " + Quoted(dialog.filter) + " " + std::to_string(dialog.filter_index) + " -> " +
+                   (path ? Quoted(*path) : "cancel"));
+  return path;
+}
+
+void ScriptDialogs::ShowFailure(const String& text) { transcript_.Tell("failure " + Quoted(text)); }
+
+}  // namespace korva::cli

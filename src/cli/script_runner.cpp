@@ -1,0 +1,219 @@
+#include "cli/script_runner.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <variant>
+
+#include "cli/page_actions.h"
+#include "cli/page_report.h"
+#include "core/text_utilities.h"
+
+namespace korva::cli {
+
+namespace {
+
+constexpr Milliseconds kShortestTimer{1};
+
+/// Actions whose beginning lets the delays of the actions to come (`after`) run.
+template <typename T>
+constexpr bool kLetsDelaysBegin = std::is_same_v<T, StartProgram> || std::is_same_v<T, ClickButton> ||
+                                  std::is_same_v<T, ChooseModel> || std::is_same_v<T, Wait>;
+
+/// Actions that only ask what the page shows.
+template <typename T>
+constexpr bool kIsQuestion =
+    std::is_same_v<T, ShowControls> || std::is_same_v<T, DumpItems> || std::is_same_v<T, DumpGrid>;
+
+}  // namespace
+
+ScriptRunner::ScriptRunner(Program& program, SerialLink& link, ScriptDialogs& dialogs, Transcript& transcript,
+                           Options options)
+    : program_(program),
+      link_(link),
+      dialogs_(dialogs),
+      transcript_(transcript),
+      keep_going_(options.keep_going) {
+  WatchProgram();
+  WatchLink(options.traffic);
+}
+
+ScriptRunner::~ScriptRunner() {
+  for (const TimerId timer : due_) {
+    program_.Loop().StopTimer(timer);
+  }
+  link_.OnOpened = nullptr;
+  link_.OnTraffic = nullptr;
+}
+
+void ScriptRunner::WatchProgram() {
+  program_.OnPageShown([this](Page& page) {
+    transcript_.Tell("page " + ToUtf8(page.ItsFamily().page));
+    WatchBars(page);
+  });
+  program_.OnPageUnloaded([this](const Page& page) { watched_.erase(&page); });
+  program_.OnEnded([this](int status) {
+    failed_ = status != 0;
+    if (!failed_) {
+      transcript_.Tell("end");
+    }
+  });
+}
+
+void ScriptRunner::WatchLink(bool traffic) {
+  link_.OnOpened = [this](int number, const String& settings, bool open) {
+    transcript_.Tell("port " + std::to_string(number) + " " + Quoted(settings) +
+                     (open ? " open" : " failed"));
+  };
+  if (!traffic) {
+    return;
+  }
+  link_.OnTraffic = [this](const SerialLink::Traffic& traffic_line) {
+    if (traffic_line.sent) {
+      transcript_.Tell("> " + Quoted(traffic_line.text) + (traffic_line.ok ? "" : " failed"));
+    } else {
+      transcript_.Tell("< " + (traffic_line.ok ? Quoted(traffic_line.text) : "none"));
+    }
+  };
+}
+
+void ScriptRunner::WatchBars(const Page& page) {
+  if (!watched_.insert(&page).second) {
+    return;
+  }
+  for (Control* const control : page.Controls()) {
+    if (auto* const bar = dynamic_cast<ProgressBar*>(control)) {
+      bar->Observe([this, bar, told = Percent(*bar)]() mutable {
+        if (std::exchange(told, Percent(*bar)) != told) {
+          transcript_.Tell("progress " + bar->FullName() + " " + std::to_string(told));
+        }
+      });
+    }
+  }
+}
+
+bool ScriptRunner::Over() const { return program_.Loop().Gate().Ended() || (wrong_line_ && !keep_going_); }
+
+int ScriptRunner::Status() const {
+  if (failed_) {
+    return kProgramFailed;
+  }
+  return wrong_line_ ? kWrongLine : 0;
+}
+
+void ScriptRunner::Carry(std::string_view line) {
+  ++line_;
+  const String text = FromUtf8(line);
+  if (Over() || SaysNothing(text)) {
+    return;
+  }
+  if (const std::optional<Statement> statement = ParseStatement(line_, text)) {
+    Perform(*statement);
+  } else {
+    CallWrong(line_, text, "no action");
+  }
+}
+
+void ScriptRunner::Perform(const Statement& statement) {
+  if (!std::exchange(started_, true)) {
+    program_.Start();
+  }
+  if (Over()) {
+    return;
+  }
+  const auto carry_out = [this]<typename T>(const T& action) {
+    if constexpr (kLetsDelaysBegin<T>) {
+      LetDelaysBegin();
+    }
+    return Do(action);
+  };
+  const Outcome outcome = std::visit(carry_out, statement.action);
+  if (outcome.kind == Outcome::Kind::Refused) {
+    transcript_.Tell("refused " + ToUtf8(statement.source) + ": " + outcome.reason);
+  } else if (outcome.kind == Outcome::Kind::Wrong) {
+    CallWrong(statement.line, statement.source, outcome.reason);
+  }
+}
+
+void ScriptRunner::CallWrong(int line, const String& source, std::string_view reason) {
+  wrong_line_ = true;
+  transcript_.Complain("line " + std::to_string(line) + ": " + Quoted(source) + ": " + std::string(reason));
+}
+
+void ScriptRunner::LetDelaysBegin() {
+  for (const Delay& delay : std::exchange(waiting_, {})) {
+    CarryLater(delay);
+  }
+}
+
+void ScriptRunner::CarryLater(const Delay& delay) {
+  const auto timer = std::make_shared<TimerId>();
+  *timer = program_.Loop().StartTimer(std::max(delay.delay, kShortestTimer),
+                                      [this, timer, statement = delay.statement] {
+                                        program_.Loop().StopTimer(*timer);
+                                        due_.erase(*timer);
+                                        if (!Over()) {
+                                          Perform(*statement);
+                                        }
+                                      });
+  due_.insert(*timer);
+}
+
+void ScriptRunner::LetRun(Milliseconds duration) {
+  EventLoop& loop = program_.Loop();
+  bool passed = false;
+  const TimerId timer = loop.StartTimer(std::max(duration, kShortestTimer), [&passed] { passed = true; });
+  loop.Gate().Enter([&] {
+    while (!passed) {
+      loop.Pump();
+    }
+  });
+  loop.StopTimer(timer);
+}
+
+Outcome ScriptRunner::Do(const StartProgram& /*action*/) { return {}; }
+
+Outcome ScriptRunner::Do(const QueueAnswers& action) {
+  for (const Answer answer : action.answers) {
+    dialogs_.QueueAnswer(answer);
+  }
+  return {};
+}
+
+Outcome ScriptRunner::Do(const QueueFile& action) {
+  dialogs_.QueueFile(action.path);
+  return {};
+}
+
+Outcome ScriptRunner::Do(const Delay& action) {
+  waiting_.push_back(action);
+  return {};
+}
+
+Outcome ScriptRunner::Do(const Wait& action) {
+  LetRun(action.duration);
+  return {};
+}
+
+Outcome ScriptRunner::Do(const PressClose& /*action*/) {
+  program_.PressClose();
+  return {};
+}
+
+template <typename PageAction>
+Outcome ScriptRunner::Do(const PageAction& action) {
+  Outcome outcome;
+  program_.Loop().Gate().Enter([&] {
+    Page& page = *program_.Showing();
+    if constexpr (kIsQuestion<PageAction>) {
+      outcome = Report(page, action, transcript_);
+    } else {
+      outcome = ActOn(page, action);
+    }
+  });
+  return outcome;
+}
+
+}  // namespace korva::cli

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "platform/dialogs.h"
+#include "platform/string.h"
+
+namespace korva::cli {
+
+/// The text in double quotes, as UTF-8 on one line: a line break of any form (CR LF, LF CR, CR or LF) becomes
+/// `\n`, a quote `\"`, a backslash `\\`.
+std::string Quoted(StringView text);
+
+/// The word that stands for the answer in a script and in what is printed: "ok".
+std::string_view WordOf(Answer answer);
+
+/// What korva-cli prints: what happens goes to one stream, complaints about the script to the other. Each
+/// line is flushed, so that another program can wait for it.
+class Transcript {
+ public:
+  /// Both outlive the transcript.
+  Transcript(std::ostream& happenings, std::ostream& complaints)
+      : happenings_(happenings), complaints_(complaints) {}
+
+  /// Prints a line that tells something that a user would see happen.
+  void Tell(std::string_view line) { happenings_ << line << '\n' << std::flush; }
+  /// Prints a complaint under the program's name.
+  void Complain(std::string_view line) { complaints_ << "korva-cli: " << line << '\n' << std::flush; }
+
+ private:
+  std::ostream& happenings_;
+  std::ostream& complaints_;
+};
+
+}  // namespace korva::cli

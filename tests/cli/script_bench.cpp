@@ -1,0 +1,80 @@
+#include "script_bench.h"
+
+#include <array>
+#include <memory>
+#include <utility>
+
+#include "core/design.h"
+
+namespace korva::cli::test {
+
+namespace {
+
+constexpr std::array kTabs = {TextKey::Input, TextKey::Linearizer};
+
+constexpr std::array kGroups = {DesignGroup{.tab = 0, .column = 0, .heading = TextKey::Input},
+                                DesignGroup{.tab = 1, .column = 0, .heading = TextKey::Linearizer}};
+constexpr std::array kRows = {
+    DesignRow{.group = 0, .field = "Text(0) Combo(0)"}, DesignRow{.group = 0, .field = "Frame(0)"},
+    DesignRow{.group = 1, .field = "Text(1)"}, DesignRow{.group = 1, .field = "LnrFlexGrid"}};
+constexpr std::array kOptions = {DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"}};
+constexpr Design kDesign = {.groups = kGroups, .rows = kRows, .options = kOptions};
+
+constexpr std::string_view kCatalogue =
+    "$Type\r\n\"A1\",\"A1.def\",\"First\"\r\n\"A 2\",\"A2.def\",\"First\"\r\n\"N1\",\"N1.def\",\"Nano\"\r\n"
+    "$End\r\n";
+
+}  // namespace
+
+Lines TakeLines(std::ostringstream& printed) {
+  Lines lines;
+  std::istringstream text(printed.str());
+  for (std::string line; std::getline(text, line);) {
+    lines.push_back(line);
+  }
+  printed.str({});
+  return lines;
+}
+
+BenchPage::BenchPage(Program& program, const Family& family, SerialLink& link)
+    : Page(program, {.family = family, .tab_control = "KvCfg_Tab", .tab_captions = kTabs, .design = kDesign}),
+      link_(link) {
+  Register(Text);
+  Register(Combo);
+  Register(Frames);
+  Register(Opt_Table);
+  ApplyDesign();
+}
+
+void BenchPage::ReopenPort() {
+  OptCom.Mark(link_.CommPort() - 1);
+  link_.Reopen(String(ItsFamily().settings));
+}
+
+ScriptBench::ScriptBench(ScriptRunner::Options options)
+    : program(platform, u"/k",
+              [this](Program& owner, const Family& family) -> std::unique_ptr<korva::Page> {
+                return std::make_unique<BenchPage>(owner, family, link);
+              }),
+      link(platform, program.Shared()),
+      runner(program, link, dialogs, transcript, options) {
+  files.Put(u"/k/system/MdlVTRMFx.jpn", kCatalogue);
+  port.Connect(1, &line);
+}
+
+Lines ScriptBench::Run(const std::string& script) {
+  std::istringstream lines(script);
+  for (std::string line_text; std::getline(lines, line_text);) {
+    runner.Carry(line_text);
+  }
+  return TakeLines(printed);
+}
+
+Lines ScriptBench::RunStarted(const std::string& script) {
+  Run("start");
+  return Run(script);
+}
+
+BenchPage& ScriptBench::Page() const { return dynamic_cast<BenchPage&>(*program.Showing()); }
+
+}  // namespace korva::cli::test
