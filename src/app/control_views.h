@@ -19,7 +19,7 @@ class ControlViews {
   /// in it, its caption is drawn by CaptionView. Never nullptr.
   QWidget* Make(Control& control, QWidget* parent);
   /// A label that shows a captioned control's caption.
-  QWidget* CaptionView(CaptionedControl& control, QWidget* parent);
+  static QWidget* CaptionView(CaptionedControl& control, QWidget* parent);
 
   /// Lets the user's action in.
   void Enter(const std::function<void()>& action) { gate_.Enter(action); }
@@ -32,7 +32,7 @@ class ControlViews {
   QWidget* MakeCombo(ComboBox& combo, QWidget* parent);
   QWidget* MakeList(ListBox& list, QWidget* parent);
   QWidget* MakeGrid(Grid& grid, QWidget* parent);
-  QWidget* MakeBar(ProgressBar& bar, QWidget* parent);
+  static QWidget* MakeBar(ProgressBar& bar, QWidget* parent);
 
   EventGate& gate_;
 };

@@ -7,6 +7,8 @@
 #include "app/window_host.h"
 #include "platform/qt/program_folder.h"
 
+// An exception here means a broken installation of Qt; ending the process is all that can be done about it.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   korva::QtEventLoop::ChooseDispatcher();
   const QApplication application(argc, argv);

@@ -212,7 +212,7 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     if (control == nullptr) {
       return;
     }
-    QWidget* label = views_.CaptionView(*control, box);
+    QWidget* label = ControlViews::CaptionView(*control, box);
     label->setMinimumWidth(Digits(label, width));
     if (column == 0) {
       label->setForegroundRole(QPalette::PlaceholderText);

@@ -56,6 +56,8 @@ bool SavePictures(korva::MainWindow& window, const QDir& out, const QString& nam
 
 }  // namespace
 
+// An exception here means a broken installation of Qt; ending the process is all that can be done about it.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   korva::QtEventLoop::ChooseDispatcher();
   const QApplication application(argc, argv);

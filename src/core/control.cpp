@@ -178,17 +178,19 @@ std::size_t Grid::Place(int row, int column) const {
   if (row < 0 || row >= rows_ || column < 0 || column >= columns_) {
     throw RuntimeFailure(u"表の範囲外のセルです。");
   }
-  return static_cast<std::size_t>(row * columns_ + column);
+  return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+         static_cast<std::size_t>(column);
 }
 
 void Grid::Resize(int rows, int columns) {
   if (rows == rows_ && columns == columns_) {
     return;
   }
-  std::vector<Cell> cells(static_cast<std::size_t>(rows * columns));
+  std::vector<Cell> cells(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns));
   for (int row = 0; row < std::min(rows, rows_); ++row) {
     for (int column = 0; column < std::min(columns, columns_); ++column) {
-      cells[static_cast<std::size_t>(row * columns + column)] = At(row, column);
+      cells[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+            static_cast<std::size_t>(column)] = At(row, column);
     }
   }
   cells_ = std::move(cells);
