@@ -99,8 +99,10 @@ struct ProgramHost {
   void Do(Action action) {
     loop.Gate().Enter([&] { action(); });
   }
-  FramePage& Showing() { return static_cast<FramePage&>(*program.Showing()); }
-  FramePage* Loaded(StringView word) { return static_cast<FramePage*>(program.Loaded(*FindFamily(word))); }
+  [[nodiscard]] FramePage& Showing() const { return static_cast<FramePage&>(*program.Showing()); }
+  [[nodiscard]] FramePage* Loaded(StringView word) const {
+    return static_cast<FramePage*>(program.Loaded(*FindFamily(word)));
+  }
   /// Steps noted since the last call.
   std::vector<std::string> TakeJournal() { return std::exchange(journal, {}); }
 
