@@ -27,7 +27,7 @@ bool TransferPage::DownloadValues() {
     return false;
   }
   RoundValues();
-  if (!CheckAllValues() || !WriteAllItems()) {
+  if (!CheckAllValues() || !CheckChoices() || !WriteAllItems()) {
     return false;
   }
   TransferBar.SetValue(0);
@@ -60,6 +60,49 @@ bool TransferPage::CheckInputType() {
     return false;
   }
   return true;
+}
+
+bool TransferPage::CheckChoices() {
+  const StringTable& data = Def.Data();
+  bool good = true;
+  for (int row = 0; row < data.Rows(); ++row) {
+    if (!IsNumeric(data.At(row, DownloadColumns().position)) || !IsNumeric(data.At(row, kComboIndex))) {
+      continue;
+    }
+    ComboBox& box = Combo[LeadingInteger(data.At(row, kComboIndex))];
+    if (HasCode(row)) {
+      if (box.ShownLook() == Look::Bad) {
+        box.SetLook(Look::Normal);
+      }
+    } else {
+      box.SetLook(Look::Bad);
+      good = false;
+    }
+  }
+  if (!good) {
+    Box().Show(BoxKey::ValueBad);
+  }
+  return good;
+}
+
+bool TransferPage::HasCode(int row) const {
+  const StringTable& data = Def.Data();
+  const String& item = data.At(row, kItem);
+  const String& cell = GroupItem.At(data.At(row, kGroup), item);
+  if (cell.empty() || cell == kNeedless || !ReplyPrefix(row).empty() ||
+      !WriteConditionHolds(data.At(row, DownloadColumns().condition))) {
+    return true;
+  }
+  const std::optional<CodeTable> codes = CodesOf(LeadingInteger(item));
+  if (!codes || Def[codes->key].FindRow(codes->text_column, cell) >= 0) {
+    return true;
+  }
+  // Either spelling will be brought into the device's own.
+  const auto spelt = [&](const SensorTexts& texts) {
+    return std::find(texts.begin(), texts.end(), Trimmed(cell)) != texts.end();
+  };
+  return Traits().spells_by_version && LeadingInteger(item) == kTypeItem &&
+         (spelt(ShortSensorTexts()) || spelt(LongSensorTexts()));
 }
 
 bool TransferPage::BeginWriting() {

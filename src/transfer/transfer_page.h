@@ -124,6 +124,10 @@ class TransferPage : public ParameterPage {
   // Download.
   bool DownloadValues();
   void CollateSpelling();
+  /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
+  /// chosen before; false after the box of bad values. Nothing has been written then.
+  bool CheckChoices();
+  [[nodiscard]] bool HasCode(int row) const;
   bool WriteAllItems();
   void BuildWriteList(WriteList& list);
   [[nodiscard]] WriteEntry EntryOf(int row) const;
