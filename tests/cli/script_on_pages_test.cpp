@@ -1,0 +1,176 @@
+// Scripts on the real pages, with a simulated device at the true speed of its line, in virtual time.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "cli/script_dialogs.h"
+#include "cli/script_runner.h"
+#include "pages/application.h"
+#include "platform/native/native_code_page.h"
+#include "platform/virtual/virtual_event_loop.h"
+#include "platform/virtual/virtual_port.h"
+#include "script_bench.h"
+#include "sim/device.h"
+#include "support/device_line.h"
+#include "support/memory_files.h"
+
+namespace korva::cli {
+namespace {
+
+using test::Lines;
+using test::TakeLines;
+
+/// Reads the build's catalogue and definitions; what is written lies in memory.
+class BuildFiles final : public FileStore {
+ public:
+  [[nodiscard]] bool Exists(const String& path) const override {
+    return written_.Exists(path) || disk_.Exists(path);
+  }
+  std::optional<std::string> Read(const String& path, String& reason) const override {
+    return written_.Exists(path) ? written_.Read(path, reason) : disk_.Read(path, reason);
+  }
+  bool Replace(const String& path, std::string_view bytes, String& reason) override {
+    return written_.Replace(path, bytes, reason);
+  }
+  [[nodiscard]] char16_t Separator() const override { return disk_.Separator(); }
+
+ private:
+  NativeFileStore disk_;
+  korva::test::MemoryFiles written_;
+};
+
+/// A QHN with tag BOILER-7 on COM 1, chosen on the root page.
+struct PagesBench {
+  explicit PagesBench(ScriptRunner::Options options = {})
+      : runner(application.program, application.link.line, dialogs, transcript, options) {
+    device.Set("01", "02", "BOILER-7");
+    port.Connect(1, &line);
+    Run("choose QHN");
+  }
+
+  Lines Run(const std::string& script) {
+    std::istringstream lines(script);
+    for (std::string text; std::getline(lines, text);) {
+      runner.Carry(text);
+    }
+    return TakeLines(printed);
+  }
+
+  std::ostringstream printed;
+  std::ostringstream complaints;
+  Transcript transcript{printed, complaints};
+  VirtualEventLoop loop;
+  VirtualPort port{loop};
+  sim::Device device = sim::Device::ForModel(KORVA_HOME, "QHN");
+  korva::test::DeviceLine line{port, device};
+  ScriptDialogs dialogs{transcript};
+  BuildFiles files;
+  NativeCodePage code_page;
+  Application application{
+      {.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page},
+      std::filesystem::path(KORVA_HOME).u16string()};
+  ScriptRunner runner;
+};
+
+bool Holds(const Lines& lines, const std::string& line) {
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+/// Lines that begin so.
+Lines Of(const Lines& lines, std::string_view beginning) {
+  Lines found;
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(found),
+               [&](const std::string& line) { return line.starts_with(beginning); });
+  return found;
+}
+
+const std::string kModelMatches =
+    R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "選択された機種名は、接続された変換器と一致していますか。" yes,no -> )";
+const std::string kStartUpload = R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞを開始します。" ok,cancel -> )";
+const std::string kUploadDone = R"(box plain "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞ完了。" ok -> ok)";
+
+TEST(ScriptOnPages, DumpsNothingOfAnEmptyParameterSet) {
+  PagesBench bench;
+  EXPECT_EQ(bench.Run("dump"), Lines{});
+}
+
+TEST(ScriptOnPages, DumpsTheParameterSetByGroupThenItem) {
+  PagesBench bench;
+  const Lines upload = bench.Run("answer yes ok\nclick cmdUpload");
+  EXPECT_EQ(Of(upload, "box"), (Lines{kModelMatches + "yes", kStartUpload + "ok", kUploadDone}));
+  const Lines dump = bench.Run("dump");
+  ASSERT_EQ(dump.size(), 11U);
+  EXPECT_EQ(dump[0], R"(1 2 "BOILER-7")");
+  EXPECT_EQ(dump[1].substr(0, 5), "1 10 ");
+  EXPECT_EQ(dump[2].substr(0, 5), "1 11 ");
+  EXPECT_EQ(dump[3].substr(0, 5), "1 14 ");
+  EXPECT_EQ(dump[10].substr(0, 5), "1 24 ");
+}
+
+TEST(ScriptOnPages, DumpsWhatWasTyped) {
+  PagesBench bench;
+  EXPECT_EQ(bench.Run("type Text(0) \"a \\\"b\\\"\"\ndump"), Lines{R"(1 2 "a \"b\"")"});
+}
+
+TEST(ScriptOnPages, PrintsTheTrafficOfAnUploadFromTheLinkTestOn) {
+  PagesBench bench({.traffic = true});
+  const Lines upload = bench.Run("click cmdUpload");
+  EXPECT_EQ(upload, (Lines{"progress ProgressBar 5", R"(> "G00")", R"(< "COK")", R"(> "I99")",
+                           R"(< "DSYSVER   1.00")", kModelMatches + "no", "progress ProgressBar 0"}));
+}
+
+TEST(ScriptOnPages, EndsTheProgramWhenItIsClosedDuringAnUpload) {
+  PagesBench bench;
+  const Lines upload = bench.Run("answer yes ok\nafter 1500 close\nclick cmdUpload\ndump");
+  ASSERT_FALSE(upload.empty());
+  EXPECT_EQ(upload.back(), "end");
+  EXPECT_FALSE(Holds(upload, kUploadDone));
+  EXPECT_EQ(bench.runner.Status(), 0);
+}
+
+TEST(ScriptOnPages, HoldsACloseDuringADownloadOffToItsEnd) {
+  PagesBench bench;
+  bench.Run("answer yes ok\nclick cmdUpload");
+  const Lines download = bench.Run(
+      "answer ok\nafter 3000 close\nafter 3001 show flaMsg_CannotEnd lblMsg_CannotEnd\nclick cmdDownload");
+  EXPECT_TRUE(Holds(download, R"(flaMsg_CannotEnd shown enabled unlocked normal "")"));
+  EXPECT_TRUE(Holds(download,
+                    "lblMsg_CannotEnd shown enabled unlocked normal "
+                    "\"ﾀﾞｳﾝﾛｰﾄﾞの途中でﾌﾟﾛｸﾞﾗﾑを終了することはできません。\""));
+  EXPECT_EQ(download.back(), "end");
+}
+
+TEST(ScriptOnPages, RefusesWhatTheLockedFrameHoldsBackDuringAnUpload) {
+  PagesBench bench;
+  const Lines upload = bench.Run(
+      "answer yes ok\nafter 1000 click cmdDownload\nafter 1000 choose QC\nafter 1000 type Text(9) 5\n"
+      "after 1000 tab 1\nclick cmdUpload");
+  EXPECT_EQ(Of(upload, "refused"),
+            (Lines{"refused click cmdDownload: disabled", "refused choose QC: disabled",
+                   "refused type Text(9) 5: tab disabled", "refused tab 1: disabled"}));
+  EXPECT_TRUE(Holds(upload, kUploadDone));
+}
+
+TEST(ScriptOnPages, SavesASetAndOpensItAgain) {
+  PagesBench bench;
+  const std::string data = std::string(KORVA_HOME) + "/data";
+  bench.Run("answer yes ok\nclick cmdUpload\ntype txtMemo \"one\\ntwo\"");
+  const Lines dump = bench.Run("dump");
+  EXPECT_EQ(bench.Run("file a.cfg\nclick cmdSave").front(),
+            "dialog save \"" + data + "\" \"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|\" 1 -> \"" +
+                data + "/a.cfg\"");
+  EXPECT_EQ(bench.Run("click cmdNew\ndump\nshow txtMemo"),
+            Lines{R"(txtMemo shown enabled unlocked normal "")"});
+  EXPECT_EQ(bench.Run("file a.cfg\nclick cmdOpen"),
+            Lines{"dialog open \"" + data +
+                  "\" \"プログラム管理ファイル (*.def)|*.def|KORVAで作成されたテキストファイル (*.cfg)|*.cfg|"
+                  "すべてのファイル (*.*)|*.*|\" 2 -> \"" +
+                  data + "/a.cfg\""});
+  EXPECT_EQ(bench.Run("dump"), dump);
+  EXPECT_EQ(bench.Run("show txtMemo"), Lines{R"(txtMemo shown enabled unlocked normal "one\ntwo")"});
+}
+
+}  // namespace
+}  // namespace korva::cli
