@@ -86,12 +86,14 @@ bool SizeField(QWidget* widget, const Control& control) {
 
 PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
     : QWidget(parent), page_(page), views_(gate) {
+  // In the order in which Tab walks through them.
+  QWidget* model_list = MakeModelList();
   auto* right = new QVBoxLayout;
   right->addWidget(MakeNotice());
   right->addWidget(MakeTabs(), 1);
   right->addWidget(MakeButtons());
   auto* middle = new QHBoxLayout;
-  middle->addWidget(MakeModelList());
+  middle->addWidget(model_list);
   middle->addLayout(right, 1);
   auto* all = new QVBoxLayout(this);
   all->addLayout(middle, 1);

@@ -25,8 +25,6 @@ Page::Page(Program& program, const PageKind& kind)
       kind_(kind) {
   RegisterFrame();
   txtMemo.SetMultiline(true);
-  txtDirName.SetLocked(true);
-  txtDirName.SetLook(Look::Grey);
   txtFileTitle.SetLocked(true);
   txtFileTitle.SetLook(Look::Grey);
   LnrFlexGrid.Resize(kDefaultGridRows, kGridColumns);
