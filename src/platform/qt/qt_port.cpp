@@ -19,7 +19,7 @@ fs::path NamedDevice(const fs::path& folder, int number) {
 #ifdef _WIN32
   return "COM" + std::to_string(number);
 #else
-  const fs::path link = fs::path("ports") / ("COM" + std::to_string(number));
+  fs::path link = fs::path("ports") / ("COM" + std::to_string(number));
   std::error_code error;
   // A link whose device is gone is there all the same: another port must not take its place.
   if (fs::exists(fs::symlink_status(folder / link, error))) {
