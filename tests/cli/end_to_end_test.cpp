@@ -187,7 +187,7 @@ TEST_F(EndToEnd, ReadsItsOwnFolderByDefault) {
   ChildProgram cli(home / "korva-cli", {});
   cli.Send("show txtDirName");
   EXPECT_EQ(cli.ReadUntil("txtDirName").back(),
-            "txtDirName shown enabled locked grey \"" + (home / "data").string() + "\"");
+            "txtDirName shown enabled unlocked normal \"" + (home / "data").string() + "\"");
 }
 
 TEST_F(EndToEnd, EndsWithStatus2BehindAWrongLineThatItNames) {

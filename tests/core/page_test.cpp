@@ -303,7 +303,7 @@ TEST_F(PageTest, TellsWhyTheUserCanNotReachAControl) {
   EXPECT_EQ(Page().WhyRefused(Page().cmdMonitorON), "");
   Page().Tabs.SetTabEnabled(2, false);
   EXPECT_EQ(Page().WhyRefused(Page().cmdMonitorON), "tab disabled");
-  EXPECT_EQ(Page().WhyRefused(Page().txtDirName), "locked");
+  EXPECT_EQ(Page().WhyRefused(Page().txtFileTitle), "locked");
   EXPECT_EQ(Page().WhyRefused(Page().fraLnrChange), "hidden");
   Page().cmdUpload.SetEnabled(false);
   EXPECT_EQ(Page().WhyRefused(Page().cmdUpload), "disabled");
