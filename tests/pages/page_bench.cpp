@@ -15,38 +15,41 @@ namespace {
 
 const std::filesystem::path kSources = KORVA_SYSTEM_SOURCES;
 
-/// Texts of the system folder by their paths in the program's folder.
-const std::map<String, String>& SystemTexts() {
-  static const std::map<String, String> texts = [] {
-    std::map<String, String> found;
+std::string Encoded(const CodePage& code_page, StringView text) {
+  String lines;
+  for (const char16_t character : text) {
+    lines.append(character == u'\n' ? u"\r\n" : String(1, character));
+  }
+  return code_page.Encode(lines).value();
+}
+
+/// The system folder's files as a build encodes them, by their paths in the program's folder. Read once.
+const std::map<String, std::string>& SystemFiles() {
+  static const std::map<String, std::string> files = [] {
+    const NativeCodePage code_page;
+    std::map<String, std::string> found;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(kSources)) {
       if (const auto kind = entry.path().extension(); kind == ".def" || kind == ".jpn") {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string bytes{std::istreambuf_iterator<char>(file), {}};
         const std::string path = std::filesystem::relative(entry.path(), kSources).generic_string();
-        found[u"/korva/system/" + FromUtf8(path)] = FromUtf8(bytes);
+        found[u"/korva/system/" + FromUtf8(path)] = Encoded(code_page, FromUtf8(bytes));
       }
     }
     return found;
   }();
-  return texts;
+  return files;
 }
 
 }  // namespace
 
 PageFolder::PageFolder() {
-  for (const auto& [path, text] : SystemTexts()) {
-    PutText(path, text);
+  for (const auto& [path, bytes] : SystemFiles()) {
+    files.Put(path, bytes);
   }
 }
 
-void PageFolder::PutText(const String& path, StringView text) {
-  String lines;
-  for (const char16_t character : text) {
-    lines.append(character == u'\n' ? u"\r\n" : String(1, character));
-  }
-  files.Put(path, code_page.Encode(lines).value());
-}
+void PageFolder::PutText(const String& path, StringView text) { files.Put(path, Encoded(code_page, text)); }
 
 String PageFolder::TextOf(const String& path) const { return code_page.Decode(files.Bytes(path).value()); }
 
