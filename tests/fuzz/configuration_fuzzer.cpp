@@ -1,0 +1,24 @@
+// A configuration file of any bytes: opened on the page, checked, saved, and opened again from what was
+// saved.
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "pages/page_bench.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  constexpr const char16_t* path = u"/korva/data/kept.cfg";
+  korva::test::PageBench bench;
+  bench.files.Put(path, {reinterpret_cast<const char*>(data), size});
+  bench.Start();
+  korva::KvConfig& page = bench.Page();
+  for (int time = 0; time < 2; ++time) {
+    bench.dialogs.QueueFile(path);
+    bench.Do([&] { page.OpenCommand(); });
+    bench.Do([&] { page.CheckCommand(); });
+    bench.dialogs.QueueFile(path);
+    bench.Do([&] { page.SaveCfgFile(); });
+  }
+  return 0;
+}
