@@ -66,17 +66,17 @@ bool TransferPage::CheckChoices() {
   const StringTable& data = Def.Data();
   bool good = true;
   for (int row = 0; row < data.Rows(); ++row) {
-    if (!IsNumeric(data.At(row, DownloadColumns().position)) || !IsNumeric(data.At(row, kComboIndex))) {
+    const int index = LeadingInteger(DataCell(row, kComboIndex));
+    const bool written = IsNumeric(data.At(row, DownloadColumns().position));
+    if (!written || DataCell(row, kComboIndex).empty() || !Combo.Has(index)) {
       continue;
     }
-    ComboBox& box = Combo[LeadingInteger(data.At(row, kComboIndex))];
-    if (HasCode(row)) {
-      if (box.ShownLook() == Look::Bad) {
-        box.SetLook(Look::Normal);
-      }
-    } else {
+    ComboBox& box = Combo[index];
+    if (!HasCode(row)) {
       box.SetLook(Look::Bad);
       good = false;
+    } else if (box.ShownLook() == Look::Bad) {
+      box.SetLook(Look::Normal);
     }
   }
   if (!good) {
@@ -86,14 +86,9 @@ bool TransferPage::CheckChoices() {
 }
 
 bool TransferPage::HasCode(int row) const {
-  const StringTable& data = Def.Data();
-  const String& item = data.At(row, kItem);
-  const String& cell = GroupItem.At(data.At(row, kGroup), item);
-  if (cell.empty() || cell == kNeedless || !ReplyPrefix(row).empty() ||
-      !WriteConditionHolds(data.At(row, DownloadColumns().condition))) {
-    return true;
-  }
-  const std::optional<CodeTable> codes = CodesOf(LeadingInteger(item));
+  const std::optional<CodeTable> codes = CodesToSend(row);
+  const String& item = DataCell(row, kItem);
+  const String& cell = GroupItem.At(DataCell(row, kGroup), item);
   if (!codes || Def[codes->key].FindRow(codes->text_column, cell) >= 0) {
     return true;
   }
@@ -103,6 +98,15 @@ bool TransferPage::HasCode(int row) const {
   };
   return Traits().spells_by_version && LeadingInteger(item) == kTypeItem &&
          (spelt(ShortSensorTexts()) || spelt(LongSensorTexts()));
+}
+
+std::optional<CodeTable> TransferPage::CodesToSend(int row) const {
+  const String& group = DataCell(row, kGroup);
+  const String& item = DataCell(row, kItem);
+  const String& cell = GroupItem.At(group, item);
+  const bool choice = ReplyPrefix(row).empty() && group == u"01";
+  return choice && !cell.empty() && cell != kNeedless && IsToBeWritten(row) ? CodesOf(LeadingInteger(item))
+                                                                            : std::nullopt;
 }
 
 bool TransferPage::BeginWriting() {
@@ -170,10 +174,9 @@ void TransferPage::BuildWriteList(WriteList& list) {
 }
 
 WriteEntry TransferPage::EntryOf(int row) const {
-  const StringTable& data = Def.Data();
-  WriteEntry entry{.group = data.At(row, kGroup), .item = data.At(row, kItem), .prefix = ReplyPrefix(row)};
+  WriteEntry entry{.group = DataCell(row, kGroup), .item = DataCell(row, kItem), .prefix = ReplyPrefix(row)};
   const String& cell = GroupItem.At(entry.group, entry.item);
-  if (cell.empty() || !WriteConditionHolds(data.At(row, DownloadColumns().condition))) {
+  if (cell.empty() || !IsToBeWritten(row)) {
     return entry;
   }
   entry.source = cell;
@@ -181,35 +184,32 @@ WriteEntry TransferPage::EntryOf(int row) const {
     entry.data = cell;
   } else if (!entry.prefix.empty()) {
     entry.data = cell == kEmptyTag ? cell : Trimmed(cell);
-  } else if (entry.group == u"01") {
-    entry.data = CodeOf(entry.item, cell);
+  } else if (const std::optional<CodeTable> codes = CodesToSend(row)) {
+    entry.data = CodeOf(*codes, entry.item, cell);
   }
   return entry;
 }
 
-bool TransferPage::WriteConditionHolds(const String& condition) const {
+bool TransferPage::IsToBeWritten(int row) const {
+  const String& condition = Def.Data().At(row, DownloadColumns().condition);
   if (condition == u"Y") {
     return true;
   }
-  const int row = InputTypeRow();
-  if (row < 0) {
+  const int type = InputTypeRow();
+  if (type < 0) {
     return false;
   }
   const StringTable& types = Def[u"$I10"];
-  return (condition == u"$I10" && types.At(row, kTypeSettable) == u"Y") ||
-         (condition == u"$I10_CNECTI11" && !types.At(row, kTypeTitle).empty());
+  return (condition == u"$I10" && types.At(type, kTypeSettable) == u"Y") ||
+         (condition == u"$I10_CNECTI11" && !types.At(type, kTypeTitle).empty());
 }
 
-String TransferPage::CodeOf(const String& item, const String& text) const {
-  const std::optional<CodeTable> codes = CodesOf(LeadingInteger(item));
-  if (!codes) {
-    return {};
-  }
-  const StringTable& table = Def[codes->key];
-  const int row = table.FindRow(codes->text_column, text);
+String TransferPage::CodeOf(const CodeTable& codes, const String& item, const String& text) const {
+  const StringTable& table = Def[codes.key];
+  const int row = table.FindRow(codes.text_column, text);
   if (row < 0) {
     throw RuntimeFailure(u"Item" + item + u" の設定値 \"" + text + u"\" に対応するコードが定義ファイル " +
-                         DefFile + u" の " + String(codes->key) + u" にありません。");
+                         DefFile + u" の " + String(codes.key) + u" にありません。");
   }
   return table.At(row, 0);
 }

@@ -131,8 +131,10 @@ class TransferPage : public ParameterPage {
   bool WriteAllItems();
   void BuildWriteList(WriteList& list);
   [[nodiscard]] WriteEntry EntryOf(int row) const;
-  [[nodiscard]] bool WriteConditionHolds(const String& condition) const;
-  [[nodiscard]] String CodeOf(const String& item, const String& text) const;
+  [[nodiscard]] bool IsToBeWritten(int row) const;
+  /// Where the choice of a row must stand to be written; nothing when the row sends no choice.
+  [[nodiscard]] std::optional<CodeTable> CodesToSend(int row) const;
+  [[nodiscard]] String CodeOf(const CodeTable& codes, const String& item, const String& text) const;
   bool WriteVerifyList(WriteList& list);
   bool WriteVerified(WriteEntry& entry);
   // Value check. Items are those of group "01".

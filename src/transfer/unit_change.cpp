@@ -32,7 +32,7 @@ bool TransferPage::ChangeUnitOfRow(int row, const String& unit) {
   const StringTable& data = Def.Data();
   const String old_unit = UnitLabelOf(row) == nullptr ? String() : UnitLabelOf(row)->Caption();
   if (UnitLabelOf(row) != nullptr) {
-    lbl_unit[LeadingInteger(data.At(row, kUnitLabel))].SetCaption(unit);
+    lbl_unit[LeadingInteger(DataCell(row, kUnitLabel))].SetCaption(unit);
   }
   const String& index = data.At(row, kTextIndex);
   const int text = LeadingInteger(index);

@@ -61,7 +61,7 @@ std::optional<std::string> ItemLine::GoodReply(const std::string& text) {
 std::string ItemLine::Write(const std::string& data) {
   writes.push_back(selected_ + "=" + data);
   const auto choice = choices.find(selected_);
-  const std::string value = choice == choices.end() ? prefixes[selected_] + data : choice->second[data];
+  std::string value = choice == choices.end() ? prefixes[selected_] + data : choice->second[data];
   items[selected_] = value;
   return value;
 }

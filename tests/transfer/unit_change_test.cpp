@@ -30,7 +30,7 @@ struct UnitChangeTest : testing::Test {
       : bench(DataSection(kRows) + kSections, traits) {
     bench.page->SetItem(16, u"0.5");
   }
-  void Show(const String& type, const String& unit, const String& zero, const String& span) {
+  void Show(const String& type, const String& unit, const String& zero, const String& span) const {
     bench.page->SetItem(10, type);
     bench.page->SetItem(21, unit);
     bench.page->SetItem(14, zero);

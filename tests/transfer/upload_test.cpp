@@ -35,7 +35,7 @@ struct UploadTest : testing::Test {
     bench.line.items["01/16"] = "FINZER  0.12";
     bench.line.items["01/21"] = "deg F";
   }
-  void MarkSet() {
+  void MarkSet() const {
     for (const int item : {2, 10, 14, 15, 16, 21}) {
       bench.page->SetItem(item, u"before");
     }

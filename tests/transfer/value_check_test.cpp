@@ -2,92 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "core/text_utilities.h"
-#include "transfer_bench.h"
+#include "value_check_fixture.h"
 
 namespace korva::test {
 namespace {
-
-using Texts = std::vector<std::string>;
-
-const std::string kSections =
-    "$I10\r\n"
-    "1, 1:RTD, 0, 1000, 50, N, Y, DC V, deg C\r\n"
-    "2, 2:TC, -200.4, 600.4, 20, N, Y, , deg C\r\n"
-    "3, 3:DC, -10, 10, 0.1, N, Y, DC mA, V\r\n"
-    "4, 4:STRAIGHT, , , , N, Y, NONE, mV\r\n"
-    "5, 5:ODD, 0, 10, 1, N, Y, NO SUCH TITLE, mV\r\n"
-    "$I11\r\n"
-    "$I11Title\r\nNONE, DC V, DC mA\r\n"
-    "$I11Body\r\n0, 0-10 V, 0-20 mA, , 0, 10, 0, 20\r\n1, 0-5 V, 4-20 mA, , 0, 5, 4, 20\r\n"
-    "$I11QEI\r\n0, A, Hz, 100\r\n5, B, Hz, 2\r\n6, C, Hz, 2\r\n7, D, Hz, 2\r\n"
-    "$I21\r\n0, deg C\r\n1, deg F\r\n2, K\r\n"
-    "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
-
-const std::vector<DataRow> kRows = {
-    {.item = "02", .text = "0", .prefix = "TG:"},
-    {.item = "03_set", .text = "20"},
-    {.item = "03_mon", .text = "21"},
-    {.item = "04", .text = "22"},
-    {.item = "08", .text = "23"},
-    {.item = "14", .text = "2", .unit_label = "2", .unit = "$in", .temperature = true},
-    {.item = "15", .text = "3", .unit_label = "3", .unit = "$in", .temperature = true},
-    {.item = "18", .text = "4"},
-    {.item = "19", .text = "5"},
-    {.item = "20", .text = "6"},
-    {.item = "21", .list = "$I21", .frame = "3"},
-    {.item = "22", .text = "7"},
-    {.item = "24", .text = "8"},
-};
-
-struct ValueCheckTest : testing::Test {
-  explicit ValueCheckTest(const ModelTraits& traits = {.def_file = kModel})
-      : bench(DataSection(kRows) + kSections, traits) {
-    for (const auto& [item, value] : std::vector<std::pair<int, String>>{{2, u"PUMP 1"},
-                                                                         {10, u"1:RTD"},
-                                                                         {14, u"0"},
-                                                                         {15, u"100"},
-                                                                         {18, u"1"},
-                                                                         {19, u"0"},
-                                                                         {20, u"100"},
-                                                                         {21, u"deg C"},
-                                                                         {22, u"1"},
-                                                                         {24, u"1"}}) {
-      bench.page->SetItem(item, value);
-    }
-    bench.page->BuildPage();
-    bench.page->DataChanged = false;
-  }
-
-  /// Shows the set with another input type, unit, zero and span, and checks it.
-  bool ZeroSpanGood(const String& type, const String& unit, const String& zero, const String& span) {
-    bench.page->SetItem(10, type);
-    bench.page->SetItem(21, unit);
-    bench.page->SetItem(14, zero);
-    bench.page->SetItem(15, span);
-    bench.page->optTempUnit.Clear();
-    bench.page->BuildPage();
-    return Passes();
-  }
-  bool Passes() {
-    const std::size_t before = bench.host.dialogs.Boxes().size();
-    bench.Check();
-    const bool passes = bench.Boxes().at(before) == Shown(BoxKey::CheckDone);
-    if (!passes) {
-      EXPECT_EQ(bench.Boxes().at(before), Shown(BoxKey::ValueBad));
-    }
-    EXPECT_TRUE(bench.AtRest());
-    return passes;
-  }
-  void ExpectLooks(Look zero, Look span) const {
-    EXPECT_EQ(bench.LookOf(u"14"), zero);
-    EXPECT_EQ(bench.LookOf(u"15"), span);
-  }
-
-  TransferBench bench;
-};
 
 // The command.
 
@@ -271,7 +190,7 @@ TEST_F(WholeNumberCheckTest, WithoutARangeInTheListZeroAndSpanHaveARuleOfTheirOw
            Case{u"0.001", u"0.0039", false}, Case{u"5", u"1", false}, Case{u"6", u"8", true},  // 3 x 2 is 6
            Case{u"6", u"7.9", false},  // 3 x 1.9 is 5.7
        }) {
-    EXPECT_EQ(ZeroSpanGood(u"4:STRAIGHT", u"", zero, span), good) << ToUtf8(zero + u" " + span);
+    EXPECT_EQ(ZeroSpanGood(u"4:STRAIGHT", u"", zero, span), good) << ToUtf8(zero) << " " << ToUtf8(span);
     ExpectLooks(good ? Look::Normal : Look::Bad, good ? Look::Normal : Look::Bad);
   }
 }
@@ -297,7 +216,7 @@ TEST_F(ValueCheckTest, TheScalesHighEndMustExceedItsLowEndAndBothLieWithin299Poi
     bench.Type(u"19", one.low);
     bench.Type(u"20", one.high);
     const bool good = one.low_look == Look::Normal && one.high_look == Look::Normal;
-    EXPECT_EQ(Passes(), good) << ToUtf8(one.low + u" " + one.high);
+    EXPECT_EQ(Passes(), good) << ToUtf8(one.low) << " " << ToUtf8(one.high);
     EXPECT_EQ(bench.LookOf(u"19"), one.low_look);
     EXPECT_EQ(bench.LookOf(u"20"), one.high_look);
   }
@@ -311,7 +230,7 @@ TEST_F(ValueCheckTest, AScaleOfWhichOneEndIsOfNoUsePasses) {
 }
 
 TEST(ValueCheckFieldsTest, MissingFieldsPass) {
-  TransferBench bench(DataSection({{.item = "33", .text = "0"}}) + kSections);
+  TransferBench bench(DataSection({{.item = "33", .text = "0"}}) + kCheckSections);
   bench.page->SetItem(10, u"1:RTD");
   bench.page->SetItem(33, u"1");
   bench.page->BuildPage();
@@ -354,186 +273,6 @@ TEST_F(ValueCheckTest, ATableWhoseTabIsDisabledOrWhoseSwitchIsOffIsNotChecked) {
   bench.page->Opt_Table[1].SetValue(true);
   bench.page->Tabs.SetTabEnabled(3, false);
   EXPECT_TRUE(Passes());
-}
-
-// Ranges by the range chosen.
-
-struct RangeOfTypeTest : ValueCheckTest {
-  bool Good(const String& type, const String& range, const String& zero, const String& span) {
-    bench.page->SetItem(10, type);
-    bench.page->SetItem(11, range);
-    bench.page->SetItem(14, zero);
-    bench.page->SetItem(15, span);
-    bench.page->BuildPage();
-    return bench.page->CheckRangeOfType();
-  }
-};
-
-TEST_F(RangeOfTypeTest, TheTitleOfTheInputTypeSelectsTextAndLimits) {
-  EXPECT_TRUE(Good(u"1:RTD", u"0-5 V", u"0", u"5"));
-  EXPECT_FALSE(Good(u"1:RTD", u"0-5 V", u"0", u"5.1"));
-  ExpectLooks(Look::Normal, Look::Bad);
-  EXPECT_TRUE(Good(u"3:DC", u"4-20 mA", u"4", u"20"));
-  EXPECT_FALSE(Good(u"3:DC", u"4-20 mA", u"3.9", u"20.1"));
-  ExpectLooks(Look::Bad, Look::Bad);
-}
-
-TEST_F(RangeOfTypeTest, NoTitleAnUnknownTitleAndATextOutsideTheBodyPass) {
-  EXPECT_TRUE(Good(u"2:TC", u"0-5 V", u"99", u"999")) << "title 0";
-  EXPECT_TRUE(Good(u"4:STRAIGHT", u"0-5 V", u"99", u"999")) << "title 0 by its name";
-  EXPECT_TRUE(Good(u"5:ODD", u"0-5 V", u"99", u"999"));
-  EXPECT_TRUE(Good(u"9:OTHER", u"0-5 V", u"99", u"999"));
-  EXPECT_TRUE(Good(u"1:RTD", u"4-20 mA", u"99", u"999")) << "a text of another title";
-  EXPECT_TRUE(Good(u"1:RTD", u"", u"99", u"999"));
-}
-
-TEST_F(RangeOfTypeTest, EmptyCellsAndThoseOfNoUseAreNotHeldToIt) {
-  EXPECT_TRUE(Good(u"3:DC", u"4-20 mA", u"", u"20"));
-  EXPECT_FALSE(Good(u"3:DC", u"4-20 mA", u"", u"21"));
-  EXPECT_TRUE(Good(u"3:DC", u"4-20 mA", u"NEEDLESS", u"20"));
-}
-
-// Tables of ranges.
-
-constexpr std::array kRanges = {ItemRange{.item = 22, .low = 0, .high = 200},
-                                ItemRange{.item = 24, .low = -25, .high = 125}};
-constexpr std::array kRangesWithMissing = {ItemRange{.item = 22, .low = 0, .high = 200},
-                                           ItemRange{.item = 23, .low = 0, .high = 1},
-                                           ItemRange{.item = 24, .low = -25, .high = 125}};
-
-struct RangesTest : ValueCheckTest {
-  void Set(const String& first, const String& second) {
-    bench.page->SetItem(22, first);
-    bench.page->SetItem(24, second);
-    bench.page->BuildPage();
-  }
-  void ExpectLooks(Look first, Look second) const {
-    EXPECT_EQ(bench.LookOf(u"22"), first);
-    EXPECT_EQ(bench.LookOf(u"24"), second);
-  }
-};
-
-TEST_F(RangesTest, BothEndsAreIncluded) {
-  for (const auto condition :
-       {RangeCondition::AllOpen, RangeCondition::NoneLocked, RangeCondition::OpenInOrder}) {
-    Set(u"0", u"-25");
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
-    Set(u"200", u"125");
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
-    Set(u"200", u"125.1");
-    EXPECT_FALSE(bench.page->CheckRanges(kRanges, condition));
-    ExpectLooks(Look::Normal, Look::Bad);
-    Set(u"-0.1", u"0");
-    EXPECT_FALSE(bench.page->CheckRanges(kRanges, condition));
-    ExpectLooks(Look::Bad, Look::Normal);
-  }
-}
-
-TEST_F(RangesTest, EveryBadFieldIsMarkedAndAnEmptyCellIsNotHeldToItsRange) {
-  Set(u"-1", u"999");
-  EXPECT_FALSE(bench.page->CheckRanges(kRanges, RangeCondition::AllOpen));
-  ExpectLooks(Look::Bad, Look::Bad);
-  constexpr std::array kAboveZero = {ItemRange{.item = 22, .low = 1, .high = 200}};
-  Set(u"", u"0");
-  EXPECT_TRUE(bench.page->CheckRanges(kAboveZero, RangeCondition::AllOpen));
-}
-
-TEST_F(RangesTest, AMissingFieldPassesTheWholeCheckUnlessItIsToBePassedOver) {
-  Set(u"-1", u"999");
-  EXPECT_TRUE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::AllOpen));
-  ExpectLooks(Look::Normal, Look::Normal);
-  EXPECT_FALSE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::NoneLocked));
-  ExpectLooks(Look::Bad, Look::Bad);
-}
-
-TEST_F(RangesTest, ALockedFieldPassesTheWholeCheck) {
-  Set(u"-1", u"999");
-  bench.page->Text[8].SetLocked(true);
-  for (const auto condition : {RangeCondition::AllOpen, RangeCondition::NoneLocked}) {
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
-    ExpectLooks(Look::Normal, Look::Normal);
-  }
-}
-
-TEST_F(RangesTest, InOrderTheFirstBadFieldEndsTheCheck) {
-  Set(u"-1", u"999");
-  EXPECT_FALSE(bench.page->CheckRanges(kRanges, RangeCondition::OpenInOrder));
-  ExpectLooks(Look::Bad, Look::Normal);
-}
-
-TEST_F(RangesTest, InOrderTheFirstMissingOrLockedFieldEndsTheCheckWell) {
-  Set(u"1", u"999");
-  EXPECT_TRUE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::OpenInOrder));
-  bench.page->Text[7].SetLocked(true);
-  EXPECT_TRUE(bench.page->CheckRanges(kRanges, RangeCondition::OpenInOrder));
-  ExpectLooks(Look::Normal, Look::Normal);
-}
-
-TEST_F(RangesTest, ARowOfAnotherModelIsPassedOver) {
-  constexpr std::array kByModel = {ItemRange{.item = 22, .low = 0, .high = 1, .def_file = u"Other.def"},
-                                   ItemRange{.item = 22, .low = 0, .high = 5, .def_file = kModel},
-                                   ItemRange{.item = 24, .low = 0, .high = 1, .def_file = u"Other.def"}};
-  for (const auto condition : {RangeCondition::AllOpen, RangeCondition::OpenInOrder}) {
-    Set(u"5", u"99");
-    EXPECT_TRUE(bench.page->CheckRanges(kByModel, condition));
-    Set(u"6", u"99");
-    EXPECT_FALSE(bench.page->CheckRanges(kByModel, condition));
-  }
-}
-
-// Limits by the sensor.
-
-constexpr std::array kCodes = {CodeRange{.code = u"0", .low = 1, .high = 255},
-                               CodeRange{.code = u"5", .low = 1, .high = 25},
-                               CodeRange{.code = u"6", .low = 1, .high = 2}};
-
-struct SensorTest : ValueCheckTest {
-  bool Good(const String& sensor, const String& code, const String& span, const String& percent) {
-    bench.page->SetItem(11, sensor);
-    bench.page->SetItem(18, code);
-    bench.page->SetItem(15, span);
-    bench.page->SetItem(22, percent);
-    bench.page->BuildPage();
-    return bench.page->CheckSensor(
-        {.table = u"$I11QEI", .code_ranges = kCodes, .percent = {.item = 22, .low = 0, .high = 100}});
-  }
-};
-
-TEST_F(SensorTest, TheCodeItemHasTheLimitsOfTheSensorsCode) {
-  EXPECT_TRUE(Good(u"A", u"255", u"1", u"0"));
-  EXPECT_FALSE(Good(u"A", u"256", u"1", u"0"));
-  EXPECT_FALSE(Good(u"A", u"0", u"1", u"0"));
-  EXPECT_TRUE(Good(u"B", u"25", u"1", u"0"));
-  EXPECT_FALSE(Good(u"B", u"26", u"1", u"0"));
-  EXPECT_TRUE(Good(u"C", u"2", u"1", u"0"));
-  EXPECT_FALSE(Good(u"C", u"3", u"1", u"0"));
-  EXPECT_EQ(bench.LookOf(u"18"), Look::Bad);
-  EXPECT_TRUE(Good(u"D", u"999", u"1", u"0")) << "a code without limits";
-}
-
-TEST_F(SensorTest, TheSpanIsAtMostOneAndAHalfTimesTheSensorsBase) {
-  EXPECT_TRUE(Good(u"A", u"1", u"150", u"0"));
-  EXPECT_FALSE(Good(u"A", u"1", u"150.1", u"0"));
-  EXPECT_EQ(bench.LookOf(u"15"), Look::Bad);
-  EXPECT_TRUE(Good(u"B", u"1", u"3", u"0"));
-  EXPECT_FALSE(Good(u"B", u"1", u"3.1", u"0"));
-}
-
-TEST_F(SensorTest, ThePercentageLiesFromZeroToAHundredWhateverTheSensor) {
-  EXPECT_TRUE(Good(u"A", u"1", u"1", u"100"));
-  EXPECT_FALSE(Good(u"A", u"1", u"1", u"100.1"));
-  EXPECT_FALSE(Good(u"no sensor", u"999", u"999", u"-1"));
-  EXPECT_EQ(bench.LookOf(u"22"), Look::Bad);
-  EXPECT_TRUE(Good(u"no sensor", u"999", u"999", u"1"));
-}
-
-TEST(SensorFieldsTest, WithoutOneOfItsFieldsItPasses) {
-  TransferBench bench(DataSection({{.item = "18", .text = "0"}, {.item = "15", .text = "1"}}) + kSections);
-  bench.page->SetItem(11, u"A");
-  bench.page->SetItem(15, u"999");
-  bench.page->SetItem(18, u"999");
-  bench.page->BuildPage();
-  EXPECT_TRUE(bench.page->CheckSensor({.table = u"$I11QEI", .code_ranges = kCodes}));
 }
 
 }  // namespace

@@ -1,0 +1,406 @@
+// Each exchange of an upload and of a download in turn is broken, once and for good, in each way in which a
+// line can break; each run must end as it should, with a page that can be used again.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "core/text_utilities.h"
+#include "page_bench.h"
+
+namespace korva::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using sim::Fault;
+
+/// No run takes longer than this: 80 exchanges that each wait in vain, four times.
+constexpr Clock kLongestRun = std::chrono::minutes(30);
+
+/// What an exchange is part of.
+enum class Phase { Link, Monitor, Type, Programming, Items, Leave, Closing, None };
+
+struct Step {
+  Phase phase = Phase::Items;
+  char letter = 'G';
+  bool write = false;   ///< the access that it belongs to goes on to send data
+  bool reread = false;  ///< the read that proves item 14 or 15
+  int item = 0;
+};
+
+/// The accesses of a run without faults, exchange by exchange.
+std::vector<Step> StepsOf(const Texts& commands, bool download) {
+  std::vector<Step> steps;
+  for (std::size_t at = 0; at < commands.size();) {
+    const bool write = at + 2 < commands.size() && commands[at + 2].front() == 'D';
+    const int item = std::stoi(commands[at + 1].substr(1));
+    const bool after_write = !steps.empty() && steps.back().write && steps.back().item == item;
+    for (const char letter : write ? std::string("GID") : std::string("GI")) {
+      steps.push_back({.letter = letter,
+                       .write = write,
+                       .reread = !write && after_write && (item == 14 || item == 15),
+                       .item = item});
+    }
+    at += write ? 3 : 2;
+  }
+  const auto mark = [&](std::size_t from, std::size_t count, Phase phase) {
+    for (std::size_t place = from; place < from + count; ++place) {
+      steps.at(place).phase = phase;
+    }
+  };
+  mark(0, 2, Phase::Link);
+  mark(2, 3, Phase::Monitor);
+  if (download) {
+    mark(5, 2, Phase::Type);
+    mark(7, 3, Phase::Programming);
+    mark(steps.size() - 6, 3, Phase::Leave);
+    mark(steps.size() - 3, 3, Phase::Closing);
+  }
+  return steps;
+}
+
+/// A break of the line that begins with exchange `at` (from 0).
+struct Break {
+  Fault fault;
+  bool for_good = false;
+  std::size_t at = 0;
+
+  [[nodiscard]] std::string Name() const {
+    const auto faults = sim::AllFaults();
+    const auto info = std::find_if(faults.begin(), faults.end(),
+                                   [this](const sim::FaultInfo& one) { return one.fault == fault; });
+    return std::string(info->name) + (for_good ? " for good" : " once") + " from exchange " +
+           std::to_string(at + 1);
+  }
+};
+
+std::vector<Break> BreaksOf(std::size_t exchanges) {
+  std::vector<Break> breaks;
+  for (std::size_t at = 0; at < exchanges; ++at) {
+    for (const Fault fault : {Fault::Silent, Fault::Refused, Fault::Garbled, Fault::Late}) {
+      breaks.push_back({.fault = fault, .for_good = false, .at = at});
+      breaks.push_back({.fault = fault, .for_good = true, .at = at});
+    }
+  }
+  return breaks;
+}
+
+/// The first access that a lasting break leaves without an answer that the program accepts.
+Phase FirstFailure(const Break& line_break, const Step& step) {
+  // What a refused or garbled reply to a selection or to a mode command amounts to: it is taken for an
+  // answer, and the next access fails at its group.
+  const bool accepted =
+      (line_break.fault == Fault::Refused && step.letter == 'I' && !step.write && !step.reread) ||
+      (line_break.fault == Fault::Garbled && step.letter != 'G');
+  switch (step.phase) {
+    case Phase::Link:
+      return accepted ? Phase::Monitor : Phase::Link;
+    case Phase::Monitor:
+      return accepted ? Phase::Programming : Phase::Monitor;
+    case Phase::Type:
+      return Phase::Programming;  // an input type that can't be read is not compared
+    case Phase::Programming:
+      return accepted ? Phase::Items : Phase::Programming;
+    case Phase::Leave:
+      return accepted ? Phase::Closing : Phase::Leave;
+    case Phase::Closing:
+      return accepted ? Phase::None : Phase::Closing;
+    default:
+      return Phase::Items;
+  }
+}
+
+/// The boxes of a download after its question.
+Texts DownloadBoxes(const Break& line_break, const Step& step) {
+  const std::string monitor = Shown(BoxKey::NotMonitorMode);
+  const std::string done = Shown(BoxKey::DownloadDone);
+  const std::string mismatch = Shown(BoxKey::DownloadDataMismatch);
+  if (!line_break.for_good) {
+    // One repeat mends everything but a text that is taken for the device's answer.
+    const bool refused_proof = line_break.fault == Fault::Refused && step.reread && step.letter == 'I';
+    const bool compared =
+        step.item == 2 || step.item == 10 || step.item == 11 || step.item == 16 || step.item == 17;
+    const bool garbled_echo =
+        line_break.fault == Fault::Garbled && step.phase == Phase::Items && step.letter == 'D' && compared;
+    return {refused_proof || garbled_echo ? mismatch : done};
+  }
+  switch (FirstFailure(line_break, step)) {
+    case Phase::Link:
+      return {Shown(BoxKey::CommFailure)};
+    case Phase::Monitor:
+      return {monitor, monitor};
+    case Phase::Programming:
+      return {Shown(BoxKey::NotProgrammingMode), monitor};
+    case Phase::Leave:
+      return {monitor, done, monitor};
+    case Phase::Closing:
+      return {done, monitor};
+    case Phase::None:
+      return {done};
+    default:
+      return {mismatch, monitor, monitor};
+  }
+}
+
+/// The boxes of an upload.
+Texts UploadBoxes(const Break& line_break, const Step& step) {
+  const Phase failure = line_break.for_good ? FirstFailure(line_break, step) : Phase::None;
+  if (failure == Phase::Link) {
+    return {Shown(BoxKey::CommFailure)};
+  }
+  Texts boxes = {Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload)};
+  if (failure == Phase::Monitor) {
+    boxes.push_back(Shown(BoxKey::NotMonitorMode));
+  }
+  boxes.push_back(Shown(BoxKey::UploadDone));
+  return boxes;
+}
+
+/// A program with a device of the model, whose set has been uploaded.
+class Sweep : public PageBench {
+ public:
+  explicit Sweep(const String& model) : device(Connect(model)) {
+    app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
+      if (traffic.sent) {
+        commands.push_back(ToUtf8(traffic.text));
+      }
+    };
+    Choose(model);
+    Upload();
+    uploaded = SetOf();
+    Page().DataChanged = false;
+    TakeBoxes();
+    commands.clear();
+  }
+
+  void Change() {
+    Type(u"02", u"PUMP 1");
+    Type(u"16", u"0.70");
+    Type(u"17", u"1.50");
+    changed = SetOf();
+  }
+
+  void StartBreak(const Break& line_break) {
+    const int first = device.Exchanges() + 1 + static_cast<int>(line_break.at);
+    device.AddFault({.fault = line_break.fault,
+                     .first = first,
+                     .last = line_break.for_good ? sim::FaultRule::kForGood : first,
+                     .command = {}});
+  }
+
+  std::vector<String> SetOf() {
+    std::vector<String> cells;
+    cells.reserve(ParameterSet::kItems);
+    for (int item = 0; item < ParameterSet::kItems; ++item) {
+      cells.push_back(Page().Item(item));
+    }
+    return cells;
+  }
+
+  void ExpectUsable() {
+    const SharedState& shared = app.program.Shared();
+    EXPECT_FALSE(status.has_value()) << "the program has ended";
+    EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || Page().UploadBusy);
+    EXPECT_EQ(Page().TransferBar.Value(), 0.0F);
+    EXPECT_EQ(Page().LnrProgressBar.Value(), 0.0F);
+    EXPECT_FALSE(Page().flaMsg_CannotEnd.Visible());
+    for (const Button* button : {&Page().cmdUpload, &Page().cmdDownload, &Page().cmdCheck, &Page().cmdOpen,
+                                 &Page().cmdSave, &Page().cmdNew, &Page().cmdExit}) {
+      EXPECT_TRUE(button->Enabled()) << button->Name();
+    }
+    EXPECT_TRUE(Page().lst_TypeSelect.Enabled());
+    for (const int tab : {0, 1, 2, 5, 6}) {
+      EXPECT_TRUE(Page().Tabs.TabEnabled(tab)) << tab;
+    }
+  }
+
+  /// The line is good again: what is still under way arrives, and an upload brings the device's set.
+  void ExpectUploadWorks() {
+    device.ClearFaults();
+    loop.RunUntilIdle();
+    Page().DataChanged = false;
+    TakeBoxes();
+    Upload();
+    EXPECT_EQ(TakeBoxes(),
+              (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload), Shown(BoxKey::UploadDone)}));
+    EXPECT_EQ(device.Mode(), '0');
+    for (int item = 0; item < ParameterSet::kItems; ++item) {
+      const std::string name = item < 10 ? "0" + std::to_string(item) : std::to_string(item);
+      if (!Page().Item(item).empty() && Page().Item(item) != u"NEEDLESS") {
+        EXPECT_EQ(ToUtf8(Page().Item(item)), ToUtf8(Trimmed(code_page.Decode(device.Value("01", name)))))
+            << item;
+      }
+    }
+    EXPECT_EQ(dialogs.Unused(), 0U);
+  }
+
+  sim::Device& device;
+  Texts commands;
+  std::vector<String> uploaded;
+  std::vector<String> changed;
+};
+
+/// A device whose every item has a value of its own, so that no answer is good by chance.
+void Prepare(Sweep& bench) {
+  bench.device.Set("01", "16", "0.20");
+  bench.device.Set("01", "17", "1.10");
+  bench.Upload();
+  bench.uploaded = bench.SetOf();
+  bench.Page().DataChanged = false;
+  bench.TakeBoxes();
+  bench.commands.clear();
+}
+
+void ExpectUploadedCells(Sweep& bench, const Break& line_break, const std::vector<Step>& steps) {
+  for (std::size_t place = 0; place < steps.size(); ++place) {
+    const Step& step = steps[place];
+    if (step.phase != Phase::Items || step.letter != 'I') {
+      continue;
+    }
+    const String& cell = bench.Page().Item(step.item);
+    const bool struck = place == line_break.at;
+    if (struck && line_break.fault == Fault::Refused) {
+      EXPECT_EQ(cell, u"ERROR") << step.item;
+    } else if (struck && line_break.fault == Fault::Garbled) {
+      EXPECT_TRUE(cell.find_first_not_of(u'?') == String::npos && !cell.empty()) << step.item;
+    } else if (line_break.for_good && place >= line_break.at) {
+      EXPECT_EQ(cell, u"") << step.item;
+    } else {
+      EXPECT_EQ(cell, bench.uploaded[static_cast<std::size_t>(step.item)]) << step.item;
+    }
+  }
+}
+
+// Model QL has neither a table nor a filter, so that every exchange is one of the set's.
+
+TEST(FaultSweepTest, AnUploadBrokenAtAnyExchangeEndsAsItShould) {
+  Sweep good(u"QL");
+  good.Upload();
+  const std::vector<Step> steps = StepsOf(good.commands, false);
+  int runs = 0;
+  for (const Break& line_break : BreaksOf(steps.size())) {
+    SCOPED_TRACE(line_break.Name());
+    Sweep bench(u"QL");
+    Prepare(bench);
+    const Clock start = bench.loop.Now();
+    bench.StartBreak(line_break);
+    bench.Upload();
+    ++runs;
+    EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+    bench.ExpectUsable();
+    const Step& step = steps[line_break.at];
+    const Texts boxes = bench.TakeBoxes();
+    const bool started = boxes != Texts{Shown(BoxKey::CommFailure)};
+    EXPECT_EQ(bench.Page().DataChanged, started);
+    EXPECT_EQ(bench.Page().CommFailed, !started);
+    if (line_break.fault != Fault::Late) {
+      EXPECT_EQ(boxes, UploadBoxes(line_break, step));
+      EXPECT_EQ(bench.device.Mode(), '0');
+    } else if (started) {
+      EXPECT_EQ(boxes.back(), Shown(BoxKey::UploadDone));
+    }
+    if (!started) {
+      EXPECT_EQ(bench.SetOf(), bench.uploaded);
+      EXPECT_EQ(bench.dialogs.Unused(), 2U);
+      continue;
+    }
+    if (line_break.fault != Fault::Late) {
+      ExpectUploadedCells(bench, line_break, steps);
+    }
+    bench.ExpectUploadWorks();
+    EXPECT_EQ(bench.SetOf(), bench.uploaded);
+  }
+  std::cout << "uploads with a broken exchange: " << runs << '\n';
+}
+
+TEST(FaultSweepTest, ADownloadBrokenAtAnyExchangeEndsAsItShould) {
+  Sweep good(u"QL");
+  good.Change();
+  good.Download();
+  const std::vector<Step> steps = StepsOf(good.commands, true);
+  int runs = 0;
+  for (const Break& line_break : BreaksOf(steps.size())) {
+    SCOPED_TRACE(line_break.Name());
+    Sweep bench(u"QL");
+    Prepare(bench);
+    bench.Change();
+    const Clock start = bench.loop.Now();
+    bench.StartBreak(line_break);
+    bench.Download();
+    ++runs;
+    EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+    bench.ExpectUsable();
+    EXPECT_TRUE(bench.Page().DataChanged);
+    EXPECT_EQ(bench.SetOf(), bench.changed) << "the page keeps its values";
+    Texts boxes = bench.TakeBoxes();
+    EXPECT_EQ(boxes.front(), Shown(BoxKey::StartDownload));
+    boxes.erase(boxes.begin());
+    if (line_break.fault != Fault::Late) {
+      EXPECT_EQ(boxes, DownloadBoxes(line_break, steps[line_break.at]));
+      if (!line_break.for_good) {
+        EXPECT_EQ(bench.device.Mode(), '0');
+      }
+      if (boxes == Texts{Shown(BoxKey::DownloadDone)}) {
+        EXPECT_EQ(Trimmed(FromUtf8(bench.device.Value("01", "02"))), u"PUMP 1");
+        EXPECT_EQ(Trimmed(FromUtf8(bench.device.Value("01", "17"))), u"1.50");
+      }
+    }
+    EXPECT_EQ(bench.Page().CommFailed, boxes == Texts{Shown(BoxKey::CommFailure)});
+    if (!bench.Page().CommFailed) {
+      EXPECT_TRUE(bench.commands.back() == "D0" || bench.commands.back() == "G01" ||
+                  bench.commands.back() == "I01")
+          << "the last that was tried is monitor mode, not " << bench.commands.back();
+    }
+    bench.ExpectUploadWorks();
+  }
+  std::cout << "downloads with a broken exchange: " << runs << '\n';
+}
+
+// The other shapes of a transfer: a linearizer that is always in use, input types spelt by version, filters.
+
+struct ModelSweepTest : testing::TestWithParam<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Model, ModelSweepTest, testing::Values("QHW", "QUO", "QHN1", "QEI"),
+                         [](const auto& one) { return std::string(one.param); });
+
+TEST_P(ModelSweepTest, ATransferBrokenAtAnyExchangeLeavesAPageThatCanBeUsed) {
+  const String model = FromUtf8(GetParam());
+  int runs = 0;
+  for (const bool download : {false, true}) {
+    Sweep good(model);
+    const auto transfer = [download](Sweep& bench) {
+      if (download) {
+        bench.Download();
+      } else {
+        bench.Upload();
+      }
+    };
+    transfer(good);
+    ASSERT_EQ(good.TakeBoxes().back(), Shown(download ? BoxKey::DownloadDone : BoxKey::UploadDone));
+    for (const Break& line_break : BreaksOf(good.commands.size())) {
+      SCOPED_TRACE((download ? "download, " : "upload, ") + line_break.Name());
+      Sweep bench(model);
+      const Clock start = bench.loop.Now();
+      bench.StartBreak(line_break);
+      transfer(bench);
+      ++runs;
+      EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+      bench.ExpectUsable();
+      bench.device.ClearFaults();
+      bench.loop.RunUntilIdle();
+      if (bench.dialogs.Unused() == 0) {
+        bench.ExpectUploadWorks();
+      }
+      if (testing::Test::HasFailure()) {
+        return;
+      }
+    }
+  }
+  std::cout << GetParam() << ": transfers with a broken exchange: " << runs << '\n';
+}
+
+}  // namespace
+}  // namespace korva::test
