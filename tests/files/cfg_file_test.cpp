@@ -2,10 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <string_view>
+
 #include "page_host.h"
 
 namespace korva {
 namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 constexpr const char16_t* kPath = u"/data/a.cfg";
 constexpr StringView kFormat = u"ﾌｧｲﾙを開く: cfgﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。";
@@ -293,9 +299,9 @@ TEST_F(CfgFile, ALineOfAMegabyteIsOneValue) {
 }
 
 TEST_F(CfgFile, NulBytesAndForeignBytesAreRead) {
-  ReadBytes(std::string_view("$Data\r\n\"1\",\"2\",\"a\0b\"\r\n\"1\",\"3\",\"\xFF\xFE\"\r\n$End", 47));
+  ReadBytes("$Data\r\n\"1\",\"2\",\"a\0b\"\r\n\"1\",\"3\",\"\xFF\xFE\"\r\n$End"sv);
   EXPECT_TRUE(Clean());
-  EXPECT_EQ(set.At(1, 2), String(u"a\0b", 3));
+  EXPECT_EQ(set.At(1, 2), u"a\0b"s);
   EXPECT_NE(set.At(1, 3).find(u'\uFFFD'), String::npos);
 }
 

@@ -3,12 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "core/text_utilities.h"
 #include "page_host.h"
 
 namespace korva {
 namespace {
+
+using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 constexpr const char16_t* kPath = u"/korva/system/Kv_1/TEST.def";
 constexpr StringView kFaulty = u"ﾌｧｲﾙを開く: defﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。ﾌﾟﾛｸﾞﾗﾑを再ｲﾝｽﾄｰﾙしてください。";
@@ -260,8 +264,8 @@ TEST_F(DefFile, ALineOfAMegabyteReadsAsOneField) {
 }
 
 TEST_F(DefFile, NulBytesStayInTheirField) {
-  ReadBytes(std::string_view("$I23\r\n0,a\0b\r\n$End\r\n", 19));
-  EXPECT_EQ(Cell(u"$I23", 0, 1), String(u"a\0b", 3));
+  ReadBytes("$I23\r\n0,a\0b\r\n$End\r\n"sv);
+  EXPECT_EQ(Cell(u"$I23", 0, 1), u"a\0b"s);
 }
 
 TEST_F(DefFile, BytesOfAnotherCodePageBecomeReplacementCharacters) {

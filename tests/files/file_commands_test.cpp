@@ -384,7 +384,7 @@ TEST_F(FileCommands, ACharacterThatTheCodePageLacksIsNamedAndNothingIsWritten) {
   host.files.Put(kCfg, "old");
   Page().txtMemo.UserTypes(u"20 \u20AC \U0001F600");
   EXPECT_FALSE(Save());
-  EXPECT_NE(LastBox().find(u"\u20AC"), String::npos);
+  EXPECT_NE(LastBox().find(u'\u20AC'), String::npos);
   EXPECT_EQ(LastBox().find(u"\U0001F600"), String::npos);
   EXPECT_TRUE(LastBox().starts_with(kSaveTitle));
   EXPECT_EQ(host.files.Bytes(kCfg), "old");

@@ -198,7 +198,7 @@ TestPage& PageHost::Choose(const String& model, StringView definition) {
   return Choose(model);
 }
 
-TestPage& PageHost::Choose(const String& model) {
+TestPage& PageHost::Choose(const String& model) const {
   const auto& entries = first->lst_TypeSelect.Entries();
   const auto found = std::find(entries.begin(), entries.end(), model);
   first->lst_TypeSelect.UserPicks(static_cast<int>(found - entries.begin()));

@@ -112,8 +112,8 @@ class PageHost : public MemoryHost {
   TestPage& Start();
   /// Defines a model and chooses it; the model's name is the file's without ".def".
   TestPage& Choose(const String& model, StringView definition);
-  TestPage& Choose(const String& model);
-  TestPage& Page() { return *first; }
+  TestPage& Choose(const String& model) const;
+  [[nodiscard]] TestPage& Page() const { return *first; }
 
   Program program{platform, u"/korva",
                   [this](Program& made_for, const Family& family) { return MakePage(made_for, family); }};
