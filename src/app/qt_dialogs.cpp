@@ -42,16 +42,6 @@ ButtonForm FormOf(Answer answer) {
   return {QMessageBox::AcceptRole, QStringLiteral("OK")};
 }
 
-/// What closing the box without a button means: cancel, else no, else the only button.
-Answer ClosingAnswer(const Box& box) {
-  for (const Answer answer : {Answer::Cancel, Answer::No}) {
-    if (std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end()) {
-      return answer;
-    }
-  }
-  return box.buttons.front();
-}
-
 /// "text|pattern|text|pattern|" as the list that Qt takes; a pattern that the text already shows stays there.
 QStringList NameFilters(const String& filter) {
   const QStringList parts = ToQt(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -80,14 +70,14 @@ Answer QtDialogs::ShowBox(const Box& box) {
     if (answer == box.preset) {
       message.setDefaultButton(button);
     }
-    if (answer == ClosingAnswer(box)) {
+    if (answer == LeastAnswer(box)) {
       message.setEscapeButton(button);
     }
   }
   message.exec();
   gate_.RaiseIfEnded();
   const auto pressed = answers.find(message.clickedButton());
-  return pressed == answers.end() ? ClosingAnswer(box) : pressed->second;
+  return pressed == answers.end() ? LeastAnswer(box) : pressed->second;
 }
 
 std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {

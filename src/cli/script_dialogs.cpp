@@ -1,6 +1,5 @@
 #include "cli/script_dialogs.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -22,10 +21,6 @@ std::string_view WordOf(BoxIcon icon) {
   return "plain";
 }
 
-bool Offers(const Box& box, Answer answer) {
-  return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
-}
-
 }  // namespace
 
 Answer ScriptDialogs::ShowBox(const Box& box) {
@@ -43,12 +38,8 @@ Answer ScriptDialogs::ShowBox(const Box& box) {
 }
 
 Answer ScriptDialogs::AnswerTo(const Box& box) {
-  if (box.buttons.size() == 1) {
-    return box.buttons.front();
-  }
-  const Answer least = Offers(box, Answer::Cancel) ? Answer::Cancel : Answer::No;
-  if (answers_.empty()) {
-    return least;
+  if (box.buttons.size() == 1 || answers_.empty()) {
+    return LeastAnswer(box);
   }
   const Answer answer = answers_.front();
   answers_.pop_front();
@@ -57,7 +48,7 @@ Answer ScriptDialogs::AnswerTo(const Box& box) {
   }
   transcript_.Complain("the box " + Quoted(box.text) + " has no button for the answer " +
                        std::string(WordOf(answer)));
-  return least;
+  return LeastAnswer(box);
 }
 
 std::optional<String> ScriptDialogs::ChooseFile(const FileDialog& dialog) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -19,6 +20,19 @@ struct Box {
   Answer preset = Answer::Ok;
 };
 
+inline bool Offers(const Box& box, Answer answer) {
+  return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
+}
+
+/// The answer that changes least: the only button, else cancel, else no. It counts where a box is closed or
+/// left without an answer.
+inline Answer LeastAnswer(const Box& box) {
+  if (box.buttons.size() == 1) {
+    return box.buttons.front();
+  }
+  return Offers(box, Answer::Cancel) ? Answer::Cancel : Answer::No;
+}
+
 /// A file dialog. `filter` has the platform's form "text|pattern|text|pattern|", `filter_index` counts
 /// from 1.
 struct FileDialog {
@@ -36,8 +50,7 @@ class Dialogs {
   Dialogs& operator=(const Dialogs&) = delete;
   virtual ~Dialogs() = default;
 
-  /// Shows the box and waits for one of its buttons. Closing a box that offers cancel counts as cancel,
-  /// one that offers only OK as OK, a yes-no box as no.
+  /// Shows the box and waits for one of its buttons. Closing it counts as LeastAnswer.
   virtual Answer ShowBox(const Box& box) = 0;
 
   /// Full path of the chosen file, or nothing when the user cancelled.

@@ -15,7 +15,8 @@ struct LineSettings {
   int stop_bits = 1;
 };
 
-/// One serial line as the operations that a transport needs. COM 1 to COM 4 are numbers 1 to 4.
+/// One serial line as the operations that a transport needs. COM 1 to COM 4 are numbers 1 to 4. A line whose
+/// far end vanished stays open, accepts writes and is silent until it is opened again.
 class Port {
  public:
   Port() = default;
@@ -40,7 +41,7 @@ class Port {
   /// Takes all that has arrived as one chunk.
   virtual std::string Take() = 0;
 
-  /// `action` is called through the gate whenever something has arrived or the line broke.
+  /// `action` is called through the gate whenever something has arrived or the line broke. It must not pump.
   virtual void OnArrival(std::function<void()> action) = 0;
 
   /// The line's speed in bits a second when its timing is known: a character then can't take less than ten

@@ -1,18 +1,9 @@
 #include "platform/virtual/virtual_dialogs.h"
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace korva {
-
-namespace {
-
-bool Offers(const Box& box, Answer answer) {
-  return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
-}
-
-}  // namespace
 
 Answer VirtualDialogs::ShowBox(const Box& box) {
   if (on_box_) {
@@ -24,11 +15,8 @@ Answer VirtualDialogs::ShowBox(const Box& box) {
 }
 
 Answer VirtualDialogs::NextAnswer(const Box& box) {
-  if (box.buttons.size() == 1) {
-    return box.buttons.front();
-  }
-  if (answers_.empty()) {
-    return Offers(box, Answer::Cancel) ? Answer::Cancel : Answer::No;
+  if (box.buttons.size() == 1 || answers_.empty()) {
+    return LeastAnswer(box);
   }
   const Answer answer = answers_.front();
   answers_.pop_front();
