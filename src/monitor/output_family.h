@@ -1,0 +1,39 @@
+#pragma once
+
+#include <span>
+
+#include "core/family.h"
+#include "monitor/answer_cleaning.h"
+#include "monitor/model_set.h"
+#include "platform/event_loop.h"
+
+namespace korva {
+
+/// The output that a model can be forced to, in percent, as the range message writes it; both ends count.
+struct OutputRange {
+  ModelSet models = {};  ///< empty: all
+  StringView low;
+  StringView high;
+};
+
+/// How a family's output is forced. All items are of group "01". The mode item and the dialect are the device
+/// page's.
+struct OutputFamily {
+  StringView family;
+  StringView set_key = u"03_set";      ///< row of the value to send
+  StringView monitor_key = u"03_mon";  ///< row of the value that the device took
+  std::span<const OutputRange> ranges;
+  Cleaner clean_sent = nullptr;
+  Cleaner clean_answer = nullptr;
+  Milliseconds settling{0};    ///< between the change to programming mode and the look at its result
+  bool resets_colours = true;  ///< the monitored boxes are put to rest before the mode change
+  int further_box = -1;        ///< index of a Text that shows the value too
+  ModelSet models_without_set_box = {};
+};
+
+const OutputFamily& OutputFamilyOf(const Family& family);
+
+/// All eleven rows.
+std::span<const OutputFamily> OutputFamilies();
+
+}  // namespace korva

@@ -1,0 +1,128 @@
+#include "monitor/output_setting.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "monitor/updated_control.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kRepeats = 3;
+
+}  // namespace
+
+void OutputSetting::Set() {
+  TextField* set_box = page_.FindField(String(family_.set_key));
+  if (set_box == nullptr || !CheckOutputSet(*set_box)) {
+    return;
+  }
+  page_.BeginOperation();
+  page_.LockFrame();
+  set_box->SetEnabled(false);
+  Force(*set_box);
+}
+
+bool OutputSetting::CheckOutputSet(const TextField& set_box) const {
+  const auto range =
+      std::find_if(family_.ranges.begin(), family_.ranges.end(),
+                   [this](const OutputRange& one) { return one.models.IsAllOrHas(page_.DefFile); });
+  const double low = LeadingNumber(range->low);
+  const double high = LeadingNumber(range->high);
+  // What goes to the device is judged too: a text such as "1x200" begins with another number than is sent.
+  const String sent = family_.clean_sent(set_box.Text(), PrefixOf(family_.set_key));
+  if (IsNumeric(sent) && IsBetween(high, low, LeadingNumber(sent)) &&
+      IsBetween(high, low, LeadingNumber(set_box.Text()))) {
+    return true;
+  }
+  page_.Box().Show(BoxKey::OutputOutOfRange, {String(range->low), String(range->high)});
+  return false;
+}
+
+void OutputSetting::Force(TextField& set_box) {
+  const std::vector<TextField*> shown = MonitorBoxes();
+  std::optional<Blinking<TextField>> blinking;
+  if (!shown.empty()) {
+    blinking.emplace(*shown.front(), page_.Item03_MonitorTimer);
+  }
+  for (TextField* box : shown) {
+    PaintHighlight(*box);
+  }
+  if (family_.resets_colours) {
+    monitor_.ResetMonitorColours();
+  }
+  const bool forced = EnterForcingMode();
+  if (forced) {
+    const String item = WireItem(family_.set_key);
+    const String value = family_.clean_sent(set_box.Text(), PrefixOf(family_.set_key));
+    const String answer = page_.Items().WriteRetry(kRepeats, u"01", item, value);
+    const String taken = family_.clean_answer(answer, PrefixOf(family_.monitor_key));
+    for (TextField* box : shown) {
+      box->SetText(taken);
+    }
+  }
+  blinking.reset();
+  for (TextField* box : shown) {
+    PaintRest(*box);
+  }
+  if (forced) {
+    KeepInReach(page_, page_.cmdStatusMonOFF);
+    page_.cmdStatusMonOFF.SetFocus();
+    return;
+  }
+  set_box.SetEnabled(true);
+  page_.EndOperation();
+  page_.UnlockFrame();
+}
+
+bool OutputSetting::EnterForcingMode() {
+  if (family_.settling == Milliseconds(0)) {
+    return page_.EnterProgrammingMode();
+  }
+  // The user hears of a failure only when the device has had its time to settle.
+  const bool taken = !page_.Items().WriteRetry(kRepeats, u"01", u"01", u"1").empty();
+  page_.Line().WaitFor(static_cast<int>(family_.settling.count()));
+  if (!taken) {
+    page_.Box().Show(BoxKey::NotProgrammingMode);
+  }
+  return taken;
+}
+
+void OutputSetting::Off() {
+  if (page_.Shared().CommBusy) {
+    page_.cmdStatusMonOFF.SetEnabled(false);
+  } else {
+    // Pressed without a forced output. Nothing else may start during the exchange in this case either.
+    page_.BeginOperation();
+    page_.LockFrame();
+  }
+  page_.EnterMonitorMode();
+  page_.EndOperation();
+  page_.UnlockFrame();
+  TextField* set_box = page_.FindField(String(family_.set_key));
+  if (set_box != nullptr && !family_.models_without_set_box.Has(page_.DefFile)) {
+    set_box->SetEnabled(true);
+    set_box->SetFocus();
+  }
+}
+
+std::vector<TextField*> OutputSetting::MonitorBoxes() const {
+  std::vector<TextField*> boxes;
+  if (TextField* box = page_.FindField(String(family_.monitor_key))) {
+    boxes.push_back(box);
+  }
+  if (page_.Text.Has(family_.further_box)) {
+    boxes.push_back(&page_.Text[family_.further_box]);
+  }
+  return boxes;
+}
+
+String OutputSetting::PrefixOf(StringView key) const {
+  const int row = page_.FindDataRow(u"01", String(key));
+  return row < 0 ? String() : page_.DataCell(row, kReplyPrefix);
+}
+
+}  // namespace korva

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "monitor/output_family.h"
+#include "monitor/status_monitor.h"
+
+namespace korva {
+
+/// The output setting of a page: forces the output to a percentage and holds it until the user ends it.
+///
+///     Idle --Set--> Forcing --Off--> Idle
+///
+/// In Forcing the device is in programming mode and holds the output at the value sent; CommBusy is set and
+/// the frame is locked, with cmdStatusMonOFF alone in reach. A value that is out of range, or a device that
+/// doesn't take programming mode, leaves Idle. Off unlocks the page whatever the device says.
+class OutputSetting {
+ public:
+  /// `monitor` is the page's, whose boxes are put to rest. All outlive this.
+  OutputSetting(ParameterPage& page, const OutputFamily& family, StatusMonitor& monitor)
+      : page_(page), family_(family), monitor_(monitor) {}
+  OutputSetting(const OutputSetting&) = delete;
+  OutputSetting& operator=(const OutputSetting&) = delete;
+
+  /// cmdSet. Does nothing on a model without a box for the value.
+  void Set();
+  /// cmdStatusMonOFF: returns the device to monitor mode. The box for the value gets the focus.
+  void Off();
+
+ private:
+  bool CheckOutputSet(const TextField& set_box) const;
+  void Force(TextField& set_box);
+  bool EnterForcingMode();
+  /// What shows the value that the device took.
+  [[nodiscard]] std::vector<TextField*> MonitorBoxes() const;
+  [[nodiscard]] String PrefixOf(StringView key) const;
+
+  ParameterPage& page_;
+  const OutputFamily& family_;
+  StatusMonitor& monitor_;
+};
+
+}  // namespace korva

@@ -1,0 +1,225 @@
+#include "monitor/status_monitor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/numbers.h"
+#include "core/program.h"
+#include "monitor/updated_control.h"
+
+namespace korva {
+
+namespace {
+
+constexpr Milliseconds kBlink{200};
+constexpr int kShowTime = 500;  ///< ms for which a new value is highlighted, the pace of the loop
+constexpr int kNoRepeats = 0;
+
+}  // namespace
+
+StatusMonitor::StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras)
+    : page_(page),
+      family_(family),
+      extras_(std::move(extras)),
+      units_(page_, extras_),
+      Item07_lblUnitTimer("Item07_lblUnitTimer", page.ItsProgram().Loop(), kBlink) {}
+
+void StatusMonitor::Start() {
+  // A second press during the mode change must not start an exchange inside the first one's.
+  if (page_.Shared().CommBusy || HasNoMonitorItems()) {
+    return;
+  }
+  page_.MonitorStop = false;
+  page_.BeginOperation();
+  if (!EnterFirstMode()) {
+    return;
+  }
+  KeepInReach(page_, page_.cmdMonitorOFF);
+  ShowMonitorUnits();
+  if (family_.focuses_stop) {
+    page_.cmdMonitorOFF.SetFocus();
+  }
+  if (family_.resets_colours) {
+    ResetMonitorColours();
+  }
+  if (family_.has_io_check_mode) {
+    page_.EnterIOCheckMode();
+  }
+  while (!page_.MonitorStop) {
+    MonitorCycle();
+  }
+  if (family_.has_io_check_mode) {
+    page_.EnterMonitorMode();
+  }
+  page_.EndOperation();
+  page_.UnlockFrame();
+  page_.lbl_Waitfor.SetVisible(false);
+}
+
+bool StatusMonitor::EnterFirstMode() {
+  if (family_.locks_first) {
+    page_.LockFrame();
+  }
+  if (page_.EnterMonitorMode()) {
+    if (!family_.locks_first) {
+      page_.LockFrame();
+    }
+    return true;
+  }
+  if (family_.locks_first) {
+    page_.EndOperation();
+    page_.UnlockFrame();
+  }
+  page_.Shared().CommBusy = false;
+  page_.lbl_Waitfor.SetVisible(false);
+  return false;
+}
+
+void StatusMonitor::RequestStop() {
+  if (page_.Shared().CommBusy) {
+    page_.MonitorStop = true;
+    page_.lbl_Waitfor.SetVisible(true);
+  }
+}
+
+bool StatusMonitor::HasNoMonitorItems() const {
+  return std::none_of(family_.presence.begin(), family_.presence.end(), [this](StringView key) {
+    const int row = page_.FindDataRow(u"01", String(key));
+    return row >= 0 && page_.DataCell(row, kOnPage) == u"Y";
+  });
+}
+
+void StatusMonitor::ResetMonitorColours() {
+  for (const CycleItem& item : family_.cycle) {
+    if (!item.models.IsAllOrHas(page_.DefFile)) {
+      continue;
+    }
+    if (TextField* box = page_.FindField(String(item.key))) {
+      PaintRest(*box);
+    }
+    if (Label* label = units_.LabelOf(item.key)) {
+      PaintRest(*label);
+    }
+  }
+}
+
+void StatusMonitor::ShowMonitorUnits() {
+  if (family_.models_without_units.Has(page_.DefFile)) {
+    return;
+  }
+  for (const UnitStep& step : family_.units) {
+    ShowUnit(step);
+  }
+}
+
+void StatusMonitor::ShowUnit(const UnitStep& step) {
+  const UnitRule* rule = units_.FindRule(step.rules);
+  Label* label = rule == nullptr ? nullptr : UnitLabelOf(step, *rule);
+  if (label == nullptr || !label->Visible()) {
+    return;
+  }
+  const auto fill = [&] {
+    const String unit = units_.UnitFrom(rule->unit, String(step.item));
+    label->SetCaption(unit);
+    if (step.to_measured_frequency && extras_.unitMeasFreq != nullptr) {
+      extras_.unitMeasFreq->SetCaption(unit);
+    }
+  };
+  if (Timer* timer = TimerOf(step.timer)) {
+    const Blinking blinking(*label, *timer);
+    fill();
+  } else {
+    fill();
+  }
+}
+
+Label* StatusMonitor::UnitLabelOf(const UnitStep& step, const UnitRule& rule) const {
+  if (rule.shown_in >= 0) {
+    return page_.lbl_unit.Has(rule.shown_in) ? &page_.lbl_unit[rule.shown_in] : nullptr;
+  }
+  const int row = page_.FindDataRow(u"01", String(step.item));
+  if (row >= 0 && family_.hidden_rows_keep_unit && page_.DataCell(row, kOnPage) == u"N") {
+    return nullptr;
+  }
+  return units_.LabelOf(row);
+}
+
+Timer* StatusMonitor::TimerOf(UnitTimer timer) {
+  switch (timer) {
+    case UnitTimer::Item04:
+      return &page_.Item04_lblUnitTimer;
+    case UnitTimer::Item06:
+      return &page_.Item06_lblUnitTimer;
+    case UnitTimer::Item07:
+      return &Item07_lblUnitTimer;
+    case UnitTimer::None:
+      break;
+  }
+  return nullptr;
+}
+
+void StatusMonitor::MonitorCycle() {
+  for (const CycleItem& item : family_.cycle) {
+    if (item.models.IsAllOrHas(page_.DefFile)) {
+      MonitorReadItem(item.key);
+    }
+  }
+}
+
+void StatusMonitor::MonitorReadItem(StringView key) {
+  const int row = page_.FindDataRow(u"01", String(key));
+  TextField* box = row < 0 ? nullptr : page_.FindField(String(key));
+  if (box == nullptr || !box->Visible()) {
+    return;
+  }
+  if (family_.obeys_write_condition && page_.DataCell(row, kWriteCondition) == u"N") {
+    return;
+  }
+  Label* unit = units_.LabelOf(row);
+  if (family_.needs_unit && unit != nullptr && unit->Caption().empty()) {
+    return;
+  }
+  const String item = WireItem(key);
+  if (extras_.BeforeRead) {
+    extras_.BeforeRead(item);
+  }
+  const String answer = units_.Read(item, kNoRepeats);
+  if (family_.needs_unit && unit != nullptr && Refused(answer)) {
+    unit->SetCaption({});
+  }
+  const String value = ShownValue(row, answer);
+  if (family_.paints_first) {
+    PaintHighlight(*box);
+  }
+  box->SetText(value);
+  PaintHighlight(*box);
+  page_.Line().WaitFor(kShowTime);
+  PaintRest(*box);
+}
+
+bool StatusMonitor::Refused(const String& answer) const {
+  // The dialect of "enter item" takes no notice of the refusal "CNG": it cuts its first character only.
+  return page_.ItsFamily().dialect == Dialect::EnterItem ? answer == u"NG" : answer == u"ERROR";
+}
+
+String StatusMonitor::ShownValue(int row, const String& answer) const {
+  const String value = family_.clean(answer, page_.DataCell(row, kReplyPrefix));
+  return family_.offset == nullptr ? value : WithoutOffset(page_.DataCell(row, kItem), value);
+}
+
+String StatusMonitor::WithoutOffset(const String& item, const String& value) const {
+  const TemperatureOffset& offset = *family_.offset;
+  if (!offset.models.Has(page_.DefFile)) {
+    return value;
+  }
+  // The unit is asked for with every item, as it may be changed at the device meanwhile.
+  const UnitTable& table = offset.unit_table;
+  const String unit = units_.LookUp(table, units_.Read(table.item, table.repeats));
+  const bool has_offset = std::find(offset.items.begin(), offset.items.end(), item) != offset.items.end();
+  if (unit != offset.unit || !has_offset || value.empty()) {
+    return value;
+  }
+  return ShortestText(LeadingNumber(value) - offset.subtracted);
+}
+
+}  // namespace korva

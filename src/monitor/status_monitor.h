@@ -1,0 +1,49 @@
+#pragma once
+
+#include "monitor/monitor_family.h"
+
+namespace korva {
+
+/// The status monitor of a page: shows the device's live values while the user watches.
+///
+///     Idle --Start--> Monitoring --RequestStop--> Stopping --end of the cycle--> Idle
+///
+/// Monitoring is a loop inside the press of cmdMonitorON; its waits let events in. While it runs CommBusy is
+/// set and the frame is locked, so that nothing else can start an exchange; cmdMonitorOFF alone is in reach.
+/// A stop is honoured between cycles only: each cycle that began reads all its items. The loop never ends by
+/// itself: a read without an answer empties its box, and the next item is read.
+class StatusMonitor {
+ public:
+  StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras = {});
+  StatusMonitor(const StatusMonitor&) = delete;
+  StatusMonitor& operator=(const StatusMonitor&) = delete;
+
+  /// cmdMonitorON. Does nothing on a model without monitor items, or while an operation runs. Returns, after
+  /// the box of the mode change, when the device doesn't take monitor mode; else when it was stopped.
+  void Start();
+  /// cmdMonitorOFF. Does nothing while no operation runs.
+  void RequestStop();
+  /// Puts the boxes of the cycle and their unit labels to rest.
+  void ResetMonitorColours();
+
+ private:
+  [[nodiscard]] bool HasNoMonitorItems() const;
+  bool EnterFirstMode();
+  void ShowMonitorUnits();
+  void ShowUnit(const UnitStep& step);
+  [[nodiscard]] Label* UnitLabelOf(const UnitStep& step, const UnitRule& rule) const;
+  void MonitorCycle();
+  void MonitorReadItem(StringView key);
+  [[nodiscard]] bool Refused(const String& answer) const;
+  [[nodiscard]] String ShownValue(int row, const String& answer) const;
+  [[nodiscard]] String WithoutOffset(const String& item, const String& value) const;
+  [[nodiscard]] Timer* TimerOf(UnitTimer timer);
+
+  ParameterPage& page_;
+  const MonitorFamily& family_;
+  MonitorExtras extras_;
+  UnitReader units_;
+  Timer Item07_lblUnitTimer;
+};
+
+}  // namespace korva

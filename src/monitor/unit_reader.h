@@ -1,0 +1,94 @@
+#pragma once
+
+#include <functional>
+#include <span>
+
+#include "files/parameter_page.h"
+#include "monitor/model_set.h"
+
+namespace korva {
+
+/// What a page gives to its monitor beyond its fields; a page that has none of it gives nothing.
+struct MonitorExtras {
+  /// Key of the table that lists the input types of the chosen kind of input ("$I10TC").
+  std::function<String()> InputKind;
+  /// Applied before an item of the cycle is read, with its two digits: a threshold step that waits for it.
+  std::function<void(const String& item)> BeforeRead;
+  /// Unit of the measured frequency.
+  Label* unitMeasFreq = nullptr;
+};
+
+/// A unit that the device tells: the text of an item of group "01", looked up in a table of the definition.
+struct UnitTable {
+  StringView item;
+  int repeats = 0;
+  StringView table;
+  int first_row = 0;
+  int unit_column = 2;
+};
+
+class UnitReader;
+
+enum class UnitKind {
+  None,     ///< no unit
+  Text,     ///< always `text`
+  Row,      ///< the unit that the item's row names
+  Caption,  ///< what lbl_unit(`label`) shows
+  Item,     ///< what the unit label of item `text` shows
+  Device,   ///< the device tells it, through `table`
+  Rule,     ///< `rule` tells it
+};
+struct UnitSource {
+  UnitKind kind = UnitKind::None;
+  StringView text = {};
+  int label = -1;
+  UnitTable table = {};
+  String (*rule)(const UnitReader&) = nullptr;
+};
+
+/// The unit of an item on some models, or with one kind of input; without either, on all.
+struct UnitRule {
+  ModelSet models = {};
+  StringView input_kind = {};
+  UnitSource unit;
+  int shown_in = -1;  ///< index of lbl_unit when it is another one than the item's
+};
+
+enum class UnitTimer { None, Item04, Item06, Item07 };
+
+/// One unit label to fill when monitoring starts. The first rule that holds gives the unit; when none does
+/// the label stays.
+struct UnitStep {
+  StringView item;
+  UnitTimer timer = UnitTimer::None;
+  std::span<const UnitRule> rules;
+  bool to_measured_frequency = false;  ///< goes to `unitMeasFreq` too
+};
+
+/// Finds the units of live values.
+class UnitReader {
+ public:
+  UnitReader(ParameterPage& page, const MonitorExtras& extras) : page_(page), extras_(extras) {}
+
+  /// The rule that holds now; nullptr when none does.
+  [[nodiscard]] const UnitRule* FindRule(std::span<const UnitRule> rules) const;
+  /// The unit of `item`. Reads the device where the source says so: no answer, or one that stands in no row,
+  /// gives an empty unit.
+  [[nodiscard]] String UnitFrom(const UnitSource& source, const String& item) const;
+  /// The device's text of an item of group "01", after up to `repeats` more tries; empty when none gave one.
+  [[nodiscard]] String Read(StringView item, int repeats) const;
+  /// The unit beside `text` in the table.
+  [[nodiscard]] String LookUp(const UnitTable& table, const String& text) const;
+
+  /// The unit label of a row of $Data; nullptr when it has none, or there is no such row (-1).
+  [[nodiscard]] Label* LabelOf(int row) const;
+  [[nodiscard]] Label* LabelOf(StringView item) const {
+    return LabelOf(page_.FindDataRow(u"01", String(item)));
+  }
+
+ private:
+  ParameterPage& page_;
+  const MonitorExtras& extras_;
+};
+
+}  // namespace korva

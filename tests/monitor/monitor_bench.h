@@ -1,0 +1,140 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/program.h"
+#include "files/parameter_page.h"
+#include "monitor/output_setting.h"
+#include "monitor/status_monitor.h"
+#include "support/command_line.h"
+#include "support/memory_files.h"
+#include "support/virtual_host.h"
+
+namespace korva::test {
+
+/// What becomes of one reply.
+enum class Spoilt { Silent, Refused, Garbled, Late };
+inline constexpr std::array kAllSpoilt = {Spoilt::Silent, Spoilt::Refused, Spoilt::Garbled, Spoilt::Late};
+
+/// A device of either dialect. Each reply is there 10 ms after its command, or, on a timed line, when its
+/// last stop bit has arrived besides.
+class MonitorLine final : public CommandLine {
+ public:
+  MonitorLine(VirtualPort& port, Dialect dialect) : port_(port), dialect_(dialect) {}
+
+  std::map<std::string, std::string> items;  ///< answers by the item's two digits; others are not answered
+  std::set<std::string> refused;             ///< items that are answered with "CNG"
+  std::map<std::size_t, Spoilt> spoilt;      ///< by the command's number, from 1
+  std::size_t silent_from = static_cast<std::size_t>(-1);  ///< number of the first command without a reply
+  std::vector<std::string> writes;                         ///< "03=12.5", as carried out
+  std::string echo;                                        ///< of a write; empty: what was written
+  /// Called with each command.
+  std::function<void(const std::string&)> on_command;
+
+ private:
+  void Take(const Command& command) override;
+  std::optional<std::string> GoodReply(const std::string& text);
+
+  VirtualPort& port_;
+  Dialect dialect_;
+  std::string item_;
+};
+
+/// A page of any family: its frame, fields, monitor and output setting, and nothing else.
+class MonitorPage final : public ParameterPage {
+ public:
+  MonitorPage(Program& program, const Family& family, DeviceLink& link, MonitorExtras extras);
+
+  void SetUpTable(int /*points*/) override {}
+  void ClearTable() override {}
+
+  Label unitMeasFreq{"unitMeasFreq"};
+  StatusMonitor monitor;
+  OutputSetting output;
+
+ protected:
+  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return {}; }
+  [[nodiscard]] std::span<const ListRule> Lists() const override { return {}; }
+  [[nodiscard]] std::vector<OptionRule> Options() override { return {}; }
+  void ApplyModelRules(const String& /*item*/) override {}
+  void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
+  void ChangeTemperatureUnit(int /*place*/) override {}
+  void SettleFlaggedTabs() override {}
+  // Not every family's definition files have a place for the tabs' states.
+  void KeepTabState(int tab, bool enabled) override { kept_tabs_[tab] = enabled; }
+  [[nodiscard]] bool KeptTabEnabled(int tab) const override { return kept_tabs_.at(tab); }
+
+ private:
+  std::map<int, bool> kept_tabs_;
+};
+
+/// A row of $Data in group "01"; field and unit label get the same index.
+struct MonitorRow {
+  std::string item;
+  int index = -1;  ///< -1: neither field nor unit label
+  std::string unit = "%";
+  std::string on_page = "Y";
+  std::string condition = {};
+  std::string prefix = {};
+};
+/// The section $Data of these rows.
+std::string RowsOf(const std::vector<MonitorRow>& rows);
+/// Rows of every item that a monitor may read, in the order of their fields: 03_set 1, 03_mon 2, 04 3, 05 4,
+/// 06 5, 07 6, 08 7, 03 8, 04_mon 9, 32 10, 24_set 11, 24_mon 12, 22 13.
+std::string AllRows();
+/// Three temperature units with the unit in `unit_column`.
+std::string TemperatureSection(int unit_column = 2);
+
+/// The program with one page of the family and a device on COM 1, which is untimed: only replies (10 ms each)
+/// and waits take time. All items are answered with "12.5".
+struct MonitorBench {
+  MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
+               MonitorExtras extras = {});
+
+  void Do(const std::function<void()>& action) { host.loop.Gate().Enter(action); }
+  void Start() {
+    Do([this] { page->monitor.Start(); });
+  }
+  void Set(const String& value);
+  void Off() {
+    Do([this] { page->output.Off(); });
+  }
+  /// Has the user press cmdMonitorOFF when the device gets this command, from now on.
+  void StopAt(const std::string& command);
+  /// Has the user press cmdMonitorOFF `delay` from now.
+  void StopAfter(Clock delay);
+  /// Monitors one cycle, whose first item this is.
+  void RunCycle(const std::string& first_item);
+
+  TextField& Box(const String& item) { return *page->FindField(item); }
+  Label& UnitLabel(const String& item);
+  [[nodiscard]] std::string Value(const String& item) { return ToText(Box(item).Text()); }
+  [[nodiscard]] std::string Unit(const String& item) { return ToText(UnitLabel(item).Caption()); }
+  static std::string ToText(const String& text);
+  /// "title: text" of each box shown.
+  [[nodiscard]] std::vector<std::string> Boxes() const;
+  /// True when nothing is left of an operation.
+  [[nodiscard]] bool AtRest() const;
+  [[nodiscard]] bool TimersStopped() const;
+
+  VirtualHost host;
+  MemoryFiles files;
+  Platform platform{.loop = host.loop,
+                    .port = host.port,
+                    .dialogs = host.dialogs,
+                    .files = files,
+                    .code_page = host.code_page};
+  MonitorLine line;
+  MonitorPage* page = nullptr;
+  bool ended = false;
+  Program program;
+  DeviceLink link;
+};
+
+}  // namespace korva::test
