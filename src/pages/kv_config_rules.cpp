@@ -90,10 +90,11 @@ String KvConfig::InputTypeCode() const {
 
 Frame* KvConfig::TemperatureFrame() {
   const int row = FindDataRow(u"01", u"21");
-  if (row < 0 || Def.Data().At(row, kFrameIndex).empty()) {
+  if (row < 0 || DataCell(row, kFrameIndex).empty()) {
     return nullptr;
   }
-  return &Frames[LeadingInteger(Def.Data().At(row, kFrameIndex))];
+  const int index = LeadingInteger(DataCell(row, kFrameIndex));
+  return Frames.Has(index) ? &Frames[index] : nullptr;
 }
 
 void KvConfig::RuleQUO() {

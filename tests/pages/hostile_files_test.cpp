@@ -233,6 +233,14 @@ TEST(HostileDefinitionFile, WithALineOfAMegabyteIsRead) {
   EXPECT_EQ(bench.Page().lbl_Item[17].Caption().size(), 1024U * 1024U);
 }
 
+TEST(HostileDefinitionFile, MayNameAFrameThatThePageLacksOnARowThatItLeavesOut) {
+  test::PageBench bench;
+  bench.files.Put(test::DefPath(u"QL"), "$Data\r\n01,21,,,Y,,,,,,,$I21,99\r\n" + kTagRow + "$End\r\n");
+  bench.Choose(u"QL");
+  EXPECT_FALSE(bench.status);
+  EXPECT_TRUE(bench.Field(u"02").Visible());
+}
+
 TEST(HostileDefinitionFile, WithoutAFinalLineEndIsRead) {
   test::PageBench bench;
   bench.files.Put(test::DefPath(u"QL"), "$Data\r\n" + kTagRow + "$SSTab\r\nTrue,True");
