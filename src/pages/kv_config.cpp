@@ -36,11 +36,17 @@ KvConfig::KvConfig(Program& program, const Family& family, DeviceLink& link)
                     .tab_control = "KvCfg_Tab",
                     .tab_captions = kTabCaptions,
                     .design = kKvConfigDesign},
-                   link, kArrays, kGroups) {
+                   link, kArrays, kGroups),
+      monitor_(*this, MonitorFamilyOf(family)),
+      output_(*this, OutputFamilyOf(family), monitor_) {
   for (OptionGroup* options :
        {&Opt_Table, &Opt_Lnr, &Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
     Register(*options);
   }
+  cmdMonitorON.OnClick = [this] { monitor_.Start(); };
+  cmdMonitorOFF.OnClick = [this] { monitor_.RequestStop(); };
+  cmdSet.OnClick = [this] { output_.Set(); };
+  cmdStatusMonOFF.OnClick = [this] { output_.Off(); };
   ApplyDesign();
 }
 

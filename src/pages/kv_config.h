@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "monitor/output_setting.h"
+#include "monitor/status_monitor.h"
 #include "transfer/transfer_page.h"
 
 namespace korva {
@@ -58,6 +60,9 @@ class KvConfig final : public TransferPage {
   void OpenOrCloseItems(bool open, std::initializer_list<int> items, std::initializer_list<int> emptied);
   [[nodiscard]] String InputTypeCode() const;
   [[nodiscard]] Frame* TemperatureFrame();
+
+  StatusMonitor monitor_;
+  OutputSetting output_;
 };
 
 }  // namespace korva
