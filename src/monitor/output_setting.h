@@ -19,6 +19,7 @@ class OutputSetting {
       : page_(page), family_(family), monitor_(monitor) {}
   OutputSetting(const OutputSetting&) = delete;
   OutputSetting& operator=(const OutputSetting&) = delete;
+  ~OutputSetting() = default;
 
   /// cmdSet. Does nothing on a model without a box for the value.
   void Set();

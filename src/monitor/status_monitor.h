@@ -17,6 +17,7 @@ class StatusMonitor {
   StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras = {});
   StatusMonitor(const StatusMonitor&) = delete;
   StatusMonitor& operator=(const StatusMonitor&) = delete;
+  ~StatusMonitor() = default;
 
   /// cmdMonitorON. Does nothing on a model without monitor items, or while an operation runs. Returns, after
   /// the box of the mode change, when the device doesn't take monitor mode; else when it was stopped.

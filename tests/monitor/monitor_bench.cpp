@@ -68,15 +68,14 @@ std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {
   return found == items.end() ? std::nullopt : std::optional("D" + found->second);
 }
 
-MonitorPage::MonitorPage(Program& program, const Family& family, DeviceLink& device, MonitorExtras extras)
+MonitorPage::MonitorPage(Program& program, const Family& family, DeviceLink& device,
+                         const MonitorExtras& extras)
     : ParameterPage(program,
                     {.family = family, .tab_control = "Tabs", .tab_captions = kTabs, .design = kNoDesign},
                     device, kArrays, kGroups),
-      monitor(*this, MonitorFamilyOf(family),
-              [&] {
-                extras.unitMeasFreq = &unitMeasFreq;
-                return extras;
-              }()),
+      monitor(
+          *this, MonitorFamilyOf(family),
+          {.InputKind = extras.InputKind, .BeforeRead = extras.BeforeRead, .unitMeasFreq = &unitMeasFreq}),
       output(*this, OutputFamilyOf(family), monitor) {
   cmdMonitorOFF.OnClick = [this] { monitor.RequestStop(); };
 }
@@ -85,8 +84,20 @@ std::string RowsOf(const std::vector<MonitorRow>& rows) {
   std::string section = "$Data\r\n";
   for (const MonitorRow& row : rows) {
     const std::string index = row.index < 0 ? "" : std::to_string(row.index);
-    section += "01," + row.item + ",,,," + row.on_page + ",,,," + index + ",,,," + index + "," + row.unit +
-               ",,,,,," + row.condition + ",," + row.prefix + ",\r\n";
+    std::array<std::string, kReplyPrefix + 1> cells;
+    cells[kGroup] = "01";
+    cells[kItem] = row.item;
+    cells[kOnPage] = row.on_page;
+    cells[kTextIndex] = index;
+    cells[kUnitLabel] = index;
+    cells[kUnitText] = row.unit;
+    cells[kWriteCondition] = row.condition;
+    cells[kReplyPrefix] = row.prefix;
+    for (const std::string& cell : cells) {
+      section += cell;
+      section += ',';
+    }
+    section += "\r\n";
   }
   return section;
 }
@@ -107,7 +118,7 @@ std::string TemperatureSection(int unit_column) {
 }
 
 MonitorBench::MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
-                           MonitorExtras extras)
+                           const MonitorExtras& extras)
     : line(host.port, FindFamily(word)->dialect),
       program(platform, u"/korva",
               [this, extras](Program& owner, const Family& family) {
@@ -153,7 +164,7 @@ void MonitorBench::RunCycle(const std::string& first_item) {
   Start();
 }
 
-Label& MonitorBench::UnitLabel(const String& item) {
+Label& MonitorBench::UnitLabel(const String& item) const {
   const int row = page->FindDataRow(u"01", item);
   return page->lbl_unit[std::stoi(ToUtf8(page->DataCell(row, kUnitLabel)))];
 }

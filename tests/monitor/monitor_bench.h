@@ -49,7 +49,7 @@ class MonitorLine final : public CommandLine {
 /// A page of any family: its frame, fields, monitor and output setting, and nothing else.
 class MonitorPage final : public ParameterPage {
  public:
-  MonitorPage(Program& program, const Family& family, DeviceLink& link, MonitorExtras extras);
+  MonitorPage(Program& program, const Family& family, DeviceLink& device, const MonitorExtras& extras);
 
   void SetUpTable(int /*points*/) override {}
   void ClearTable() override {}
@@ -95,7 +95,7 @@ std::string TemperatureSection(int unit_column = 2);
 /// and waits take time. All items are answered with "12.5".
 struct MonitorBench {
   MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
-               MonitorExtras extras = {});
+               const MonitorExtras& extras = {});
 
   void Do(const std::function<void()>& action) { host.loop.Gate().Enter(action); }
   void Start() {
@@ -112,10 +112,10 @@ struct MonitorBench {
   /// Monitors one cycle, whose first item this is.
   void RunCycle(const std::string& first_item);
 
-  TextField& Box(const String& item) { return *page->FindField(item); }
-  Label& UnitLabel(const String& item);
-  [[nodiscard]] std::string Value(const String& item) { return ToText(Box(item).Text()); }
-  [[nodiscard]] std::string Unit(const String& item) { return ToText(UnitLabel(item).Caption()); }
+  [[nodiscard]] TextField& Box(const String& item) const { return *page->FindField(item); }
+  [[nodiscard]] Label& UnitLabel(const String& item) const;
+  [[nodiscard]] std::string Value(const String& item) const { return ToText(Box(item).Text()); }
+  [[nodiscard]] std::string Unit(const String& item) const { return ToText(UnitLabel(item).Caption()); }
   static std::string ToText(const String& text);
   /// "title: text" of each box shown.
   [[nodiscard]] std::vector<std::string> Boxes() const;
