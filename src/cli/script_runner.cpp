@@ -120,9 +120,6 @@ void ScriptRunner::Perform(const Statement& statement) {
   if (!std::exchange(started_, true)) {
     program_.Start();
   }
-  if (Over()) {
-    return;
-  }
   const auto carry_out = [this]<typename T>(const T& action) {
     if constexpr (kLetsDelaysBegin<T>) {
       LetDelaysBegin();
