@@ -75,7 +75,6 @@ void ParameterPage::OpenCommand() {
   const String path = ItsProgram().Join(txtDirName.Text(), txtFileTitle.Text());
   if (!ItsProgram().Surroundings().files.Exists(path)) {
     Box().Show(BoxKey::FileNotFound);
-    DataChanged = false;
     return;
   }
   const std::optional<CfgModel> model = ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem);
