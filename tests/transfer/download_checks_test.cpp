@@ -50,6 +50,20 @@ TEST_F(DownloadTest, AnInputTypeThatCannotBeSetFromHereStopsIt) {
   ExpectFailedUntouched(Shown(BoxKey::InputTypeNotSettable));
 }
 
+TEST_F(DownloadTest, ALabelOfTheModelChosenBeforeDoesNotCount) {
+  bench.line.items["01/10"] = "4:OTHER";
+  bench.page->CaptionLabels[3].SetCaption(u"Former");
+  bench.Download();
+  ExpectFailedUntouched(Shown(BoxKey::InputTypeMismatch, {u""}));
+}
+
+TEST_F(DownloadTest, AnInputTypeOfWhichTheListSaysNothingPassesAndIsNotWritten) {
+  bench.page->SetItem(10, u"4:OTHER");
+  bench.Download();
+  EXPECT_EQ(BoxesAfterStart(), Texts{Shown(BoxKey::DownloadDone)});
+  EXPECT_FALSE(Wrote("01/10=4"));
+}
+
 TEST_F(DownloadTest, AnInputTypeThatTheListDoesNotHaveIsNotCompared) {
   bench.line.replies["I10"] = {"D9:UNKNOWN", "D1:DC V"};
   bench.Download();

@@ -34,6 +34,12 @@ TEST(DownloadTableTest, GoesWhereItIsInUseAndItsTabWasEnabled) {
     bench.page->Opt_Table[one.option].SetValue(true);
     bench.page->Tabs.SetTabEnabled(3, one.tab);
     bench.page->table_written = one.written;
+    bench.host.loop.OnPump([&] {
+      if (!one.written) {
+        EXPECT_EQ(bench.page->LnrProgressBar.Value(), 0.0F)
+            << "no bar is left over while the device is put back";
+      }
+    });
     bench.Download();
     EXPECT_EQ(bench.page->notes, one.notes);
     EXPECT_EQ(bench.Boxes(), one.boxes);

@@ -135,6 +135,10 @@ TEST_F(UnitChangeTest, TowardsCelsiusTheLimitsAreTheTablesOwn) {
   Show(u"1:RTD", u"deg F", u"-327.5", u"100");
   Press(kCelsius);
   EXPECT_EQ(bench.page->Text[2].Text(), u"-199");
+  // -147.2 deg F is -99.6, by the mask -100: not the lowest value of the second type, which is -100.3.
+  Show(u"2:TC", u"deg F", u"-147.2", u"100");
+  Press(kCelsius);
+  EXPECT_EQ(bench.page->Text[2].Text(), u"-100");
   // 1832.6 deg F is 1000.3 deg C: the highest value of the second type.
   Show(u"2:TC", u"deg F", u"0", u"1832.6");
   Press(kCelsius);
@@ -147,6 +151,9 @@ TEST_F(UnitChangeTest, AnInputTypeOutsideTheTableEndsTheChangeAtTheFirstValue) {
     Press(kFahrenheit);
     EXPECT_EQ(bench.page->Text[2].Text(), u"10.4");
     EXPECT_EQ(bench.page->Text[3].Text(), u"100");
+    Show(type, u"deg C", u"10.4", u"");
+    Press(kFahrenheit);
+    EXPECT_EQ(bench.page->Text[3].Text(), u"") << "the rows behind it stay as they are";
   }
 }
 

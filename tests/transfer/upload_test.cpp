@@ -230,6 +230,8 @@ TEST_F(UploadTest, TheFrameIsLockedWhileItRuns) {
     enabled.push_back(bench.page->cmdDownload.Enabled() || bench.page->Tabs.TabEnabled(1));
     EXPECT_TRUE(bench.page->Shared().CommBusy);
     EXPECT_FALSE(bench.page->Shared().DownloadBusy);
+    // Two exchanges of the link test come before the questions.
+    EXPECT_EQ(bench.page->UploadBusy, bench.line.Commands().size() >= 2);
   });
   bench.Upload();
   ASSERT_FALSE(enabled.empty());

@@ -106,6 +106,16 @@ TEST_F(ValueCheckTest, SpanMustBeAtMostTheHighestValueAndZeroIsThenGood) {
   ExpectLooks(Look::Normal, Look::Bad);
 }
 
+TEST_F(ValueCheckTest, ACorrectedZeroLosesItsMarkThoughTheSpanIsTooHigh) {
+  bench.Type(u"14", u"-1");
+  EXPECT_FALSE(Passes());
+  ExpectLooks(Look::Bad, Look::Normal);
+  bench.Type(u"14", u"0");
+  bench.Type(u"15", u"1001");
+  EXPECT_FALSE(Passes());
+  ExpectLooks(Look::Normal, Look::Bad);
+}
+
 TEST_F(ValueCheckTest, ZeroAndSpanMustBeTheSmallestSpanApartOrBothAreBad) {
   EXPECT_TRUE(ZeroSpanGood(u"1:RTD", u"deg C", u"100", u"150"));
   EXPECT_FALSE(ZeroSpanGood(u"1:RTD", u"deg C", u"100", u"149.9"));
