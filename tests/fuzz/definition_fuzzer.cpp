@@ -1,12 +1,12 @@
 // A definition file of any bytes: read by the reader of each family, then chosen on the page of family First,
-// whose set is checked, emptied and saved with it.
+// where every button that works by it is pressed.
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "bench.h"
 #include "files/definition.h"
-#include "pages/page_bench.h"
 
 namespace korva {
 namespace {
@@ -32,10 +32,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   korva::test::PageBench bench;
   bench.files.Put(korva::test::DefPath(u"QL"), {reinterpret_cast<const char*>(data), size});
   korva::ReadWithEachFamily(bench);
+  korva::test::AgreeableDevice device(bench.port);
+  bench.port.Connect(1, &device);
+  korva::test::AgreeTo(bench);
   bench.Start();
   korva::KvConfig& page = bench.Page();
   bench.Do([&] { page.lst_TypeSelect.UserPicks(1); });
-  bench.Do([&] { page.CheckCommand(); });
   for (int box = 0; box < page.Combo.Count(); ++box) {
     bench.Do([&] {
       if (!page.Combo[box].Entries().empty()) {
@@ -43,8 +45,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       }
     });
   }
-  bench.dialogs.QueueFile(u"/korva/data/kept.cfg");
-  bench.Do([&] { page.SaveCfgFile(); });
+  bench.Do([&] { page.optTempUnit[1].Click(); });
+  bench.Do([&] { page.CheckCommand(); });
+  bench.Do([&] { page.DownloadCommand(); });
+  page.DataChanged = false;
+  bench.Do([&] { page.UploadCommand(); });
+  bench.Do([&] { page.DownloadCommand(); });
+  page.DataChanged = false;
   bench.Do([&] { page.NewCommand(); });
   return 0;
 }
