@@ -133,7 +133,7 @@ class Examination {
 
   /// Every text that can be chosen has a code to be written.
   void Texts(int row, const StringTable& table) {
-    const int last_text = key_is_range(row) && !page_.DataCell(row, kComboIndex).empty() ? 3 : 1;
+    const int last_text = ListsRanges(row) && !page_.DataCell(row, kComboIndex).empty() ? 3 : 1;
     int texts = 0;
     for (int entry = 0; entry < table.Rows(); ++entry) {
       for (int column = 1; column <= last_text; ++column) {
@@ -150,7 +150,7 @@ class Examination {
     }
   }
 
-  [[nodiscard]] bool key_is_range(int row) const { return page_.DataCell(row, kChoiceKey) == u"$I11"; }
+  [[nodiscard]] bool ListsRanges(int row) const { return page_.DataCell(row, kChoiceKey) == u"$I11"; }
 
   void OptionRange(int row, const OptionGroup& options, const StringTable& table) {
     const int last = LeadingInteger(page_.DataCell(row, kLastOption));
@@ -233,7 +233,7 @@ Faults FaultsOf(test::PageBench& bench, const String& model) {
   if (bench.status) {
     return {"ended: " + ToUtf8(bench.dialogs.Failures().at(0))};
   }
-  if (const std::vector<std::string> boxes = bench.TakeBoxes(); !boxes.empty()) {
+  if (Faults boxes = bench.TakeBoxes(); !boxes.empty()) {
     return boxes;
   }
   return Examination(bench.Page()).Run();

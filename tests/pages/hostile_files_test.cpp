@@ -8,7 +8,10 @@
 namespace korva {
 namespace {
 
+using namespace std::string_literals;
+
 constexpr const char16_t* kFile = u"/korva/data/hostile.cfg";
+constexpr std::size_t kMegabyte = 1024UL * 1024UL;
 
 class HostileConfigurationTest : public testing::Test {
  protected:
@@ -56,8 +59,7 @@ TEST_F(HostileConfigurationTest, AnItemAboveTheSetEndsTheProgramAndNamesFileAndI
 }
 
 TEST_F(HostileConfigurationTest, NegativeAndHugeNumbersAreOutsideTheSetToo) {
-  for (const std::string place :
-       {"\"-1\",\"1\"", "\"1\",\"-1\"", "\"1\",\"1e99\"", "\"99999999999\",\"1\""}) {
+  for (const std::string place : {R"("-1","1")", R"("1","-1")", R"("1","1e99")", R"("99999999999","1")"}) {
     test::PageBench bench;
     bench.files.Put(kFile, "$Data\r\n" + place + ",\"x\"\r\n$End\r\n");
     bench.Open(kFile);
@@ -66,7 +68,7 @@ TEST_F(HostileConfigurationTest, NegativeAndHugeNumbersAreOutsideTheSetToo) {
 }
 
 TEST_F(HostileConfigurationTest, ALineOfAMegabyteIsTakenAsItIs) {
-  const std::string value(1024 * 1024, 'x');
+  const std::string value(kMegabyte, 'x');
   Open("$DefFile\r\n\"QL.def\"\r\n$Data\r\n\"1\",\"2\",\"" + value + "\"\r\n$End\r\n");
   EXPECT_TRUE(bench_.TakeBoxes().empty());
   EXPECT_EQ(Item(2).size(), value.size());
@@ -74,7 +76,6 @@ TEST_F(HostileConfigurationTest, ALineOfAMegabyteIsTakenAsItIs) {
 }
 
 TEST_F(HostileConfigurationTest, NulBytesStayInTheirValue) {
-  using namespace std::string_literals;
   Open("$DefFile\r\n\"QL.def\"\r\n$Data\r\n\"1\",\"2\",\"A\0B\"\r\n$End\r\n"s);
   EXPECT_EQ(Item(2), u"A\0B"s);
   EXPECT_FALSE(bench_.status);
@@ -221,16 +222,16 @@ INSTANTIATE_TEST_SUITE_P(
                                       test::Shown(BoxKey::DefFormat)},
                     HostileDefinition{"IndexOfNoNumber", "$Data\r\n01,02,,,Y,Y,,,,99999999999999\r\n$End\r\n",
                                       ""},
-                    HostileDefinition{"NulBytes", std::string("\0$Data\0\r\n\0", 11) + kTagRow, ""}),
+                    HostileDefinition{"NulBytes", "\0$Data\0\r\n"s + kTagRow, ""}),
     [](const testing::TestParamInfo<HostileDefinition>& parameter) { return parameter.param.name; });
 
 TEST(HostileDefinitionFile, WithALineOfAMegabyteIsRead) {
   test::PageBench bench;
-  bench.files.Put(test::DefPath(u"QL"), "$Data\r\n01,02,17," + std::string(1024 * 1024, 'x') +
+  bench.files.Put(test::DefPath(u"QL"), "$Data\r\n01,02,17," + std::string(kMegabyte, 'x') +
                                             ",Y,Y,17,Tag,Tag,0,,,,,,,,,,,Y,,TG:,0\r\n$End\r\n");
   bench.Choose(u"QL");
   EXPECT_FALSE(bench.status);
-  EXPECT_EQ(bench.Page().lbl_Item[17].Caption().size(), 1024U * 1024U);
+  EXPECT_EQ(bench.Page().lbl_Item[17].Caption().size(), kMegabyte);
 }
 
 TEST(HostileDefinitionFile, MayNameAFrameThatThePageLacksOnARowThatItLeavesOut) {

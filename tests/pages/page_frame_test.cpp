@@ -360,9 +360,9 @@ TEST_F(PageFrameTest, HasItsTabsCaptionsInBothSets) {
   const std::vector<String> english = {u"File",   u"Input", u"Output",   u"Linearizer",
                                        u"Filter", u"Port",  u"I/O check"};
   const auto captions = [&] {
-    std::vector<String> found;
-    for (int tab = 0; tab < Page().Tabs.Count(); ++tab) {
-      found.push_back(Page().Tabs.TabCaption(tab));
+    std::vector<String> found(static_cast<std::size_t>(Page().Tabs.Count()));
+    for (std::size_t tab = 0; tab < found.size(); ++tab) {
+      found[tab] = Page().Tabs.TabCaption(static_cast<int>(tab));
     }
     return found;
   };
