@@ -135,9 +135,13 @@ bool Page::SwitchFamily() {
   if (family->word == kind_.family.word) {
     return false;
   }
+  const auto [top, selected] = std::pair(Shared().ListTopIndex, Shared().SelectedModelIndex);
   Shared().ListTopIndex = lst_TypeSelect.TopIndex();
   Shared().SelectedModelIndex = lst_TypeSelect.ListIndex();
-  program_.Show(*family);
+  if (!program_.Show(*family)) {
+    Shared().ListTopIndex = top;
+    Shared().SelectedModelIndex = selected;
+  }
   return true;
 }
 
@@ -323,8 +327,9 @@ std::string_view Page::WhyRefused(const Control& control) const {
 }
 
 Control* Page::FindControl(std::string_view full_name) const {
-  const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                  [&](const Control* control) { return control->FullName() == full_name; });
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {
+    return full_name.starts_with(control->Name()) && control->FullName() == full_name;
+  });
   return found == controls_.end() ? nullptr : *found;
 }
 
