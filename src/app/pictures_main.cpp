@@ -69,8 +69,9 @@ int main(int argc, char** argv) {
                                 QStringLiteral("FILE"));
   const QCommandLineOption out(QStringLiteral("out"), QStringLiteral("Folder for the pictures."),
                                QStringLiteral("DIR"), QStringLiteral("."));
+  const QCommandLineOption check(QStringLiteral("check"), QStringLiteral("Check the values first."));
   const QCommandLineOption dark(QStringLiteral("dark"), QStringLiteral("With dark system colours."));
-  arguments.addOptions({home, open, out, dark});
+  arguments.addOptions({home, open, out, check, dark});
   arguments.process(application);
 
   korva::PrepareLook();
@@ -85,12 +86,18 @@ int main(int argc, char** argv) {
   if (!host.Start()) {
     return 1;
   }
-  if (arguments.isSet(open)) {
-    korva::EventGate& gate = host.Running().Loop().Gate();
-    gate.Enter([&] { host.Running().Showing()->cmdOpen.Click(); });
-    if (gate.Ended()) {
-      return 1;
+  korva::EventGate& gate = host.Running().Loop().Gate();
+  gate.Enter([&] {
+    korva::Page& page = *host.Running().Showing();
+    if (arguments.isSet(open)) {
+      page.cmdOpen.Click();
     }
+    if (arguments.isSet(check)) {
+      page.cmdCheck.Click();
+    }
+  });
+  if (gate.Ended()) {
+    return 1;
   }
   const QDir folder_out(arguments.value(out));
   QDir().mkpath(folder_out.path());

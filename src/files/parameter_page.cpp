@@ -197,6 +197,7 @@ void ParameterPage::ReadModel() {
   const Platform& platform = ItsProgram().Surroundings();
   ReadDefFile(ItsProgram().Lines(), Box(),
               DefFilePath(AppPath, ItsFamily(), DefFile, platform.files.Separator()), Def);
+  AdaptDefinition();
   BuildPage();
   SettleLnrTab(TabMoment::ModelChosen);
   SettleFlaggedTabs();

@@ -146,6 +146,8 @@ class ParameterPage : public DevicePage {
   virtual void ShowModelControls() {}
   /// The temperature unit's button `place` was pressed: converts the values that follow it.
   virtual void ChangeTemperatureUnit(int place) = 0;
+  /// After the definition was read: brings it into the form that the set's device speaks.
+  virtual void AdaptDefinition() {}
   /// After the definition was read: enables the tabs that follow its flags.
   virtual void SettleFlaggedTabs() = 0;
   /// True when the set's input type is one whose table is in use.

@@ -135,6 +135,13 @@ void TransferPage::CollateSpelling() {
   BuildPage();
 }
 
+void TransferPage::AdaptDefinition() {
+  const String& version = GroupItem.At(0, kVersionItem);
+  if (Traits().spells_by_version && !version.empty()) {
+    SpellInputTypes(SensorTextsOf(version));
+  }
+}
+
 void TransferPage::SpellInputTypes(const SensorTexts& texts) {
   StringTable& types = Def[u"$I10"];
   for (int row = 0; row < kSensorTexts; ++row) {

@@ -105,6 +105,9 @@ class TransferPage : public ParameterPage {
   void Round005V(std::span<const StringView> items);
 
   void ChangeTemperatureUnit(int place) override;
+  /// Spells the input types as the device does from which the set came, so that a set of an older device is
+  /// found in the list, and checked, when its file is opened again.
+  void AdaptDefinition() override;
 
  private:
   struct Limits {

@@ -12,7 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using test::MonitorBench;
-using test::MonitorRow;
 using test::Spoilt;
 
 const std::string kModeFailure = "ﾀﾞｳﾝﾛｰﾄﾞ: ﾓﾆﾀﾓｰﾄﾞに変更できませんでした。";

@@ -211,6 +211,25 @@ TEST(RoundTripOfTheFirstVersion, SpellsTheInputTypesAsTheDeviceDoesAndBringsThem
   EXPECT_EQ(device.Value("01", "10"), "RB-1:Pt100");
 }
 
+TEST(RoundTripOfTheFirstVersion, IsCheckedWhenItsFileIsOpenedWithoutTheDevice) {
+  test::PageBench first;
+  first.Connect(u"QUO", {.system_text = "SYSVER   1.00"}).Set("01", "10", "Tc-2:K(CA)");
+  first.Choose(u"QUO");
+  first.Upload();
+  first.Save(kFile);
+
+  test::PageBench second;
+  second.files.Put(kFile, first.files.Bytes(kFile).value());
+  second.Start();
+  second.Open(kFile);
+  EXPECT_EQ(second.Page().InputTypeRow(), 1);
+  // A thermocouple K goes up to 1370 deg C.
+  second.Type(u"15", u"1371");
+  second.Check();
+  EXPECT_EQ(second.TakeBoxes().back(), test::Shown(BoxKey::ValueBad));
+  EXPECT_EQ(second.LookOf(u"15"), Look::Bad);
+}
+
 TEST(RoundTripOfTheFirstVersion, GoesIntoALaterDeviceInThatDevicesSpelling) {
   test::PageBench first;
   first.Connect(u"QUO", {.system_text = "SYSVER   1.00"}).Set("01", "10", "Tc-2:K(CA)");
