@@ -104,7 +104,7 @@ TEST(WindowTest, ASecondClickOnThePresentModelCounts) {
   QTest::keyClicks(bench.Find<QLineEdit>("Text(0)"), QStringLiteral("A"));
   const std::size_t boxes = bench.device.dialogs.Boxes().size();
   bench.Choose(QStringLiteral("QN"));
-  EXPECT_EQ(bench.device.dialogs.Boxes().size(), boxes + 1);
+  ASSERT_EQ(bench.device.dialogs.Boxes().size(), boxes + 1);
   EXPECT_EQ(ToQt(bench.device.dialogs.Boxes().back().box.title), QStringLiteral("ﾌｧｲﾙに保存"));
   EXPECT_EQ(bench.Find<QLineEdit>("Text(0)")->text(), QStringLiteral("A"));
 }
@@ -211,6 +211,7 @@ TEST(WindowTest, TheButtonsHaveKeys) {
   Bench bench("QN");
   EXPECT_TRUE(QTest::qWaitForWindowActive(&bench.window));
   QTest::keyClick(&bench.window, Qt::Key_K, Qt::ControlModifier);
+  ASSERT_FALSE(bench.device.dialogs.Boxes().empty());
   EXPECT_EQ(ToQt(bench.device.dialogs.Boxes().back().box.title), QStringLiteral("設定値ﾁｪｯｸ"));
   EXPECT_TRUE(bench.Find<QPushButton>("cmdCheck")->toolTip().contains(QLatin1String("K")));
 }
