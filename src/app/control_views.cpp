@@ -195,11 +195,9 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
   QObject::connect(widget, &QLineEdit::textEdited, widget,
                    [this, &field](const QString& text) { Enter([&] { field.UserTypes(FromQt(text)); }); });
   widget->installEventFilter(new KeyFilter(widget, [this, &field](Key key) {
-    if (!field.OnKey) {
-      return false;
-    }
-    Enter([&] { field.UserPresses(key); });
-    return true;
+    bool taken = false;
+    Enter([&] { taken = field.UserPresses(key); });
+    return taken;
   }));
   return widget;
 }

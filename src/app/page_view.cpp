@@ -335,6 +335,7 @@ QWidget* PageView::MakeStatus() {
   layout->addWidget(views_.Make(page_.TransferBar, area), 2);
   layout->addWidget(views_.Make(page_.LnrProgressBar, area), 1);
   layout->addWidget(views_.Make(page_.lbl_Waitfor, area));
+  layout->addWidget(views_.Make(page_.lbl_LnrUnsaved, area));
   layout->addStretch(1);
   layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
   return area;

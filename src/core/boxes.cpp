@@ -80,6 +80,7 @@ constexpr std::array<BoxRow, kBoxCount> kBoxes = {{
      .text = u"defﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。ﾌﾟﾛｸﾞﾗﾑを再ｲﾝｽﾄｰﾙしてください。"},
     {.key = BoxKey::SaveFailed, .title = kSaveFile, .text = u"{1}"},
     {.key = BoxKey::CsvFileNotFound, .title = kLinearizer, .text = u"ﾌｧｲﾙが見つかりません"},
+    {.key = BoxKey::CsvOpenFailed, .title = kLinearizer, .text = u"{1}"},
     {.key = BoxKey::CsvSaveFailed, .title = u"csvファイル保存", .text = u"{1}"},
     {.key = BoxKey::EepromModeNotEntered,
      .title = kEeprom,

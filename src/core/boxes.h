@@ -38,6 +38,7 @@ enum class BoxKey {
   DefFormat,
   SaveFailed,       ///< (the system's own reason) a configuration could not be written
   CsvFileNotFound,  ///< a table file
+  CsvOpenFailed,    ///< (why it can't be read)
   CsvSaveFailed,    ///< (the system's own reason)
   // EEPROM: warnings.
   EepromModeNotEntered,

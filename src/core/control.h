@@ -132,7 +132,8 @@ class TextField : public Control {
  public:
   using Control::Control;
   std::function<void()> OnChange;
-  std::function<void(Key)> OnKey;
+  /// A key that the field handles itself; false when it means nothing to it.
+  std::function<bool(Key)> OnKey;
 
   [[nodiscard]] const String& Text() const { return text_; }
   void SetText(const String& text);
@@ -149,11 +150,8 @@ class TextField : public Control {
 
   /// The user's typing: the whole new text.
   void UserTypes(const String& text) { SetText(text); }
-  void UserPresses(Key key) const {
-    if (OnKey) {
-      OnKey(key);
-    }
-  }
+  /// True when the key was taken; else it does what it does in any field.
+  bool UserPresses(Key key) const { return OnKey && OnKey(key); }
 
  private:
   String text_;

@@ -26,13 +26,20 @@ LineReader::LineReader(const FileStore& files, const CodePage& code_page, Shared
     : files_(files), code_page_(code_page), shared_(shared) {}
 
 void LineReader::OpenTextFile(const String& path, int handle) {
-  CloseTextFile(handle);
   String reason;
-  std::optional<std::string> bytes = files_.Read(path, reason);
-  if (!bytes) {
+  if (!TryOpenTextFile(path, handle, reason)) {
     throw RuntimeFailure(u"ファイルを開けません。\n" + path + u"\n" + reason);
   }
+}
+
+bool LineReader::TryOpenTextFile(const String& path, int handle, String& reason) {
+  CloseTextFile(handle);
+  std::optional<std::string> bytes = files_.Read(path, reason);
+  if (!bytes) {
+    return false;
+  }
   open_files_[handle] = {.path = path, .bytes = std::move(*bytes)};
+  return true;
 }
 
 void LineReader::CloseTextFile(int handle) {

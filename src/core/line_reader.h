@@ -15,7 +15,7 @@ namespace korva {
 String TrimLine(String text);
 
 /// Reads the text files of the program line by line, under fixed handles: 1 the catalogue, 2 configurations,
-/// 3 definitions.
+/// 3 definitions, 4 tables.
 ///
 /// A file is taken in whole when it is opened, so that it can be replaced while it is being read. Lines end
 /// with CR LF, LF or CR; the last one may lack its end. NUL bytes stay, and bytes without a meaning in the
@@ -28,6 +28,9 @@ class LineReader {
   /// Opens the file under `handle`; a file that was open under it is closed first. Throws RuntimeFailure with
   /// the path and the system's own reason when it can't be read.
   void OpenTextFile(const String& path, int handle);
+  /// The same for a file that the user chose: false when it can't be read, and `reason` then holds the
+  /// system's own words.
+  bool TryOpenTextFile(const String& path, int handle, String& reason);
   /// Closes the handle; one that is not open is ignored.
   void CloseTextFile(int handle);
   /// True when the last line of the file has been read, even if it was pushed back. A handle that is not open

@@ -12,6 +12,8 @@ namespace korva {
 namespace {
 
 constexpr int kSignificantDigits = 15;
+// Far below any digit of a device's value, far above what binary fractions lose.
+constexpr double kComputingError = 1e-9;
 
 bool IsBlank(char16_t c) { return c == u' ' || c == u'\t'; }
 bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
@@ -289,5 +291,11 @@ double RoundHalfEven(double value) {
   const bool up = part > 0.5 || (part == 0.5 && std::fmod(below, 2.0) != 0.0);
   return (up ? below + 1.0 : below) + 0.0;
 }
+
+double WholeUp(double value) { return std::ceil(value - kComputingError); }
+
+double WholeDown(double value) { return std::floor(value + kComputingError); }
+
+bool AtLeast(double value, double limit) { return value >= limit - kComputingError; }
 
 }  // namespace korva

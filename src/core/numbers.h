@@ -33,6 +33,15 @@ String ShortestText(double value);
 /// "-0".
 String FormatMask(double value, StringView mask);
 
+/// The next whole number at or above the value, and at or below it. What a computation leaves behind the
+/// ninth decimal doesn't count as a fraction.
+double WholeUp(double value);
+double WholeDown(double value);
+
+/// True when `value` is at least `limit`, both meant as the decimal numbers that a user reads: 0.3 - 0.2 is
+/// at least 0.1.
+bool AtLeast(double value, double limit);
+
 /// The nearest integer; a tie goes to the even neighbour.
 double RoundHalfEven(double value);
 

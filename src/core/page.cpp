@@ -30,7 +30,7 @@ Page::Page(Program& program, const PageKind& kind)
   LnrFlexGrid.Resize(kDefaultGridRows, kGridColumns);
   OptCom.RaisesWhenOn = true;
   for (Control* control : {static_cast<Control*>(&lbl_Waitfor), static_cast<Control*>(&flaMsg_CannotEnd),
-                           static_cast<Control*>(&fraLnrChange)}) {
+                           static_cast<Control*>(&fraLnrChange), static_cast<Control*>(&lbl_LnrUnsaved)}) {
     control->SetVisible(false);
   }
   lblMsg_CannotEnd.PutInto(&flaMsg_CannotEnd);
@@ -47,27 +47,28 @@ Page::Page(Program& program, const PageKind& kind)
 Page::~Page() = default;
 
 void Page::RegisterFrame() {
-  const std::array<Control*, 42> frame = {&lst_TypeSelect,   &lbl_TypeSelect,
-                                          &cmdUpload,        &cmdDownload,
-                                          &cmdOpen,          &cmdSave,
-                                          &cmdNew,           &cmdCheck,
-                                          &cmdExit,          &txtAuthor,
-                                          &txtMemo,          &txtDirName,
-                                          &txtFileTitle,     &lblAuthor,
-                                          &lblMemo,          &lblDirName,
-                                          &lblFileTitle,     &Tabs,
-                                          &TransferBar,      &LnrProgressBar,
-                                          &lbl_Waitfor,      &cmdMonitorON,
-                                          &cmdMonitorOFF,    &fraMonitoring,
-                                          &cmdSet,           &cmdStatusMonOFF,
-                                          &IO_lblSet,        &IO_lblShow,
-                                          &LnrFlexGrid,      &fraLnrChange,
-                                          &lblLnrRow,        &lblLnrCol,
-                                          &lblLnrNewValue,   &txtLnrRow,
-                                          &txtLnrCol,        &txtLnrNewValue,
-                                          &cmdLnrChangeOK,   &cmdLnrChangeCancel,
-                                          &cmd_csvFileOpen,  &lbl_FrmVersion,
-                                          &flaMsg_CannotEnd, &lblMsg_CannotEnd};
+  const std::array<Control*, 43> frame = {&lst_TypeSelect,  &lbl_TypeSelect,
+                                          &cmdUpload,       &cmdDownload,
+                                          &cmdOpen,         &cmdSave,
+                                          &cmdNew,          &cmdCheck,
+                                          &cmdExit,         &txtAuthor,
+                                          &txtMemo,         &txtDirName,
+                                          &txtFileTitle,    &lblAuthor,
+                                          &lblMemo,         &lblDirName,
+                                          &lblFileTitle,    &Tabs,
+                                          &TransferBar,     &LnrProgressBar,
+                                          &lbl_Waitfor,     &cmdMonitorON,
+                                          &cmdMonitorOFF,   &fraMonitoring,
+                                          &cmdSet,          &cmdStatusMonOFF,
+                                          &IO_lblSet,       &IO_lblShow,
+                                          &LnrFlexGrid,     &fraLnrChange,
+                                          &lblLnrRow,       &lblLnrCol,
+                                          &lblLnrNewValue,  &txtLnrRow,
+                                          &txtLnrCol,       &txtLnrNewValue,
+                                          &cmdLnrChangeOK,  &cmdLnrChangeCancel,
+                                          &cmd_csvFileOpen, &lbl_LnrUnsaved,
+                                          &lbl_FrmVersion,  &flaMsg_CannotEnd,
+                                          &lblMsg_CannotEnd};
   for (Control* control : frame) {
     Register(*control);
   }
@@ -260,7 +261,7 @@ void Page::SetCaptions(Language language) {
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
     Tabs.SetTabCaption(tab, CaptionText(kind_.tab_captions[static_cast<std::size_t>(tab)], language));
   }
-  const std::array<std::pair<CaptionedControl*, TextKey>, 27> captions = {{
+  const std::array<std::pair<CaptionedControl*, TextKey>, 28> captions = {{
       {&lbl_TypeSelect, TextKey::Model},
       {&lblAuthor, TextKey::Author},
       {&lblDirName, TextKey::Directory},
@@ -280,6 +281,7 @@ void Page::SetCaptions(Language language) {
       {&cmdLnrChangeOK, TextKey::Modify},
       {&cmdLnrChangeCancel, TextKey::Cancel},
       {&fraLnrChange, TextKey::ChangeOfValue},
+      {&lbl_LnrUnsaved, TextKey::TableUnsaved},
       {&IO_lblSet, TextKey::Setting},
       {&IO_lblShow, TextKey::Monitor},
       {&fraMonitoring, TextKey::Monitoring},

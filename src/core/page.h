@@ -149,6 +149,7 @@ class Page {
   Button cmdLnrChangeOK{"cmdLnrChangeOK"};
   Button cmdLnrChangeCancel{"cmdLnrChangeCancel"};
   Button cmd_csvFileOpen{"cmd_csvFileOpen"};
+  Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};  ///< a table was read from a file and is not saved with the set
   Label lbl_FrmVersion{"lbl_FrmVersion"};
   Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
   Label lblMsg_CannotEnd{"lblMsg_CannotEnd"};

@@ -50,6 +50,9 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::Modify, .japanese = u"変更する", .english = u"Modify"},
     {.key = TextKey::Cancel, .japanese = u"中止", .english = u"Cancel"},
     {.key = TextKey::ChangeOfValue, .japanese = u"値の変更", .english = u"Modification of value"},
+    {.key = TextKey::TableUnsaved,
+     .japanese = u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
+     .english = u"The linearizer table comes from a csv file and is not saved with the settings"},
     {.key = TextKey::ChangeCjm, .japanese = u"CJM交換", .english = u"Change CJM"},
     {.key = TextKey::CheckTable, .japanese = u"ﾁｪｯｸ", .english = u"CHECK"},
     {.key = TextKey::WriteIn, .japanese = u"書込み", .english = u"WRITE IN"},
@@ -158,7 +161,7 @@ const String& TableHintText(StringView kind) {
 }
 
 const String& CsvFilter() {
-  static const String filter = String(u"カンマ区切りのファイル (*.csv)|*.csv|").append(kAllFilter);
+  static const String filter(u"カンマ区切りのファイル (*.csv)|*.csv|");
   return filter;
 }
 

@@ -47,6 +47,7 @@ enum class TextKey {
   Modify,
   Cancel,
   ChangeOfValue,
+  TableUnsaved,  ///< the status area's notice of a table read from a file
   ChangeCjm,
   CheckTable,
   WriteIn,

@@ -93,6 +93,7 @@ void ParameterPage::OpenCommand() {
   }
   BuildPage();
   SettleLnrTab(TabMoment::FileOpened);
+  SetTableUnsaved(false);
   DataChanged = false;
 }
 
@@ -126,6 +127,7 @@ bool ParameterPage::SaveCfgFile() {
     return false;
   }
   ShowFileName();
+  SetTableUnsaved(false);
   Box().Show(BoxKey::FileSaved);
   DataChanged = false;
   return true;
@@ -138,7 +140,10 @@ bool ParameterPage::SaveRescueFile(const String& path) {
   return platform.files.Replace(path, EncodeReplacing(platform.code_page, text), reason);
 }
 
-void ParameterPage::ClearParameterSet() { GroupItem.Clear(); }
+void ParameterPage::ClearParameterSet() {
+  GroupItem.Clear();
+  SetTableUnsaved(false);
+}
 
 void ParameterPage::NewCommand() {
   if (ConfirmDiscard()) {

@@ -79,7 +79,10 @@ void ParameterPage::TextChanged(int index) {
     return;
   }
   GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), Trimmed(Text[index].Text()));
-  MarkEdited();
+  // What comes into a field that the user can't change, such as a live value, is no edit of his.
+  if (!Text[index].Locked()) {
+    MarkEdited();
+  }
 }
 
 void ParameterPage::ComboClicked(int index) {
@@ -259,6 +262,14 @@ bool ParameterPage::LnrActive() const {
   }
   const TableSwitch own = Traits().table_on_choice;
   return (own == TableSwitch::Always || own == TableSwitch::InputType) && SwitchedOn(own);
+}
+
+bool ParameterPage::LnrSwitchedOff() const {
+  const auto off = [this](TableSwitch table_switch) {
+    const OptionGroup* options = SwitchOptions(table_switch);
+    return options != nullptr && options->Selected() == 0;
+  };
+  return !LnrActive() && (off(TableSwitch::TableOption) || off(TableSwitch::LnrOption));
 }
 
 void ParameterPage::KeepTabState(int tab, bool enabled) {

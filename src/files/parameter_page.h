@@ -112,6 +112,12 @@ class ParameterPage : public DevicePage {
   void SettleLnrTab(TabMoment moment);
   /// True when the model's linearizer is in use.
   [[nodiscard]] bool LnrActive() const;
+  /// True when the switch of the model's linearizer stands at none.
+  [[nodiscard]] bool LnrSwitchedOff() const;
+  /// Tells in the status area that the table was read from a file and would be lost unless the set is saved.
+  /// Such a table is no edit: nothing asks about it.
+  void SetTableUnsaved(bool unsaved) { lbl_LnrUnsaved.SetVisible(unsaved); }
+  [[nodiscard]] bool TableUnsaved() const { return lbl_LnrUnsaved.Visible(); }
   /// Index of the linearizer's tab; -1 on pages without one.
   [[nodiscard]] virtual int LnrTab() const { return -1; }
   /// Sizes the grid for the table (17 or 101 rows) and shows the set's points in it; `points` is 16 or 100.

@@ -1,6 +1,5 @@
 #include "linearizer/lnr_table.h"
 
-#include <array>
 #include <string>
 
 #include "core/text_utilities.h"
@@ -11,7 +10,6 @@ namespace {
 
 constexpr int kFirstShortItem = 60;
 constexpr int kPointsOfGroup = 50;
-constexpr std::array<StringView, kLnrColumns> kHeads = {u"k", u"X(k)", u"Y(k)"};
 
 String PointNumber(int point) {
   const std::string digits = std::to_string(point);
@@ -31,31 +29,89 @@ std::optional<PointPlace> PointItem(int points, int row, int column) {
   return PointPlace{.group = group, .item = 2 * ((row - 1) % kPointsOfGroup) + column - 1};
 }
 
-int LnrPoints(const Grid& grid) { return grid.Rows() - 1; }
+void LnrTable::SetUp(int points) {
+  points_ = points;
+  grid_.Resize(points + 1, kLnrColumns);
+  ShowLnrTable();
+}
 
-void ShowLnrTable(const ParameterSet& set, Grid& grid) {
-  for (int column = 0; column < kLnrColumns; ++column) {
-    grid.SetText(0, column, String(kHeads.at(static_cast<std::size_t>(column))));
+bool LnrTable::IsShown(int row, int column) const {
+  return row >= 0 && row < grid_.Rows() && column >= 0 && column < grid_.Columns();
+}
+
+Look LnrTable::LookOf(int row, int column) const {
+  return IsShown(row, column) ? grid_.At(row, column).look : Look::Normal;
+}
+
+void LnrTable::SetLook(int row, int column, Look look) {
+  if (IsShown(row, column)) {
+    grid_.SetLook(row, column, look);
   }
-  const int points = LnrPoints(grid);
-  for (int row = 1; row <= points; ++row) {
-    grid.SetText(row, 0, PointNumber(row));
+}
+
+void LnrTable::ShowLnrTable() {
+  for (int column = 0; column < kLnrColumns; ++column) {
+    grid_.SetText(0, column, String(heads_.at(static_cast<std::size_t>(column))));
+    grid_.SetLook(0, column, Look::Normal);
+  }
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    grid_.SetText(row, 0, PointNumber(row));
+    grid_.SetLook(row, 0, Look::Normal);
     for (int column = 1; column < kLnrColumns; ++column) {
-      if (const auto place = PointItem(points, row, column)) {
-        grid.SetText(row, column, set.At(place->group, place->item));
-      }
-      grid.SetLook(row, column, Look::Normal);
+      const auto place = PointItem(points_, row, column);
+      grid_.SetText(row, column, place ? set_.At(place->group, place->item) : String());
+    }
+  }
+  ClearLnrMarks();
+}
+
+void LnrTable::ClearLnrMarks() {
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    for (int column = 1; column < grid_.Columns(); ++column) {
+      grid_.SetLook(row, column, Look::Normal);
     }
   }
 }
 
-void ClearLnrGrid(Grid& grid) {
-  for (int row = 1; row < grid.Rows(); ++row) {
-    for (int column = 1; column < grid.Columns(); ++column) {
-      grid.SetText(row, column, {});
-      grid.SetLook(row, column, Look::Normal);
+void LnrTable::ClearGrid() {
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    for (int column = 1; column < grid_.Columns(); ++column) {
+      grid_.SetText(row, column, {});
     }
   }
+  ClearLnrMarks();
+}
+
+void LnrTable::Clear() {
+  for (int row = 1; row <= points_; ++row) {
+    for (int column = 1; column < kLnrColumns; ++column) {
+      Store(row, column, {});
+    }
+  }
+  ClearGrid();
+}
+
+const String& LnrTable::Value(int row, int column) const {
+  const PointPlace place = PointItem(points_, row, column).value();
+  return set_.At(place.group, place.item);
+}
+
+void LnrTable::Store(int row, int column, const String& text) {
+  if (const auto place = PointItem(points_, row, column)) {
+    set_.Set(place->group, place->item, text);
+    if (IsShown(row, column)) {
+      grid_.SetText(row, column, text);
+    }
+  }
+}
+
+bool LnrTable::IsBlank() const {
+  for (int row = 1; row <= points_; ++row) {
+    if (!Trimmed(Value(row, 1)).empty() || !Trimmed(Value(row, 2)).empty()) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace korva

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "core/control.h"
@@ -7,12 +8,12 @@
 
 namespace korva {
 
-// The linearizer's table: points k of an input and an output percentage, X(k) and Y(k), kept as items of the
-// parameter set and shown in a grid of three columns: the point's number, X, Y. Row 0 is the head.
-
 inline constexpr int kLnrColumns = 3;
 inline constexpr int kLnrShortPoints = 16;
 inline constexpr int kLnrLongPoints = 100;
+
+/// Texts of the grid's head: point number, X, Y.
+using LnrHeads = std::array<StringView, kLnrColumns>;
 
 /// Where a value lies in the parameter set.
 struct PointPlace {
@@ -25,13 +26,51 @@ struct PointPlace {
 /// table.
 std::optional<PointPlace> PointItem(int points, int row, int column);
 
-/// Points of the table that the grid shows: its rows less the head.
-int LnrPoints(const Grid& grid);
+/// The linearizer's table: points k of an input X(k) and an output Y(k), kept as items of the parameter set
+/// and shown in a grid of three columns: the point's number, X, Y. Row 0 is the head.
+///
+/// The set is the truth and the grid its view. A grid may have fewer rows than the table has points; the
+/// points beyond are then not shown.
+class LnrTable {
+ public:
+  /// Both outlive the table.
+  LnrTable(ParameterSet& set, Grid& grid, const LnrHeads& heads) : set_(set), grid_(grid), heads_(heads) {}
 
-/// Rebuilds the grid from the set: heads, point numbers, both values, all cells plain.
-void ShowLnrTable(const ParameterSet& set, Grid& grid);
+  /// Takes the shape of `points` (16 or 100), sizes the grid for it and shows the set's points.
+  void SetUp(int points);
+  [[nodiscard]] int Points() const { return points_; }
+  void SetHeads(const LnrHeads& heads) { heads_ = heads; }
 
-/// Empties the values and puts all cells to the plain colours; heads and point numbers stay.
-void ClearLnrGrid(Grid& grid);
+  /// Rebuilds the grid from the set: heads, point numbers, both values, all cells plain.
+  void ShowLnrTable();
+  /// Puts all value cells to the plain colours.
+  void ClearLnrMarks();
+  /// Empties the grid's value cells and makes them plain; heads, point numbers and the set stay.
+  void ClearGrid();
+  /// Empties the table's places in the set and the grid's value cells.
+  void Clear();
+
+  /// The text of a value; row and column as in PointItem, inside the table.
+  [[nodiscard]] const String& Value(int row, int column) const;
+  /// Puts a text into the set and its cell. Outside the table nothing happens: the head and the point numbers
+  /// stand for no value.
+  void Store(int row, int column, const String& text);
+  /// True when no value has a text.
+  [[nodiscard]] bool IsBlank() const;
+
+  /// How the cell is coloured. A cell that the grid doesn't show is plain and stays so.
+  [[nodiscard]] Look LookOf(int row, int column) const;
+  void SetLook(int row, int column, Look look);
+  [[nodiscard]] const Grid& Shown() const { return grid_; }
+  void ScrollToTop() { grid_.SetTopRow(1); }
+
+ private:
+  [[nodiscard]] bool IsShown(int row, int column) const;
+
+  ParameterSet& set_;
+  Grid& grid_;
+  LnrHeads heads_;
+  int points_ = kLnrShortPoints;
+};
 
 }  // namespace korva

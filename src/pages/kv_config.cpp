@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "linearizer/lnr_table.h"
 #include "pages/kv_config_design.h"
 #include "pages/kv_config_models.h"
 
@@ -38,7 +37,8 @@ KvConfig::KvConfig(Program& program, const Family& family, DeviceLink& link)
                     .design = kKvConfigDesign},
                    link, kArrays, kGroups),
       monitor_(*this, MonitorFamilyOf(family)),
-      output_(*this, OutputFamilyOf(family), monitor_) {
+      output_(*this, OutputFamilyOf(family), monitor_),
+      linearizer_(*this) {
   for (OptionGroup* options :
        {&Opt_Table, &Opt_Lnr, &Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
     Register(*options);
@@ -67,19 +67,6 @@ void KvConfig::PreparePort() { Line().OpenAtStart(String(ItsFamily().settings));
 void KvConfig::ClosePort() { Line().Close(); }
 
 int KvConfig::LnrTab() const { return kLinearizerTab; }
-
-void KvConfig::SetUpTable(int points) {
-  LnrFlexGrid.Resize(points + 1, kLnrColumns);
-  ShowLnrTable(GroupItem, LnrFlexGrid);
-}
-
-void KvConfig::ClearTable() {
-  ClearLnrGrid(LnrFlexGrid);
-  fraLnrChange.SetVisible(false);
-  txtLnrRow.SetText({});
-  txtLnrCol.SetText({});
-  txtLnrNewValue.SetText({});
-}
 
 std::span<const ModelTraits> KvConfig::TraitTable() const { return KvConfigModels(); }
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "linearizer/linearizer.h"
 #include "monitor/output_setting.h"
 #include "monitor/status_monitor.h"
 #include "transfer/transfer_page.h"
@@ -18,8 +19,8 @@ class KvConfig final : public TransferPage {
 
   void SetCaptions(Language language) override;
   [[nodiscard]] int LnrTab() const override;
-  void SetUpTable(int points) override;
-  void ClearTable() override;
+  void SetUpTable(int points) override { linearizer_.SetUp(points); }
+  void ClearTable() override { linearizer_.Clear(); }
 
   OptionGroup Opt_Table{"Opt_Table", 2};
   OptionGroup Opt_Lnr{"Opt_Lnr", 2};
@@ -45,6 +46,12 @@ class KvConfig final : public TransferPage {
 
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
   bool CheckModel() override;
+  bool CheckTable() override { return linearizer_.CheckLnrTable(); }
+  [[nodiscard]] bool IsTableBlank() const override { return linearizer_.IsBlank(); }
+  bool UploadTable(const ParameterSet& before) override {
+    return linearizer_.Upload(Traits().table_points, before);
+  }
+  bool DownloadTable() override { return linearizer_.DownloadLnr(); }
 
  private:
   // Model rules, kv_config_rules.cpp.
@@ -63,6 +70,7 @@ class KvConfig final : public TransferPage {
 
   StatusMonitor monitor_;
   OutputSetting output_;
+  Linearizer linearizer_;
 };
 
 }  // namespace korva

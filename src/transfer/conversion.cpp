@@ -12,8 +12,6 @@ namespace {
 constexpr double kKelvinOffset = 273.2;
 constexpr double kKelvinAtZeroDegF = 255.4;
 constexpr double kDegCBelowZeroAtZeroDegF = 17.8;
-// Far below any digit of a device's value, far above what binary fractions lose.
-constexpr double kComputingError = 1e-9;
 
 constexpr SensorTexts kShortTexts = {
     u"Tc-1: (PR)",  u"Tc-2:K(CA)", u"Tc-3:E(CRC)",  u"Tc-4:J(IC)",   u"Tc-5:T(CC)",    u"Tc-6:B(RH)",
@@ -87,12 +85,6 @@ double LimitInUnit(double limit, StringView unit) {
 }
 
 double SpanInUnit(double span, StringView unit) { return unit == kDegF ? span * 9 / 5 : span; }
-
-double WholeUp(double value) { return std::ceil(value - kComputingError); }
-
-double WholeDown(double value) { return std::floor(value + kComputingError); }
-
-bool AtLeast(double value, double limit) { return value >= limit - kComputingError; }
 
 const SensorTexts& ShortSensorTexts() { return kShortTexts; }
 

@@ -25,15 +25,6 @@ double LimitInUnit(double limit, StringView unit);
 /// A difference of two temperatures in deg C, in `unit`: without the offset.
 double SpanInUnit(double span, StringView unit);
 
-/// The next whole number at or above the value, and at or below it. What a computation leaves behind the
-/// ninth decimal doesn't count as a fraction.
-double WholeUp(double value);
-double WholeDown(double value);
-
-/// True when `value` is at least `limit`, both meant as the decimal numbers that a user reads: 0.3 - 0.2 is
-/// at least 0.1.
-bool AtLeast(double value, double limit);
-
 /// How a device spells its input types, in the order of the definition's list.
 inline constexpr int kSensorTexts = 17;
 using SensorTexts = std::array<StringView, kSensorTexts>;

@@ -44,8 +44,9 @@ class TransferPage : public ParameterPage {
   [[nodiscard]] virtual String ReplyPrefix(int row) const;
   /// After an answer of the device has gone into the cell of `row`.
   virtual void AfterItemRead(int /*row*/) {}
-  /// Reads the linearizer's table into the set.
-  virtual void UploadTable() {}
+  /// Reads the linearizer's table into the set, which has been emptied. `before` is the set as it was before
+  /// the upload. False when the user keeps the table from there.
+  virtual bool UploadTable(const ParameterSet& /*before*/) { return true; }
 
   // Steps of a download.
   /// Brings values that go to the device on its grid, with a box for each that changes.
@@ -81,6 +82,8 @@ class TransferPage : public ParameterPage {
   virtual bool CheckModel() { return true; }
   /// The linearizer's table, which is in use.
   virtual bool CheckTable() { return true; }
+  /// True when that table has no value at all, and would make the device's curve a flat zero.
+  [[nodiscard]] virtual bool IsTableBlank() const { return false; }
 
   // Checks of which families put their own together.
   /// Item 02: at most 10 characters, each of one byte up to 225 in the code page.
@@ -123,7 +126,7 @@ class TransferPage : public ParameterPage {
   void ReadAllItems();
   [[nodiscard]] String StripReplyPrefix(int row, const String& reply) const;
   void SpellInputTypes(const SensorTexts& texts);
-  void TableStep();
+  void TableStep(const ParameterSet& before);
   // Download.
   bool DownloadValues();
   void CollateSpelling();
@@ -143,7 +146,8 @@ class TransferPage : public ParameterPage {
   // Value check. Items are those of group "01".
   bool CheckBlankFields();
   [[nodiscard]] bool IsLiveField(int index) const;
-  bool CheckValues();
+  /// The box that tells what is wrong; nothing when all is well.
+  std::optional<BoxKey> FindFault();
   [[nodiscard]] bool TableInUse() const;
   static String ItemText(int item);
   TextField* FieldOf(int item);

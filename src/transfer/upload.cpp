@@ -32,6 +32,7 @@ void TransferPage::UploadCommand() {
 
 void TransferPage::UploadValues() {
   UploadBusy = true;
+  const ParameterSet before = GroupItem;
   ReadAllItems();
   BuildPage();
   for (TextField* field : {&txtAuthor, &txtMemo, &txtFileTitle}) {
@@ -39,7 +40,7 @@ void TransferPage::UploadValues() {
   }
   UploadBusy = false;
   TransferBar.SetValue(100);
-  TableStep();
+  TableStep(before);
   Box().Show(BoxKey::UploadDone);
 }
 
@@ -87,33 +88,30 @@ String TransferPage::StripReplyPrefix(int row, const String& reply) const {
   return Trimmed(WithoutPrefix(reply, prefix));
 }
 
-void TransferPage::TableStep() {
+void TransferPage::TableStep(const ParameterSet& before) {
   const ModelTraits& traits = Traits();
+  bool kept = false;
   switch (traits.table_after_upload) {
     case TableSwitch::None:
+      SetTableUnsaved(false);
       return;
     case TableSwitch::Always:
     case TableSwitch::AsItStands:
-      UploadTable();
+      kept = !UploadTable(before);
       break;
     case TableSwitch::InputType:
-      if (InputTypeUsesTable()) {
-        UploadTable();
-      }
+      kept = InputTypeUsesTable() && !UploadTable(before);
       break;
     case TableSwitch::TableOption:
     case TableSwitch::LnrOption: {
       const OptionGroup* options = SwitchOptions(traits.table_after_upload);
       const bool switched_off = options != nullptr && options->Selected() == 0;
-      Tabs.SetTabEnabled(LnrTab(), true);
-      if (switched_off) {
-        Tabs.SetTabEnabled(LnrTab(), false);
-      } else {
-        UploadTable();
-      }
+      Tabs.SetTabEnabled(LnrTab(), !switched_off);
+      kept = !switched_off && !UploadTable(before);
       break;
     }
   }
+  SetTableUnsaved(kept && TableUnsaved());
   SetUpTable(traits.table_points);
 }
 

@@ -38,15 +38,11 @@ void TransferPage::CheckCommand() {
 }
 
 bool TransferPage::CheckAllValues() {
-  if (!CheckBlankFields()) {
-    Box().Show(BoxKey::FieldBlank);
-    return false;
+  const std::optional<BoxKey> fault = FindFault();
+  if (fault) {
+    Box().Show(*fault);
   }
-  if (!CheckValues()) {
-    Box().Show(BoxKey::ValueBad);
-    return false;
-  }
-  return true;
+  return !fault;
 }
 
 bool TransferPage::CheckBlankFields() {
@@ -77,13 +73,22 @@ bool TransferPage::IsLiveField(int index) const {
                      [&](StringView item) { return FindTextIndex(u"01", String(item)) == index; });
 }
 
-bool TransferPage::CheckValues() {
+std::optional<BoxKey> TransferPage::FindFault() {
+  if (!CheckBlankFields()) {
+    return BoxKey::FieldBlank;
+  }
   TransferBar.SetValue(5);
-  if (!CheckFields() || !CheckModel() || (TableInUse() && !CheckTable())) {
-    return false;
+  if (!CheckFields() || !CheckModel()) {
+    return BoxKey::ValueBad;
+  }
+  if (TableInUse() && IsTableBlank()) {
+    return BoxKey::FieldBlank;
+  }
+  if (TableInUse() && !CheckTable()) {
+    return BoxKey::ValueBad;
   }
   TransferBar.SetValue(10);
-  return true;
+  return std::nullopt;
 }
 
 bool TransferPage::CheckFields() { return CheckTag() && CheckZeroSpan() && CheckScale(); }

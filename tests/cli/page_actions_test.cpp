@@ -192,7 +192,10 @@ TEST(Key, IsPressedInAField) {
   ScriptBench bench;
   bench.Run("start");
   std::vector<korva::Key> keys;
-  bench.Page().Text[0].OnKey = [&](korva::Key key) { keys.push_back(key); };
+  bench.Page().Text[0].OnKey = [&](korva::Key key) {
+    keys.push_back(key);
+    return true;
+  };
   bench.Run("key Text(0) Enter\nkey Text(0) Left");
   EXPECT_EQ(keys, (std::vector{korva::Key::Enter, korva::Key::Left}));
 }

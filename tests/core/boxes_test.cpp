@@ -20,10 +20,10 @@ const std::map<BoxKey, std::size_t>& PlacesOfBoxes() {
   static const std::map<BoxKey, std::size_t> places = {
       {BoxKey::OutputTypeMismatch, 1}, {BoxKey::InputTypeMismatch, 1},    {BoxKey::ItemDataMismatch, 2},
       {BoxKey::ItemDownloadError, 2},  {BoxKey::ItemDownloadMismatch, 1}, {BoxKey::ItemWriteFailed, 2},
-      {BoxKey::SaveFailed, 1},         {BoxKey::CsvSaveFailed, 1},        {BoxKey::EepromDataInvalid, 1},
-      {BoxKey::RoundedTo5Msec, 3},     {BoxKey::RoundedTo005V, 3},        {BoxKey::OutputOutOfRange, 2},
-      {BoxKey::CountOutOfRange, 2},    {BoxKey::ThresholdOutOfRange, 2},  {BoxKey::ZeroTrimOutOfRange, 2},
-      {BoxKey::SpanTrimOutOfRange, 2},
+      {BoxKey::SaveFailed, 1},         {BoxKey::CsvSaveFailed, 1},        {BoxKey::CsvOpenFailed, 1},
+      {BoxKey::EepromDataInvalid, 1},  {BoxKey::RoundedTo5Msec, 3},       {BoxKey::RoundedTo005V, 3},
+      {BoxKey::OutputOutOfRange, 2},   {BoxKey::CountOutOfRange, 2},      {BoxKey::ThresholdOutOfRange, 2},
+      {BoxKey::ZeroTrimOutOfRange, 2}, {BoxKey::SpanTrimOutOfRange, 2},
   };
   return places;
 }
@@ -113,6 +113,7 @@ INSTANTIATE_TEST_SUITE_P(
         Warning{BoxKey::DefFormat, u"ﾌｧｲﾙを開く", u"defﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。ﾌﾟﾛｸﾞﾗﾑを再ｲﾝｽﾄｰﾙしてください。"},
         Warning{BoxKey::SaveFailed, u"ﾌｧｲﾙに保存", u"<1>"},
         Warning{BoxKey::CsvFileNotFound, u"ﾘﾆｱﾗｲｻﾞ", u"ﾌｧｲﾙが見つかりません"},
+        Warning{BoxKey::CsvOpenFailed, u"ﾘﾆｱﾗｲｻﾞ", u"<1>"},
         Warning{BoxKey::CsvSaveFailed, u"csvファイル保存", u"<1>"}));
 
 INSTANTIATE_TEST_SUITE_P(

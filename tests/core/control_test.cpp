@@ -131,11 +131,14 @@ TEST(TextField, RefusesTheUserWhenLocked) {
 
 TEST(TextField, PassesKeysOn) {
   TextField field("Text", 1);
-  field.UserPresses(Key::Enter);
+  EXPECT_FALSE(field.UserPresses(Key::Enter));
   std::vector<Key> keys;
-  field.OnKey = [&keys](Key key) { keys.push_back(key); };
-  field.UserPresses(Key::Enter);
-  field.UserPresses(Key::Down);
+  field.OnKey = [&keys](Key key) {
+    keys.push_back(key);
+    return key == Key::Enter;
+  };
+  EXPECT_TRUE(field.UserPresses(Key::Enter));
+  EXPECT_FALSE(field.UserPresses(Key::Down));
   EXPECT_EQ(keys, (std::vector<Key>{Key::Enter, Key::Down}));
 }
 

@@ -232,5 +232,20 @@ TEST_F(ForeignMachineTest, NumbersDependOnNoLocale) {
   EXPECT_EQ(FormatMask(1234.5, u"0.00"), u"1234.50");
 }
 
+TEST(DecimalComparison, AWholeNumberIsReachedUpwardsForTheLowLimitAndDownwardsForTheHighOne) {
+  EXPECT_EQ(WholeUp(73.2), 74);
+  EXPECT_EQ(WholeUp(-148.5), -148);
+  EXPECT_EQ(WholeUp(32), 32);
+  EXPECT_EQ(WholeDown(1073.2), 1073);
+  EXPECT_EQ(WholeDown(-148.5), -149);
+  EXPECT_EQ(WholeDown(212), 212);
+  EXPECT_EQ(WholeUp(0.1 + 0.2 + 0.7), 1) << "what binary fractions leave behind is no fraction";
+}
+
+TEST(DecimalComparison, NumbersAreComparedAsTheyAreRead) {
+  EXPECT_TRUE(AtLeast(0.3 - 0.2, 0.1));
+  EXPECT_FALSE(AtLeast(0.0999, 0.1));
+}
+
 }  // namespace
 }  // namespace korva

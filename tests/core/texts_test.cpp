@@ -55,7 +55,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Caption{TextKey::SaveCsv, u"csvﾌｧｲﾙに保存", u"Save *.csv"},
                     Caption{TextKey::Modify, u"変更する", u"Modify"},
                     Caption{TextKey::Cancel, u"中止", u"Cancel"},
-                    Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"}));
+                    Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"},
+                    Caption{
+                        TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
+                        u"The linearizer table comes from a csv file and is not saved with the settings"}));
 
 INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                          testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},
@@ -107,9 +110,7 @@ TEST(Texts, HintAtTheTableOfAThermocoupleOrAResistanceThermometer) {
   EXPECT_EQ(TableHintText(u""), u"");
 }
 
-TEST(Texts, FilterTableFiles) {
-  EXPECT_EQ(CsvFilter(), u"カンマ区切りのファイル (*.csv)|*.csv|すべてのファイル (*.*)|*.*|");
-}
+TEST(Texts, FilterTableFiles) { EXPECT_EQ(CsvFilter(), u"カンマ区切りのファイル (*.csv)|*.csv|"); }
 
 TEST(Texts, FilterConfigurationsAndDefinitions) {
   EXPECT_EQ(CfgFilter(), u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|");

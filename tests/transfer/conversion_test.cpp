@@ -61,21 +61,6 @@ TEST(LimitTest, ASpanConvertsWithoutTheOffset) {
   EXPECT_EQ(SpanInUnit(50, u"deg C"), 50);
 }
 
-TEST(LimitTest, AWholeNumberIsReachedUpwardsForTheLowLimitAndDownwardsForTheHighOne) {
-  EXPECT_EQ(WholeUp(73.2), 74);
-  EXPECT_EQ(WholeUp(-148.5), -148);
-  EXPECT_EQ(WholeUp(32), 32);
-  EXPECT_EQ(WholeDown(1073.2), 1073);
-  EXPECT_EQ(WholeDown(-148.5), -149);
-  EXPECT_EQ(WholeDown(212), 212);
-  EXPECT_EQ(WholeUp(0.1 + 0.2 + 0.7), 1) << "what binary fractions leave behind is no fraction";
-}
-
-TEST(LimitTest, NumbersAreComparedAsTheyAreRead) {
-  EXPECT_TRUE(AtLeast(0.3 - 0.2, 0.1));
-  EXPECT_FALSE(AtLeast(0.0999, 0.1));
-}
-
 TEST(SensorTextsTest, TheExactVersionTextSelectsTheShortList) {
   EXPECT_EQ(&SensorTextsOf(u"SYSVER   1.00"), &ShortSensorTexts());
   for (const StringView version :

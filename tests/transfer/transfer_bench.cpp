@@ -65,11 +65,15 @@ bool BenchPage::CheckTable() {
   return table_good;
 }
 
-void BenchPage::UploadTable() {
+bool BenchPage::UploadTable(const ParameterSet& before) {
   Note("upload table");
   if (on_table_upload) {
     on_table_upload();
   }
+  if (table_kept) {
+    GroupItem.Set(2, 0, before.At(2, 0));
+  }
+  return !table_kept;
 }
 
 bool BenchPage::DownloadTable() {

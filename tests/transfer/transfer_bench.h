@@ -29,7 +29,9 @@ class BenchPage final : public TransferPage {
   // What the next steps give, and what was done.
   bool model_good = true;
   bool table_good = true;
+  bool table_blank = false;
   bool table_written = true;
+  bool table_kept = false;  ///< the user keeps the table from before an upload
   std::function<bool(BenchPage&)> model_check;
   std::function<void()> on_table_upload;
   std::vector<std::string> notes;
@@ -56,7 +58,8 @@ class BenchPage final : public TransferPage {
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
   bool CheckModel() override { return model_check ? model_check(*this) : model_good; }
   bool CheckTable() override;
-  void UploadTable() override;
+  [[nodiscard]] bool IsTableBlank() const override { return table_blank; }
+  bool UploadTable(const ParameterSet& before) override;
   bool DownloadTable() override;
   void RoundValues() override { Note("round"); }
   void AfterItemRead(int row) override { Note("read row " + std::to_string(row)); }

@@ -353,5 +353,24 @@ TEST(UploadTableTest, IsReadBeforeTheReportWithTheBarAtItsEnd) {
   EXPECT_EQ(bench.page->notes, (Texts{"read row 0", "upload table", "set up 100", "set up 100"}));
 }
 
+TEST(UploadTableTest, ATableFromAFileIsToldOfUntilTheDevicesOwnReplacesIt) {
+  for (const bool kept : {true, false}) {
+    TransferBench bench(kTableDefinition, {.def_file = kModel, .table_after_upload = TableSwitch::Always});
+    bench.page->table_kept = kept;
+    bench.page->GroupItem.Set(2, 0, u"12.5");
+    bench.page->SetTableUnsaved(true);
+    bench.Upload();
+    EXPECT_EQ(bench.page->TableUnsaved(), kept);
+    EXPECT_EQ(bench.page->GroupItem.At(2, 0), kept ? u"12.5" : u"");
+  }
+}
+
+TEST(UploadTableTest, AModelWithoutATableIsNotToldOfOne) {
+  TransferBench bench(kTableDefinition, {.def_file = kModel, .table_after_upload = TableSwitch::None});
+  bench.page->SetTableUnsaved(true);
+  bench.Upload();
+  EXPECT_FALSE(bench.page->TableUnsaved());
+}
+
 }  // namespace
 }  // namespace korva::test

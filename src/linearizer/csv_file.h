@@ -1,0 +1,64 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "core/control.h"
+#include "core/family.h"
+#include "core/line_reader.h"
+
+namespace korva {
+
+/// What a reader does with records at the head of the file that tell the number of points ("Size, 16 ").
+enum class SizeRecords {
+  ArePoints,  ///< they count as points
+  SkipOne,    ///< the first is passed over
+  TakeAll,    ///< each is passed over, and the last one's number is the size
+};
+
+/// How a family reads a table. The default takes every line of the file as a point.
+struct CsvReader {
+  SizeRecords size_records = SizeRecords::ArePoints;
+  bool passes_over_text = false;  ///< a record whose first field isn't numeric is no point
+  bool ends_at_blank = false;     ///< a record whose first field is empty ends the table
+  bool two_decimals = false;      ///< numbers are shown with two decimals, those of the first point apart
+};
+
+/// A family's exchange of tables with files. Families without a row have none; those whose files hold
+/// temperature tables as well have none here.
+struct CsvFamily {
+  StringView family;
+  CsvReader reader;
+  bool cancels_edit = false;  ///< opening a file drops an open cell edit first
+  bool saves = false;         ///< the page can save
+  bool writes_size = false;   ///< a file begins with the number of points
+};
+
+/// The family's row; nullptr when it has none.
+const CsvFamily* FindCsvFamily(const Family& family);
+/// All rows.
+std::span<const CsvFamily> CsvFamilies();
+
+/// The texts of one point.
+struct CsvPoint {
+  String x;
+  String y;
+  bool operator==(const CsvPoint&) const = default;
+};
+
+/// What a file holds for a table.
+struct CsvTable {
+  std::vector<CsvPoint> points;
+  std::optional<String> size;  ///< the number of points that the file tells
+};
+
+/// Reads at most `limit` points of the file that is open under `handle`; more are ignored. A point is a line:
+/// X, a comma, Y; further fields are ignored, a missing one is empty. Values are not judged. Nothing when the
+/// file holds bytes that are no text.
+std::optional<CsvTable> ReadCsv(LineReader& lines, int handle, const CsvReader& reader, int limit);
+
+/// The text of a file with the grid's points, from row 1 up to the first without an X, at most `limit`.
+String CsvText(const Grid& grid, int limit, bool writes_size);
+
+}  // namespace korva

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/control.h"
+#include "linearizer/lnr_table.h"
+
+namespace korva {
+
+/// The value of a cell as the checks take it: a text that begins with a digit, or with a sign and a digit, is
+/// cut from the right until it is numeric ("12.5%" gives "12.5"); any other text stays whole.
+String ValueFromLnrCell(StringView text);
+
+/// Limits of a value; both count.
+struct LnrLimits {
+  double low = 0;
+  double high = 0;
+};
+
+/// Marks every value that is no number strictly between -300 and 300, and no other. An empty cell counts 0,
+/// and X needs no order: devices of these families take any curve. True when nothing is bad.
+bool CheckLnrRange(LnrTable& table);
+
+/// Marks what keeps the table from being a curve: X must rise strictly, every value must lie within its
+/// limits, no cell may be empty before the table's end and none filled behind it. A table ends with the first
+/// point that is empty in both values, and has two points at least. `bar` shows the share of cells done. True
+/// when nothing is bad.
+bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, ProgressBar& bar);
+
+}  // namespace korva

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/page.h"
+#include "linearizer/lnr_table.h"
+
+namespace korva {
+
+/// The cell editor of the table: shows one cell in fraLnrChange and puts what the user typed there back.
+///
+///     Closed --Select--> Open --Ok, Cancel--> Closed
+///
+/// A press on another cell while Open selects that one; a changed text of the former cell is asked about
+/// first. No text is refused when it is typed: the check of the table marks what is wrong. An open editor
+/// locks nothing.
+class LnrEditor {
+ public:
+  /// Both outlive the editor.
+  LnrEditor(Page& page, LnrTable& table);
+  LnrEditor(const LnrEditor&) = delete;
+  LnrEditor& operator=(const LnrEditor&) = delete;
+  ~LnrEditor() = default;
+
+  /// A click on a cell of the grid, its head and point numbers included.
+  void Select(int row, int column);
+  /// cmdLnrChangeOK: the cell takes the text as it stands. Head and point numbers stay as they are.
+  void Ok();
+  /// cmdLnrChangeCancel
+  void Cancel();
+  /// The table was rebuilt: the editor closes, no cell is selected.
+  void Reset();
+  /// The table has other values and is shown from its top: the first cell is the current one, and an open
+  /// editor goes on with it.
+  void GoToTop();
+  /// The check coloured the cells anew: the open cell keeps its own colours and the mark for later.
+  void TakeMarks();
+  [[nodiscard]] bool IsOpen() const { return page_.fraLnrChange.Visible(); }
+
+  int LnrPrevRow = 0;  ///< the cell selected last; 0 when none
+  int LnrPrevCol = 0;
+  bool LnrPrevMarked = false;   ///< it was marked bad when it was selected
+  bool LnrRestoreDone = false;  ///< its colours were restored already
+
+ private:
+  void Close();
+  void RestoreColours();
+
+  Page& page_;
+  LnrTable& table_;
+};
+
+}  // namespace korva

@@ -1,0 +1,129 @@
+#include "linearizer/lnr_transfer.h"
+
+#include <string>
+#include <vector>
+
+#include "core/numbers.h"
+#include "core/program.h"
+#include "core/text_utilities.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kRepeats = 3;
+constexpr std::size_t kHead = 6;  ///< "X(05):", before each value
+constexpr double kDeviceRounding = 0.01;
+constexpr StringView kLongGroup = u"02";
+
+/// The value behind the head; empty for a reply without one.
+String ValueOf(const String& reply) {
+  return reply.size() <= kHead || reply == kNeedless ? String() : Trimmed(reply.substr(kHead));
+}
+
+}  // namespace
+
+/// Items of one group, without a gap.
+struct LnrTransfer::Block {
+  int group = 0;
+  int first = 0;
+  int last = 0;
+
+  /// Share of the block that is done when `item` is.
+  [[nodiscard]] float Share(int item) const {
+    return static_cast<float>(item - first + 1) / static_cast<float>(last - first + 1);
+  }
+};
+
+bool LnrReplyMatches(const String& sent, const String& reply) {
+  const String value = ValueOf(reply);
+  if (!IsNumeric(sent) || NumericLength(value) == 0) {
+    return false;
+  }
+  const double number = LeadingNumber(sent);
+  const double reported = LeadingNumber(value);
+  return AtLeast(reported, number - kDeviceRounding) && AtLeast(number + kDeviceRounding, reported);
+}
+
+std::vector<LnrTransfer::Block> LnrTransfer::BlocksOfTable() const {
+  const auto block = [this](int first_point, int last_point) {
+    const PointPlace first = PointItem(table_.Points(), first_point, 1).value();
+    const PointPlace last = PointItem(table_.Points(), last_point, 2).value();
+    return Block{.group = first.group, .first = first.item, .last = last.item};
+  };
+  if (IsLong()) {
+    return {block(1, kLnrLongPoints / 2), block(kLnrLongPoints / 2 + 1, kLnrLongPoints)};
+  }
+  return {block(1, kLnrShortPoints)};
+}
+
+bool LnrTransfer::Upload() {
+  if (IsLong() && !page_.Box().Ask(BoxKey::UploadLinearizer)) {
+    return false;
+  }
+  for (const Block& block : BlocksOfTable()) {
+    UploadBlock(block);
+  }
+  return true;
+}
+
+void LnrTransfer::UploadBlock(const Block& block) {
+  const String group = FormatMask(block.group, u"00");
+  for (int item = block.first; item <= block.last; ++item) {
+    const String reply = page_.Items().ReadRetry(kRepeats, group, FormatMask(item, u"00"));
+    page_.GroupItem.Set(block.group, item, ValueOf(reply));
+    page_.LnrProgressBar.SetValue(block.Share(item) * 100);
+  }
+}
+
+bool LnrTransfer::DownloadLnr() {
+  if (IsLong()) {
+    page_.LnrProgressBar.SetValue(5);
+    if (!page_.Box().Ask(BoxKey::DownloadLinearizer)) {
+      return true;
+    }
+  }
+  if (!page_.EnterProgrammingMode()) {
+    return false;
+  }
+  for (const Block& block : BlocksOfTable()) {
+    if (!DownloadBlock(block)) {
+      page_.Box().Show(BoxKey::LinearizerDownloadFailed);
+      return false;
+    }
+  }
+  return true;
+}
+
+bool LnrTransfer::DownloadBlock(const Block& block) {
+  for (int item = block.first; item <= block.last; ++item) {
+    if (!WriteItem(block, item)) {
+      page_.Box().Show(IsLong() ? BoxKey::LinearizerDataMismatch : BoxKey::Linearizer16DataMismatch);
+      return false;
+    }
+    page_.LnrProgressBar.SetValue(block.Share(item) * 90 + 10);
+  }
+  return true;
+}
+
+bool LnrTransfer::WriteItem(const Block& block, int item) {
+  const String group = FormatMask(block.group, u"00");
+  const String number = FormatMask(item, u"00");
+  const String cell = Trimmed(page_.GroupItem.At(block.group, item));
+  const String data = cell.empty() ? String(u"0") : cell;
+  String reply = WriteLnrItem(group, number, data);
+  if (reply.empty()) {
+    reply = page_.Items().ReadRetry(kRepeats, group, number);
+  }
+  return LnrReplyMatches(data, reply);
+}
+
+String LnrTransfer::WriteLnrItem(const String& group, const String& item, const String& data) {
+  // A device that can't be read in the long table's first group has no such table and is sent nothing.
+  if (page_.Items().ReadRetry(kRepeats, group, item).empty() && group == kLongGroup) {
+    return {};
+  }
+  return page_.Items().WriteRetry(kRepeats, group, item, data);
+}
+
+}  // namespace korva

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "files/parameter_page.h"
+#include "linearizer/lnr_table.h"
+
+namespace korva {
+
+/// The table's way to and from the device, one item for each value: 32 items for 16 points, 200 for 100
+/// points, which is why the user is asked about those. LnrProgressBar shows how far it is, for 100 points
+/// once for each half of the table.
+class LnrTransfer {
+ public:
+  /// Both outlive this.
+  LnrTransfer(ParameterPage& page, LnrTable& table) : page_(page), table_(table) {}
+
+  /// Reads the whole table into the set. A value that the device doesn't give is empty. False when the user
+  /// doesn't want the 100 points: nothing was read then.
+  bool Upload();
+  /// Puts the device in programming mode and writes the whole table, each value read before and proved
+  /// after it. False, after its box, when the mode was not taken or a value was not: what was written up to
+  /// then is in the device. True also when the user doesn't want the 100 points.
+  bool DownloadLnr();
+
+ private:
+  struct Block;
+
+  [[nodiscard]] std::vector<Block> BlocksOfTable() const;
+  void UploadBlock(const Block& block);
+  bool DownloadBlock(const Block& block);
+  bool WriteItem(const Block& block, int item);
+  String WriteLnrItem(const String& group, const String& item, const String& data);
+  [[nodiscard]] bool IsLong() const { return table_.Points() == kLnrLongPoints; }
+
+  ParameterPage& page_;
+  LnrTable& table_;
+};
+
+/// True when the device's reply to a write of `sent` tells the same value, give or take 0.01, to which
+/// devices round. Neither a text nor a reply without a number can be the same as anything.
+bool LnrReplyMatches(const String& sent, const String& reply);
+
+}  // namespace korva
