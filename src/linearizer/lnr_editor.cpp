@@ -51,7 +51,7 @@ void LnrEditor::Close() {
 }
 
 void LnrEditor::RestoreColours() {
-  if (LnrPrevRow + LnrPrevCol > 0 && !LnrRestoreDone) {
+  if (!LnrRestoreDone) {
     table_.SetLook(LnrPrevRow, LnrPrevCol, LnrPrevMarked ? Look::Bad : Look::Normal);
     LnrRestoreDone = true;
   }

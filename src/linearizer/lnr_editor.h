@@ -37,8 +37,8 @@ class LnrEditor {
 
   int LnrPrevRow = 0;  ///< the cell selected last; 0 when none
   int LnrPrevCol = 0;
-  bool LnrPrevMarked = false;   ///< it was marked bad when it was selected
-  bool LnrRestoreDone = false;  ///< its colours were restored already
+  bool LnrPrevMarked = false;  ///< it was marked bad when it was selected
+  bool LnrRestoreDone = true;  ///< its colours were restored already
 
  private:
   void Close();

@@ -1,0 +1,288 @@
+// The cell editor of the linearizer's tab, on the page of family First with a device of 16 points.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/text_utilities.h"
+#include "pages/page_bench.h"
+
+namespace korva {
+namespace {
+
+using test::Shown;
+using Texts = std::vector<std::string>;
+
+constexpr Grid::Cell kNoCell = {.text = u"", .look = Look::Normal};
+
+/// A page whose table is in use and has been read: X(k) and Y(k) from 0.00 to 100.00.
+struct EditorBench : test::PageBench {
+  EditorBench() {
+    Connect(u"QZ").Set("01", "10", "1");
+    Choose(u"QZ");
+    Upload();
+    Page().DataChanged = false;
+    TakeBoxes();
+  }
+  void ClickCell(int row, int column) {
+    ASSERT_EQ(Page().WhyRefused(Page().LnrFlexGrid), "");
+    Do([&] { Page().LnrFlexGrid.UserClicks(row, column); });
+  }
+  void TypeValue(const String& text) { Type(Page().txtLnrNewValue, text); }
+  void Ok() { Click(Page().cmdLnrChangeOK); }
+  void Cancel() { Click(Page().cmdLnrChangeCancel); }
+  const Grid::Cell& Cell(int row, int column) { return Page().LnrFlexGrid.At(row, column); }
+  /// Row, column and text that the editor shows; empty when it is closed.
+  Texts Editor() {
+    if (!Page().fraLnrChange.Visible()) {
+      return {};
+    }
+    return {ToUtf8(Page().txtLnrRow.Text()), ToUtf8(Page().txtLnrCol.Text()),
+            ToUtf8(Page().txtLnrNewValue.Text())};
+  }
+};
+
+TEST(LnrEditorTest, AClickOnACellSelectsItAndShowsItsPlaceAndText) {
+  EditorBench bench;
+  int focused = 0;
+  bench.Page().txtLnrNewValue.ObserveFocus([&] { ++focused; });
+  EXPECT_EQ(bench.Editor(), Texts());
+  bench.ClickCell(3, 2);
+  EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "13.33"}));
+  EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u"13.33", .look = Look::Selected}));
+  EXPECT_EQ(focused, 1);
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().txtLnrRow), "locked");
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().txtLnrCol), "locked");
+  EXPECT_FALSE(bench.Page().DataChanged);
+}
+
+TEST(LnrEditorTest, OkPutsTheTextIntoTheCellAndTheSetAsItStands) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u" 1e2 %");
+  bench.Ok();
+  EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u" 1e2 %", .look = Look::Normal}));
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u" 1e2 %");
+  EXPECT_TRUE(bench.Page().DataChanged);
+  EXPECT_EQ(bench.Editor(), Texts());
+  EXPECT_EQ(bench.Page().txtLnrRow.Text(), u"");
+  EXPECT_EQ(bench.Page().txtLnrCol.Text(), u"");
+}
+
+TEST(LnrEditorTest, CancelLeavesCellSetAndUnsavedMarkAsTheyWere) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"99");
+  bench.Cancel();
+  EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u"13.33", .look = Look::Normal}));
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u"13.33");
+  EXPECT_FALSE(bench.Page().DataChanged);
+  EXPECT_EQ(bench.Editor(), Texts());
+  EXPECT_EQ(bench.Page().txtLnrNewValue.Text(), u"");
+  EXPECT_EQ(bench.Page().txtLnrRow.Text(), u"");
+}
+
+TEST(LnrEditorTest, AClickOnAnotherCellWithAnUnchangedTextAsksNothing) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.ClickCell(4, 1);
+  EXPECT_EQ(bench.TakeBoxes(), Texts());
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Normal);
+  EXPECT_EQ(bench.Cell(4, 1).look, Look::Selected);
+  EXPECT_EQ(bench.Editor(), (Texts{"4", "1", "20.00"}));
+}
+
+TEST(LnrEditorTest, AClickOnAnotherCellWithAChangedEditorAnsweredNoDropsTheChange) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"99");
+  bench.dialogs.QueueAnswer(Answer::No);
+  bench.ClickCell(4, 1);
+  EXPECT_EQ(bench.TakeBoxes(), (Texts{Shown(BoxKey::ChangeFormerCell)}));
+  EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u"13.33", .look = Look::Normal}));
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u"13.33");
+  EXPECT_EQ(bench.Editor(), (Texts{"4", "1", "20.00"}));
+  EXPECT_FALSE(bench.Page().DataChanged);
+}
+
+TEST(LnrEditorTest, AnsweredYesTheFormerCellIsChangedAndTheNewOneSelected) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"99");
+  bench.dialogs.QueueAnswer(Answer::Yes);
+  bench.ClickCell(4, 1);
+  EXPECT_EQ(bench.TakeBoxes(), (Texts{Shown(BoxKey::ChangeFormerCell)}));
+  EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u"99", .look = Look::Normal}));
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u"99");
+  EXPECT_EQ(bench.Editor(), (Texts{"4", "1", "20.00"}));
+  EXPECT_TRUE(bench.Page().DataChanged);
+}
+
+TEST(LnrEditorTest, AfterCancelTheNextClickAsksNothing) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"99");
+  bench.Cancel();
+  bench.ClickCell(3, 2);
+  EXPECT_EQ(bench.TakeBoxes(), Texts());
+  EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "13.33"}));
+}
+
+TEST(LnrEditorTest, AMarkedCellIsMarkedAgainUnlessItWasChanged) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"300");
+  bench.Ok();
+  bench.Check();
+  ASSERT_EQ(bench.Cell(3, 2).look, Look::Bad);
+  bench.ClickCell(3, 2);
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Selected);
+  bench.ClickCell(4, 1);
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Bad);
+  bench.ClickCell(3, 2);
+  EXPECT_EQ(bench.Cell(4, 1).look, Look::Normal);
+  bench.Cancel();
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Bad);
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"30");
+  bench.Ok();
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Normal);
+}
+
+TEST(LnrEditorTest, ACheckWhileACellIsOpenMarksItWhenItIsLeft) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"300");
+  bench.Ok();
+  bench.ClickCell(3, 2);
+  bench.Check();
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Selected);
+  bench.Cancel();
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Bad);
+}
+
+TEST(LnrEditorTest, AClickOnTheHeadRowOrColumnZeroSelectsThatCellTooAndOkStoresNothing) {
+  for (const auto& [row, column] : {std::pair(0, 1), std::pair(0, 2), std::pair(5, 0), std::pair(0, 0)}) {
+    EditorBench bench;
+    const ParameterSet before = bench.Page().GroupItem;
+    const String text = bench.Cell(row, column).text;
+    bench.ClickCell(row, column);
+    EXPECT_EQ(bench.Editor(), (Texts{std::to_string(row), std::to_string(column), ToUtf8(text)}));
+    EXPECT_EQ(bench.Cell(row, column).look, Look::Selected);
+    bench.TypeValue(u"55");
+    bench.Ok();
+    for (int group = 0; group < before.Groups(); ++group) {
+      for (int item = 0; item < ParameterSet::kItems; ++item) {
+        EXPECT_EQ(bench.Page().GroupItem.At(group, item), before.At(group, item));
+      }
+    }
+    EXPECT_EQ(bench.Cell(row, column), (Grid::Cell{.text = text, .look = Look::Normal}));
+  }
+}
+
+TEST(LnrEditorTest, EnterTakesTheTextAndOtherKeysAreTheFieldsOwn) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"42");
+  for (const Key key : {Key::Up, Key::Down, Key::Left, Key::Right}) {
+    EXPECT_FALSE(bench.Page().txtLnrNewValue.UserPresses(key));
+  }
+  EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "42"}));
+  EXPECT_TRUE(bench.Page().txtLnrNewValue.UserPresses(Key::Enter));
+  EXPECT_EQ(bench.Cell(3, 2).text, u"42");
+  EXPECT_EQ(bench.Editor(), Texts());
+}
+
+TEST(LnrEditorTest, AnOpenEditorLocksNothing) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  const KvConfig& page = bench.Page();
+  for (int tab = 0; tab < page.Tabs.Count(); ++tab) {
+    EXPECT_EQ(page.Tabs.TabEnabled(tab), tab != 4) << "the model has no filter; tab " << tab;
+  }
+  EXPECT_EQ(page.WhyRefused(page.cmdUpload), "");
+  EXPECT_EQ(page.WhyRefused(page.cmd_csvFileOpen), "");
+}
+
+TEST(LnrEditorTest, ANewTableClosesTheEditor) {
+  using Step = void (*)(EditorBench&);
+  for (const Step step :
+       {Step([](EditorBench& bench) { bench.Upload(); }), Step([](EditorBench& bench) { bench.New(); }),
+        Step([](EditorBench& bench) { bench.Choose(u"QHW1"); })}) {
+    EditorBench bench;
+    bench.ClickCell(16, 2);
+    bench.TypeValue(u"99");
+    step(bench);
+    EXPECT_EQ(bench.Editor(), Texts());
+    EXPECT_NE(bench.Cell(16, 2).look, Look::Selected);
+    EXPECT_NE(bench.Cell(16, 2).text, u"99");
+    EXPECT_FALSE(bench.status.has_value());
+  }
+}
+
+TEST(LnrEditorTest, AnOpenedConfigurationClosesTheEditorAndASmallerTableIsNoTrap) {
+  EditorBench bench;
+  bench.Save(u"/korva/data/short.cfg");
+  bench.Choose(u"QHW1");
+  bench.Do([&] { bench.Page().Opt_Lnr[1].Click(); });
+  bench.ClickCell(100, 2);
+  bench.TypeValue(u"99");
+  bench.Open(u"/korva/data/short.cfg");
+  EXPECT_EQ(bench.Editor(), Texts());
+  EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), 17);
+  bench.ClickCell(1, 1);
+  EXPECT_EQ(bench.Editor(), (Texts{"1", "1", "0.00"}));
+  EXPECT_FALSE(bench.status.has_value());
+}
+
+TEST(LnrEditorTest, WhileTheSwitchStandsAtNoneNoCellIsSelectedOrChanged) {
+  EditorBench bench;
+  bench.ClickCell(3, 2);
+  bench.TypeValue(u"99");
+  bench.Do([&] { bench.Page().Opt_Table[0].Click(); });
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "tab disabled");
+  bench.Do([&] { bench.Page().cmdLnrChangeOK.Click(); });
+  EXPECT_EQ(bench.Cell(3, 2).text, u"13.33");
+  bench.Do([&] { bench.Page().LnrFlexGrid.UserClicks(4, 1); });
+  EXPECT_EQ(bench.Cell(4, 1).look, Look::Normal);
+  EXPECT_EQ(bench.TakeBoxes(),
+            (Texts{Shown(BoxKey::LinearizerSwitchedOff), Shown(BoxKey::LinearizerSwitchedOff)}));
+  EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "99"})) << "what was typed is still there";
+  bench.Do([&] { bench.Page().cmdLnrChangeCancel.Click(); });
+  EXPECT_EQ(bench.Editor(), Texts());
+}
+
+TEST(LnrEditorTest, DuringAnUploadTheGridIsOutOfReach) {
+  EditorBench bench;
+  bool tried = false;
+  bench.loop.After(std::chrono::seconds(2), [&] {
+    tried = true;
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "tab disabled");
+  });
+  bench.Upload();
+  EXPECT_TRUE(tried);
+}
+
+TEST(LnrEditorTest, EachCellOfALongTableGoesToItsOwnPlace) {
+  EditorBench bench;
+  bench.Choose(u"QHNY1");
+  bench.Do([&] { bench.Page().Opt_Lnr[1].Click(); });
+  struct Place {
+    int row;
+    int column;
+    int group;
+    int item;
+  };
+  for (const Place& place :
+       {Place{1, 1, 2, 0}, Place{50, 2, 2, 99}, Place{51, 1, 3, 0}, Place{100, 2, 3, 99}}) {
+    EXPECT_EQ(bench.Cell(place.row, place.column), kNoCell);
+    bench.ClickCell(place.row, place.column);
+    bench.TypeValue(u"7.5");
+    bench.Ok();
+    EXPECT_EQ(bench.Page().GroupItem.At(place.group, place.item), u"7.5");
+  }
+}
+
+}  // namespace
+}  // namespace korva
