@@ -22,7 +22,7 @@ struct Row {
   const char* unit;  // empty for a ratio
 };
 
-constexpr std::array<Row, 12> kRows = {{
+constexpr std::array<Row, 15> kRows = {{
     {.what = "Exchange through the whole path over a raw write-poll-read loop, wall time",
      .benchmark = "ReadItem",
      .value = "real",
@@ -95,6 +95,24 @@ constexpr std::array<Row, 12> kRows = {{
      .over = nullptr,
      .limit = 10,
      .unit = " ms"},
+    {.what = "Opening a table of 100 points from a file, until grid and curve are painted",
+     .benchmark = "OpenTableInWindow",
+     .value = "real",
+     .over = nullptr,
+     .limit = 20,
+     .unit = " ms"},
+    {.what = "Changing a cell of it, from click to painted curve",
+     .benchmark = "EditCellInWindow",
+     .value = "real",
+     .over = nullptr,
+     .limit = 5,
+     .unit = " ms"},
+    {.what = "A monitor cycle of five items at 1200 bit/s over wire and waits",
+     .benchmark = "MonitorCycle",
+     .value = "over_plan",
+     .over = nullptr,
+     .limit = 1.01,
+     .unit = ""},
 }};
 
 // For a ratio: all that disturbs a repetition only makes it slower.

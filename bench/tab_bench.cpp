@@ -1,0 +1,139 @@
+// What the user waits for on the linearizer's and the I/O check tab.
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <array>
+#include <chrono>
+#include <fstream>
+#include <string>
+
+#include "app/main_window.h"
+#include "bench_host.h"
+#include "core/text_utilities.h"
+#include "far_end.h"
+#include "pages/kv_config.h"
+#include "platform/pseudo_terminal.h"
+
+namespace korva::bench {
+
+namespace {
+
+constexpr int kRepetitions = 9;
+constexpr int kPoints = 100;
+
+KvConfig& PageOf(BenchHost& host) { return dynamic_cast<KvConfig&>(*host.application.program.Showing()); }
+
+void Choose(BenchHost& host, StringView model) {
+  ListBox& list = PageOf(host).lst_TypeSelect;
+  for (std::size_t row = 0; row < list.Entries().size(); ++row) {
+    if (list.Entries()[row] == model) {
+      host.Act([&] { list.UserPicks(static_cast<int>(row)); });
+      return;
+    }
+  }
+}
+
+// The program with its window, and the long table of a model in front.
+struct TableWindow {
+  TableWindow() : window(host.application) {
+    host.application.program.Start();
+    Choose(host, u"QHNY1");
+    host.Act([this] { Page().Opt_Lnr[1].Click(); });
+    window.resize(1180, 740);
+    window.show();
+    window.Current()->ShowTab(Page().LnrTab());
+    Show();
+  }
+  KvConfig& Page() { return PageOf(host); }
+  // Until all that has changed is painted.
+  static void Show() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+  }
+
+  PseudoTerminal device;
+  BenchHost host{device.Device()};
+  MainWindow window;
+};
+
+// A file of 100 points, none of which has the value of another file's.
+String TableFile(const BenchHost& host, int number) {
+  const auto path = host.home.Path() / "data" / (std::to_string(number) + ".csv");
+  std::ofstream file(path, std::ios::binary);
+  for (int point = 0; point < kPoints; ++point) {
+    file << point << '.' << number << ',' << (point * point) / kPoints << '.' << number << "\r\n";
+  }
+  return path.u16string();
+}
+
+void OpenTableInWindow(benchmark::State& state) {
+  TableWindow shown;
+  const std::array files = {TableFile(shown.host, 1), TableFile(shown.host, 2)};
+  std::size_t next = 0;
+  while (state.KeepRunning()) {
+    next = 1 - next;
+    shown.host.dialogs.QueueFile(files.at(next));
+    shown.host.Act([&] { shown.Page().cmd_csvFileOpen.Click(); });
+    TableWindow::Show();
+  }
+  if (shown.Page().LnrFlexGrid.At(kPoints, 1).text != (next == 0 ? u"99.1" : u"99.2")) {
+    state.SkipWithError("the file was not opened");
+  }
+}
+BENCHMARK(OpenTableInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+void EditCellInWindow(benchmark::State& state) {
+  TableWindow shown;
+  shown.host.dialogs.QueueFile(TableFile(shown.host, 1));
+  shown.host.Act([&] { shown.Page().cmd_csvFileOpen.Click(); });
+  TableWindow::Show();
+  int edits = 0;
+  while (state.KeepRunning()) {
+    const int row = 1 + edits++ % 10;
+    shown.host.Act([&] { shown.Page().LnrFlexGrid.UserClicks(row, 2); });
+    shown.host.Act([&] { shown.Page().txtLnrNewValue.UserTypes(Ascii(std::to_string(edits % 100))); });
+    shown.host.Act([&] { shown.Page().cmdLnrChangeOK.Click(); });
+    TableWindow::Show();
+  }
+  if (shown.Page().GroupItem.At(2, 1) == u"0.1") {
+    state.SkipWithError("the cell was not changed");
+  }
+}
+BENCHMARK(EditCellInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+// Counter "over_plan": a cycle of five items over what wire and waits take of it.
+void MonitorCycle(benchmark::State& state) {
+  constexpr int baud = 1200;
+  constexpr int items = 5;
+  constexpr double bits_per_character = 10;
+  constexpr double wait = 0.5;
+  const double plan = items * (FarEnd::kCharacters * bits_per_character / baud + wait);
+  const FarEnd device(baud);
+  BenchHost host(device.Device());
+  host.application.program.Start();
+  Choose(host, u"QHG");
+  while (state.KeepRunning()) {
+    Clock start{};
+    int reads = 0;
+    host.application.link.line.OnTraffic = [&](const SerialLink::Traffic& traffic) {
+      if (!traffic.sent || traffic.text.front() != u'G') {
+        return;
+      }
+      ++reads;
+      if (reads == 2) {  // the first selects the mode
+        start = host.loop.Now();
+      } else if (reads == 2 + items) {
+        const std::chrono::duration<double> took = host.loop.Now() - start;
+        state.counters["over_plan"] = took.count() / plan;
+        PageOf(host).cmdMonitorOFF.Click();
+      }
+    };
+    host.Act([&] { PageOf(host).cmdMonitorON.Click(); });
+    host.application.link.line.OnTraffic = nullptr;
+  }
+}
+BENCHMARK(MonitorCycle)->Iterations(1)->Repetitions(3)->UseRealTime()->Unit(benchmark::kSecond);
+
+}  // namespace
+
+}  // namespace korva::bench
