@@ -41,13 +41,14 @@ class BuildFiles final : public FileStore {
   korva::test::MemoryFiles written_;
 };
 
-/// A QHN with tag BOILER-7 on COM 1, chosen on the root page.
+/// A device with tag BOILER-7 on COM 1, its model chosen on the root page.
 struct PagesBench {
-  explicit PagesBench(ScriptRunner::Options options = {})
-      : runner(application.program, application.link.line, dialogs, transcript, options) {
+  explicit PagesBench(ScriptRunner::Options options = {}, const std::string& model = "QHN")
+      : device(sim::Device::ForModel(KORVA_HOME, model)),
+        runner(application.program, application.link.line, dialogs, transcript, options) {
     device.Set("01", "02", "BOILER-7");
     port.Connect(1, &line);
-    Run("choose QHN");
+    Run("choose " + model);
   }
 
   Lines Run(const std::string& script) {
@@ -63,7 +64,7 @@ struct PagesBench {
   Transcript transcript{printed, complaints};
   VirtualEventLoop loop;
   VirtualPort port{loop};
-  sim::Device device = sim::Device::ForModel(KORVA_HOME, "QHN");
+  sim::Device device;
   korva::test::DeviceLine line{port, device};
   ScriptDialogs dialogs{transcript};
   BuildFiles files;
@@ -170,6 +171,99 @@ TEST(ScriptOnPages, SavesASetAndOpensItAgain) {
                   data + "/a.cfg\""});
   EXPECT_EQ(bench.Run("dump"), dump);
   EXPECT_EQ(bench.Run("show txtMemo"), Lines{R"(txtMemo shown enabled unlocked normal "one\ntwo")"});
+}
+
+/// A QZ whose table is in use, uploaded.
+struct TableBench : PagesBench {
+  TableBench() : PagesBench({}, "QZ") {
+    device.Set("01", "10", "1");
+    Run("answer yes ok\nclick cmdUpload");
+  }
+};
+
+TEST(TableScript, EditsACellByClickAndKey) {
+  TableBench bench;
+  EXPECT_EQ(bench.Run("cell LnrFlexGrid 3 2\nshow fraLnrChange txtLnrRow txtLnrCol txtLnrNewValue"),
+            (Lines{R"(fraLnrChange shown enabled unlocked normal "値の変更")",
+                   R"(txtLnrRow shown enabled locked grey "3")", R"(txtLnrCol shown enabled locked grey "2")",
+                   R"(txtLnrNewValue shown enabled unlocked normal "13.33")"}));
+  EXPECT_EQ(bench.Run("type txtLnrNewValue 15.5\nkey txtLnrNewValue Left\nkey txtLnrNewValue Enter"),
+            Lines{});
+  EXPECT_TRUE(Holds(bench.Run("dump LnrFlexGrid"), R"(LnrFlexGrid 3 2 normal "15.5")"));
+  EXPECT_TRUE(Holds(bench.Run("dump"), R"(1 65 "15.5")"));
+  EXPECT_EQ(bench.Run("key txtLnrNewValue Enter"), Lines{"refused key txtLnrNewValue Enter: hidden"});
+}
+
+TEST(TableScript, PrintsTheQuestionAboutTheFormerCell) {
+  TableBench bench;
+  EXPECT_EQ(bench.Run("cell LnrFlexGrid 3 2\ntype txtLnrNewValue 15.5\nanswer yes\ncell LnrFlexGrid 4 1"),
+            Lines{R"(box question "ﾘﾆｱﾗｲｻﾞ" "１つ前に選択したセルのﾃﾞｰﾀを変更しますか。" yes,no -> yes)"});
+  const Lines grid = bench.Run("dump LnrFlexGrid");
+  EXPECT_TRUE(Holds(grid, R"(LnrFlexGrid 3 2 normal "15.5")"));
+  EXPECT_TRUE(Holds(grid, R"(LnrFlexGrid 4 1 selected "20.00")"));
+}
+
+TEST(TableScript, DumpsAMarkedCell) {
+  TableBench bench;
+  bench.Run("cell LnrFlexGrid 16 1\ntype txtLnrNewValue 300\nclick cmdLnrChangeOK\nclick cmdCheck");
+  EXPECT_TRUE(Holds(bench.Run("dump LnrFlexGrid"), R"(LnrFlexGrid 16 1 bad "300")"));
+}
+
+TEST(TableScript, OpensATableFileAndTellsThatItIsNotSaved) {
+  TableBench bench;
+  String reason;
+  bench.files.Replace(u"/t.csv", "0,0\r\n50,75\r\n", reason);
+  const Lines opened = bench.Run("file /t.csv\nclick cmd_csvFileOpen");
+  ASSERT_EQ(opened.size(), 1U);
+  EXPECT_TRUE(opened.front().ends_with(R"("カンマ区切りのファイル (*.csv)|*.csv|" 1 -> "/t.csv")"))
+      << opened.front();
+  EXPECT_EQ(bench.Run("dump LnrFlexGrid"),
+            (Lines{R"(LnrFlexGrid 1 1 normal "0")", R"(LnrFlexGrid 1 2 normal "0")",
+                   R"(LnrFlexGrid 2 1 normal "50")", R"(LnrFlexGrid 2 2 normal "75")"}));
+  EXPECT_EQ(bench.Run("show lbl_LnrUnsaved").front().substr(0, 20), "lbl_LnrUnsaved shown");
+  EXPECT_EQ(bench.Run("file t.cfg\nclick cmdSave\nshow lbl_LnrUnsaved").back().substr(0, 21),
+            "lbl_LnrUnsaved hidden");
+}
+
+TEST(TableScript, RefusesWhatTheDisabledTabHoldsBack) {
+  TableBench bench;
+  bench.Run("click Opt_Table(0)");
+  EXPECT_EQ(
+      bench.Run("cell LnrFlexGrid 1 1\nclick cmd_csvFileOpen"),
+      (Lines{"refused cell LnrFlexGrid 1 1: tab disabled", "refused click cmd_csvFileOpen: tab disabled"}));
+}
+
+TEST(TableScript, AnswersNoToTheLongTableByItself) {
+  PagesBench bench({}, "QHNY1");
+  bench.device.Set("01", "11", "1");
+  const Lines printed = bench.Run("answer yes ok\nclick cmdUpload");
+  EXPECT_TRUE(
+      Holds(printed, R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "100点ﾘﾆｱﾗｲｻﾞのﾃﾞｰﾀをｱｯﾌﾟﾛｰﾄﾞしますか。" yes,no -> no)"));
+  EXPECT_FALSE(Holds(printed, "progress LnrProgressBar 1"));
+  EXPECT_EQ(bench.Run("dump LnrFlexGrid"), Lines{});
+}
+
+TEST(MonitorScript, StopsByADelayedClick) {
+  PagesBench bench({}, "QN");
+  const Lines printed = bench.Run(
+      "after 3000 show cmdMonitorOFF cmdMonitorON\nafter 4000 click cmdMonitorOFF\n"
+      "after 4100 show lbl_Waitfor\nclick cmdMonitorON\nshow cmdMonitorON");
+  EXPECT_EQ(printed, (Lines{R"(cmdMonitorOFF shown enabled unlocked normal "OFF")",
+                            R"(cmdMonitorON shown disabled unlocked normal "ON")",
+                            R"(lbl_Waitfor shown enabled unlocked normal "お待ち下さい")",
+                            R"(cmdMonitorON shown enabled unlocked normal "ON")"}));
+}
+
+TEST(MonitorScript, ForcesTheOutputUntilADelayedClick) {
+  PagesBench bench({}, "QN");
+  EXPECT_EQ(bench.Run("type Text(1) 115.01\nclick cmdSet"),
+            Lines{R"(box warning "設定値ﾁｪｯｸ" "出力設定値は、-15.00% から 115.00% の範囲です。" ok -> ok)"});
+  bench.Run("type Text(1) 40\nclick cmdSet");
+  EXPECT_EQ(bench.device.Mode(), '1');
+  EXPECT_EQ(bench.Run("show Text(2)\nclick cmdUpload"),
+            (Lines{R"(Text(2) shown enabled locked grey "40.00")", "refused click cmdUpload: disabled"}));
+  EXPECT_EQ(bench.Run("after 50 click cmdStatusMonOFF\nwait 2000"), Lines{});
+  EXPECT_EQ(bench.device.Mode(), '0');
 }
 
 }  // namespace
