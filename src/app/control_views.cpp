@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,11 +13,11 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QTableWidget>
 #include <cmath>
 #include <optional>
 #include <utility>
 
+#include "app/grid_view.h"
 #include "app/looks.h"
 #include "app/text.h"
 
@@ -290,44 +289,11 @@ QWidget* ControlViews::MakeList(ListBox& list, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeGrid(Grid& grid, QWidget* parent) {
-  auto* widget = new QTableWidget(parent);
-  widget->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  widget->setSelectionMode(QAbstractItemView::NoSelection);
-  widget->horizontalHeader()->setVisible(false);
-  widget->verticalHeader()->setVisible(false);
-  widget->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  const auto show_cell = [&grid, widget](int row, int column) {
-    QTableWidgetItem* item = widget->item(row, column);
-    if (item == nullptr) {
-      item = new QTableWidgetItem;
-      widget->setItem(row, column, item);
-    }
-    const Grid::Cell& cell = grid.At(row, column);
-    const bool head = row == 0 || column == 0;
-    const QPalette palette =
-        PaletteOf(head && cell.look == Look::Normal ? Look::Grey : cell.look, QApplication::palette(widget));
-    item->setText(ToQt(cell.text));
-    item->setBackground(palette.base());
-    item->setForeground(palette.text());
-    item->setTextAlignment(head ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
-  };
-  Follow(grid, widget, [&grid, widget, show_cell] {
-    const auto [row, column] = grid.LastChange();
-    if (row >= 0 && widget->rowCount() == grid.Rows() && widget->columnCount() == grid.Columns()) {
-      show_cell(row, column);
-      return;
-    }
-    widget->setRowCount(grid.Rows());
-    widget->setColumnCount(grid.Columns());
-    for (int each_row = 0; each_row < grid.Rows(); ++each_row) {
-      for (int each_column = 0; each_column < grid.Columns(); ++each_column) {
-        show_cell(each_row, each_column);
-      }
-    }
-  });
-  QObject::connect(widget, &QTableWidget::cellClicked, widget, [this, &grid](int row, int column) {
+  const auto click = [this, &grid](int row, int column) {
     Enter([&grid, row, column] { grid.UserClicks(row, column); });
-  });
+  };
+  auto* widget = new GridView(grid, click, parent);
+  Follow(grid, widget, [widget] { widget->Show(); });
   return widget;
 }
 

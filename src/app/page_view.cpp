@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
@@ -19,6 +20,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/curve_view.h"
 #include "app/text.h"
 
 namespace korva {
@@ -31,9 +33,10 @@ constexpr int kNumberColumn = 8;
 constexpr int kCaptionColumn = 18;
 constexpr int kField = 16;
 constexpr int kWideField = 26;
+constexpr int kShortField = 5;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
-constexpr int kGridLines = 17;
+constexpr int kGridLines = 9;  ///< that a grid has at least; it grows with the window
 
 struct Shortcut {
   std::string_view control;
@@ -61,6 +64,14 @@ std::vector<std::string_view> Names(std::string_view names) {
   return found;
 }
 
+/// Width of a text field: of a value, of a row or column number, else of a free text.
+int DigitsOfField(std::string_view name) {
+  if (name == "Text" || name == "txtLnrNewValue") {
+    return kField;
+  }
+  return name.starts_with("txtLnr") ? kShortField : kMemo;
+}
+
 /// Gives a field the size that its kind asks for; true when it is to fill the space that it gets.
 bool SizeField(QWidget* widget, const Control& control) {
   if (auto* memo = qobject_cast<QPlainTextEdit*>(widget)) {
@@ -70,14 +81,13 @@ bool SizeField(QWidget* widget, const Control& control) {
   }
   if (auto* grid = qobject_cast<QTableWidget*>(widget)) {
     grid->setMinimumHeight(grid->verticalHeader()->defaultSectionSize() * kGridLines);
-    grid->setMinimumWidth(Digits(grid, 2 * kWideField));
+    grid->setFixedWidth(Digits(grid, 2 * kWideField));
     return true;
   }
   if (dynamic_cast<const ComboBox*>(&control) != nullptr) {
     widget->setFixedWidth(Digits(widget, kWideField));
   } else if (dynamic_cast<const TextField*>(&control) != nullptr) {
-    const bool value = control.Name() == "Text" || control.Name().starts_with("txtLnr");
-    widget->setFixedWidth(Digits(widget, value ? kField : kMemo));
+    widget->setFixedWidth(Digits(widget, DigitsOfField(control.Name())));
   }
   return false;
 }
@@ -130,6 +140,7 @@ QWidget* PageView::MakeTabs() {
   tabs_ = new QTabWidget(this);
   for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
     tabs_->addTab(MakeTab(tab), QString());
+    tabs_->setTabToolTip(tab, QStringLiteral("Alt+%1").arg(tab + 1));
   }
   FollowTabs();
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { page_.Tabs.SetCurrent(tab); });
@@ -145,8 +156,9 @@ void PageView::FollowTabs() {
     // While all tabs are disabled the one in front stays in front.
     const QSignalBlocker blocker(tabs_);
     for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
-      tabs_->setTabText(tab, ToQt(page_.Tabs.TabCaption(tab)));
-      tabs_->setTabToolTip(tab, QStringLiteral("Alt+%1").arg(tab + 1));
+      if (const QString caption = ToQt(page_.Tabs.TabCaption(tab)); tabs_->tabText(tab) != caption) {
+        tabs_->setTabText(tab, caption);
+      }
       tabs_->setTabEnabled(tab, page_.Tabs.TabEnabled(tab));
     }
     tabs_->setCurrentIndex(page_.Tabs.Current());
@@ -169,20 +181,40 @@ QWidget* PageView::MakeTab(int tab) {
   for (QVBoxLayout* stack : stacks) {
     columns->addLayout(stack);
   }
-  columns->addStretch(1);
   const auto groups = page_.ItsDesign().groups;
   for (std::size_t group = 0; group < groups.size(); ++group) {
     if (groups[group].tab == tab) {
       QGroupBox* box = MakeGroup(static_cast<int>(group), content);
-      const bool tall = box->findChild<QTableWidget*>() != nullptr;
-      stacks.at(static_cast<std::size_t>(groups[group].column))->addWidget(box, tall ? 1 : 0);
+      const bool wide = HasCurve(group);
+      const bool tall = wide || box->findChild<QTableWidget*>() != nullptr;
+      const int column = groups[group].column;
+      stacks.at(static_cast<std::size_t>(column))->addWidget(box, tall ? 1 : 0);
+      if (wide) {
+        columns->setStretch(column, 1);
+      }
+      if (columns->stretch(column) > 0 && !groups[group].frame.empty()) {
+        // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
+        QSizePolicy policy = box->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        box->setSizePolicy(policy);
+      }
     }
   }
   for (QVBoxLayout* stack : stacks) {
     stack->addStretch(0);
   }
+  if (columns->stretch(0) + columns->stretch(1) == 0) {
+    columns->addStretch(1);
+  }
   area->setWidget(content);
   return area;
+}
+
+bool PageView::HasCurve(std::size_t group) const {
+  const auto rows = page_.ItsDesign().rows;
+  return std::any_of(rows.begin(), rows.end(), [group](const DesignRow& row) {
+    return row.group == static_cast<int>(group) && !row.curve.empty();
+  });
 }
 
 QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
@@ -201,7 +233,11 @@ QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
   auto* frame =
       design.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(design.frame));
   if (frame != nullptr) {
-    Follow(*frame, box, [box, frame] { box->setTitle(ToQt(frame->Caption())); });
+    Follow(*frame, box, [box, frame] {
+      if (const QString title = ToQt(frame->Caption()); box->title() != title) {
+        box->setTitle(title);
+      }
+    });
   }
   ShowWithAny(box, frame, controls);
   return box;
@@ -223,6 +259,12 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     layout.addWidget(label, line, column, many_lines ? Qt::AlignTop : Qt::AlignVCenter);
     controls.push_back(control);
   };
+  if (!row.curve.empty()) {
+    auto* grid = dynamic_cast<Grid*>(page_.FindControl(row.curve));
+    layout.addWidget(new CurveView(*grid, box), line, 0, 1, layout.columnCount());
+    controls.push_back(grid);
+    return;
+  }
   const auto caption_of = [this](std::string_view name) {
     return dynamic_cast<CaptionedControl*>(page_.FindControl(name));
   };
@@ -285,10 +327,13 @@ QWidget* PageView::MakeOptions(Frame& frame, QWidget* parent) {
 }
 
 void PageView::ShowWithAny(QWidget* box, Control* frame, const std::vector<Control*>& controls) {
-  const auto update = [box, frame, controls] {
+  const auto update = [guard = QPointer<QWidget>(box), frame, controls] {
+    if (!guard) {
+      return;
+    }
     const bool any = std::any_of(controls.begin(), controls.end(),
                                  [](const Control* control) { return control->Visible(); });
-    box->setVisible(any && (frame == nullptr || frame->Visible()));
+    guard->setVisible(any && (frame == nullptr || frame->Visible()));
   };
   update();
   for (Control* control : controls) {

@@ -31,6 +31,7 @@ class PageView : public QWidget {
   QWidget* MakeStatus();
   QWidget* MakeNotice();
   QWidget* MakeTab(int tab);
+  [[nodiscard]] bool HasCurve(std::size_t group) const;
   QGroupBox* MakeGroup(int group, QWidget* parent);
   void AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box, std::vector<Control*>& controls);
   QWidget* MakeRowOf(const std::vector<Control*>& controls, QWidget* parent);

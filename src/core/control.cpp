@@ -196,6 +196,9 @@ void Grid::Resize(int rows, int columns) {
   cells_ = std::move(cells);
   rows_ = rows;
   columns_ = columns;
+  if (top_row_ >= rows_) {
+    top_row_ = 1;
+  }
   CellChanged(-1, -1);
 }
 
@@ -217,6 +220,7 @@ void Grid::SetLook(int row, int column, Look look) {
 
 void Grid::CellChanged(int row, int column) {
   last_change_ = {row, column};
+  ++changes_;
   Changed();
 }
 

@@ -282,7 +282,7 @@ class Grid : public Control {
 
   [[nodiscard]] int Rows() const { return rows_; }
   [[nodiscard]] int Columns() const { return columns_; }
-  /// Changes the size; cells that stay keep what they hold.
+  /// Changes the size; cells that stay keep what they hold. A top row that is gone becomes row 1.
   void Resize(int rows, int columns);
   [[nodiscard]] const Cell& At(int row, int column) const { return cells_.at(Place(row, column)); }
   void SetText(int row, int column, const String& text);
@@ -291,6 +291,8 @@ class Grid : public Control {
   void SetTopRow(int row) { Assign(top_row_, row); }
   /// Row and column of the cell that changed last, -1 for all: lets a view redraw one cell only.
   [[nodiscard]] std::pair<int, int> LastChange() const { return last_change_; }
+  /// How often cells or the size have changed: tells a view whether a change is one of the table at all.
+  [[nodiscard]] unsigned Changes() const { return changes_; }
 
   /// The user's click on a cell (0 to Rows() - 1, 0 to Columns() - 1).
   void UserClicks(int row, int column) const {
@@ -307,6 +309,7 @@ class Grid : public Control {
   int columns_ = 0;
   int top_row_ = 1;
   std::pair<int, int> last_change_ = {-1, -1};
+  unsigned changes_ = 0;
   std::vector<Cell> cells_;
 };
 

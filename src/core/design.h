@@ -27,6 +27,8 @@ struct DesignRow {
   std::string_view label = {};
   std::string_view field = {};
   std::string_view unit = {};
+  std::string_view curve =
+      {};  ///< a grid of points whose picture fills the line, and nothing else stands in it
 };
 
 /// A group of option buttons and the frame that it stands in.

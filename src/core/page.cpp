@@ -365,6 +365,9 @@ void Page::ApplyDesign() {
     }
   }
   for (const DesignRow& row : design.rows) {
+    if (!row.curve.empty() && dynamic_cast<Grid*>(FindControl(row.curve)) == nullptr) {
+      throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
+    }
     const DesignGroup& group = design.groups[static_cast<std::size_t>(row.group)];
     for (std::string_view names : {row.item, row.label, row.field, row.unit}) {
       while (!names.empty()) {

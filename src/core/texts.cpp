@@ -58,6 +58,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::WriteIn, .japanese = u"書込み", .english = u"WRITE IN"},
     {.key = TextKey::ReadOut, .japanese = u"読み出し"},
     {.key = TextKey::SystemReset, .japanese = u"ｼｽﾃﾑ ﾘｾｯﾄ"},
+    {.key = TextKey::Curve, .japanese = u"曲線", .english = u"Curve"},
     {.key = TextKey::TablePitch, .japanese = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ"},
     {.key = TextKey::TableBase, .japanese = u"ﾃｰﾌﾞﾙ最小温度"},
     {.key = TextKey::TableSize, .japanese = u"ﾃｰﾌﾞﾙｻｲｽﾞ"},

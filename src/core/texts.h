@@ -53,6 +53,7 @@ enum class TextKey {
   WriteIn,
   ReadOut,
   SystemReset,
+  Curve,  ///< the picture of a table
   TablePitch,
   TableBase,
   TableSize,

@@ -15,7 +15,7 @@ enum Group : int {
   kDetails,
   kAlarm,
   kTable,
-  kTableFile,
+  kCurve,
   kCellEditor,
   kFilter,
   kPort,
@@ -32,7 +32,7 @@ constexpr std::array kGroups = {
     DesignGroup{.tab = kOutputTab, .column = 1, .heading = TextKey::Details},
     DesignGroup{.tab = kOutputTab, .heading = TextKey::Alarm},
     DesignGroup{.tab = kLinearizerTab, .heading = TextKey::Linearizer},
-    DesignGroup{.tab = kLinearizerTab, .column = 1, .heading = TextKey::File},
+    DesignGroup{.tab = kLinearizerTab, .column = 1, .heading = TextKey::Curve},
     DesignGroup{
         .tab = kLinearizerTab, .column = 1, .heading = TextKey::ChangeOfValue, .frame = "fraLnrChange"},
     DesignGroup{.tab = kFilterTab, .heading = TextKey::Filter},
@@ -176,9 +176,9 @@ constexpr std::array kRows = {
     DesignRow{.group = kAlarm, .item = "lbl_Item(52)", .field = "Frame(7)"},
 
     DesignRow{.group = kTable, .field = "LnrFlexGrid"},
-    DesignRow{.group = kTableFile, .field = "cmd_csvFileOpen"},
-    DesignRow{.group = kCellEditor, .label = "lblLnrRow", .field = "txtLnrRow"},
-    DesignRow{.group = kCellEditor, .label = "lblLnrCol", .field = "txtLnrCol"},
+    DesignRow{.group = kTable, .field = "cmd_csvFileOpen"},
+    DesignRow{.group = kCurve, .curve = "LnrFlexGrid"},
+    DesignRow{.group = kCellEditor, .label = "lblLnrRow", .field = "txtLnrRow lblLnrCol txtLnrCol"},
     DesignRow{.group = kCellEditor, .label = "lblLnrNewValue", .field = "txtLnrNewValue"},
     DesignRow{.group = kCellEditor, .field = "cmdLnrChangeOK cmdLnrChangeCancel"},
 

@@ -16,62 +16,16 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
-#include <memory>
 
-#include "app/main_window.h"
 #include "app/text.h"
 #include "app/window_host.h"
-#include "files/parameter_page.h"
-#include "support/device_line.h"
+#include "window_bench.h"
 
 namespace korva {
 
 namespace {
 
-constexpr const char* kHome = KORVA_HOME;
-
-/// The program with its window in virtual time, and a device of `model` on COM 1.
-struct Bench {
-  explicit Bench(const char* model)
-      : device(sim::Device::ForModel(kHome, model)),
-        application(device.platform, FromQt(QString::fromUtf8(kHome))) {
-    application.program.Start();
-    window.resize(1180, 740);
-    window.show();
-    Choose(QString::fromUtf8(model));
-  }
-  Bench(const Bench&) = delete;
-  Bench& operator=(const Bench&) = delete;
-  ~Bench() { window.hide(); }
-
-  template <typename T>
-  T* Find(const char* name) {
-    auto* widget = window.findChild<T*>(QString::fromLatin1(name));
-    if (widget == nullptr) {
-      qFatal("no widget %s", name);
-    }
-    return widget;
-  }
-  void Press(const char* name) { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
-  void Choose(const QString& model) {
-    auto* list = Find<QListWidget>("lst_TypeSelect");
-    QListWidgetItem* item = list->findItems(model, Qt::MatchExactly).constLast();
-    list->scrollToItem(item);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-  }
-  void Upload() {
-    device.dialogs.QueueAnswer(Answer::Yes);
-    device.dialogs.QueueAnswer(Answer::Ok);
-    Press("cmdUpload");
-  }
-  [[nodiscard]] ParameterPage& Page() const {
-    return dynamic_cast<ParameterPage&>(*application.program.Showing());
-  }
-
-  test::DeviceBench device;
-  Application application;
-  MainWindow window{application};
-};
+using Bench = test::WindowBench;
 
 TEST(WindowTest, EveryControlOfThePageHasAWidgetOfItsName) {
   Bench bench("QN");

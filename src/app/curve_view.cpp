@@ -1,0 +1,317 @@
+#include "app/curve_view.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QPolygonF>
+#include <QToolTip>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "app/text.h"
+#include "core/numbers.h"
+#include "core/texts.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kX = 1;
+constexpr int kY = 2;
+
+/// Values beyond stand at this limit, so that the span of two of them is still a number.
+constexpr double kLargest = 1e300;
+/// Spans smaller than this part of their values count as none: their ticks could not be told apart.
+constexpr double kLeastSpan = 1e-9;
+constexpr double kFullScale = 100;  ///< of the axes of a table without points, in percent
+
+// Strengths of the text colour over the background.
+constexpr double kGridStrength = 0.12;
+constexpr double kZeroStrength = 0.4;
+constexpr double kFrameStrength = 0.5;
+constexpr double kLineStrength = 0.7;
+
+QColor Mixed(const QPalette& palette, double strength) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor text = palette.color(QPalette::Text);
+  const auto mix = [strength](int from, int to) {
+    return static_cast<int>(std::lround(from + (to - from) * strength));
+  };
+  return {mix(base.red(), text.red()), mix(base.green(), text.green()), mix(base.blue(), text.blue())};
+}
+
+/// A range of values between two ticks.
+struct Axis {
+  double low = 0;
+  double high = kFullScale;
+  double step = kFullScale;
+
+  [[nodiscard]] double Share(double value) const { return (value - low) / (high - low); }
+  [[nodiscard]] std::vector<double> Ticks() const {
+    std::vector<double> ticks;
+    const double first = std::round(low / step);
+    const auto count = static_cast<int>(std::lround((high - low) / step));
+    for (int tick = 0; tick <= count; ++tick) {
+      ticks.push_back((first + tick) * step);
+    }
+    return ticks;
+  }
+};
+
+/// The axis that holds `low` to `high` with about `ticks` round steps.
+Axis RoundAxis(double low, double high, int ticks) {
+  const double size = std::max({1.0, std::abs(low), std::abs(high)});
+  if (high - low < size * kLeastSpan) {
+    low -= size / 10;
+    high += size / 10;
+  }
+  const double least = (high - low) / ticks;
+  const double decade = std::pow(10.0, std::floor(std::log10(least)));
+  double step = 10 * decade;
+  for (const double factor : {5.0, 2.0, 1.0}) {
+    if (factor * decade >= least * (1 - kLeastSpan)) {
+      step = factor * decade;
+    }
+  }
+  return {.low = std::floor(low / step + kLeastSpan) * step,
+          .high = std::ceil(high / step - kLeastSpan) * step,
+          .step = step};
+}
+
+Axis AxisOf(const std::vector<CurveView::Point>& points, double CurveView::Point::*value, int ticks) {
+  if (points.empty()) {
+    return RoundAxis(0, kFullScale, ticks);
+  }
+  const auto [low, high] =
+      std::minmax_element(points.begin(), points.end(),
+                          [value](const auto& one, const auto& other) { return one.*value < other.*value; });
+  return RoundAxis((*low).*value, (*high).*value, ticks);
+}
+
+QString Label(double value) { return ToQt(ShortestText(value)); }
+
+/// Where a picture's parts stand in its widget.
+struct Plot {
+  QRectF frame;
+  Axis x;
+  Axis y;
+  double dot = 0;  ///< radius of a point
+
+  [[nodiscard]] QPointF At(double value_x, double value_y) const {
+    return {frame.left() + x.Share(value_x) * frame.width(),
+            frame.bottom() - y.Share(value_y) * frame.height()};
+  }
+  [[nodiscard]] QPointF At(const CurveView::Point& point) const { return At(point.x, point.y); }
+};
+
+Plot PlotOf(const std::vector<CurveView::Point>& points, const QWidget& widget) {
+  const QFontMetricsF metrics(widget.font());
+  const double line = metrics.lineSpacing();
+  const double digit = metrics.horizontalAdvance(QLatin1Char('0'));
+  const auto ticks = [](double room, double each) {
+    return std::clamp(static_cast<int>(room / each), 2, 10);
+  };
+  Plot plot;
+  plot.dot = std::max(2.5, line / 6);
+  plot.y = AxisOf(points, &CurveView::Point::y, ticks(widget.height() - 4 * line, 2 * line));
+  double left = 0;
+  for (const double tick : plot.y.Ticks()) {
+    left = std::max(left, metrics.horizontalAdvance(Label(tick)));
+  }
+  plot.frame = QRectF(widget.rect()).adjusted(left + 2 * digit, 1.5 * line, -3 * digit, -2.75 * line);
+  plot.x = AxisOf(points, &CurveView::Point::x, ticks(plot.frame.width(), 7 * digit));
+  return plot;
+}
+
+/// Frame, grid lines and the ticks' labels.
+void DrawAxes(QPainter& painter, const Plot& plot, const QPalette& palette) {
+  const QFontMetricsF metrics(painter.font());
+  const double gap = metrics.horizontalAdvance(QLatin1Char('0'));
+  const double line = metrics.lineSpacing();
+  const auto pen_of = [&](double tick) { return Mixed(palette, tick == 0 ? kZeroStrength : kGridStrength); };
+  for (const double tick : plot.y.Ticks()) {
+    const double height = plot.At(plot.x.low, tick).y();
+    painter.setPen(pen_of(tick));
+    painter.drawLine(QPointF(plot.frame.left(), height), QPointF(plot.frame.right(), height));
+    painter.setPen(palette.color(QPalette::Text));
+    painter.drawText(QRectF(0, height - line / 2, plot.frame.left() - gap, line),
+                     Qt::AlignRight | Qt::AlignVCenter, Label(tick));
+  }
+  double free_from = 0;  // a label that would touch the one before is left out
+  for (const double tick : plot.x.Ticks()) {
+    const double across = plot.At(tick, plot.y.low).x();
+    painter.setPen(pen_of(tick));
+    painter.drawLine(QPointF(across, plot.frame.top()), QPointF(across, plot.frame.bottom()));
+    const double width = metrics.horizontalAdvance(Label(tick));
+    if (across - width / 2 >= free_from) {
+      painter.setPen(palette.color(QPalette::Text));
+      painter.drawText(QRectF(across - width, plot.frame.bottom() + line / 4, 2 * width, line),
+                       Qt::AlignHCenter | Qt::AlignTop, Label(tick));
+      free_from = across + width / 2 + gap;
+    }
+  }
+  painter.setPen(Mixed(palette, kFrameStrength));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(plot.frame);
+}
+
+void DrawLine(QPainter& painter, const Plot& plot, const std::vector<CurveView::Point>& points) {
+  QPolygonF piece;
+  for (std::size_t place = 0; place < points.size(); ++place) {
+    if (place > 0 && points[place].row != points[place - 1].row + 1) {
+      painter.drawPolyline(piece);
+      piece.clear();
+    }
+    piece << plot.At(points[place]);
+  }
+  painter.drawPolyline(piece);
+}
+
+/// A dot; a bad point is a square with a cross in it, inverted like its cell; the one under edit is ringed.
+/// The shapes tell them apart without colours.
+void DrawPoint(QPainter& painter, const Plot& plot, const CurveView::Point& point, const QPalette& palette) {
+  const QPointF centre = plot.At(point);
+  const QColor text = palette.color(QPalette::Text);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(text);
+  if (point.bad) {
+    const double half = 2 * plot.dot;
+    const QPointF corner(half, half);
+    painter.drawRect(QRectF(centre - corner, centre + corner));
+    const double arm = half - 1.5;
+    painter.setPen(QPen(palette.color(QPalette::Base), 1.5));
+    painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
+    painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
+  } else {
+    painter.drawEllipse(centre, plot.dot, plot.dot);
+  }
+  if (point.selected) {
+    painter.setPen(QPen(text, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(centre, 3 * plot.dot, 3 * plot.dot);
+  }
+}
+
+/// What the table's head says of a column. A head without a unit is one of percent values.
+QString AxisTitle(const Grid& grid, int column) {
+  const QString head = ToQt(grid.At(0, column).text).simplified();
+  return head.contains(QLatin1Char(' ')) ? head : head + QStringLiteral(" %");
+}
+
+bool HasLook(const Grid& grid, int row, Look look) {
+  return grid.At(row, kX).look == look || grid.At(row, kY).look == look;
+}
+
+}  // namespace
+
+CurveView::CurveView(Grid& grid, QWidget* parent) : QWidget(parent), grid_(grid), seen_(grid.Changes()) {
+  setObjectName(QString::fromStdString(grid.FullName()) + QStringLiteral(" curve"));
+  setAccessibleName(ToQt(CaptionText(TextKey::Curve)));
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  setBackgroundRole(QPalette::Base);
+  setAutoFillBackground(true);
+  grid.Observe([guard = QPointer<CurveView>(this)] {
+    if (guard) {
+      guard->FollowChange();
+    }
+  });
+}
+
+/// A change of a whole table is many changes of cells, painted once.
+void CurveView::FollowChange() {
+  const bool drawn = grid_.LastChange().second != 0;  // the points' numbers are not
+  if (seen_ != grid_.Changes() && drawn) {
+    update();
+  }
+  seen_ = grid_.Changes();
+}
+
+std::vector<CurveView::Point> CurveView::Points() const {
+  std::vector<Point> points;
+  if (grid_.Columns() <= kY) {
+    return points;
+  }
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    const String& x = grid_.At(row, kX).text;
+    const String& y = grid_.At(row, kY).text;
+    if (IsNumeric(x) && IsNumeric(y)) {
+      points.push_back({.row = row,
+                        .x = std::clamp(LeadingNumber(x), -kLargest, kLargest),
+                        .y = std::clamp(LeadingNumber(y), -kLargest, kLargest),
+                        .bad = HasLook(grid_, row, Look::Bad),
+                        .selected = HasLook(grid_, row, Look::Selected)});
+    }
+  }
+  return points;
+}
+
+QSize CurveView::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * 60, fontMetrics().lineSpacing() * 20};
+}
+
+QSize CurveView::minimumSizeHint() const {
+  return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * 36, fontMetrics().lineSpacing() * 9};
+}
+
+/// Counts the rows marked bad, also those that can't be drawn. Told when the picture is painted, not at each
+/// cell of a new table.
+void CurveView::Describe(const std::vector<Point>& points) {
+  int bad = 0;
+  for (int row = 1; row < grid_.Rows() && grid_.Columns() > kY; ++row) {
+    bad += HasLook(grid_, row, Look::Bad) ? 1 : 0;
+  }
+  setAccessibleDescription(QStringLiteral("%1 点、不適当 %2 点").arg(points.size()).arg(bad));
+}
+
+QString CurveView::TipAt(const QPoint& position) const {
+  const std::vector<Point> points = Points();
+  const Plot plot = PlotOf(points, *this);
+  const Point* nearest = nullptr;
+  double least = 3 * plot.dot;
+  for (const Point& point : points) {
+    const QPointF away = plot.At(point) - position;
+    if (const double distance = std::hypot(away.x(), away.y()); distance < least) {
+      least = distance;
+      nearest = &point;
+    }
+  }
+  if (nearest == nullptr) {
+    return {};
+  }
+  const auto cell = [this, nearest](int column) { return ToQt(grid_.At(nearest->row, column).text); };
+  return QStringLiteral("%1: X = %2, Y = %3").arg(cell(0), cell(kX), cell(kY));
+}
+
+bool CurveView::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), TipAt(help->pos()), this);
+    return true;
+  }
+  return QWidget::event(event);
+}
+
+void CurveView::paintEvent(QPaintEvent* /*event*/) {
+  const std::vector<Point> points = Points();
+  Describe(points);
+  const Plot plot = PlotOf(points, *this);
+  QPainter painter(this);
+  DrawAxes(painter, plot, palette());
+  if (grid_.Columns() > kY && grid_.Rows() > 0) {
+    const double line = QFontMetricsF(font()).lineSpacing();
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(QRectF(plot.frame.left(), 0, plot.frame.width(), plot.frame.top() - line / 4),
+                     Qt::AlignLeft | Qt::AlignBottom, AxisTitle(grid_, kY));
+    painter.drawText(QRectF(plot.frame.left(), height() - 1.25 * line, plot.frame.width(), line),
+                     Qt::AlignRight | Qt::AlignVCenter, AxisTitle(grid_, kX));
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(Mixed(palette(), kLineStrength), 1.5));
+  DrawLine(painter, plot, points);
+  for (const Point& point : points) {
+    DrawPoint(painter, plot, point, palette());
+  }
+}
+
+}  // namespace korva

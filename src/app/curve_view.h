@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "core/control.h"
+
+namespace korva {
+
+/// A table of points as a picture: column 1 of a grid against column 2, with the line through the points in
+/// the order of the table. It shows where a table bends, jumps or turns back, which columns of numbers hide.
+///
+/// A row is a point when both its cells are numbers. Any other row is left out and interrupts the line, so
+/// that a gap in a table shows. All is read from the grid when it is painted.
+class CurveView final : public QWidget {
+ public:
+  struct Point {
+    int row = 0;  ///< of the grid, from 1
+    double x = 0;
+    double y = 0;
+    bool bad = false;       ///< one of its cells is marked bad
+    bool selected = false;  ///< one of its cells is under edit
+    bool operator==(const Point&) const = default;
+  };
+
+  /// `grid` has three columns (number, X, Y) under a head row that names the axes.
+  CurveView(Grid& grid, QWidget* parent);
+  /// The points that are drawn, in the order of the table.
+  [[nodiscard]] std::vector<Point> Points() const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void FollowChange();
+  void Describe(const std::vector<Point>& points);
+  [[nodiscard]] QString TipAt(const QPoint& position) const;
+
+  Grid& grid_;
+  unsigned seen_;  ///< how many changes of the grid the picture knows of
+};
+
+}  // namespace korva

@@ -1,0 +1,128 @@
+#include "app/grid_view.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "app/looks.h"
+#include "app/text.h"
+
+namespace korva {
+
+GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent)
+    : QTableWidget(parent), grid_(grid), click_(std::move(click)) {
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setTabKeyNavigation(false);  // Tab leaves the table
+  verticalHeader()->setVisible(false);
+  QHeaderView* head = horizontalHeader();
+  head->setSectionResizeMode(QHeaderView::Stretch);
+  head->setHighlightSections(false);
+  head->setSectionsClickable(true);
+  // A press on the head would move the frame of the keyboard into the column.
+  disconnect(head, &QHeaderView::sectionPressed, this, nullptr);
+  disconnect(head, &QHeaderView::sectionEntered, this, nullptr);
+  connect(head, &QHeaderView::sectionClicked, this, [this](int column) { click_(0, column); });
+  connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) { click_(row, column); });
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (!following_) {
+      grid_.SetTopRow(std::max(1, rowAt(0)));
+    }
+  });
+}
+
+void GridView::Show() {
+  const auto [row, column] = grid_.LastChange();
+  if (!seen_ || (seen_ != grid_.Changes() && row < 0)) {
+    ShowAll();
+  } else if (seen_ != grid_.Changes()) {
+    ShowCell(row, column);
+  }
+  seen_ = grid_.Changes();
+  ShowTopRow();
+}
+
+void GridView::ShowAll() {
+  const QScopedValueRollback following(following_, true);
+  setRowCount(grid_.Rows());
+  setColumnCount(grid_.Columns());
+  setRowHidden(0, true);
+  for (int row = 0; row < grid_.Rows(); ++row) {
+    for (int column = 0; column < grid_.Columns(); ++column) {
+      ShowCell(row, column);
+    }
+  }
+}
+
+void GridView::ShowCell(int row, int column) {
+  FollowSelected(row, column);
+  if (row == 0) {
+    ShowHead(column);
+    return;
+  }
+  QTableWidgetItem* cell_item = item(row, column);
+  if (cell_item == nullptr) {
+    cell_item = new QTableWidgetItem;
+    setItem(row, column, cell_item);
+  }
+  const Grid::Cell& cell = grid_.At(row, column);
+  const bool head = column == 0;
+  const QPalette colours =
+      PaletteOf(head && cell.look == Look::Normal ? Look::Grey : cell.look, QApplication::palette(this));
+  cell_item->setText(ToQt(cell.text));
+  cell_item->setBackground(colours.base());
+  cell_item->setForeground(colours.text());
+  cell_item->setTextAlignment(head ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void GridView::ShowHead(int column) {
+  QTableWidgetItem* head = horizontalHeaderItem(column);
+  if (head == nullptr) {
+    head = new QTableWidgetItem;
+    setHorizontalHeaderItem(column, head);
+  }
+  const Grid::Cell& cell = grid_.At(0, column);
+  const QPalette colours = PaletteOf(cell.look, QApplication::palette(this));
+  const bool plain = cell.look == Look::Normal;
+  head->setText(ToQt(cell.text));
+  head->setBackground(plain ? QBrush() : colours.base());
+  head->setForeground(plain ? QBrush() : colours.text());
+}
+
+void GridView::FollowSelected(int row, int column) {
+  const std::pair cell(row, column);
+  const bool selected = grid_.At(row, column).look == Look::Selected;
+  if (!selected && selected_ == cell) {
+    selected_.reset();
+  } else if (selected && selected_ != cell) {
+    selected_ = cell;
+    if (row > 0) {
+      setCurrentCell(row, column);
+      scrollTo(model()->index(row, column));
+    }
+  }
+}
+
+void GridView::ShowTopRow() {
+  if (grid_.TopRow() > 0 && grid_.TopRow() < rowCount() && grid_.TopRow() != rowAt(0)) {
+    const QScopedValueRollback following(following_, true);
+    scrollTo(model()->index(grid_.TopRow(), 0), QAbstractItemView::PositionAtTop);
+  }
+}
+
+void GridView::keyboardSearch(const QString& /*search*/) {}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const bool press = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+  if (press && currentRow() > 0) {
+    click_(currentRow(), currentColumn());
+    return;
+  }
+  QTableWidget::keyPressEvent(event);
+}
+
+}  // namespace korva

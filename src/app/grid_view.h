@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QTableWidget>
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "core/control.h"
+
+namespace korva {
+
+/// A grid on the screen. The head row stays in view: it is the table's header, and row 0 of the table is
+/// hidden, so that rows and columns have the grid's numbers.
+///
+/// The arrow keys move the frame of the keyboard only; Enter or Space then does what a click would. Which
+/// cell is under edit is the page's to say: the frame goes to each newly selected cell, and so does the view.
+class GridView final : public QTableWidget {
+ public:
+  /// `click` carries out the user's click on a cell.
+  GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent);
+  /// Brings the widget to what the grid holds; called after each change of it.
+  void Show();
+  /// The letters and digits of the keyboard choose no cell.
+  void keyboardSearch(const QString& search) override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ShowAll();
+  void ShowCell(int row, int column);
+  void ShowHead(int column);
+  void FollowSelected(int row, int column);
+  void ShowTopRow();
+
+  Grid& grid_;
+  std::function<void(int row, int column)> click_;
+  std::optional<std::pair<int, int>> selected_;  ///< the cell shown as selected
+  std::optional<unsigned> seen_;                 ///< how many changes of the grid it shows
+  bool following_ = false;                       ///< the page scrolls, not the user
+};
+
+}  // namespace korva

@@ -1,0 +1,315 @@
+// The picture of the linearizer's table: which points it draws, what it makes of odd values, and how it
+// looks.
+
+#include "app/curve_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QHelpEvent>
+#include <QImage>
+#include <QPainter>
+#include <QToolTip>
+#include <iostream>
+
+#include "window_bench.h"
+
+namespace korva {
+
+namespace {
+
+using Points = std::vector<CurveView::Point>;
+
+/// A table of 16 points with its picture, without a page around.
+struct Curve {
+  Curve() {
+    grid.Resize(17, 3);
+    view.resize(400, 300);
+  }
+  void Set(int row, const char16_t* x, const char16_t* y) {
+    grid.SetText(row, 1, x);
+    grid.SetText(row, 2, y);
+  }
+  /// The picture as it is painted now.
+  [[nodiscard]] QImage Painted() {
+    QImage image(view.size(), QImage::Format_RGB32);
+    view.render(&image);
+    return image;
+  }
+
+  Grid grid{"LnrFlexGrid"};
+  CurveView view{grid, nullptr};
+};
+
+/// Counts the paints of a widget.
+class PaintCount : public QObject {
+ public:
+  explicit PaintCount(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    count += event->type() == QEvent::Paint ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+};
+
+/// Pixels in the colour of the text, which lines and labels have only here and there.
+int DarkPixels(const QImage& image, const QWidget& widget) {
+  const QRgb text = widget.palette().color(QPalette::Text).rgb();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      count += image.pixel(x, y) == text ? 1 : 0;
+    }
+  }
+  return count;
+}
+
+TEST(CurveViewTest, DrawsTheRowsInTheOrderOfTheTable) {
+  Curve curve;
+  curve.Set(1, u"50", u"0");
+  curve.Set(2, u"-1.5", u" 1E1 ");
+  EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 50, .y = 0}, {.row = 2, .x = -1.5, .y = 10}}));
+}
+
+TEST(CurveViewTest, ARowWithAnEmptyCellOrNoNumberIsNoPoint) {
+  Curve curve;
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"", u"5");
+  curve.Set(3, u"5", u"");
+  curve.Set(4, u"abc", u"5");
+  curve.Set(5, u"5", u"NaN");
+  curve.Set(6, u"inf", u"5");
+  curve.Set(7, u"1.5.2", u"5");
+  curve.Set(8, u"100", u"100");
+  EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 0, .y = 0}, {.row = 8, .x = 100, .y = 100}}));
+}
+
+TEST(CurveViewTest, AMissingPointInterruptsTheLine) {
+  Curve whole;
+  whole.Set(1, u"0", u"0");
+  whole.Set(2, u"100", u"100");
+  Curve gap;
+  gap.Set(1, u"0", u"0");
+  gap.Set(3, u"100", u"100");
+  // Between the two points of a straight line; grid lines stand elsewhere.
+  const auto line_in_the_middle = [](Curve& curve) {
+    const QImage image = curve.Painted();
+    const QRgb base = curve.view.palette().color(QPalette::Base).rgb();
+    int darkest = 255;
+    for (int y = 100; y < 200; ++y) {
+      darkest = std::min(darkest, qGray(image.pixel(215, y)));
+    }
+    return qGray(base) - darkest;
+  };
+  EXPECT_GT(line_in_the_middle(whole), line_in_the_middle(gap) + 50);
+}
+
+TEST(CurveViewTest, KnowsBadPointsAndTheOneUnderEditByEitherCell) {
+  Curve curve;
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"1", u"1");
+  curve.Set(3, u"2", u"2");
+  curve.grid.SetLook(1, 2, Look::Bad);
+  curve.grid.SetLook(2, 1, Look::Bad);
+  curve.grid.SetLook(2, 2, Look::Selected);
+  const Points points = curve.view.Points();
+  ASSERT_EQ(points.size(), 3U);
+  EXPECT_TRUE(points[0].bad && !points[0].selected);
+  EXPECT_TRUE(points[1].bad && points[1].selected);
+  EXPECT_TRUE(!points[2].bad && !points[2].selected);
+}
+
+TEST(CurveViewTest, ABadPointAndTheOneUnderEditHaveShapesOfTheirOwn) {
+  Curve curve;
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"50", u"60");
+  curve.Set(3, u"100", u"100");
+  const QImage plain = curve.Painted();
+  curve.grid.SetLook(2, 2, Look::Bad);
+  const QImage bad = curve.Painted();
+  curve.grid.SetLook(2, 2, Look::Selected);
+  const QImage selected = curve.Painted();
+  // A filled square and a ring are larger than a dot.
+  EXPECT_GT(DarkPixels(bad, curve.view), DarkPixels(plain, curve.view) + 20);
+  EXPECT_GT(DarkPixels(selected, curve.view), DarkPixels(plain, curve.view) + 20);
+  EXPECT_NE(bad, selected);
+}
+
+TEST(CurveViewTest, TellsAScreenReaderHowManyPointsThereAreAndHowManyBadRows) {
+  Curve curve;
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"1", u"");
+  curve.grid.SetLook(2, 2, Look::Bad);
+  (void)curve.Painted();
+  EXPECT_EQ(curve.view.accessibleName(), QStringLiteral("曲線"));
+  EXPECT_EQ(curve.view.accessibleDescription(), QStringLiteral("1 点、不適当 1 点"));
+}
+
+TEST(CurveViewTest, TheTipTellsThePointUnderTheMouse) {
+  Curve curve;
+  curve.grid.SetText(2, 0, u"02");
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"5.50", u"60");
+  const auto tip_over = [&curve](const QPoint& place) {
+    QHelpEvent help(QEvent::ToolTip, place, place);
+    QApplication::sendEvent(&curve.view, &help);
+    return QToolTip::text();
+  };
+  curve.view.show();
+  bool found = false;
+  for (int x = 200; x < 400 && !found; x += 4) {
+    for (int y = 0; y < 100 && !found; y += 4) {
+      found = tip_over({x, y}) == QStringLiteral("02: X = 5.50, Y = 60");
+    }
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST(CurveViewTest, OddTablesAreDrawnQuicklyAndWithAllTheirPoints) {
+  struct Case {
+    const char* name;
+    std::vector<std::pair<const char16_t*, const char16_t*>> points;
+  };
+  const std::vector<Case> cases = {
+      {.name = "empty", .points = {}},
+      {.name = "lone", .points = {{u"50", u"50"}}},
+      {.name = "lone at zero", .points = {{u"0", u"0"}}},
+      {.name = "all X equal", .points = {{u"5", u"0"}, {u"5", u"50"}, {u"5", u"100"}}},
+      {.name = "negative", .points = {{u"-15", u"-300"}, {u"-1", u"-0.5"}}},
+      {.name = "huge", .points = {{u"-1e308", u"1e300"}, {u"1e308", u"-1e300"}, {u"1e999", u"0"}}},
+      {.name = "tiny", .points = {{u"1e-310", u"0"}, {u"2e-310", u"1e-300"}}},
+      {.name = "close together", .points = {{u"100", u"1e15"}, {u"100.00000000000001", u"1000000000000001"}}},
+  };
+  for (const Case& odd : cases) {
+    Curve curve;
+    const QImage before = curve.Painted();
+    for (std::size_t point = 0; point < odd.points.size(); ++point) {
+      curve.Set(static_cast<int>(point) + 1, odd.points[point].first, odd.points[point].second);
+    }
+    QElapsedTimer timer;
+    timer.start();
+    const QImage after = curve.Painted();
+    EXPECT_LT(timer.elapsed(), 1000) << odd.name;
+    EXPECT_EQ(curve.view.Points().size(), odd.points.size()) << odd.name;
+    EXPECT_EQ(before == after, odd.points.empty()) << odd.name;
+    // Each point adds at least its dot, inside the picture.
+    for (const CurveView::Point& point : curve.view.Points()) {
+      curve.grid.SetLook(point.row, 1, Look::Bad);
+      EXPECT_GT(DarkPixels(curve.Painted(), curve.view), DarkPixels(after, curve.view))
+          << odd.name << point.row;
+      curve.grid.SetLook(point.row, 1, Look::Normal);
+    }
+  }
+}
+
+TEST(CurveViewTest, AGridWithoutRowsOrColumnsHasNoPoints) {
+  Grid grid("LnrFlexGrid");
+  CurveView view(grid, nullptr);
+  view.resize(60, 40);
+  QImage image(view.size(), QImage::Format_RGB32);
+  view.render(&image);
+  EXPECT_TRUE(view.Points().empty());
+  EXPECT_EQ(view.accessibleDescription(), QStringLiteral("0 点、不適当 0 点"));
+}
+
+TEST(CurveViewTest, TheAxesAreNamedByTheHeadWithItsUnit) {
+  Curve curve;
+  curve.grid.SetText(0, 2, u"Y(k)");
+  const QImage percent = curve.Painted();
+  curve.grid.SetText(0, 2, u"  Y(k)        %");
+  EXPECT_EQ(curve.Painted(), percent);
+  curve.grid.SetText(0, 2, u"  Y(k)    uV");
+  EXPECT_NE(curve.Painted(), percent);
+}
+
+TEST(CurveViewTest, ANewTableIsPaintedOnceAndAPointsNumberOrTheScrollingNot) {
+  Curve curve;
+  curve.view.show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&curve.view));
+  QCoreApplication::processEvents();
+  PaintCount paints(&curve.view);
+  const auto painted = [&paints] {
+    QCoreApplication::processEvents();
+    return std::exchange(paints.count, 0);
+  };
+  for (int row = 1; row <= 16; ++row) {
+    curve.Set(row, u"12.5", u"34");
+    curve.grid.SetLook(row, 1, Look::Bad);
+  }
+  EXPECT_EQ(painted(), 1);
+  for (int row = 1; row <= 16; ++row) {
+    curve.Set(row, u"12.5", u"34");
+  }
+  EXPECT_EQ(painted(), 0);
+  curve.grid.SetTopRow(5);
+  curve.grid.SetEnabled(false);
+  EXPECT_EQ(painted(), 0);
+  curve.grid.SetText(3, 0, u"03");
+  EXPECT_EQ(painted(), 0);
+  curve.grid.SetText(3, 2, u"35");
+  EXPECT_EQ(painted(), 1);
+}
+
+TEST(CurveViewTest, OnThePageItFollowsEachCell) {
+  test::WindowBench bench("QHW");
+  auto* curve = bench.Find<CurveView>("LnrFlexGrid curve");
+  EXPECT_TRUE(curve->Points().empty());
+  Grid& grid = bench.Page().LnrFlexGrid;
+  grid.SetText(1, 1, u"0");
+  grid.SetText(1, 2, u"0");
+  grid.SetText(16, 1, u"100");
+  grid.SetText(16, 2, u"99.5");
+  bench.Show(3);
+  EXPECT_EQ(curve->accessibleDescription(), QStringLiteral("2 点、不適当 0 点"));
+  grid.SetLook(16, 2, Look::Bad);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(curve->accessibleDescription(), QStringLiteral("2 点、不適当 1 点"));
+  grid.SetText(16, 2, u"");
+  grid.SetLook(16, 2, Look::Normal);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(curve->accessibleDescription(), QStringLiteral("1 点、不適当 0 点"));
+}
+
+TEST(CurveViewTest, OnThePageAHundredPointsAreDrawnFasterThanASingleFrame) {
+  test::WindowBench bench("QHW1");
+  auto* curve = bench.Find<CurveView>("LnrFlexGrid curve");
+  Grid& grid = bench.Page().LnrFlexGrid;
+  ASSERT_EQ(grid.Rows(), 101);
+  for (int row = 1; row <= 100; ++row) {
+    grid.SetText(row, 1, FromQt(QString::number(row)));
+    grid.SetText(row, 2, FromQt(QString::number(row * row / 100.0)));
+  }
+  bench.Show(3);
+  ASSERT_EQ(curve->Points().size(), 100U);
+  QImage image(curve->size(), QImage::Format_RGB32);
+  constexpr int kTimes = 20;
+  QElapsedTimer timer;
+  timer.start();
+  for (int time = 0; time < kTimes; ++time) {
+    curve->render(&image);
+  }
+  const double each = static_cast<double>(timer.nsecsElapsed()) / 1e6 / kTimes;
+  std::cout << "100 points in " << image.width() << "x" << image.height() << ": " << each << " ms a paint\n";
+  EXPECT_LT(each, 200);  // generous: sanitized builds on a busy machine are many times slower
+}
+
+TEST(CurveViewTest, TheOpeningOfTheCellEditorMovesNeitherTableNorCurve) {
+  test::WindowBench bench("QHW");
+  bench.Show(3);
+  const auto* curve = bench.Find<CurveView>("LnrFlexGrid curve");
+  const auto* table = bench.Find<QWidget>("LnrFlexGrid");
+  const auto places = [&] {
+    QCoreApplication::processEvents();
+    return std::pair(QRect(curve->mapTo(&bench.window, QPoint()), curve->size()),
+                     QRect(table->mapTo(&bench.window, QPoint()), table->size()));
+  };
+  bench.Page().fraLnrChange.SetVisible(false);
+  const auto closed = places();
+  bench.Page().fraLnrChange.SetVisible(true);
+  EXPECT_EQ(places(), closed);
+  EXPECT_TRUE(bench.Find<QWidget>("cmdLnrChangeOK")->isVisible());
+}
+
+}  // namespace
+}  // namespace korva

@@ -1,0 +1,159 @@
+// The linearizer's table on the screen: its head, its scrolling, and what keys and clicks do.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableWidget>
+
+#include "window_bench.h"
+
+namespace korva {
+
+namespace {
+
+using Cell = std::pair<int, int>;
+
+/// The page of a model with 100 points, its table in front.
+struct GridBench : test::WindowBench {
+  GridBench() : WindowBench("QHW1") {
+    Show(3);
+    grid.OnCellClick = [this](int row, int column) { clicks.emplace_back(row, column); };
+  }
+  void Click(int row, int column) {
+    const QRect cell = table->visualItemRect(table->item(row, column));
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
+  }
+  [[nodiscard]] Cell Current() const { return {table->currentRow(), table->currentColumn()}; }
+
+  Grid& grid = Page().LnrFlexGrid;
+  QTableWidget* table = Find<QTableWidget>("LnrFlexGrid");
+  std::vector<Cell> clicks;
+};
+
+TEST(GridViewTest, TheHeadStaysInViewAndTakesClicksAsRowZero) {
+  GridBench bench;
+  bench.table->verticalScrollBar()->setValue(40);
+  QHeaderView* head = bench.table->horizontalHeader();
+  EXPECT_TRUE(head->isVisible());
+  EXPECT_EQ(bench.table->horizontalHeaderItem(1)->text(), QStringLiteral("X(k)"));
+  const QPoint y_column(head->sectionViewportPosition(2) + 5, head->height() / 2);
+  QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, y_column);
+  EXPECT_EQ(bench.clicks, (std::vector<Cell>{{0, 2}}));
+  EXPECT_EQ(bench.Current(), (Cell{-1, -1}));
+}
+
+TEST(GridViewTest, ASelectedHeadIsColoured) {
+  GridBench bench;
+  bench.grid.SetLook(0, 2, Look::Selected);
+  EXPECT_EQ(bench.table->horizontalHeaderItem(2)->background().color(),
+            bench.table->palette().color(QPalette::Active, QPalette::Highlight));
+  bench.grid.SetLook(0, 2, Look::Normal);
+  EXPECT_EQ(bench.table->horizontalHeaderItem(2)->background().style(), Qt::NoBrush);
+}
+
+TEST(GridViewTest, AClickCountsForItsOwnCell) {
+  GridBench bench;
+  bench.Click(3, 1);
+  bench.Click(1, 0);
+  EXPECT_EQ(bench.clicks, (std::vector<Cell>{{3, 1}, {1, 0}}));
+}
+
+TEST(GridViewTest, ScrollsToTheTopRow) {
+  GridBench bench;
+  bench.grid.SetTopRow(30);
+  EXPECT_EQ(bench.table->rowAt(0), 30);
+  bench.grid.SetTopRow(1);
+  EXPECT_EQ(bench.table->rowAt(0), 1);
+}
+
+TEST(GridViewTest, TheUsersScrollingIsTheTopRow) {
+  GridBench bench;
+  bench.table->verticalScrollBar()->setValue(10);
+  EXPECT_EQ(bench.grid.TopRow(), bench.table->rowAt(0));
+  EXPECT_GT(bench.grid.TopRow(), 1);
+  bench.grid.SetTopRow(1);
+  EXPECT_EQ(bench.table->rowAt(0), 1);
+}
+
+TEST(GridViewTest, ATopRowThatTheEndOfTheTableForbidsIsKept) {
+  GridBench bench;
+  bench.grid.SetTopRow(100);
+  EXPECT_EQ(bench.grid.TopRow(), 100);
+  EXPECT_TRUE(bench.table->visualItemRect(bench.table->item(100, 1)).isValid());
+  EXPECT_TRUE(
+      bench.table->viewport()->rect().contains(bench.table->visualItemRect(bench.table->item(100, 1))));
+}
+
+TEST(GridViewTest, ASelectedCellComesIntoViewAndHasTheFrameOfTheKeyboard) {
+  GridBench bench;
+  bench.grid.SetLook(77, 2, Look::Selected);
+  EXPECT_EQ(bench.Current(), (Cell{77, 2}));
+  EXPECT_TRUE(
+      bench.table->viewport()->rect().contains(bench.table->visualItemRect(bench.table->item(77, 2))));
+}
+
+TEST(GridViewTest, AnotherChangeLeavesTheUsersScrollingAlone) {
+  GridBench bench;
+  bench.grid.SetLook(77, 2, Look::Selected);
+  bench.table->verticalScrollBar()->setValue(0);
+  bench.grid.SetEnabled(false);
+  bench.grid.SetText(77, 2, u"1");
+  EXPECT_EQ(bench.table->rowAt(0), 1);
+}
+
+TEST(GridViewTest, ArrowKeysSelectNothingUntilEnterOrSpace) {
+  GridBench bench;
+  bench.Click(3, 1);
+  bench.clicks.clear();
+  QTest::keyClick(bench.table, Qt::Key_Down);
+  QTest::keyClick(bench.table, Qt::Key_Right);
+  EXPECT_TRUE(bench.clicks.empty());
+  EXPECT_TRUE(bench.table->selectedItems().isEmpty());
+  QTest::keyClick(bench.table, Qt::Key_Return);
+  QTest::keyClick(bench.table, Qt::Key_Space);
+  EXPECT_EQ(bench.clicks, (std::vector<Cell>{{4, 2}, {4, 2}}));
+}
+
+TEST(GridViewTest, AfterTheArrowKeysTheFrameGoesToTheNextSelectedCell) {
+  GridBench bench;
+  bench.Click(3, 1);
+  QTest::keyClick(bench.table, Qt::Key_Down);
+  bench.grid.SetLook(9, 2, Look::Selected);
+  EXPECT_EQ(bench.Current(), (Cell{9, 2}));
+}
+
+TEST(GridViewTest, DigitsSearchForNoCell) {
+  GridBench bench;
+  bench.grid.SetText(8, 1, u"7");
+  bench.Click(3, 1);
+  QTest::keyClicks(bench.table, QStringLiteral("7"));
+  EXPECT_EQ(bench.Current(), (Cell{3, 1}));
+}
+
+TEST(GridViewTest, TabLeavesTheTable) {
+  GridBench bench;
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&bench.window));
+  bench.Click(3, 1);
+  EXPECT_TRUE(bench.table->hasFocus());
+  QTest::keyClick(bench.table, Qt::Key_Tab);
+  EXPECT_FALSE(bench.table->hasFocus());
+}
+
+TEST(GridViewTest, AModelWithFewerPointsHasAShorterTable) {
+  GridBench bench;
+  bench.grid.SetTopRow(60);
+  bench.Choose(QStringLiteral("QHW"));
+  EXPECT_EQ(bench.table->rowCount(), 17);
+  EXPECT_TRUE(bench.table->isRowHidden(0));
+  EXPECT_EQ(bench.table->rowAt(0), 1);
+  EXPECT_EQ(bench.grid.TopRow(), 1);
+  bench.Choose(QStringLiteral("QHW1"));
+  EXPECT_EQ(bench.table->rowCount(), 101);
+  EXPECT_EQ(bench.table->item(100, 0)->text(), QStringLiteral("100"));
+  EXPECT_EQ(bench.table->rowAt(0), 1);
+}
+
+}  // namespace
+}  // namespace korva
