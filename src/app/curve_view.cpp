@@ -96,7 +96,8 @@ struct Plot {
   QRectF frame;
   Axis x;
   Axis y;
-  double dot = 0;  ///< radius of a point
+  double dot = 0;   ///< radius of a point
+  double mark = 0;  ///< half the side of the mark of a bad point
 
   [[nodiscard]] QPointF At(double value_x, double value_y) const {
     return {frame.left() + x.Share(value_x) * frame.width(),
@@ -113,7 +114,6 @@ Plot PlotOf(const std::vector<CurveView::Point>& points, const QWidget& widget) 
     return std::clamp(static_cast<int>(room / each), 2, 10);
   };
   Plot plot;
-  plot.dot = std::max(2.5, line / 6);
   plot.y = AxisOf(points, &CurveView::Point::y, ticks(widget.height() - 4 * line, 2 * line));
   double left = 0;
   for (const double tick : plot.y.Ticks()) {
@@ -121,6 +121,10 @@ Plot PlotOf(const std::vector<CurveView::Point>& points, const QWidget& widget) 
   }
   plot.frame = QRectF(widget.rect()).adjusted(left + 2 * digit, 1.5 * line, -3 * digit, -2.75 * line);
   plot.x = AxisOf(points, &CurveView::Point::x, ticks(plot.frame.width(), 7 * digit));
+  plot.mark = line / 3;
+  // The dots of many points would run together to a thick line.
+  const double room = plot.frame.width() / static_cast<double>(4 * points.size() + 1);
+  plot.dot = std::min(plot.mark / 2, std::max(1.0, room));
   return plot;
 }
 
@@ -176,10 +180,9 @@ void DrawPoint(QPainter& painter, const Plot& plot, const CurveView::Point& poin
   painter.setPen(Qt::NoPen);
   painter.setBrush(text);
   if (point.bad) {
-    const double half = 2 * plot.dot;
-    const QPointF corner(half, half);
+    const QPointF corner(plot.mark, plot.mark);
     painter.drawRect(QRectF(centre - corner, centre + corner));
-    const double arm = half - 1.5;
+    const double arm = plot.mark - 1.5;
     painter.setPen(QPen(palette.color(QPalette::Base), 1.5));
     painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
     painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
@@ -189,7 +192,7 @@ void DrawPoint(QPainter& painter, const Plot& plot, const CurveView::Point& poin
   if (point.selected) {
     painter.setPen(QPen(text, 2));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(centre, 3 * plot.dot, 3 * plot.dot);
+    painter.drawEllipse(centre, 1.5 * plot.mark, 1.5 * plot.mark);
   }
 }
 
@@ -268,7 +271,7 @@ QString CurveView::TipAt(const QPoint& position) const {
   const std::vector<Point> points = Points();
   const Plot plot = PlotOf(points, *this);
   const Point* nearest = nullptr;
-  double least = 3 * plot.dot;
+  double least = 1.5 * plot.mark;
   for (const Point& point : points) {
     const QPointF away = plot.At(point) - position;
     if (const double distance = std::hypot(away.x(), away.y()); distance < least) {

@@ -354,6 +354,26 @@ TEST_F(GridTest, TellsWhichCellChangedAndOnlyWhenOneDid) {
   EXPECT_EQ(grid_.LastChange(), std::pair(-1, -1));
 }
 
+TEST_F(GridTest, CountsTheChangesOfItsCellsAndNoOthers) {
+  const unsigned before = grid_.Changes();
+  grid_.SetText(2, 1, u"0.5");
+  grid_.SetText(2, 1, u"0.5");
+  grid_.SetLook(2, 1, Look::Bad);
+  grid_.Resize(4, 2);
+  EXPECT_EQ(grid_.Changes(), before + 3);
+  grid_.SetTopRow(2);
+  grid_.SetEnabled(false);
+  EXPECT_EQ(grid_.Changes(), before + 3);
+}
+
+TEST_F(GridTest, StandsAtItsFirstRowAgainWhenItsTopRowIsGone) {
+  grid_.SetTopRow(2);
+  grid_.Resize(3, 3);
+  EXPECT_EQ(grid_.TopRow(), 2);
+  grid_.Resize(2, 3);
+  EXPECT_EQ(grid_.TopRow(), 1);
+}
+
 TEST_F(GridTest, PassesTheUsersClickOn) {
   grid_.UserClicks(1, 1);
   std::pair<int, int> clicked;

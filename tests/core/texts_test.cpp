@@ -56,9 +56,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Caption{TextKey::Modify, u"変更する", u"Modify"},
                     Caption{TextKey::Cancel, u"中止", u"Cancel"},
                     Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"},
-                    Caption{
-                        TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
-                        u"The linearizer table comes from a csv file and is not saved with the settings"}));
+                    Caption{TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
+                            u"The linearizer table comes from a csv file and is not saved with the settings"},
+                    Caption{TextKey::Curve, u"曲線", u"Curve"}));
 
 INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                          testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},
