@@ -85,6 +85,11 @@ void ShowLook(QWidget* widget, Look look) {
   widget->setProperty("look", static_cast<int>(look));
 }
 
+/// A list that can't be chosen from is shown disabled; a locked field can still be read and copied from.
+bool IsLockedList(const Control& control) {
+  return dynamic_cast<const ComboBox*>(&control) != nullptr && control.Locked();
+}
+
 QString ShownBreaks(const String& text) { return ToQt(text).remove(QLatin1Char('\r')); }
 
 }  // namespace
@@ -94,7 +99,7 @@ void Follow(Control& control, QWidget* widget, std::function<void()> update) {
   widget->setAccessibleName(widget->objectName());
   const auto all = [&control, widget, update = std::move(update)] {
     widget->setVisible(control.Visible());
-    widget->setEnabled(control.Enabled());
+    widget->setEnabled(control.Enabled() && !IsLockedList(control));
     update();
   };
   all();
@@ -238,7 +243,6 @@ QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
     // A text that stands in no entry shows all the same.
     widget->setPlaceholderText(ToQt(combo.Text()));
     widget->setCurrentIndex(combo.ListIndex());
-    widget->setEnabled(combo.Enabled() && !combo.Locked());
     widget->setProperty("locked", combo.Locked());
     ShowLook(widget, combo.ShownLook());
   });

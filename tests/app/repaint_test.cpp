@@ -179,5 +179,22 @@ TEST(RepaintTest, AMarkedCellPaintsItselfAndItsCurveOnly) {
   EXPECT_EQ(paints.beyond, std::set<std::string>{});
 }
 
+TEST(RepaintTest, ALockedListIsNotPaintedForAChangeThatItDoesNotShow) {
+  WindowBench bench("QN");
+  ComboBox& combo = bench.Page().Combo[0];
+  combo.SetLocked(true);
+  bench.Show(1);
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&bench.window));
+  EXPECT_TRUE(bench.Find<QWidget>("Combo(0)")->isVisible());
+  EXPECT_FALSE(bench.Find<QWidget>("Combo(0)")->isEnabled());
+  Paints paints(bench.window);
+  combo.SetEnabled(false);
+  combo.SetEnabled(true);
+  EXPECT_EQ(paints.Painted(), 0U);
+  combo.SetLocked(false);
+  EXPECT_TRUE(bench.Find<QWidget>("Combo(0)")->isEnabled());
+  EXPECT_GT(paints.Painted(), 0U);
+}
+
 }  // namespace
 }  // namespace korva
