@@ -151,6 +151,12 @@ TEST_F(LnrCheckTest, APointBehindTheEndOfTheTableIsMarked) {
   EXPECT_EQ(BadInCurve(), (Places{{8, 1}, {8, 2}}));
 }
 
+TEST_F(LnrCheckTest, OnceTheTableHasEndedAnEmptyXIsGoodAndItsYIsNot) {
+  SetUpPoints(16);
+  Fill({{u"0", u"0"}, {u"10", u"5"}, {u"20", u"5"}, {u"", u""}, {u"", u"8"}});
+  EXPECT_EQ(BadInCurve(), (Places{{5, 2}}));
+}
+
 TEST_F(LnrCheckTest, AnXEqualToTheOneBeforeIsMarkedAndYMayFall) {
   SetUpPoints(16);
   Fill({{u"0", u"100"}, {u"50", u"40"}, {u"50", u"20"}, {u"60", u"10"}});
