@@ -260,9 +260,8 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     controls.push_back(control);
   };
   if (!row.curve.empty()) {
-    auto* grid = dynamic_cast<Grid*>(page_.FindControl(row.curve));
-    layout.addWidget(new CurveView(*grid, box), line, 0, 1, layout.columnCount());
-    controls.push_back(grid);
+    controls.push_back(page_.FindControl(row.curve));
+    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, 4);
     return;
   }
   const auto caption_of = [this](std::string_view name) {
