@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QTimer>
 #include <iostream>
+#include <utility>
 
 #include "app/text.h"
 #include "app/window_host.h"
@@ -21,8 +22,8 @@ void Complain(const QString& text) { std::cerr << text.toStdString() << '\n'; }
 class PictureDialogs final : public korva::Dialogs {
  public:
   /// The files to open; empty: the dialog is cancelled.
-  PictureDialogs(const QString& configuration, const QString& table)
-      : configuration_(configuration), table_(table) {}
+  PictureDialogs(QString configuration, QString table)
+      : configuration_(std::move(configuration)), table_(std::move(table)) {}
 
   korva::Answer ShowBox(const korva::Box& box) override {
     Complain(korva::ToQt(box.text));
