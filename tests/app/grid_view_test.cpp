@@ -21,7 +21,7 @@ struct GridBench : test::WindowBench {
     Show(3);
     grid.OnCellClick = [this](int row, int column) { clicks.emplace_back(row, column); };
   }
-  void Click(int row, int column) {
+  void Click(int row, int column) const {
     const QRect cell = table->visualItemRect(table->item(row, column));
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
   }

@@ -84,7 +84,7 @@ struct MonitorBench : WindowBench {
   [[nodiscard]] TextField& Field(const char16_t* item) const { return *Page().FindField(item); }
   [[nodiscard]] std::string NameOf(const char16_t* item) const { return Field(item).FullName(); }
   /// Calls `action` with the number of each cycle of the monitor at its start, from 1.
-  void AtEachCycle(const std::function<void(int cycle)>& action) {
+  void AtEachCycle(const std::function<void(int cycle)>& action) const {
     TextField& first = Field(u"04");
     first.Observe([&first, action, cycle = 0, was = first.ShownLook()]() mutable {
       const Look before = std::exchange(was, first.ShownLook());

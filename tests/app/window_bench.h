@@ -45,7 +45,7 @@ struct WindowBench {
     Press("cmdUpload");
   }
   /// Brings a tab to the front, even where the device's settings give no reason for it.
-  void Show(int tab) {
+  void Show(int tab) const {
     Page().Tabs.SetTabEnabled(tab, true);
     window.Current()->ShowTab(tab);
     QCoreApplication::processEvents();
