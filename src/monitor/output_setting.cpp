@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/numbers.h"
+#include "core/program.h"
 #include "core/text_utilities.h"
 #include "monitor/updated_control.h"
 
@@ -99,8 +100,13 @@ void OutputSetting::Off() {
     page_.BeginOperation();
     page_.LockFrame();
   }
-  page_.EnterMonitorMode();
+  page_.Shared().DownloadBusy = true;  // no wait of the exchange may end the program
+  const bool released = page_.EnterMonitorMode();
   page_.EndOperation();
+  page_.flaMsg_CannotEnd.SetVisible(false);
+  if (released && page_.Shared().QuitRequested) {
+    Program::End();
+  }
   page_.UnlockFrame();
   TextField* set_box = page_.FindField(String(family_.set_key));
   if (set_box != nullptr && !family_.models_without_set_box.Has(page_.DefFile)) {

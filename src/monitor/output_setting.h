@@ -12,6 +12,11 @@ namespace korva {
 /// In Forcing the device is in programming mode and holds the output at the value sent; CommBusy is set and
 /// the frame is locked, with cmdStatusMonOFF alone in reach. A value that is out of range, or a device that
 /// doesn't take programming mode, leaves Idle. Off unlocks the page whatever the device says.
+///
+/// A close request made while the output is forced, or during Off, is held: a program that ended there would
+/// leave the plant with an output that nobody controls any more. Off ends the program once the device is back
+/// in monitor mode. When the device doesn't take monitor mode the window stays, since the output may still be
+/// forced, and the user, who has seen the box of the failure, can press cmdStatusMonOFF again.
 class OutputSetting {
  public:
   /// `monitor` is the page's, whose boxes are put to rest. All outlive this.
@@ -23,7 +28,8 @@ class OutputSetting {
 
   /// cmdSet. Does nothing on a model without a box for the value.
   void Set();
-  /// cmdStatusMonOFF: returns the device to monitor mode. The box for the value gets the focus.
+  /// cmdStatusMonOFF: returns the device to monitor mode, then ends the program if the user wanted to close
+  /// it meanwhile. The box for the value gets the focus.
   void Off();
 
  private:

@@ -31,10 +31,6 @@ struct IoBench : PageBench {
     ClickAfter(duration, Page().cmdMonitorOFF);
     Do([this] { Page().cmdMonitorON.Click(); });
   }
-  void ForceOutput(const String& percent) {
-    Type(u"03_set", percent);
-    Click(Page().cmdSet);
-  }
   sim::Device* device = nullptr;
 };
 

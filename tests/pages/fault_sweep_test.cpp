@@ -3,22 +3,18 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "core/text_utilities.h"
-#include "page_bench.h"
+#include "sweep_bench.h"
 
 namespace korva::test {
 namespace {
 
 using Texts = std::vector<std::string>;
 using sim::Fault;
-
-/// No run takes longer than this: 80 exchanges that each wait in vain, four times.
-constexpr Clock kLongestRun = std::chrono::minutes(30);
 
 /// What an exchange is part of.
 enum class Phase { Link, Monitor, Type, Programming, Items, Leave, Closing, None };
@@ -60,32 +56,6 @@ std::vector<Step> StepsOf(const Texts& commands, bool download) {
     mark(steps.size() - 3, 3, Phase::Closing);
   }
   return steps;
-}
-
-/// A break of the line that begins with exchange `at` (from 0).
-struct Break {
-  Fault fault;
-  bool for_good = false;
-  std::size_t at = 0;
-
-  [[nodiscard]] std::string Name() const {
-    const auto faults = sim::AllFaults();
-    const auto info = std::find_if(faults.begin(), faults.end(),
-                                   [this](const sim::FaultInfo& one) { return one.fault == fault; });
-    return std::string(info->name) + (for_good ? " for good" : " once") + " from exchange " +
-           std::to_string(at + 1);
-  }
-};
-
-std::vector<Break> BreaksOf(std::size_t exchanges) {
-  std::vector<Break> breaks;
-  for (std::size_t at = 0; at < exchanges; ++at) {
-    for (const Fault fault : {Fault::Silent, Fault::Refused, Fault::Garbled, Fault::Late}) {
-      breaks.push_back({.fault = fault, .for_good = false, .at = at});
-      breaks.push_back({.fault = fault, .for_good = true, .at = at});
-    }
-  }
-  return breaks;
 }
 
 /// The first access that a lasting break leaves without an answer that the program accepts.
@@ -159,22 +129,9 @@ Texts UploadBoxes(const Break& line_break, const Step& step) {
   return boxes;
 }
 
-/// A program with a device of the model, whose set has been uploaded.
-class Sweep : public PageBench {
- public:
-  explicit Sweep(const String& model) : device(Connect(model)) {
-    app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
-      if (traffic.sent) {
-        commands.push_back(ToUtf8(traffic.text));
-      }
-    };
-    Choose(model);
-    Upload();
-    uploaded = SetOf();
-    Page().DataChanged = false;
-    TakeBoxes();
-    commands.clear();
-  }
+/// A page whose uploaded set can be changed.
+struct Sweep : SweepBench {
+  using SweepBench::SweepBench;
 
   void Change() {
     Type(u"02", u"PUMP 1");
@@ -183,63 +140,6 @@ class Sweep : public PageBench {
     changed = SetOf();
   }
 
-  void StartBreak(const Break& line_break) {
-    const int first = device.Exchanges() + 1 + static_cast<int>(line_break.at);
-    device.AddFault({.fault = line_break.fault,
-                     .first = first,
-                     .last = line_break.for_good ? sim::FaultRule::kForGood : first,
-                     .command = {}});
-  }
-
-  std::vector<String> SetOf() {
-    std::vector<String> cells;
-    cells.reserve(ParameterSet::kItems);
-    for (int item = 0; item < ParameterSet::kItems; ++item) {
-      cells.push_back(Page().Item(item));
-    }
-    return cells;
-  }
-
-  void ExpectUsable() {
-    const SharedState& shared = app.program.Shared();
-    EXPECT_FALSE(status.has_value()) << "the program has ended";
-    EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || Page().UploadBusy);
-    EXPECT_EQ(Page().TransferBar.Value(), 0.0F);
-    EXPECT_EQ(Page().LnrProgressBar.Value(), 0.0F);
-    EXPECT_FALSE(Page().flaMsg_CannotEnd.Visible());
-    for (const Button* button : {&Page().cmdUpload, &Page().cmdDownload, &Page().cmdCheck, &Page().cmdOpen,
-                                 &Page().cmdSave, &Page().cmdNew, &Page().cmdExit}) {
-      EXPECT_TRUE(button->Enabled()) << button->Name();
-    }
-    EXPECT_TRUE(Page().lst_TypeSelect.Enabled());
-    for (const int tab : {0, 1, 2, 5, 6}) {
-      EXPECT_TRUE(Page().Tabs.TabEnabled(tab)) << tab;
-    }
-  }
-
-  /// The line is good again: what is still under way arrives, and an upload brings the device's set.
-  void ExpectUploadWorks() {
-    device.ClearFaults();
-    loop.RunUntilIdle();
-    Page().DataChanged = false;
-    TakeBoxes();
-    Upload();
-    EXPECT_EQ(TakeBoxes(),
-              (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload), Shown(BoxKey::UploadDone)}));
-    EXPECT_EQ(device.Mode(), '0');
-    for (int item = 0; item < ParameterSet::kItems; ++item) {
-      const std::string name = item < 10 ? "0" + std::to_string(item) : std::to_string(item);
-      if (!Page().Item(item).empty() && Page().Item(item) != u"NEEDLESS") {
-        EXPECT_EQ(ToUtf8(Page().Item(item)), ToUtf8(Trimmed(code_page.Decode(device.Value("01", name)))))
-            << item;
-      }
-    }
-    EXPECT_EQ(dialogs.Unused(), 0U);
-  }
-
-  sim::Device& device;
-  Texts commands;
-  std::vector<String> uploaded;
   std::vector<String> changed;
 };
 

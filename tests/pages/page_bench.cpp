@@ -161,6 +161,11 @@ void PageBench::Open(const String& path) {
   Click(Page().cmdOpen);
 }
 
+void PageBench::ForceOutput(const String& percent) {
+  Type(u"03_set", percent);
+  Click(Page().cmdSet);
+}
+
 TextField& PageBench::Field(const String& item) {
   TextField* field = Page().FindField(item);
   if (field == nullptr) {

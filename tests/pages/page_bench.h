@@ -75,6 +75,7 @@ class PageBench : public PageFolder {
   void Save(const String& path);
   void Open(const String& path);
   void New() { Click(Page().cmdNew); }
+  void ForceOutput(const String& percent);
 
   /// Field of an item of group "01", which the model must have.
   TextField& Field(const String& item);

@@ -1,0 +1,338 @@
+// Each exchange of a monitor run and of a forced output in turn is broken, once and for good, in each way in
+// which a line can break; no run may hang, show a value in a wrong box or leave a page that can't be used.
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/text_utilities.h"
+#include "sweep_bench.h"
+
+namespace korva::test {
+namespace {
+
+using Texts = std::vector<std::string>;
+using sim::Fault;
+
+struct IoModel {
+  const char* name = "";
+  std::vector<std::string> cycle;  ///< keys of the live items, in their order
+  std::string unit_of = {};        ///< item whose unit the device tells; empty: none
+  std::string unit_item = {};      ///< item by which it tells
+  std::string unit_code = {};      ///< what that item is set to
+  std::string unit = {};           ///< the unit of that choice
+};
+
+const std::vector<IoModel> kModels = {
+    {.name = "QN",
+     .cycle = {"04", "05", "06", "07"},
+     .unit_of = "04",
+     .unit_item = "21",
+     .unit_code = "1",
+     .unit = "deg F"},
+    {.name = "QEI",
+     .cycle = {"05", "06", "07"},
+     .unit_of = "06",
+     .unit_item = "11",
+     .unit_code = "4",
+     .unit = "kHz"},
+    {.name = "QHW",
+     .cycle = {"05", "06", "07", "08"},
+     .unit_of = "06",
+     .unit_item = "10",
+     .unit_code = "3",
+     .unit = "mA"},
+    {.name = "QD2I", .cycle = {"03_mon", "05", "07", "08", "32"}},
+};
+
+/// A live item's value, which no other item has.
+std::string ValueOf(const std::string& key) { return "1" + key.substr(0, 2) + ".00"; }
+
+/// A program with a device of the model, whose set has been uploaded.
+class IoSweep : public SweepBench {
+ public:
+  explicit IoSweep(const IoModel& of_model) : SweepBench(FromUtf8(of_model.name)), model(of_model) {
+    if (!model.unit_item.empty()) {
+      EXPECT_TRUE(device.Set("01", model.unit_item, model.unit_code));
+    }
+  }
+
+  /// Has the device's live values stand still, and monitors two cycles.
+  void MonitorTwoCycles() {
+    for (const std::string& key : model.cycle) {
+      ASSERT_TRUE(device.Set("01", key.substr(0, 2), ValueOf(key)));
+      Record(key);
+    }
+    PutIntoMode('1');
+    Do([this] { Page().cmdMonitorON.Click(); });
+  }
+
+  void Force() {
+    PutIntoMode('0');
+    Field(u"03_mon").SetText(u"old");
+    ForceOutput(u"62.5");
+  }
+
+  [[nodiscard]] bool Forced() {
+    const bool reached = Page().WhyRefused(Page().cmdStatusMonOFF).empty();
+    for (const Button* button :
+         {&Page().cmdSet, &Page().cmdMonitorON, &Page().cmdMonitorOFF, &Page().cmdUpload, &Page().cmdExit}) {
+      EXPECT_NE(button->Enabled(), app.program.Shared().CommBusy) << button->Name();
+    }
+    return reached && app.program.Shared().CommBusy;
+  }
+
+  void ExpectFree() {
+    ExpectUsable();
+    for (const Button* button :
+         {&Page().cmdMonitorON, &Page().cmdMonitorOFF, &Page().cmdSet, &Page().cmdStatusMonOFF}) {
+      EXPECT_TRUE(button->Enabled()) << button->Name();
+    }
+    if (TextField* set_box = Page().FindField(u"03_set")) {
+      EXPECT_EQ(Page().WhyRefused(*set_box), "");
+    }
+    EXPECT_FALSE(Page().lbl_Waitfor.Visible());
+    ExpectStill();
+  }
+
+  /// No timer runs and nothing is highlighted.
+  void ExpectStill() {
+    EXPECT_FALSE(Page().Item03_MonitorTimer.Running());
+    EXPECT_FALSE(Page().Item04_lblUnitTimer.Running());
+    EXPECT_FALSE(Page().Item06_lblUnitTimer.Running());
+    for (const std::string& key : model.cycle) {
+      EXPECT_EQ(LookOf(FromUtf8(key)), Look::Grey) << key;
+      EXPECT_EQ(UnitLabel(key).ShownLook(), Look::Normal) << key;
+    }
+    EXPECT_EQ(LookOf(u"03_mon"), Look::Grey);
+  }
+
+  /// Live values stand in the set too, in cells of their own.
+  void ExpectSettingsKept() {
+    const std::vector<String> cells = SetOf();
+    for (std::size_t item = 0; item < cells.size(); ++item) {
+      if (!uploaded[item].empty()) {
+        EXPECT_EQ(cells[item], uploaded[item]) << item;
+      }
+    }
+  }
+
+  /// A reply that came behind its time-out waits in the port for the next exchange; the user opens the port
+  /// again.
+  void DropLateReplies() {
+    device.ClearFaults();
+    loop.RunUntilIdle();
+    Press(Page().OptCom, 0);
+  }
+
+  Label& UnitLabel(const std::string& key) {
+    const int row = Page().FindDataRow(u"01", FromUtf8(key));
+    return Page().lbl_unit[std::stoi(ToUtf8(Page().DataCell(row, kUnitLabel)))];
+  }
+
+  const IoModel& model;
+  std::map<std::string, Texts> shown;  ///< by key: the text that each reading left in the box
+
+ private:
+  void PutIntoMode(char mode) {
+    for (const std::string& line : {std::string("G01"), std::string("I01"), std::string("D") + mode}) {
+      device.Answer(line);
+    }
+    ASSERT_EQ(device.Mode(), mode);
+  }
+
+  /// A reading is over when its box leaves the highlight. With the first one of the second cycle the user
+  /// presses the button that stops.
+  void Record(const std::string& key) {
+    TextField& box = Field(FromUtf8(key));
+    box.Observe([this, &box, key, before = box.ShownLook()]() mutable {
+      const Look now = box.ShownLook();
+      if (before == Look::Highlight && now != Look::Highlight) {
+        shown[key].push_back(ToUtf8(box.Text()));
+      } else if (before != now && key == model.cycle.front() && shown[key].size() == 1) {
+        loop.After(Clock(0), [this] { Page().cmdMonitorOFF.Click(); });
+      }
+      before = now;
+    });
+  }
+};
+
+/// A monitor run's exchanges: three of the mode change, then two for each read.
+constexpr std::size_t kModeExchanges = 3;
+
+/// True when the mode change that begins at exchange `first` fails for good. A garbled reply to the item or
+/// to the data is taken for the device's answer.
+bool ModeFails(const Break& line_break, std::size_t first) {
+  if (!line_break.for_good || line_break.at >= first + kModeExchanges) {
+    return false;
+  }
+  return line_break.fault != Fault::Garbled || line_break.at <= first;
+}
+
+/// True when a single read of the exchanges `first` and `first` + 1 brings no value.
+bool ReadFails(const Break& line_break, std::size_t first) {
+  return line_break.at <= first + 1 && (line_break.for_good || line_break.at >= first);
+}
+
+/// True when a read that is repeated brings no value: one repeat mends all but a text that is taken for the
+/// device's answer.
+bool RepeatedReadFails(const Break& line_break, std::size_t first) {
+  const bool taken = line_break.fault == Fault::Refused || line_break.fault == Fault::Garbled;
+  return line_break.for_good ? line_break.at <= first + 1 : taken && line_break.at == first + 1;
+}
+
+void ExpectReadings(IoSweep& bench, const Break& line_break) {
+  std::size_t exchange = kModeExchanges;
+  if (!bench.model.unit_of.empty()) {
+    EXPECT_EQ(ToUtf8(bench.UnitLabel(bench.model.unit_of).Caption()),
+              RepeatedReadFails(line_break, exchange) ? "" : bench.model.unit);
+    exchange += 2;
+  }
+  for (std::size_t cycle = 0; cycle < 2; ++cycle) {
+    for (const std::string& key : bench.model.cycle) {
+      EXPECT_EQ(bench.shown[key].at(cycle), ReadFails(line_break, exchange) ? "" : ValueOf(key)) << key;
+      exchange += 2;
+    }
+  }
+}
+
+/// Late replies run into later exchanges; a value that came late once is still shown in no other box.
+void ExpectNothingWrong(IoSweep& bench, const Break& line_break) {
+  if (const std::string& item = bench.model.unit_of; !item.empty()) {
+    const std::string unit = ToUtf8(bench.UnitLabel(item).Caption());
+    EXPECT_TRUE(unit.empty() || unit == bench.model.unit) << unit;
+  }
+  for (const std::string& key : bench.model.cycle) {
+    for (const std::string& text : bench.shown[key]) {
+      EXPECT_TRUE(text.empty() || text == ValueOf(key) || line_break.for_good) << key << ' ' << text;
+    }
+  }
+}
+
+void PrintTo(const IoModel& model, std::ostream* out) { *out << model.name; }
+
+struct IoSweepTest : testing::TestWithParam<IoModel> {};
+
+INSTANTIATE_TEST_SUITE_P(Model, IoSweepTest, testing::ValuesIn(kModels),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped) {
+  const IoModel& model = GetParam();
+  IoSweep good(model);
+  good.MonitorTwoCycles();
+  ASSERT_EQ(good.commands.size(),
+            kModeExchanges + (model.unit_of.empty() ? 0 : 2) + 2 * 2 * model.cycle.size());
+  int runs = 0;
+  for (const Break& line_break : BreaksOf(good.commands.size())) {
+    SCOPED_TRACE(line_break.Name());
+    IoSweep bench(model);
+    const Clock start = bench.loop.Now();
+    bench.StartBreak({.fault = line_break.fault, .for_good = line_break.for_good, .at = line_break.at + 3});
+    bench.MonitorTwoCycles();
+    ++runs;
+    EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+    const Texts boxes = bench.TakeBoxes();
+    const bool late = line_break.fault == Fault::Late;
+    const bool began = boxes.empty();
+    if (!late) {
+      EXPECT_EQ(began, !ModeFails(line_break, 0));
+    }
+    EXPECT_TRUE(began || boxes == Texts{Shown(BoxKey::NotMonitorMode)});
+    EXPECT_EQ(bench.device.Mode(), began ? '0' : '1');
+    for (const std::string& key : model.cycle) {
+      EXPECT_EQ(bench.shown[key].size(), began ? 2U : 0U) << key;
+    }
+    if (began && late) {
+      ExpectNothingWrong(bench, line_break);
+    } else if (began) {
+      ExpectReadings(bench, line_break);
+      bench.ExpectFree();
+    }
+    bench.ExpectUsable();
+    bench.ExpectSettingsKept();
+    if (late) {
+      bench.DropLateReplies();
+    }
+    bench.ExpectUploadWorks();
+    if (testing::Test::HasFailure()) {
+      return;
+    }
+  }
+  std::cout << model.name << ": monitor runs with a broken exchange: " << runs << '\n';
+}
+
+/// What a break leaves of a forced output: three exchanges of the mode change, three of the write, and three
+/// of the return.
+struct ForcedOutcome {
+  bool forced = true;
+  std::string shown = "62.50";
+  bool released = true;
+};
+
+ForcedOutcome ForcedOutcomeOf(const Break& line_break) {
+  constexpr std::size_t kWriteData = 5;
+  if (ModeFails(line_break, 0)) {
+    return {.forced = false, .shown = "old", .released = true};
+  }
+  const bool garbled_answer = line_break.fault == Fault::Garbled && line_break.at == kWriteData;
+  const bool no_answer = line_break.for_good && line_break.at <= kWriteData;
+  return {.forced = true,
+          .shown = garbled_answer || no_answer ? "" : "62.50",
+          .released = !ModeFails(line_break, kWriteData + 1)};
+}
+
+struct ForcedSweepTest : IoSweepTest {};
+
+INSTANTIATE_TEST_SUITE_P(Model, ForcedSweepTest, testing::Values(kModels[0], kModels[1], kModels[2]),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenReleased) {
+  int runs = 0;
+  for (const Break& line_break : BreaksOf(9)) {
+    SCOPED_TRACE(line_break.Name());
+    IoSweep bench(GetParam());
+    const Clock start = bench.loop.Now();
+    bench.StartBreak({.fault = line_break.fault, .for_good = line_break.for_good, .at = line_break.at + 3});
+    bench.Force();
+    ++runs;
+    const bool late = line_break.fault == Fault::Late;
+    const ForcedOutcome expected = ForcedOutcomeOf(line_break);
+    const Texts refusal = bench.TakeBoxes();
+    const bool forced = refusal.empty();
+    EXPECT_TRUE(forced || refusal == Texts{Shown(BoxKey::NotProgrammingMode)});
+    EXPECT_EQ(bench.Forced(), forced);
+    EXPECT_EQ(bench.LookOf(u"03_mon"), Look::Grey);
+    EXPECT_FALSE(bench.Page().Item03_MonitorTimer.Running());
+    EXPECT_EQ(bench.device.Mode(), forced ? '1' : '0');
+    if (!late) {
+      EXPECT_EQ(forced, expected.forced);
+      EXPECT_EQ(ToUtf8(bench.Field(u"03_mon").Text()), expected.shown);
+    }
+    if (forced) {
+      bench.Click(bench.Page().cmdStatusMonOFF);
+      const Texts boxes = bench.TakeBoxes();
+      const bool released = boxes.empty();
+      EXPECT_TRUE(released || boxes == Texts{Shown(BoxKey::NotMonitorMode)});
+      EXPECT_EQ(bench.device.Mode(), released ? '0' : '1');
+      EXPECT_TRUE(late || released == expected.released);
+      EXPECT_TRUE(released || line_break.for_good);
+    }
+    EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+    bench.ExpectFree();
+    bench.ExpectSettingsKept();
+    if (late) {
+      bench.DropLateReplies();
+    }
+    bench.ExpectUploadWorks();
+    if (testing::Test::HasFailure()) {
+      return;
+    }
+  }
+  std::cout << GetParam().name << ": forced outputs with a broken exchange: " << runs << '\n';
+}
+
+}  // namespace
+}  // namespace korva::test

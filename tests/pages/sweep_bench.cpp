@@ -1,0 +1,99 @@
+#include "sweep_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/text_utilities.h"
+
+namespace korva::test {
+
+using sim::Fault;
+
+std::string Break::Name() const {
+  const auto faults = sim::AllFaults();
+  const auto info = std::find_if(faults.begin(), faults.end(),
+                                 [this](const sim::FaultInfo& one) { return one.fault == fault; });
+  return std::string(info->name) + (for_good ? " for good" : " once") + " from exchange " +
+         std::to_string(at + 1);
+}
+
+std::vector<Break> BreaksOf(std::size_t exchanges) {
+  std::vector<Break> breaks;
+  for (std::size_t at = 0; at < exchanges; ++at) {
+    for (const Fault fault : {Fault::Silent, Fault::Refused, Fault::Garbled, Fault::Late}) {
+      breaks.push_back({.fault = fault, .for_good = false, .at = at});
+      breaks.push_back({.fault = fault, .for_good = true, .at = at});
+    }
+  }
+  return breaks;
+}
+
+SweepBench::SweepBench(const String& model) : device(Connect(model)) {
+  app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
+    if (traffic.sent) {
+      commands.push_back(ToUtf8(traffic.text));
+    }
+  };
+  Choose(model);
+  Upload();
+  uploaded = SetOf();
+  Page().DataChanged = false;
+  TakeBoxes();
+  commands.clear();
+}
+
+void SweepBench::StartBreak(const Break& line_break) {
+  const int first = device.Exchanges() + 1 + static_cast<int>(line_break.at);
+  device.AddFault({.fault = line_break.fault,
+                   .first = first,
+                   .last = line_break.for_good ? sim::FaultRule::kForGood : first,
+                   .command = {}});
+}
+
+std::vector<String> SweepBench::SetOf() {
+  std::vector<String> cells;
+  cells.reserve(ParameterSet::kItems);
+  for (int item = 0; item < ParameterSet::kItems; ++item) {
+    cells.push_back(Page().Item(item));
+  }
+  return cells;
+}
+
+void SweepBench::ExpectUsable() {
+  const SharedState& shared = app.program.Shared();
+  EXPECT_FALSE(status.has_value()) << "the program has ended";
+  EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || Page().UploadBusy);
+  EXPECT_EQ(Page().TransferBar.Value(), 0.0F);
+  EXPECT_EQ(Page().LnrProgressBar.Value(), 0.0F);
+  EXPECT_FALSE(Page().flaMsg_CannotEnd.Visible());
+  for (const Button* button : {&Page().cmdUpload, &Page().cmdDownload, &Page().cmdCheck, &Page().cmdOpen,
+                               &Page().cmdSave, &Page().cmdNew, &Page().cmdExit}) {
+    EXPECT_TRUE(button->Enabled()) << button->Name();
+  }
+  EXPECT_TRUE(Page().lst_TypeSelect.Enabled());
+  for (const int tab : {0, 1, 2, 5, 6}) {
+    EXPECT_TRUE(Page().Tabs.TabEnabled(tab)) << tab;
+  }
+}
+
+void SweepBench::ExpectUploadWorks() {
+  device.ClearFaults();
+  loop.RunUntilIdle();
+  Page().DataChanged = false;
+  TakeBoxes();
+  Upload();
+  EXPECT_EQ(TakeBoxes(), (std::vector<std::string>{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload),
+                                                   Shown(BoxKey::UploadDone)}));
+  EXPECT_EQ(device.Mode(), '0');
+  for (int item = 0; item < ParameterSet::kItems; ++item) {
+    const std::string name = item < 10 ? "0" + std::to_string(item) : std::to_string(item);
+    if (!Page().Item(item).empty() && Page().Item(item) != u"NEEDLESS") {
+      EXPECT_EQ(ToUtf8(Page().Item(item)), ToUtf8(Trimmed(code_page.Decode(device.Value("01", name)))))
+          << item;
+    }
+  }
+  EXPECT_EQ(dialogs.Unused(), 0U);
+}
+
+}  // namespace korva::test
