@@ -1,8 +1,10 @@
-// The close box is pressed at each pump of an upload and of a download in turn.
+// The close box is pressed at each pump of an upload, of a download, of a monitor run and of a forced output
+// in turn.
 
 #include <gtest/gtest.h>
 
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +33,7 @@ class CloseBench : public PageBench {
     loop.OnPump([this, at, times] {
       if (loop.PumpCount() == first_pump + at) {
         sent_at_close = sent;
+        closed = loop.Now();
         for (int press = 0; press < times; ++press) {
           app.program.PressClose();
           told = told || Page().flaMsg_CannotEnd.Visible();
@@ -38,12 +41,17 @@ class CloseBench : public PageBench {
       }
     });
   }
+  [[nodiscard]] bool Blinks() {
+    return Page().Item03_MonitorTimer.Running() || Page().Item04_lblUnitTimer.Running() ||
+           Page().Item06_lblUnitTimer.Running();
+  }
   [[nodiscard]] std::size_t Pumps() const { return loop.PumpCount() + 1 - first_pump; }
 
   sim::Device& device;
   std::size_t first_pump = 0;
   int sent = 0;
   int sent_at_close = 0;
+  Clock closed{0};
   bool told = false;  ///< the frame that tells that the program can't end was seen
 };
 
@@ -110,6 +118,140 @@ TEST(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNextUp
     EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
   }
   std::cout << "failing downloads closed: " << pumps << '\n';
+}
+
+// --- the I/O check tab
+
+TEST(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond) {
+  const auto monitor = [](CloseBench& bench) {
+    bench.loop.After(std::chrono::seconds(4), [&bench] { bench.Page().cmdMonitorOFF.Click(); });
+    bench.Click(bench.Page().cmdMonitorON);
+  };
+  CloseBench whole;
+  monitor(whole);
+  EXPECT_FALSE(whole.status.has_value());
+  const std::size_t pumps = whole.Pumps();
+  ASSERT_GT(pumps, 20U);
+  for (std::size_t at = 0; at < pumps; ++at) {
+    SCOPED_TRACE(at);
+    CloseBench bench;
+    bench.CloseAt(at);
+    monitor(bench);
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_LE(bench.sent, bench.sent_at_close) << "no exchange begins after the one under way";
+    EXPECT_LE(bench.loop.Now() - bench.closed, std::chrono::milliseconds(510));
+    EXPECT_FALSE(bench.told);
+    EXPECT_EQ(bench.TakeBoxes(), Texts{});
+    EXPECT_FALSE(bench.Blinks());
+  }
+  std::cout << "monitor runs closed: " << pumps << '\n';
+}
+
+TEST(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinOneExchange) {
+  CloseBench whole;
+  whole.ForceOutput(u"50");
+  const std::size_t pumps = whole.Pumps();
+  ASSERT_GT(pumps, 6U);
+  for (std::size_t at = 0; at < pumps; ++at) {
+    SCOPED_TRACE(at);
+    CloseBench bench;
+    bench.CloseAt(at);
+    bench.ForceOutput(u"50");
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_LE(bench.sent, bench.sent_at_close) << "no exchange begins after the one under way";
+    EXPECT_FALSE(bench.told);
+    EXPECT_EQ(bench.TakeBoxes(), Texts{});
+    EXPECT_FALSE(bench.Blinks());
+  }
+  std::cout << "output settings closed: " << pumps << '\n';
+}
+
+/// An output is forced, and the pumps of its end are counted.
+struct ForcedBench : CloseBench {
+  explicit ForcedBench(std::optional<sim::FaultRule> fault = std::nullopt) {
+    ForceOutput(u"50");
+    sent = 0;
+    first_pump = loop.PumpCount() + 1;
+    if (fault) {
+      fault->first += device.Exchanges();
+      fault->last = fault->last == sim::FaultRule::kForGood ? fault->last : fault->last + device.Exchanges();
+      device.AddFault(*fault);
+    }
+  }
+  void Off() { Click(Page().cmdStatusMonOFF); }
+};
+
+TEST(CloseSweepTest, ClosedWhileTheOutputIsHeldTheProgramEndsWhenOffHasReleasedIt) {
+  for (const int times : {1, 2}) {
+    ForcedBench bench;
+    for (int press = 0; press < times; ++press) {
+      bench.app.program.PressClose();
+    }
+    bench.loop.RunFor(std::chrono::seconds(60));
+    EXPECT_FALSE(bench.status.has_value());
+    EXPECT_EQ(bench.sent, 0);
+    EXPECT_EQ(bench.device.Value("01", "03"), "50.00");
+    bench.Off();
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_EQ(bench.sent, 3);
+    EXPECT_EQ(bench.device.Mode(), '0');
+    EXPECT_EQ(bench.TakeBoxes(), Texts{});
+  }
+}
+
+TEST(CloseSweepTest, ClosedAtAnyPumpOfOffTheOutputIsReleasedBeforeTheProgramEnds) {
+  int runs = 0;
+  for (const sim::Fault fault : {sim::Fault::ByteByByte, sim::Fault::Silent, sim::Fault::Refused,
+                                 sim::Fault::Garbled, sim::Fault::Late}) {
+    for (int exchange = 1; exchange <= 3; ++exchange) {
+      const sim::FaultRule rule{.fault = fault, .first = exchange, .last = exchange, .command = {}};
+      ForcedBench whole(rule);
+      whole.Off();
+      EXPECT_FALSE(whole.status.has_value());
+      const std::size_t pumps = whole.Pumps();
+      for (std::size_t at = 0; at < pumps; ++at) {
+        SCOPED_TRACE(std::to_string(static_cast<int>(fault)) + " in " + std::to_string(exchange) +
+                     ", closed at " + std::to_string(at));
+        ForcedBench bench(rule);
+        bench.CloseAt(at);
+        bench.Off();
+        ++runs;
+        EXPECT_TRUE(bench.told);
+        EXPECT_EQ(bench.sent, whole.sent);
+        EXPECT_EQ(bench.device.Mode(), '0');
+        EXPECT_EQ(bench.status, 0);
+        EXPECT_EQ(bench.TakeBoxes(), Texts{});
+      }
+    }
+  }
+  std::cout << "releases closed: " << runs << '\n';
+}
+
+TEST(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBePressedAgain) {
+  const sim::FaultRule cable_pulled{.fault = sim::Fault::Silent, .command = {}};
+  ForcedBench whole(cable_pulled);
+  whole.Off();
+  const std::size_t pumps = whole.Pumps();
+  ASSERT_GT(pumps, 3U);
+  for (std::size_t at = 0; at < pumps; ++at) {
+    SCOPED_TRACE(at);
+    ForcedBench bench(cable_pulled);
+    bench.CloseAt(at);
+    bench.Off();
+    EXPECT_TRUE(bench.told);
+    EXPECT_EQ(bench.TakeBoxes(), Texts{Shown(BoxKey::NotMonitorMode)});
+    EXPECT_FALSE(bench.status.has_value());
+    EXPECT_FALSE(bench.Page().flaMsg_CannotEnd.Visible());
+    EXPECT_EQ(bench.device.Mode(), '1');
+    bench.device.ClearFaults();
+    bench.Off();
+    EXPECT_EQ(bench.device.Mode(), '0');
+    EXPECT_FALSE(bench.status.has_value()) << "the request went with the failure that the user was told of";
+    bench.Page().DataChanged = false;
+    bench.app.program.PressClose();
+    EXPECT_EQ(bench.status, 0);
+  }
+  std::cout << "failing releases closed: " << pumps << '\n';
 }
 
 }  // namespace
