@@ -13,7 +13,6 @@ constexpr std::array kTabs = {TextKey::File, TextKey::Port, TextKey::IoCheck};
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 constexpr int kGroups = 4;
-constexpr Milliseconds kLatency{10};
 constexpr Milliseconds kLateLatency{3500};
 
 }  // namespace
@@ -40,7 +39,8 @@ void MonitorLine::Take(const Command& command) {
         reply->begin(), reply->end(), [](char) { return true; }, '?');
   }
   const Clock wire = port_.CharacterTime() * static_cast<int>(reply->size() + 1);
-  port_.DeliverAt(command.received + (is(Spoilt::Late) ? kLateLatency : kLatency) + wire, *reply + "\r");
+  port_.DeliverAt(command.received + (is(Spoilt::Late) ? Clock(kLateLatency) : latency) + wire,
+                  *reply + "\r");
 }
 
 std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {

@@ -22,12 +22,13 @@ namespace korva::test {
 enum class Spoilt { Silent, Refused, Garbled, Late };
 inline constexpr std::array kAllSpoilt = {Spoilt::Silent, Spoilt::Refused, Spoilt::Garbled, Spoilt::Late};
 
-/// A device of either dialect. Each reply is there 10 ms after its command, or, on a timed line, when its
-/// last stop bit has arrived besides.
+/// A device of either dialect. Each reply is there after the device's latency, and, on a timed line, the time
+/// of its characters besides.
 class MonitorLine final : public CommandLine {
  public:
   MonitorLine(VirtualPort& port, Dialect dialect) : port_(port), dialect_(dialect) {}
 
+  Clock latency = std::chrono::milliseconds(10);
   std::map<std::string, std::string> items;  ///< answers by the item's two digits; others are not answered
   std::set<std::string> refused;             ///< items that are answered with "CNG"
   std::map<std::size_t, Spoilt> spoilt;      ///< by the command's number, from 1
@@ -91,8 +92,8 @@ std::string AllRows();
 /// Three temperature units with the unit in `unit_column`.
 std::string TemperatureSection(int unit_column = 2);
 
-/// The program with one page of the family and a device on COM 1, which is untimed: only replies (10 ms each)
-/// and waits take time. All items are answered with "12.5".
+/// The program with one page of the family and a device on COM 1, which is untimed: only the latency of
+/// replies (10 ms each) and waits take time. All items are answered with "12.5".
 struct MonitorBench {
   MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
                const MonitorExtras& extras = {});

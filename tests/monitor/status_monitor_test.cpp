@@ -21,61 +21,6 @@ struct FirstBench : MonitorBench {
   FirstBench() : MonitorBench(u"First", "QY.def", test::AllRows()) {}
 };
 
-/// When each item of the cycle was selected, from the first one's group on.
-std::vector<std::pair<std::string, Clock>> Selections(const MonitorBench& bench) {
-  std::vector<std::pair<std::string, Clock>> selections;
-  for (const auto& command : bench.line.Commands()) {
-    if (command.text[0] == 'I' && command.text != "I01") {
-      selections.emplace_back(command.text, command.received);
-    }
-  }
-  return selections;
-}
-
-struct PaceCase {
-  StringView word;
-  std::string def_file;
-  std::string sections;
-  std::string first;
-  Clock item;  ///< for one item
-};
-struct PaceTest : testing::TestWithParam<PaceCase> {};
-INSTANTIATE_TEST_SUITE_P(Dialect, PaceTest,
-                         testing::Values(PaceCase{u"First", "QY.def", "", "04", 520ms},
-                                         PaceCase{u"Second", "M.def", "", "05", 530ms},
-                                         PaceCase{u"LiteForth", "M.def", "", "04", 520ms},
-                                         PaceCase{u"LiteThird", "M.def", "", "05", 530ms}),
-                         [](const auto& one) { return ToUtf8(one.param.word); });
-
-TEST_P(PaceTest, OneItemTakesItsExchangeAndHalfASecondToTheMillisecond) {
-  const PaceCase& one = GetParam();
-  MonitorBench bench(one.word, one.def_file, test::AllRows());
-  // Replies take 10 ms each: two for an item in the dialect of "COK", three in the other.
-  bench.StopAfter(30s);
-  bench.Start();
-  auto selections = Selections(bench);
-  std::erase_if(selections,
-                [](const auto& one_of) { return one_of.first == "I21" || one_of.first == "I11"; });
-  ASSERT_GT(selections.size(), 20U);
-  for (std::size_t at = 1; at < selections.size(); ++at) {
-    EXPECT_EQ(selections[at].second - selections[at - 1].second, one.item) << at;
-  }
-}
-
-TEST(StatusMonitorTest, ACycleOfFiveItemsOnASlowLineTakesWhatWireAndWaitsTake) {
-  FirstBench bench;
-  bench.host.port.SetTimed(true);
-  bench.StopAfter(20s);
-  bench.Start();
-  const auto selections = Selections(bench);
-  ASSERT_GT(selections.size(), 10U);
-  // Characters of an item: "G01", "COK", "I04" and "D12.5", each with a carriage return; 10 bits each.
-  const double wire = 18.0 * 10 / 1200;
-  const double expected = 5 * (wire + 2 * 0.010 + 0.500);
-  const double cycle = std::chrono::duration<double>(selections[10].second - selections[5].second).count();
-  EXPECT_NEAR(cycle, expected, expected / 100);
-}
-
 TEST(StatusMonitorTest, TheFrameIsLockedButForTheButtonThatStops) {
   FirstBench bench;
   bool looked = false;
