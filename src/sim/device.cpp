@@ -32,17 +32,17 @@ const Family& FamilyOf(const Model& model) {
   return *family;
 }
 
-/// A write's echo with another value than the one written.
-std::string OtherValue(const std::string& reply, std::string_view value) {
-  std::string head = reply.substr(0, reply.size() - value.size());
+/// A write's echo with another value in place of `value`, which stands in it.
+std::string OtherValue(std::string reply, const std::string& value) {
+  std::string other(value);
   if (const auto number = ParseNumber(TrimBlanks(value))) {
     const auto point = value.find('.');
-    const auto decimals = point == std::string_view::npos ? 0 : value.find_last_not_of(' ') - point;
-    return head + FormatNumber(*number + 1, static_cast<int>(decimals));
+    const auto decimals = point == std::string::npos ? 0 : value.find_last_not_of(' ') - point;
+    other = FormatNumber(*number + 1, static_cast<int>(decimals));
+  } else {
+    other.front() = other.front() == 'X' ? 'Y' : 'X';
   }
-  std::string other(value);
-  other.front() = other.front() == 'X' ? 'Y' : 'X';
-  return head + other;
+  return reply.replace(reply.rfind(value), value.size(), other);
 }
 
 }  // namespace
@@ -68,6 +68,7 @@ struct Device::State {
   std::string PaddedText(const Item& item) const;
   double LiveNumber(const Item& item) const;
   std::string LiveText(const Item& item) const;
+  std::string EchoedValue(const std::string& reply) const;
 
   Model model;
   const Family& family;
@@ -247,6 +248,16 @@ std::string Device::State::LiveText(const Item& item) const {
   return (item.prefix.empty() && !item.uploaded ? "PV:" : item.prefix) + number;
 }
 
+/// The value in the echo of a write.
+std::string Device::State::EchoedValue(const std::string& reply) const {
+  if (selected == nullptr) {
+    return reply.substr(PointTable::Head(0).size() + 1);
+  }
+  // An output may have the name of the value before it and the unit behind it.
+  return selected->kind == Item::Kind::Output ? ValueText(*selected)
+                                              : reply.substr(1 + selected->prefix.size());
+}
+
 // --- device
 // -------------------------------------------------------------------------------------------------
 
@@ -288,9 +299,7 @@ Reply Device::Answer(std::string_view line) {
     reply.text = state_->Execute(line);
     const bool written = line.size() > 1 && line.starts_with('D') && reply.text.starts_with('D');
     if (strikes(Fault::WrongEcho) && written && reply.text != state_->Refusal(WriteResult::Refused)) {
-      const auto shown = state_->selected == nullptr ? reply.text.substr(PointTable::Head(0).size() + 1)
-                                                     : reply.text.substr(1 + state_->selected->prefix.size());
-      reply.text = OtherValue(reply.text, shown);
+      reply.text = OtherValue(reply.text, state_->EchoedValue(reply.text));
     }
   }
   for (const Fault fault : struck) {

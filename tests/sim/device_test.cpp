@@ -193,6 +193,51 @@ TEST(DeviceTest, ForcedOutputIsFollowedByTheInputUntilMonitorMode) {
   EXPECT_NE(device.Value("01", "03"), "25.00");
 }
 
+TEST(DeviceTest, EachLiveValueFollowsAForcedOutputInItsOwnRange) {
+  auto device = SampleDevice(
+      "A.def",
+      "$Data\n01, 03_set, , , , , , , , 1, , , , , %\n01, 05, , , , , , , , 2, , , , , %\n"
+      "01, 06, , , , , , , , 3, , , , , mV\n01, 07, , , , , , , , 4, , , , , %\n"
+      "01, 08, , , , , , , , 5, , , , , mA\n01, 14, , , , , , , , 6, , , , , , , , , , , Y, , Z:, 1\n"
+      "01, 15, , , , , , , , 7, , , , , , , , , , , Y, , S:, 2\n$End\n");
+  EnterProgramming(device);
+  Write(device, "01", "14", "10");
+  Write(device, "01", "15", "50");
+  struct Forced {
+    const char* percent;
+    const char* items;  // 03, 05, 06 of 10 to 50, 07, 08 of 4 to 20
+  };
+  for (const auto& row :
+       {Forced{"75.5", "75.50 75.50 40.20 75.50 16.08"}, Forced{"0", "0.00 0.00 10.00 0.00 4.00"},
+        Forced{"-20", "-20.00 -20.00 2.00 -20.00 0.80"}, Forced{"120", "120.00 120.00 58.00 120.00 23.20"}}) {
+    EXPECT_TRUE(Write(device, "01", "03", row.percent).starts_with("DPV:")) << row.percent;
+    std::string items;
+    for (const char* const item : {"03", "05", "06", "07", "08"}) {
+      items += (items.empty() ? "" : " ") + device.Value("01", item);
+    }
+    EXPECT_EQ(items, row.items);
+  }
+  for (const char* const refused : {"-20.01", "120.01", "", "abc"}) {
+    EXPECT_EQ(Write(device, "01", "03", refused), "CNG") << refused;
+    EXPECT_EQ(device.Value("01", "03"), "120.00") << "the output stays as it was";
+  }
+}
+
+TEST(DeviceTest, Item03TellsTheOutputThatMovesUntilItIsForced) {
+  auto device = SampleDevice();
+  EXPECT_EQ(Read(device, "01", "03"), "DPV:   50.50");
+  EXPECT_EQ(Read(device, "01", "03"), "DPV:   51.00");
+  EnterProgramming(device);
+  EXPECT_EQ(Read(device, "01", "03"), "DPV:   51.50") << "programming mode alone forces nothing";
+  Write(device, "01", "03", "25");
+  EXPECT_EQ(Read(device, "01", "03"), "DPV:   25.00");
+  Write(device, "01", "01", "1");
+  EXPECT_EQ(Read(device, "01", "03"), "DPV:   25.00") << "programming mode again holds it";
+  Write(device, "01", "01", "0");
+  const double released = std::stod(Read(device, "01", "03").substr(4));
+  EXPECT_GE(released, 40.0) << "measured again";
+}
+
 TEST(DeviceTest, SetGivesAValueFromOutside) {
   auto device = SampleDevice();
   EXPECT_TRUE(device.Set("01", "10", "2")) << "by code";

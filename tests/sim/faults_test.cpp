@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "sample.h"
 
 namespace korva::sim {
@@ -93,6 +95,135 @@ TEST(FaultsTest, WrongEchoShowsAnotherValueThanTheOneHeld) {
   EXPECT_EQ(Write(device, "01", "02", "          "), "DTG:X         ");
   EXPECT_EQ(Write(device, "01", "21", "1"), "DX");
   EXPECT_EQ(Write(device, "01", "60", "5"), "DX(01):6.00");
+}
+
+// --- every fault on the commands of live values and of a forced output
+
+constexpr std::string_view kNoise = "\x01\x80\xFE";
+
+/// A command, and what each kind of fault makes of its reply.
+struct StruckCommand {
+  std::string line;
+  std::string good;        ///< the reply without a fault
+  std::string noisy;       ///< with noise in it
+  std::string half;        ///< its first half
+  std::string wrong_echo;  ///< with another value
+};
+
+struct FaultOnCommand {
+  Fault fault;
+  bool carried_out;
+  std::string text;
+  bool silent = false;
+  int line_ends = 1;
+};
+
+FaultOnCommand Expected(Fault fault, const StruckCommand& command) {
+  switch (fault) {
+    case Fault::Silent:
+    case Fault::SecondTryOnly:
+      return {.fault = fault, .carried_out = false, .text = "", .silent = true};
+    case Fault::Refused:
+      return {.fault = fault, .carried_out = false, .text = "CNG"};
+    case Fault::NotUsable:
+      return {.fault = fault, .carried_out = false, .text = "CNU"};
+    case Fault::Noise:
+      return {.fault = fault, .carried_out = true, .text = command.noisy};
+    case Fault::Garbled:
+      return {.fault = fault, .carried_out = true, .text = std::string(command.good.size(), '?')};
+    case Fault::Half:
+      return {.fault = fault, .carried_out = true, .text = command.half, .line_ends = 0};
+    case Fault::Empty:
+      return {.fault = fault, .carried_out = true, .text = ""};
+    case Fault::WrongEcho:
+      return {.fault = fault, .carried_out = true, .text = command.wrong_echo};
+    case Fault::TwoLineEnds:
+    case Fault::LateSecondLineEnd:
+      return {.fault = fault, .carried_out = true, .text = command.good, .line_ends = 2};
+    default:
+      return {.fault = fault, .carried_out = true, .text = command.good};
+  }
+}
+
+/// Strikes the command with each fault; `carried_out` tells whether the device has done what it says, and
+/// `prepare` selects its item. A second try without the fault does it in any case.
+void StrikeWithAllFaults(const StruckCommand& command, const std::function<void(Device&)>& prepare,
+                         const std::function<bool(Device&)>& carried_out) {
+  for (const auto& info : AllFaults()) {
+    SCOPED_TRACE(info.name);
+    auto device = SampleDevice("QHW.def");
+    prepare(device);
+    const int number = device.Exchanges() + 1;
+    device.AddFault(ParseFault(std::string(info.name) + "@" + std::to_string(number)));
+    const Reply reply = device.Answer(command.line);
+    const FaultOnCommand expected = Expected(info.fault, command);
+    EXPECT_EQ(reply.silent, expected.silent);
+    if (!reply.silent) {
+      EXPECT_EQ(reply.text, expected.text);
+      EXPECT_EQ(reply.line_ends, expected.line_ends);
+      EXPECT_EQ(reply.byte_by_byte, info.fault == Fault::ByteByByte);
+      EXPECT_EQ(reply.late_second_line_end, info.fault == Fault::LateSecondLineEnd);
+      EXPECT_EQ(reply.latency, std::chrono::milliseconds(info.fault == Fault::Late ? 3500 : 10));
+    }
+    EXPECT_EQ(carried_out(device), expected.carried_out);
+    if (!expected.carried_out) {
+      EXPECT_EQ(device.Answer(command.line).text, command.good);
+      EXPECT_TRUE(carried_out(device));
+    }
+  }
+}
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnALiveValue) {
+  StrikeWithAllFaults(
+      {.line = "I04",
+       .good = "DPV:  507.00",
+       .noisy = "\xFF"
+                "DPV:  " +
+                std::string(kNoise) + "507.00",
+       .half = "DPV:  ",
+       .wrong_echo = "DPV:  507.00"},
+      [](Device& device) { device.Answer("G01"); },
+      // A read that was lost or refused doesn't move the measurement on.
+      [](const Device& device) { return device.Value("01", "04") == "507.00"; });
+}
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnAModeChange) {
+  StrikeWithAllFaults(
+      {.line = "D1",
+       .good = "D1",
+       .noisy = "\xFF"
+                "D" +
+                std::string(kNoise) + "1",
+       .half = "D",
+       .wrong_echo = "D2"},
+      [](Device& device) { Read(device, "01", "01"); },
+      [](const Device& device) { return device.Mode() == '1'; });
+}
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnAForcedOutput) {
+  StrikeWithAllFaults(
+      {.line = "D25",
+       .good = "DPV:   25.00",
+       .noisy = "\xFF"
+                "DPV:  " +
+                std::string(kNoise) + " 25.00",
+       .half = "DPV:  ",
+       .wrong_echo = "DPV:   26.00"},
+      [](Device& device) {
+        EnterProgramming(device);
+        Read(device, "01", "03");
+      },
+      [](const Device& device) { return device.Value("01", "03") == "25.00"; });
+}
+
+TEST(FaultsTest, WrongEchoOfAForcedOutputStandsBeforeItsUnit) {
+  Device device({.name = "shown", .definition_file = "SHOWN.def", .family_word = "Second"},
+                Definition::Parse("$Data\n01, 03_set, , Output, , Y, , , , 1, , , , , %\n$End\n"));
+  EnterProgramming(device);
+  EXPECT_EQ(Write(device, "01", "03", "25"), "D   25.00 %");
+  device.AddFault(ParseFault("wrong-echo"));
+  EXPECT_EQ(Write(device, "01", "03", "25"), "D   26.00 %");
+  EXPECT_EQ(device.Value("01", "03"), "25.00");
 }
 
 TEST(FaultsTest, RuleStrikesItsCommandLinesOnly) {
