@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <set>
 
 #include "child_program.h"
 
@@ -25,12 +26,12 @@ struct EndToEnd : testing::Test {
     fs::create_directory(home / "data");
   }
 
-  /// Starts a simulated QHN on COM 1 and waits until it serves.
-  void StartSim(const QStringList& arguments = {"--fast"}) {
+  /// Starts a simulated device on COM 1 and waits until it serves.
+  void StartSim(const QStringList& arguments = {"--fast"}, const QString& model = "QHN") {
     sim.emplace(
         "korva-sim",
-        QStringList{"--home", folder.path(), "--model", "QHN", "--set", "01/02=BOILER-7"} + arguments);
-    EXPECT_TRUE(sim->ReadLine().starts_with("korva-sim: QHN on "));
+        QStringList{"--home", folder.path(), "--model", model, "--set", "01/02=BOILER-7"} + arguments);
+    EXPECT_TRUE(sim->ReadLine().starts_with("korva-sim: " + model.toStdString() + " on "));
   }
 
   /// Makes a file in the folder; its path.
@@ -46,6 +47,18 @@ struct EndToEnd : testing::Test {
 
   [[nodiscard]] QStringList At(const QStringList& arguments = {}) const {
     return QStringList{"--home", folder.path()} + arguments;
+  }
+
+  /// The device's replies to these commands, with no program between.
+  [[nodiscard]] Lines Ask(const Lines& commands) const {
+    std::ofstream to(home / "ports" / "COM1", std::ios::binary);
+    std::ifstream from(home / "ports" / "COM1", std::ios::binary);
+    Lines replies;
+    for (const std::string& command : commands) {
+      to << command << '\r' << std::flush;
+      std::getline(from, replies.emplace_back(), '\r');
+    }
+    return replies;
   }
 
   QTemporaryDir folder{QDir::tempPath() + "/korva 試験 XXXXXX"};
@@ -166,6 +179,88 @@ TEST_F(EndToEnd, TellsOfAVanishedDeviceAndReadsItWhenItIsBack) {
   EXPECT_EQ(cli.ReadLine(), R"(port 1 "1200,n,8,1" open)");
   cli.Send("answer yes ok\nclick cmdUpload\ndump");
   EXPECT_TRUE(Holds(cli.ReadUntil("1 24"), kUploadDone));
+}
+
+// Live values and the forced output.
+
+TEST_F(EndToEnd, MonitorsValuesThatMoveUntilItIsStopped) {
+  StartSim({"--fast"}, "QN");
+  std::string script = "choose QN\n";
+  for (int ms = 300; ms <= 3000; ms += 300) {
+    script += "after " + std::to_string(ms) + " show Text(4)\n";
+  }
+  script += "after 2900 show cmdMonitorON\nafter 3100 click cmdMonitorOFF\n";
+  script += "after 3150 show lbl_Waitfor\nclick cmdMonitorON\nshow Text(4) cmdMonitorON lbl_Waitfor\n";
+  ChildProgram cli("korva-cli", At({"--line", Write("script.txt", script)}));
+  const Lines printed = cli.ReadToEnd();
+  EXPECT_EQ(cli.Status(), 0);
+  Lines values = Of(printed, "Text(4) ");
+  ASSERT_EQ(values.size(), 11U);
+  EXPECT_TRUE(values.back().starts_with(R"(Text(4) shown enabled locked grey ")")) << values.back();
+  std::set<std::string> moving;
+  for (const std::string& value : values) {
+    moving.insert(value.substr(value.find('"')));
+  }
+  moving.erase(R"("")");
+  EXPECT_GE(moving.size(), 2U);
+  EXPECT_EQ(Of(printed, "cmdMonitorON "), (Lines{R"(cmdMonitorON shown disabled unlocked normal "ON")",
+                                                 R"(cmdMonitorON shown enabled unlocked normal "ON")"}));
+  EXPECT_EQ(Of(printed, "lbl_Waitfor "),
+            (Lines{R"(lbl_Waitfor shown enabled unlocked normal "お待ち下さい")",
+                   R"(lbl_Waitfor hidden enabled unlocked normal "お待ち下さい")"}));
+  EXPECT_EQ(Of(printed, "box "), Lines{});
+}
+
+TEST_F(EndToEnd, ForcesAnOutputThatTheInputValuesFollowUntilOff) {
+  StartSim({"--fast"}, "QN");
+  const std::string force = "choose QN\ntype Text(1) 75.5\nclick cmdSet\n";
+  const std::string forced = force + "show Text(1) Text(2) cmdSet cmdStatusMonOFF\nclick cmdMonitorON\n";
+  ChildProgram cli("korva-cli", At({Write("forced.txt", forced)}));
+  Lines expected = kStart;
+  for (const char* line :
+       {R"(Text(1) shown disabled unlocked normal "75.5")", R"(Text(2) shown enabled locked grey "75.50")",
+        R"(cmdSet shown disabled unlocked normal "OUTPUT")",
+        R"(cmdStatusMonOFF shown enabled unlocked normal "OFF")", "refused click cmdMonitorON: disabled"}) {
+    expected.emplace_back(line);
+  }
+  EXPECT_EQ(cli.ReadToEnd(), expected);
+  // The script left the output forced: the device's values are looked at past the program.
+  EXPECT_EQ(Ask({"G01", "I03", "G01", "I05", "G01", "I07"}),
+            (Lines{"COK", "DOUTSET   75.50", "COK", "DINPPCT   75.50", "COK", "DOUTPCT   75.50"}));
+
+  ChildProgram released(
+      "korva-cli",
+      At({"--line",
+          Write("released.txt", force + "after 300 click cmdStatusMonOFF\nwait 2000\nshow cmdSet\n")}));
+  const Lines printed = released.ReadToEnd();
+  EXPECT_EQ(Of(printed, "> \"D"), (Lines{R"(> "D1")", R"(> "D75.5")", R"(> "D0")"}));
+  EXPECT_EQ(printed.back(), R"(cmdSet shown enabled unlocked normal "OUTPUT")");
+  EXPECT_NE(Ask({"G01", "I05"}).back(), "DINPPCT   75.50");
+}
+
+TEST_F(EndToEnd, ReleasesAForcedOutputBeforeACloseEndsIt) {
+  StartSim({"--fast"}, "QN");
+  ChildProgram cli("korva-cli", At({"--line", Write("script.txt",
+                                                    "choose QN\ntype Text(1) 75.5\nclick cmdSet\nclose\n"
+                                                    "wait 200\nclick cmdStatusMonOFF\n")}));
+  const Lines printed = cli.ReadToEnd();
+  ASSERT_GE(printed.size(), 3U);
+  EXPECT_EQ(Lines(printed.end() - 3, printed.end()), (Lines{R"(> "D0")", R"(< "D0")", "end"}));
+  EXPECT_EQ(cli.Status(), 0);
+  EXPECT_EQ(Ask({"G01", "I01"}).back(), "D0");
+}
+
+TEST_F(EndToEnd, RefusesAnOutputOutOfRangeAndSendsNothing) {
+  StartSim({"--fast"}, "QN");
+  ChildProgram cli("korva-cli", At({"--line", Write("script.txt",
+                                                    "choose QN\ntype Text(1) 115.01\nclick cmdSet\n"
+                                                    "show Text(1) Text(2)\n")}));
+  Lines expected = kStart;
+  expected.emplace_back(
+      R"(box warning "設定値ﾁｪｯｸ" "出力設定値は、-15.00% から 115.00% の範囲です。" ok -> ok)");
+  expected.emplace_back(R"(Text(1) shown enabled unlocked normal "115.01")");
+  expected.emplace_back(R"(Text(2) shown enabled locked grey "")");
+  EXPECT_EQ(cli.ReadToEnd(), expected);
 }
 
 // Scripts and exit statuses.
