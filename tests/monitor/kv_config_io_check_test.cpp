@@ -100,6 +100,24 @@ TEST(KvConfigMonitorTest, QD2IShowsItsOutputCurrentInItem32) {
   EXPECT_EQ(bench.Field(u"32").Text(), u"12.00");
 }
 
+TEST(KvConfigMonitorTest, ACycleOfFiveItemsAt1200BaudTakesWhatWireAndWaitsTake) {
+  IoBench bench(u"QD2I");
+  std::vector<Clock> starts;
+  bench.app.link.line.OnTraffic = [&](const SerialLink::Traffic& traffic) {
+    if (traffic.sent && traffic.text == u"I03") {
+      starts.push_back(bench.loop.Now());
+    }
+  };
+  bench.Monitor(10s);
+  ASSERT_GE(starts.size(), 3U);
+  // An item: "G01", "COK", "I05" and the reply, "DINPPCT   50.50" for one, each with a carriage return and 10
+  // bits a character at 1200 baud; the device's latency of 10 ms for either reply; half a second. Each of the
+  // five values has a name of six characters before it.
+  const double characters = 5 * (4 + 4 + 4 + 1 + 6 + 8 + 1);
+  const double expected = characters * 10 / 1200 + 5 * (2 * 0.010 + 0.500);
+  EXPECT_NEAR(std::chrono::duration<double>(starts[2] - starts[1]).count(), expected, expected / 100);
+}
+
 TEST(KvConfigMonitorTest, EveryModelOfTheFamilyCanBeMonitoredAndStopped) {
   for (const String& model : test::FirstModels()) {
     IoBench bench(model);

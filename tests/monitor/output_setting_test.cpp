@@ -114,6 +114,18 @@ TEST_P(EveryOutputTest, OffReturnsToMonitorModeAndFreesThePage) {
   EXPECT_EQ(focus, 1);
 }
 
+TEST_P(EveryOutputTest, OffCanNotBePressedAgainDuringItsExchange) {
+  OutputBench bench(GetParam());
+  bench.Set(u"50");
+  bool looked = false;
+  bench.host.loop.After(std::chrono::milliseconds(15), [&] {
+    looked = true;
+    EXPECT_FALSE(bench.page->cmdStatusMonOFF.Enabled());
+  });
+  bench.Off();
+  EXPECT_TRUE(looked);
+}
+
 TEST_P(EveryOutputTest, BothEndsOfTheRangeAreTakenAndWhatLiesBeyondIsRefused) {
   const OutputCase& one = GetParam();
   for (const std::string& end : {one.low, one.high}) {
@@ -286,15 +298,18 @@ TEST(OutputSettingTest, TheMonitorBoxBlinksWhileTheExchangeRuns) {
   EXPECT_EQ(bench.mon_box.ShownLook(), Look::Grey);
 }
 
-TEST(OutputSettingTest, TheMonitoredBoxesAreAtRestWhileTheOutputIsForcedButForLiteSecond) {
+TEST(OutputSettingTest, TheMonitoredBoxesAndTheirUnitsAreAtRestWhileTheOutputIsForcedButForLiteSecond) {
   for (const OutputCase& one : {kFamilies[0], kFamilies[9], kFamilies[11]}) {
     OutputBench bench(one);
     const bool second = one.item == "24";
     MonitorBench& base = bench;
     TextField& box = base.Box(u"05");
+    Label& unit = bench.UnitLabel(u"05");
     box.SetLook(Look::Highlight);
+    unit.SetLook(Look::Highlight);
     bench.Set(u"50");
     EXPECT_EQ(box.ShownLook(), second ? Look::Highlight : Look::Grey) << one.name;
+    EXPECT_EQ(unit.ShownLook(), second ? Look::Highlight : Look::Normal) << one.name;
   }
 }
 

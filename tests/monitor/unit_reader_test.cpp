@@ -464,6 +464,13 @@ TEST(UnitReaderTest, AnItemOfTheFirstFamilyThatIsNotOnThePageKeepsItsUnit) {
   EXPECT_EQ(bench.Unit(u"04"), "d");
 }
 
+TEST(UnitReaderTest, ADeviceThatDoesNotAnswerHasNotTheUnitOfARowWithoutAText) {
+  MonitorBench bench(u"Third", "QCE2.def", kRows + "$I11QEI\r\n0,,none\r\n1,1:b,u1\r\n");
+  ShowUnits(bench);
+  EXPECT_EQ(ItemsRead(bench), "11 11 11 11");
+  EXPECT_EQ(bench.Unit(u"06"), "");
+}
+
 TEST(UnitReaderTest, ALabelBlinksWhileItsLookupRuns) {
   MonitorBench bench(u"First", "QC.def", kRows + TemperatureSection());
   bench.line.silent_from = 4;
