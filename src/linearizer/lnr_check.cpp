@@ -1,5 +1,6 @@
 #include "linearizer/lnr_check.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "core/numbers.h"
@@ -15,10 +16,14 @@ constexpr int kLeastPoints = 2;
 
 bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
-/// The cell's number; nothing for an empty cell or a text that is no number.
+/// The cell's number; nothing for an empty cell, a text that is no number, and one with more digits behind
+/// its number: whoever types "12,5" doesn't mean the 12 that would be sent.
 std::optional<double> NumberOf(const String& cell) {
   const String value = ValueFromLnrCell(cell);
-  return IsNumeric(value) ? std::optional(LeadingNumber(value)) : std::nullopt;
+  const String text = Trimmed(cell);
+  const bool whole =
+      std::none_of(text.begin() + static_cast<std::ptrdiff_t>(value.size()), text.end(), IsDigit);
+  return whole && IsNumeric(value) ? std::optional(LeadingNumber(value)) : std::nullopt;
 }
 
 bool IsWithin(const LnrLimits& limits, std::optional<double> number) {

@@ -102,6 +102,12 @@ TEST_F(LnrCheckTest, ATextThatIsNoNumberIsMarked) {
   EXPECT_EQ(BadInRange(), (Places{{1, 1}, {2, 2}}));
 }
 
+TEST_F(LnrCheckTest, AUnitBehindTheNumberPassesAndFurtherDigitsAreMarked) {
+  SetUpPoints(16);
+  Fill({{u"12.5 %", u"12,5"}, {u"1.5.2", u"3 mA"}, {u"1 000", u"7%"}});
+  EXPECT_EQ(BadInRange(), (Places{{1, 2}, {2, 1}, {3, 1}}));
+}
+
 TEST_F(LnrCheckTest, TheLastPointOfBothShapesIsChecked) {
   for (const int points : {16, 100}) {
     SetUpPoints(points);
