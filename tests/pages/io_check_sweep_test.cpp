@@ -224,7 +224,7 @@ TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped)
   IoSweep good(model);
   good.MonitorTwoCycles();
   ASSERT_EQ(good.commands.size(),
-            kModeExchanges + (model.unit_of.empty() ? 0 : 2) + 2 * 2 * model.cycle.size());
+            kModeExchanges + (model.unit_of.empty() ? 0U : 2U) + 4 * model.cycle.size());
   int runs = 0;
   for (const Break& line_break : BreaksOf(good.commands.size())) {
     SCOPED_TRACE(line_break.Name());

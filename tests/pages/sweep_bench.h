@@ -9,7 +9,7 @@ namespace korva::test {
 
 /// A break of the line that begins with exchange `at` (from 0).
 struct Break {
-  sim::Fault fault;
+  sim::Fault fault = sim::Fault::Silent;
   bool for_good = false;
   std::size_t at = 0;
 

@@ -111,8 +111,8 @@ struct StruckCommand {
 };
 
 struct FaultOnCommand {
-  Fault fault;
-  bool carried_out;
+  Fault fault = Fault::Silent;
+  bool carried_out = false;
   std::string text;
   bool silent = false;
   int line_ends = 1;
