@@ -1,6 +1,9 @@
 #include "linearizer/linearizer.h"
 
+#include <string>
+
 #include "core/program.h"
+#include "core/text_utilities.h"
 
 namespace korva {
 
@@ -9,6 +12,21 @@ namespace {
 constexpr int kCsvHandle = 4;
 
 String NotText(const String& path) { return path + u"\nテキストファイルではありません。"; }
+
+/// Why the grid can't be written: names its first text with a character that the code page lacks, and the
+/// cell by the words of its editor.
+String LackedCharacter(const CodePage& code_page, const Grid& grid) {
+  for (int row = 1; row < grid.Rows(); ++row) {
+    for (int column = 1; column < grid.Columns(); ++column) {
+      const String& text = grid.At(row, column).text;
+      if (!code_page.Encode(text)) {
+        return u"行 " + Ascii(std::to_string(row)) + u"、列 " + Ascii(std::to_string(column)) + u"の「" +
+               text + u"」にファイルの文字コードに無い文字があるので、保存できません。";
+      }
+    }
+  }
+  return {};
+}
 
 }  // namespace
 
@@ -141,9 +159,12 @@ bool Linearizer::SaveCsv() {
   const Platform& platform = page_.ItsProgram().Surroundings();
   const String text = CsvText(table_.Shown(), table_.Points(), csv_.writes_size);
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
-  String reason = u"ファイルの文字コードに無い文字があるので、保存できません。";
+  String reason;
   if (bytes && platform.files.Replace(*path, *bytes, reason)) {
     return true;
+  }
+  if (!bytes) {
+    reason = LackedCharacter(platform.code_page, table_.Shown());
   }
   page_.Box().Show(BoxKey::CsvSaveFailed, {reason});
   return false;

@@ -1,0 +1,71 @@
+// A table file of any bytes: read by the reader of each family, then opened on the page of family First for
+// a table of 16 and of 100 points, checked, and written again.
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "linearizer/csv_file.h"
+#include "pages/page_bench.h"
+
+namespace korva {
+namespace {
+
+constexpr const char16_t* kFile = u"/korva/data/table.csv";
+constexpr int kHandle = 4;
+
+/// Ends the run: the fuzzer keeps the input.
+void Demand(bool holds) {
+  if (!holds) {
+    __builtin_trap();
+  }
+}
+
+void ReadWithEachFamily(const test::PageBench& bench) {
+  SharedState shared;
+  LineReader lines(bench.files, bench.code_page, shared);
+  for (const CsvFamily& family : CsvFamilies()) {
+    for (const std::size_t limit : {kLnrShortPoints, kLnrLongPoints}) {
+      lines.OpenTextFile(kFile, kHandle);
+      const auto table = ReadCsv(lines, kHandle, family.reader, static_cast<int>(limit));
+      Demand(!table || table->points.size() <= limit);
+    }
+  }
+}
+
+/// The grid has the table's size and shows what the set holds.
+void ExpectTable(KvConfig& page, int points) {
+  Demand(page.LnrFlexGrid.Rows() == points + 1);
+  for (int row = 1; row <= points; ++row) {
+    for (int column = 1; column < kLnrColumns; ++column) {
+      const PointPlace place = PointItem(points, row, column).value();
+      Demand(page.LnrFlexGrid.At(row, column).text == page.GroupItem.At(place.group, place.item));
+    }
+  }
+}
+
+void OpenOnPage(test::PageBench& bench, const String& model, int points) {
+  bench.Choose(model);
+  KvConfig& page = bench.Page();
+  bench.Press(points == kLnrShortPoints ? page.Opt_Table : page.Opt_Lnr, 1);
+  bench.dialogs.QueueFile(kFile);
+  bench.Click(page.cmd_csvFileOpen);
+  ExpectTable(page, points);
+  bench.Do([&] { page.CheckCommand(); });
+  for (const CsvFamily& family : CsvFamilies()) {
+    Demand(bench.code_page.Encode(CsvText(page.LnrFlexGrid, points, family.writes_size)).has_value());
+  }
+  Demand(!bench.status);
+}
+
+}  // namespace
+}  // namespace korva
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  korva::test::PageBench bench;
+  bench.files.Put(korva::kFile, {reinterpret_cast<const char*>(data), size});
+  korva::ReadWithEachFamily(bench);
+  korva::OpenOnPage(bench, u"QZ", korva::kLnrShortPoints);
+  korva::OpenOnPage(bench, u"QHNY1", korva::kLnrLongPoints);
+  return 0;
+}

@@ -1,0 +1,236 @@
+// Opening and saving table files on the pages of the other families.
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "core/program.h"
+#include "core/text_utilities.h"
+#include "linearizer/linearizer.h"
+#include "platform/native/native_code_page.h"
+#include "platform/virtual/virtual_dialogs.h"
+#include "platform/virtual/virtual_event_loop.h"
+#include "platform/virtual/virtual_port.h"
+#include "support/memory_files.h"
+
+namespace korva {
+namespace {
+
+using test::MemoryFiles;
+
+constexpr const char16_t* kFile = u"/korva/data/table.csv";
+constexpr Design kNoDesign;
+constexpr std::array kTabs = {TextKey::File, TextKey::Port, TextKey::Linearizer};
+constexpr FieldArrays kArrays = {.lbl_item = 1, .label = 1, .text = 1, .frame = 1, .combo = 1, .lbl_unit = 1};
+
+/// A page of any family: its frame and linearizer, and nothing else.
+class LnrPage final : public ParameterPage {
+ public:
+  LnrPage(Program& program, const Family& family, DeviceLink& link)
+      : ParameterPage(program,
+                      {.family = family, .tab_control = "Tabs", .tab_captions = kTabs, .design = kNoDesign},
+                      link, kArrays, 4) {}
+
+  void SetUpTable(int points) override { linearizer.SetUp(points); }
+  void ClearTable() override { linearizer.Clear(); }
+
+  Linearizer linearizer{*this};
+
+ protected:
+  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return {}; }
+  [[nodiscard]] std::span<const ListRule> Lists() const override { return {}; }
+  [[nodiscard]] std::vector<OptionRule> Options() override { return {}; }
+  void ApplyModelRules(const String& /*item*/) override {}
+  void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
+  void ChangeTemperatureUnit(int /*place*/) override {}
+  void SettleFlaggedTabs() override {}
+};
+
+/// The page of a family, with a table of as many points as the family's have at most.
+struct LnrBench {
+  explicit LnrBench(StringView word)
+      : link(platform, program.Shared()), page(program, *FindFamily(word), link) {
+    page.SetUpTable(kLnrShortPoints);
+  }
+  void Open(const std::string& bytes) {
+    files.Put(kFile, bytes);
+    dialogs.QueueFile(kFile);
+    page.cmd_csvFileOpen.Click();
+  }
+  bool Save(const std::optional<String>& path) {
+    dialogs.QueueFile(path);
+    return page.linearizer.SaveCsv();
+  }
+  void Put(int row, const String& x, const String& y) {
+    page.linearizer.Table().Store(row, 1, x);
+    page.linearizer.Table().Store(row, 2, y);
+  }
+  [[nodiscard]] std::string Cell(int row, int column) const {
+    return ToUtf8(page.LnrFlexGrid.At(row, column).text);
+  }
+  [[nodiscard]] std::vector<std::string> Boxes() const {
+    std::vector<std::string> texts;
+    for (const auto& shown : dialogs.Boxes()) {
+      texts.push_back(ToUtf8(shown.box.title + u": " + shown.box.text));
+    }
+    return texts;
+  }
+
+  VirtualEventLoop loop;
+  VirtualPort port{loop};
+  VirtualDialogs dialogs;
+  MemoryFiles files;
+  NativeCodePage code_page;
+  Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
+  Program program{platform, u"/korva",
+                  [](Program&, const Family&) -> std::unique_ptr<Page> { return nullptr; }};
+  DeviceLink link;
+  LnrPage page;
+};
+
+class SaveTableTest : public testing::TestWithParam<StringView> {
+ protected:
+  SaveTableTest() {
+    bench_.Put(1, u"0", u"0.5");
+    bench_.Put(2, u"100.00", u"-15");
+    bench_.Put(4, u"115", u"1");
+  }
+  [[nodiscard]] static std::string Expected() {
+    return (GetParam() == u"LiteSecond" ? "Size, 2 \r\n" : "") + std::string("0,0.5\r\n100.00,-15\r\n");
+  }
+
+  LnrBench bench_{GetParam()};
+};
+
+TEST_P(SaveTableTest, WritesThePointsUpToTheFirstWithoutAnX) {
+  EXPECT_TRUE(bench_.Save(kFile));
+  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+  EXPECT_TRUE(bench_.Boxes().empty());
+  EXPECT_EQ(bench_.files.Replacements(), 1);
+}
+
+TEST_P(SaveTableTest, OverwritesAFile) {
+  bench_.files.Put(kFile, "an older and much longer table\r\nof several lines\r\nwith more in them\r\n");
+  EXPECT_TRUE(bench_.Save(kFile));
+  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+}
+
+TEST_P(SaveTableTest, CancelAndAnEmptyPathWriteNothing) {
+  EXPECT_FALSE(bench_.Save(std::nullopt));
+  EXPECT_FALSE(bench_.Save(u""));
+  EXPECT_EQ(bench_.files.Replacements(), 0);
+  EXPECT_TRUE(bench_.Boxes().empty());
+}
+
+TEST_P(SaveTableTest, TheDialogIsTheOneThatAsksBeforeItOverwrites) {
+  bench_.page.txtDirName.SetText(u"/plant");
+  bench_.Save(std::nullopt);
+  const FileDialog& dialog = bench_.dialogs.FileDialogs().back().dialog;
+  EXPECT_TRUE(dialog.save);
+  EXPECT_EQ(dialog.start_folder, u"/plant");
+  EXPECT_EQ(dialog.filter, CsvFilter());
+}
+
+TEST_P(SaveTableTest, AFileThatCantBeWrittenIsToldWithTheSystemsReasonAndTheOldOneStaysWhole) {
+  bench_.files.Put(kFile, "old");
+  for (const auto fault : {MemoryFiles::Fault::DiskFull, MemoryFiles::Fault::NotPermitted}) {
+    bench_.files.FailWrites(fault);
+    EXPECT_FALSE(bench_.Save(kFile));
+    EXPECT_EQ(bench_.Boxes().back(), "csvファイル保存: " + ToUtf8(MemoryFiles::ReasonOf(fault)));
+    EXPECT_EQ(bench_.files.Bytes(kFile), "old");
+  }
+  EXPECT_EQ(bench_.Boxes().size(), 2U);
+  EXPECT_EQ(bench_.Cell(2, 1), "100.00");
+}
+
+TEST_P(SaveTableTest, ACharacterThatFilesCantHoldIsToldAndTheOldFileStaysWhole) {
+  bench_.files.Put(kFile, "old");
+  bench_.Put(2, u"100.00", u"5 \u20AC");
+  EXPECT_FALSE(bench_.Save(kFile));
+  ASSERT_EQ(bench_.Boxes().size(), 1U);
+  EXPECT_EQ(bench_.Boxes().front(),
+            "csvファイル保存: 行 2、列 2の「5 "
+            "\u20AC」にファイルの文字コードに無い文字があるので、保存できません。");
+  EXPECT_EQ(bench_.files.Bytes(kFile), "old");
+  EXPECT_EQ(bench_.files.Replacements(), 0);
+  EXPECT_EQ(bench_.Cell(2, 2), "5 \u20AC");
+}
+
+TEST_P(SaveTableTest, ATextThatIsNotWrittenNeedsNoCodePage) {
+  bench_.Put(5, u"\u20AC", u"");
+  EXPECT_TRUE(bench_.Save(kFile));
+  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+}
+
+TEST_P(SaveTableTest, JapaneseTextIsWrittenInTheCodePage) {
+  bench_.Put(1, u"ｱ", u"表");
+  bench_.Put(2, u"", u"");
+  EXPECT_TRUE(bench_.Save(kFile));
+  EXPECT_TRUE(bench_.files.Bytes(kFile)->ends_with("\xB1,\x95\x5C\r\n"));
+}
+
+TEST_P(SaveTableTest, AFullTableHasAsManyLinesAsPointsAndComesBack) {
+  const int points = bench_.page.LnrFlexGrid.Rows() - 1;
+  EXPECT_EQ(points, GetParam() == u"LiteForth" || GetParam() == u"Third" ? 16 : 100);
+  for (int row = 1; row <= points; ++row) {
+    bench_.Put(row, Ascii(std::to_string(row)) + u".00", Ascii(std::to_string(2 * row)) + u".00");
+  }
+  ASSERT_TRUE(bench_.Save(kFile));
+  const std::string bytes = bench_.files.Bytes(kFile).value();
+  const auto lines = static_cast<int>(std::count(bytes.begin(), bytes.end(), '\n'));
+  EXPECT_EQ(lines, GetParam() == u"LiteSecond" ? points + 1 : points);
+  LnrBench other(GetParam());
+  other.Open(bytes);
+  for (int row = 1; row <= points; ++row) {
+    EXPECT_EQ(other.Cell(row, 1), bench_.Cell(row, 1));
+    EXPECT_EQ(other.Cell(row, 2), bench_.Cell(row, 2));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, SaveTableTest,
+                         testing::Values(u"Third", u"Lite", u"LiteSecond", u"LiteForth", u"LiteFifth"),
+                         [](const auto& instance) { return ToUtf8(instance.param); });
+
+class OpenOtherTableTest : public testing::TestWithParam<StringView> {
+ protected:
+  LnrBench bench_{GetParam()};
+};
+
+TEST_P(OpenOtherTableTest, AFileReplacesTheWholeTableInSetAndGrid) {
+  LnrTable& table = bench_.page.linearizer.Table();
+  for (int row = 1; row <= table.Points(); ++row) {
+    bench_.Put(row, u"7", u"8");
+  }
+  bench_.Open("1,2\r\n3.00,4.00\r\n");
+  EXPECT_EQ(bench_.Cell(1, 1) + bench_.Cell(1, 2) + bench_.Cell(2, 1) + bench_.Cell(2, 2), "123.004.00");
+  for (int row = 1; row <= table.Points(); ++row) {
+    EXPECT_EQ(ToUtf8(table.Value(row, 1)), bench_.Cell(row, 1));
+    EXPECT_EQ(ToUtf8(table.Value(row, 2)), bench_.Cell(row, 2));
+    EXPECT_TRUE(row <= 2 || (table.Value(row, 1) + table.Value(row, 2)).empty()) << row;
+  }
+  EXPECT_FALSE(bench_.page.DataChanged);
+  EXPECT_TRUE(bench_.Boxes().empty());
+}
+
+TEST_P(OpenOtherTableTest, AnOpenEditIsDroppedFirstWhereTheFamilyDoesSo) {
+  const bool drops = GetParam() == u"LiteForth" || GetParam() == u"LiteFifth";
+  bench_.page.LnrFlexGrid.UserClicks(2, 2);
+  bench_.page.txtLnrNewValue.UserTypes(u"77");
+  bench_.dialogs.QueueFile(std::nullopt);
+  bench_.page.cmd_csvFileOpen.Click();
+  EXPECT_EQ(bench_.page.fraLnrChange.Visible(), !drops);
+  EXPECT_EQ(bench_.page.txtLnrNewValue.Text(), drops ? u"" : u"77");
+  EXPECT_EQ(bench_.page.LnrFlexGrid.At(2, 2).look, drops ? Look::Normal : Look::Selected);
+  bench_.Open("1,2\r\n");
+  EXPECT_EQ(bench_.page.fraLnrChange.Visible(), !drops);
+  EXPECT_EQ(bench_.page.txtLnrRow.Text() + bench_.page.txtLnrCol.Text(), u"11");
+  EXPECT_EQ(bench_.Cell(2, 2), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, OpenOtherTableTest,
+                         testing::Values(u"First", u"Third", u"QXI", u"LiteThird", u"Lite", u"LiteSecond",
+                                         u"LiteForth", u"LiteFifth"),
+                         [](const auto& instance) { return ToUtf8(instance.param); });
+
+}  // namespace
+}  // namespace korva
