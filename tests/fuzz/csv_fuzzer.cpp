@@ -25,10 +25,10 @@ void ReadWithEachFamily(const test::PageBench& bench) {
   SharedState shared;
   LineReader lines(bench.files, bench.code_page, shared);
   for (const CsvFamily& family : CsvFamilies()) {
-    for (const std::size_t limit : {kLnrShortPoints, kLnrLongPoints}) {
+    for (const int limit : {kLnrShortPoints, kLnrLongPoints}) {
       lines.OpenTextFile(kFile, kHandle);
-      const auto table = ReadCsv(lines, kHandle, family.reader, static_cast<int>(limit));
-      Demand(!table || table->points.size() <= limit);
+      const auto table = ReadCsv(lines, kHandle, family.reader, limit);
+      Demand(!table || static_cast<int>(table->points.size()) <= limit);
     }
   }
 }

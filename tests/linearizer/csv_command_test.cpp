@@ -199,6 +199,14 @@ TEST_P(OpenTableTest, AFileWithASizeInItsHeadLineHasThatAsItsFirstPoint) {
   EXPECT_EQ(bench_.Cell(2, 1) + "|" + bench_.Cell(2, 2), "0|0");
 }
 
+TEST_P(OpenTableTest, AFileIsLetGoOfEvenWhenItWasNotReadToItsEnd) {
+  constexpr int table_files = 4;
+  for (const std::string& bytes : {Numbered(Points() + 4), "0,0\r\n5\0000,60\r\n0,0\r\n"s}) {
+    bench_.OpenTable(bytes);
+    EXPECT_TRUE(Page().ItsProgram().Lines().AtEnd(table_files));
+  }
+}
+
 TEST_P(OpenTableTest, NoItemBesidesTheTablesIsTouched) {
   const Seen before(Page());
   bench_.OpenTable(Numbered(Points()));
@@ -251,6 +259,17 @@ TEST_P(OpenTableTest, AnOpenEditGoesOnWithTheFirstPointOfTheFile) {
   EXPECT_EQ(Item(1, 1), u"44");
   EXPECT_EQ(Item(3, 2), u"61");
   EXPECT_EQ(Page().LnrFlexGrid.At(1, 1).look, Look::Normal);
+}
+
+TEST_P(OpenTableTest, AnEditThatWasOpenOnTheHeadOrAPointNumberLeavesNoColourThere) {
+  for (const auto& [row, column] : {std::pair(0, 1), std::pair(2, 0)}) {
+    bench_.ClickCell(row, column);
+    ASSERT_EQ(Page().LnrFlexGrid.At(row, column).look, Look::Selected);
+    bench_.OpenTable(Numbered(3));
+    EXPECT_EQ(Page().LnrFlexGrid.At(row, column).look, Look::Normal) << row << " " << column;
+    EXPECT_EQ(Page().LnrFlexGrid.At(1, 1), (Grid::Cell{.text = u"1", .look = Look::Selected}));
+    bench_.Click(Page().cmdLnrChangeCancel);
+  }
 }
 
 TEST_P(OpenTableTest, TheDialogShowsTablesInTheFolderOfTheSet) {

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <memory>
 
 #include "core/program.h"
 #include "core/text_utilities.h"
