@@ -102,7 +102,7 @@ class CsvExchangeTest : public CsvTextTest {
     }
   }
   /// The points that `family` reads from the file.
-  std::vector<CsvPoint> Read(const CsvFamily& family, const String& text, int limit) {
+  static std::vector<CsvPoint> Read(const CsvFamily& family, const String& text, int limit) {
     const NativeCodePage code_page;
     test::MemoryFiles files;
     SharedState shared;
