@@ -157,9 +157,10 @@ TEST(RepaintTest, ATableThatIsBuiltAgainWithTheSameValuesIsNotPainted) {
   }
   EXPECT_TRUE(QTest::qWaitForWindowExposed(&bench.window));
   Paints paints(bench.window);
-  ShowLnrTable(set, grid);
+  LnrTable table(set, grid, {u"k", u"X(k)", u"Y(k)"});
+  table.ShowLnrTable();
   EXPECT_GT(paints.Painted(), 0U);
-  ShowLnrTable(set, grid);
+  table.ShowLnrTable();
   grid.Resize(17, 3);
   grid.SetTopRow(1);
   EXPECT_EQ(paints.Painted(), 0U);
