@@ -66,6 +66,10 @@ void KvConfig::PreparePort() { Line().OpenAtStart(String(ItsFamily().settings));
 
 void KvConfig::ClosePort() { Line().Close(); }
 
+std::vector<Control*> KvConfig::FurtherLockedControls() {
+  return {&LnrFlexGrid, &fraLnrChange, &cmd_csvFileOpen};
+}
+
 int KvConfig::LnrTab() const { return kLinearizerTab; }
 
 std::span<const ModelTraits> KvConfig::TraitTable() const { return KvConfigModels(); }

@@ -34,6 +34,9 @@ class KvConfig final : public TransferPage {
   void PreparePort() override;
   void ClosePort() override;
 
+  /// The table and its editor: an upload enables their tab before it reads the table.
+  std::vector<Control*> FurtherLockedControls() override;
+
   [[nodiscard]] std::span<const ModelTraits> TraitTable() const override;
   [[nodiscard]] std::span<const ListRule> Lists() const override;
   [[nodiscard]] std::vector<OptionRule> Options() override;
