@@ -28,7 +28,7 @@ constexpr std::array<Family, 11> kFamilies{{
      .output_item = "03",
      .live_items = "03 04 05 06 07",
      .live_form = LiveForm::Head,
-     .table = TableShape::Points16,
+     .table = TableShape::Points100,
      .typed_input = false,
      .empty_tag = ""},
     {.word = "Second",

@@ -226,6 +226,33 @@ TEST(FaultsTest, WrongEchoOfAForcedOutputStandsBeforeItsUnit) {
   EXPECT_EQ(device.Value("01", "03"), "25.00");
 }
 
+TEST(FaultsTest, StrikeTheValuesOfATableLikeAnyItem) {
+  struct Case {
+    const char* fault;
+    const char* reply;  // to the write of 5.5; "-" for none
+    const char* held;
+  };
+  for (const Case& one :
+       {Case{"silent=D5.5", "-", "50.51"}, Case{"refused=D5.5", "CNG", "50.51"},
+        Case{"not-usable=D5.5", "CNU", "50.51"}, Case{"late=D5.5", "DX(51):    5.50", "5.50"},
+        Case{"garbled=D5.5", "???????????????", "5.50"}, Case{"half=D5.5", "DX(51): ", "5.50"},
+        Case{"empty=D5.5", "", "5.50"}, Case{"wrong-echo=D5.5", "DX(51):6.50", "5.50"},
+        Case{"second-try-only=D5.5", "-", "50.51"}}) {
+    auto device = SampleDevice("QHNY2.def");
+    EnterProgramming(device);
+    device.AddFault(ParseFault(one.fault));
+    EXPECT_EQ(Read(device, "03", "00"), "DX(51):   50.51") << one.fault;
+    const auto reply = device.Answer("D5.5");
+    EXPECT_EQ(reply.silent ? "-" : reply.text, one.reply) << one.fault;
+    EXPECT_EQ(device.Value("03", "00"), one.held) << one.fault;
+    EXPECT_EQ(Write(device, "03", "01", "7"), "DY(51):    7.00") << "other commands are not struck";
+  }
+  auto device = SampleDevice("QHW.def");
+  device.AddFault(ParseFault("not-usable=I61"));
+  EXPECT_EQ(Read(device, "01", "61"), "CNU");
+  EXPECT_EQ(Read(device, "01", "60"), "DX(01):    0.00");
+}
+
 TEST(FaultsTest, RuleStrikesItsCommandLinesOnly) {
   struct Case {
     const char* rule;
