@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "core/program.h"
 #include "core/text_utilities.h"
+#include "linearizer/lnr_check.h"
 
 namespace korva {
 
@@ -109,7 +110,8 @@ bool LnrTransfer::DownloadBlock(const Block& block) {
 bool LnrTransfer::WriteItem(const Block& block, int item) {
   const String group = FormatMask(block.group, u"00");
   const String number = FormatMask(item, u"00");
-  const String cell = Trimmed(page_.GroupItem.At(block.group, item));
+  // What was checked is what is sent: not the unit that a user typed behind a number.
+  const String cell = ValueFromLnrCell(page_.GroupItem.At(block.group, item));
   const String data = cell.empty() ? String(u"0") : cell;
   String reply = WriteLnrItem(group, number, data);
   if (reply.empty()) {

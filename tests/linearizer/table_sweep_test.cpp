@@ -1,0 +1,373 @@
+// Each exchange of a table's upload and download in turn is broken, once and for good, in each way in which a
+// line can break, and the close box is pressed at each pump; each run must end as it should.
+//
+// Of 100 points, whose 200 values all go the same way, the first three and the last two values of each group
+// and every seventh between are swept; of 16 points all.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+
+#include "core/text_utilities.h"
+#include "pages/kv_config_design.h"
+#include "table_bench.h"
+
+namespace korva::test {
+namespace {
+
+using sim::Fault;
+
+/// No run takes longer than this: each value waited for in vain, four times.
+constexpr Clock kLongestRun = std::chrono::hours(3);
+
+/// An exchange of the table.
+struct Step {
+  int position = -1;  ///< of the value; -1: the access to programming mode
+  char letter = 'G';
+  bool write = false;
+};
+
+bool IsSwept(const TableBench& bench, const Step& step) {
+  const int item = step.position % 100;
+  return !bench.Long() || step.position < 0 || item < 3 || item > 97 || item % 7 == 0;
+}
+
+std::vector<Step> StepsOf(const TableBench& bench, bool download) {
+  std::vector<Step> steps;
+  const auto add = [&](int position, const std::string& letters) {
+    for (const char letter : letters) {
+      steps.push_back({.position = position, .letter = letter, .write = letters.size() == 3});
+    }
+  };
+  if (download) {
+    add(-1, "GID");
+  }
+  for (int position = 0; position < bench.Count(); ++position) {
+    add(position, "GI");
+    if (download) {
+      add(position, "GID");
+    }
+  }
+  return steps;
+}
+
+struct Break {
+  Fault fault;
+  bool for_good = false;
+  int after = 0;  ///< exchanges of the transfer before it
+  Step step;
+
+  [[nodiscard]] std::string Name() const {
+    return std::string(sim::AllFaults()[static_cast<std::size_t>(fault)].name) +
+           (for_good ? " for good" : " once") + ", value " + std::to_string(step.position) + " " +
+           step.letter + (step.write ? " of the write" : " of the read");
+  }
+};
+
+/// The breaks of a whole transfer, of which the table's exchanges are the last, save the `closing` ones.
+std::vector<Break> BreaksOf(const TableBench& good, bool download) {
+  const std::vector<Step> steps = StepsOf(good, download);
+  const int closing = download ? 3 : 0;
+  const int before = static_cast<int>(good.commands.size() - steps.size()) - closing;
+  std::vector<Break> breaks;
+  for (std::size_t place = 0; place < steps.size(); ++place) {
+    if (!IsSwept(good, steps[place])) {
+      continue;
+    }
+    for (const Fault fault : {Fault::Silent, Fault::Refused, Fault::Garbled, Fault::Late}) {
+      for (const bool for_good : {false, true}) {
+        breaks.push_back({.fault = fault,
+                          .for_good = for_good,
+                          .after = before + static_cast<int>(place),
+                          .step = steps[place]});
+      }
+    }
+  }
+  return breaks;
+}
+
+void Start(TableBench& bench, const Break& line_break) {
+  const int first = bench.device.Exchanges() + 1 + line_break.after;
+  bench.device.AddFault({.fault = line_break.fault,
+                         .first = first,
+                         .last = line_break.for_good ? sim::FaultRule::kForGood : first,
+                         .command = {}});
+}
+
+void ExpectUsable(TableBench& bench) {
+  const SharedState& shared = bench.app.program.Shared();
+  KvConfig& page = bench.Page();
+  EXPECT_FALSE(bench.status.has_value()) << "the program has ended";
+  EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || page.UploadBusy ||
+               page.CommFailed);
+  EXPECT_EQ(page.TransferBar.Value(), 0.0F);
+  EXPECT_EQ(page.LnrProgressBar.Value(), 0.0F);
+  EXPECT_FALSE(page.flaMsg_CannotEnd.Visible());
+  for (const Control* control :
+       {static_cast<Control*>(&page.cmdUpload), static_cast<Control*>(&page.cmdDownload),
+        static_cast<Control*>(&page.cmdSave), static_cast<Control*>(&page.lst_TypeSelect),
+        static_cast<Control*>(&page.LnrFlexGrid), static_cast<Control*>(&page.cmd_csvFileOpen)}) {
+    EXPECT_EQ(page.WhyRefused(*control), "") << control->FullName();
+  }
+  for (const int tab : {kFileTab, kInputTab, kOutputTab, kLinearizerTab, kPortTab, kIoCheckTab}) {
+    EXPECT_TRUE(page.Tabs.TabEnabled(tab)) << tab;
+  }
+}
+
+/// The line is good again: what is still under way arrives, and an upload brings the device's table.
+void ExpectUploadWorks(TableBench& bench) {
+  bench.device.ClearFaults();
+  bench.loop.RunUntilIdle();
+  bench.Page().DataChanged = false;
+  bench.UploadAll();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
+  EXPECT_EQ(bench.SetTable(), bench.DeviceTable());
+  EXPECT_EQ(bench.GridTable(), bench.DeviceTable());
+  EXPECT_EQ(bench.device.Mode(), '0');
+  EXPECT_EQ(bench.dialogs.Unused(), 0U);
+}
+
+/// The boxes of a download from the table's question on. A text that is taken for an answer lets the access
+/// pass that it stands in, and the next one fails.
+Texts BoxesOf(const TableBench& bench, const Break& line_break) {
+  const Step& step = line_break.step;
+  const bool in_mode = step.position < 0;
+  const bool garbled_echo = line_break.fault == Fault::Garbled && step.letter == 'D' && !in_mode;
+  if (!line_break.for_good && !garbled_echo) {
+    return {Shown(BoxKey::DownloadDone)};
+  }
+  const bool mode_taken = !in_mode || (line_break.fault == Fault::Garbled && step.letter != 'G');
+  Texts boxes = {Shown(BoxKey::NotProgrammingMode)};
+  if (mode_taken) {
+    boxes = {Shown(bench.Long() ? BoxKey::LinearizerDataMismatch : BoxKey::Linearizer16DataMismatch),
+             Shown(BoxKey::LinearizerDownloadFailed)};
+  }
+  if (line_break.for_good) {
+    boxes.push_back(Shown(BoxKey::NotMonitorMode));
+  }
+  return boxes;
+}
+
+/// Values up to the one that a line broken for good spoiled are the page's, those behind it the device's own.
+void ExpectWrittenUpTo(const TableBench& bench, int position, const std::vector<String>& own,
+                       const std::vector<String>& before) {
+  const std::vector<String> held = bench.DeviceTable();
+  for (int place = 0; place < bench.Count(); ++place) {
+    const auto at = static_cast<std::size_t>(place);
+    if (place < position) {
+      EXPECT_EQ(held[at], own[at]) << place;
+    } else if (place > position) {
+      EXPECT_EQ(held[at], before[at]) << place;
+    }
+  }
+}
+
+void CheckBrokenDownload(TableBench& bench, const Break& line_break, const std::vector<String>& own) {
+  bench.PutTable(own);
+  const std::vector<String> before = bench.DeviceTable();
+  const Clock start = bench.loop.Now();
+  Start(bench, line_break);
+  bench.DownloadAll();
+  EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+  ExpectUsable(bench);
+  EXPECT_EQ(bench.SetTable(), own) << "the page keeps its values";
+  EXPECT_EQ(bench.GridTable(), own);
+  Texts boxes = bench.TakeBoxes();
+  boxes.erase(boxes.begin(), boxes.begin() + (bench.Long() ? 2 : 1));
+  const std::string done = Shown(BoxKey::DownloadDone);
+  if (std::find(boxes.begin(), boxes.end(), done) != boxes.end()) {
+    EXPECT_TRUE(bench.DeviceHoldsTheTable()) << "no success without the table in the device";
+  }
+  if (line_break.fault != Fault::Late) {
+    EXPECT_EQ(boxes, BoxesOf(bench, line_break));
+    if (boxes.front() != done) {
+      // After a garbled echo of a mode or value the next access fails.
+      ExpectWrittenUpTo(bench, line_break.step.position, own, before);
+    }
+    if (!line_break.for_good) {
+      EXPECT_EQ(bench.device.Mode(), '0');
+    }
+  }
+  ExpectUploadWorks(bench);
+}
+
+void CheckBrokenUpload(TableBench& bench, const Break& line_break, const std::vector<String>& own) {
+  ASSERT_TRUE(bench.SetDeviceTable(own));
+  Start(bench, line_break);
+  bench.UploadAll();
+  ExpectUsable(bench);
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
+  EXPECT_EQ(bench.GridTable(), bench.SetTable());
+  EXPECT_EQ(bench.device.Mode(), '0');
+  const std::vector<String> read = bench.SetTable();
+  for (int position = 0; position < bench.Count() && line_break.fault != Fault::Late; ++position) {
+    const String& cell = read[static_cast<std::size_t>(position)];
+    const bool struck = position == line_break.step.position && line_break.step.letter == 'I';
+    if (struck && line_break.fault == Fault::Garbled) {
+      EXPECT_EQ(cell, u"????????") << "for the check to mark";
+    } else if ((struck && line_break.fault == Fault::Refused) ||
+               (line_break.for_good && position >= line_break.step.position)) {
+      EXPECT_EQ(cell, u"") << position;
+    } else {
+      EXPECT_EQ(cell, own[static_cast<std::size_t>(position)]) << position;
+    }
+  }
+  ExpectUploadWorks(bench);
+}
+
+struct TableSweepTest : testing::TestWithParam<const char16_t*> {
+  const TableModel& model = ModelNamed(GetParam());
+};
+
+INSTANTIATE_TEST_SUITE_P(Model, TableSweepTest, testing::Values(u"QHW", u"QHNY1"),
+                         [](const auto& one) { return ToUtf8(one.param); });
+
+TEST_P(TableSweepTest, AnUploadBrokenAtAnyExchangeLeavesWhatCouldNotBeReadEmpty) {
+  TableBench good(model);
+  good.UploadAll();
+  const std::vector<Break> breaks = BreaksOf(good, false);
+  for (const Break& line_break : breaks) {
+    SCOPED_TRACE(line_break.Name());
+    TableBench bench(model);
+    CheckBrokenUpload(bench, line_break, bench.OwnTable());
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << "uploads with a broken exchange: " << breaks.size() << '\n';
+}
+
+TEST_P(TableSweepTest, ADownloadBrokenAtAnyExchangeIsNoSuccessUnlessTheDeviceHoldsTheTable) {
+  TableBench good(model);
+  good.PutTable(good.OwnTable());
+  good.DownloadAll();
+  const std::vector<Break> breaks = BreaksOf(good, true);
+  for (const Break& line_break : breaks) {
+    SCOPED_TRACE(line_break.Name());
+    TableBench bench(model);
+    CheckBrokenDownload(bench, line_break, bench.OwnTable());
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << "downloads with a broken exchange: " << breaks.size() << '\n';
+}
+
+TEST_P(TableSweepTest, ALateReplyOfOneValueDoesNotProveTheNextOneThatIsTheSame) {
+  TableBench good(model);
+  // Y(k) is X(k), and each point's values are those that the device holds for the point before.
+  std::vector<String> own(static_cast<std::size_t>(good.Count()), u"-50");
+  for (std::size_t place = 2; place < own.size(); ++place) {
+    own[place] = good.DeviceTable()[place - 2];
+  }
+  good.PutTable(own);
+  good.DownloadAll();
+  for (const Break& line_break : BreaksOf(good, true)) {
+    if (line_break.fault == Fault::Late) {
+      SCOPED_TRACE(line_break.Name());
+      TableBench bench(model);
+      CheckBrokenDownload(bench, line_break, own);
+      ASSERT_FALSE(HasFailure());
+    }
+  }
+}
+
+// The close box.
+
+/// The pumps of a transfer, counted from its start, that stand in an exchange which is swept.
+std::vector<std::size_t> PumpsOf(TableBench& bench, bool download) {
+  std::vector<std::size_t> at_commands;  // commands sent by each pump
+  bench.loop.OnPump([&] { at_commands.push_back(bench.commands.size()); });
+  if (download) {
+    bench.DownloadAll();
+  } else {
+    bench.UploadAll();
+  }
+  const std::vector<Step> steps = StepsOf(bench, download);
+  const std::size_t before = bench.commands.size() - steps.size() - (download ? 3 : 0);
+  std::vector<std::size_t> pumps;
+  for (std::size_t pump = 0; pump < at_commands.size(); ++pump) {
+    const std::size_t step = at_commands[pump] - 1 - before;  // wraps around before the table
+    if (!bench.Long() || (step < steps.size() && IsSwept(bench, steps[step]))) {
+      pumps.push_back(pump);
+    }
+  }
+  return pumps;
+}
+
+/// Presses the close box at a pump of what follows.
+struct ClosedBench : TableBench {
+  ClosedBench(const TableModel& table_model, std::size_t at) : TableBench(table_model) {
+    loop.OnPump([this, first = loop.PumpCount() + 1, at] {
+      if (loop.PumpCount() == first + at) {
+        sent_at_close = commands.size();
+        app.program.PressClose();
+        told = Page().flaMsg_CannotEnd.Visible();
+      }
+    });
+  }
+  std::size_t sent_at_close = 0;
+  bool told = false;
+};
+
+TEST_P(TableSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
+  TableBench whole(model);
+  const std::vector<std::size_t> pumps = PumpsOf(whole, false);
+  ASSERT_GT(pumps.size(), 60U);
+  for (const std::size_t at : pumps) {
+    SCOPED_TRACE(at);
+    ClosedBench bench(model, at);
+    bench.UploadAll();
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_EQ(bench.commands.size(), bench.sent_at_close) << "no exchange begins after the one under way";
+    EXPECT_FALSE(bench.told);
+    const Texts boxes = bench.TakeBoxes();
+    EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::UploadDone)), 0);
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << "uploads closed: " << pumps.size() << '\n';
+}
+
+TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndAndThenEnds) {
+  TableBench whole(model);
+  whole.PutTable(whole.OwnTable());
+  const std::vector<std::size_t> pumps = PumpsOf(whole, true);
+  const std::size_t exchanges = whole.commands.size();
+  ASSERT_GT(pumps.size(), 150U);
+  for (const std::size_t at : pumps) {
+    SCOPED_TRACE(at);
+    ClosedBench bench(model, at);
+    bench.PutTable(bench.OwnTable());
+    bench.DownloadAll();
+    EXPECT_TRUE(bench.told);
+    EXPECT_EQ(bench.commands.size(), exchanges);
+    EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_EQ(bench.device.Mode(), '0');
+    EXPECT_EQ(bench.DeviceTable(), bench.OwnTable());
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << "downloads closed: " << pumps.size() << '\n';
+}
+
+TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadThatFailsInTheTableKeepsTheWindow) {
+  TableBench whole(model);
+  const std::vector<String> own = whole.OwnTable();
+  const sim::FaultRule fault = {.fault = Fault::WrongEcho, .command = "D" + ToUtf8(own.back())};
+  whole.PutTable(own);
+  const std::vector<std::size_t> pumps = PumpsOf(whole, true);
+  for (const std::size_t at : pumps) {
+    SCOPED_TRACE(at);
+    ClosedBench bench(model, at);
+    bench.device.AddFault(fault);
+    bench.PutTable(own);
+    bench.DownloadAll();
+    EXPECT_TRUE(bench.told);
+    EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::LinearizerDownloadFailed));
+    EXPECT_EQ(bench.device.Mode(), '0');
+    ExpectUploadWorks(bench);
+    ExpectUsable(bench);
+    ASSERT_FALSE(HasFailure());
+  }
+  std::cout << "failing downloads closed: " << pumps.size() << '\n';
+}
+
+}  // namespace
+}  // namespace korva::test
