@@ -70,22 +70,26 @@ TableBench::TableBench(const TableModel& model, bool on)
 void TableBench::UploadAll(Answer table) {
   dialogs.QueueAnswer(Answer::Yes);
   dialogs.QueueAnswer(Answer::Ok);
-  dialogs.OnBox([this, table](const Box& box) {
-    if (box.text == BoxOf(BoxKey::UploadLinearizer).text) {
-      dialogs.QueueAnswer(table);
-    }
-  });
+  AnswerTable(BoxKey::UploadLinearizer, table);
   Click(Page().cmdUpload);
 }
 
 void TableBench::DownloadAll(Answer table) {
   dialogs.QueueAnswer(Answer::Ok);
-  dialogs.OnBox([this, table](const Box& box) {
-    if (box.text == BoxOf(BoxKey::DownloadLinearizer).text) {
-      dialogs.QueueAnswer(table);
+  AnswerTable(BoxKey::DownloadLinearizer, table);
+  Click(Page().cmdDownload);
+}
+
+void TableBench::AnswerTable(BoxKey question, Answer answer) {
+  dialogs.OnBox([this, question, answer](const Box& box) {
+    const std::string shown = ToUtf8(box.title + u": " + box.text);
+    if (shown == Shown(question)) {
+      dialogs.QueueAnswer(answer);
+    }
+    if (while_box) {
+      while_box(shown);
     }
   });
-  Click(Page().cmdDownload);
 }
 
 TableItem TableBench::ItemAt(int position) const {

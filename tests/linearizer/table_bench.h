@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -63,8 +65,13 @@ class TableBench : public PageBench {
   sim::Device& device;
   Texts commands;
   std::vector<float> bar;  ///< values of LnrProgressBar
+  /// Called while a box stands on the screen.
+  std::function<void(const std::string& box)> while_box;
 
  private:
+  /// Answers a question of 100 points when it comes.
+  void AnswerTable(BoxKey question, Answer answer);
+
   const TableModel& model_;
 };
 
