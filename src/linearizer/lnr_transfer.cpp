@@ -1,5 +1,6 @@
 #include "linearizer/lnr_transfer.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -87,13 +88,13 @@ bool LnrTransfer::DownloadLnr() {
   if (!page_.EnterProgrammingMode()) {
     return false;
   }
-  for (const Block& block : BlocksOfTable()) {
-    if (!DownloadBlock(block)) {
-      page_.Box().Show(BoxKey::LinearizerDownloadFailed);
-      return false;
-    }
+  const std::vector<Block> blocks = BlocksOfTable();
+  const bool written =
+      std::all_of(blocks.begin(), blocks.end(), [this](const Block& block) { return DownloadBlock(block); });
+  if (!written) {
+    page_.Box().Show(BoxKey::LinearizerDownloadFailed);
   }
-  return true;
+  return written;
 }
 
 bool LnrTransfer::DownloadBlock(const Block& block) {

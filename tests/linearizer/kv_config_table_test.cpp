@@ -74,8 +74,8 @@ void ExpectAtRest(TableBench& bench) {
 }
 
 struct TableTest : testing::TestWithParam<TableModel> {
-  [[nodiscard]] bool Long() const { return GetParam().points == 100; }
-  [[nodiscard]] Texts UploadBoxes() const {
+  static bool Long() { return GetParam().points == 100; }
+  static Texts UploadBoxes() {
     Texts boxes = {Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload)};
     if (Long()) {
       boxes.push_back(Shown(BoxKey::UploadLinearizer));
@@ -84,7 +84,7 @@ struct TableTest : testing::TestWithParam<TableModel> {
     return boxes;
   }
   /// The boxes of a download up to the table, then `rest`.
-  [[nodiscard]] Texts DownloadBoxes(const Texts& rest) const {
+  static Texts DownloadBoxes(const Texts& rest) {
     Texts boxes = {Shown(BoxKey::StartDownload)};
     if (Long()) {
       boxes.push_back(Shown(BoxKey::DownloadLinearizer));

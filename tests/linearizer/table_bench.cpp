@@ -113,6 +113,7 @@ void TableBench::PutTable(const std::vector<String>& values) {
 
 std::vector<String> TableBench::OwnTable() const {
   std::vector<String> values;
+  values.reserve(static_cast<std::size_t>(Count()));
   for (int position = 0; position < Count(); ++position) {
     const int hundredths = 13703 - 137 * position;  // 137.03 down to -135.60, and no value of the device
     const std::string fraction = TwoDigits(std::abs(hundredths) % 100);
@@ -124,6 +125,7 @@ std::vector<String> TableBench::OwnTable() const {
 
 std::vector<String> TableBench::SetTable() {
   std::vector<String> values;
+  values.reserve(static_cast<std::size_t>(Count()));
   for (int position = 0; position < Count(); ++position) {
     const TableItem at = ItemAt(position);
     values.push_back(Page().GroupItem.At(at.group, at.item));
@@ -133,6 +135,7 @@ std::vector<String> TableBench::SetTable() {
 
 std::vector<String> TableBench::GridTable() {
   std::vector<String> values;
+  values.reserve(static_cast<std::size_t>(Count()));
   for (int position = 0; position < Count(); ++position) {
     values.push_back(Page().LnrFlexGrid.At(1 + position / 2, 1 + position % 2).text);
   }
@@ -141,6 +144,7 @@ std::vector<String> TableBench::GridTable() {
 
 std::vector<String> TableBench::DeviceTable() const {
   std::vector<String> values;
+  values.reserve(static_cast<std::size_t>(Count()));
   for (int position = 0; position < Count(); ++position) {
     const Texts selection = Selection(position);
     values.push_back(Ascii(device.Value(selection[0].substr(1), selection[1].substr(1))));

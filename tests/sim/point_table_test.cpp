@@ -52,7 +52,8 @@ TEST(PointTableTest, EveryValueIsAnItemOfItsOwn) {
       const int point = (position / 2 + 1) % 100;
       const std::string head = std::string(position % 2 == 0 ? "DX(" : "DY(") + (point < 10 ? "0" : "") +
                                std::to_string(point) + "):";
-      const std::string padded = head + std::string(8 - data.size(), ' ') + data;
+      std::string padded = head;
+      padded.append(8 - data.size(), ' ').append(data);
       EXPECT_EQ(Write(device, group, item, data), padded);
       EXPECT_EQ(Read(device, group, item), padded);
     }
