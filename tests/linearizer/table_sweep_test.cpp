@@ -11,6 +11,7 @@
 
 #include "core/text_utilities.h"
 #include "pages/kv_config_design.h"
+#include "support/sampled.h"
 #include "table_bench.h"
 
 namespace korva::test {
@@ -84,7 +85,7 @@ std::vector<Break> BreaksOf(const TableBench& good, bool download) {
       }
     }
   }
-  return breaks;
+  return Sampled(breaks);
 }
 
 void Start(TableBench& bench, const Break& line_break) {
@@ -306,7 +307,7 @@ std::vector<std::size_t> PumpsOf(TableBench& bench, bool download) {
       pumps.push_back(pump);
     }
   }
-  return pumps;
+  return Sampled(pumps);
 }
 
 /// Presses the close box at a pump of what follows.

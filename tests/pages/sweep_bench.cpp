@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/text_utilities.h"
+#include "support/sampled.h"
 
 namespace korva::test {
 
@@ -26,7 +27,7 @@ std::vector<Break> BreaksOf(std::size_t exchanges) {
       breaks.push_back({.fault = fault, .for_good = true, .at = at});
     }
   }
-  return breaks;
+  return Sampled(breaks);
 }
 
 SweepBench::SweepBench(const String& model) : device(Connect(model)) {
