@@ -14,8 +14,6 @@ namespace {
 using test::Shown;
 using Texts = std::vector<std::string>;
 
-constexpr Grid::Cell kNoCell = {.text = u"", .look = Look::Normal};
-
 /// A page whose table is in use and has been read: X(k) and Y(k) from 0.00 to 100.00.
 struct EditorBench : test::PageBench {
   EditorBench() {
@@ -276,7 +274,7 @@ TEST(LnrEditorTest, EachCellOfALongTableGoesToItsOwnPlace) {
   };
   for (const Place& place :
        {Place{1, 1, 2, 0}, Place{50, 2, 2, 99}, Place{51, 1, 3, 0}, Place{100, 2, 3, 99}}) {
-    EXPECT_EQ(bench.Cell(place.row, place.column), kNoCell);
+    EXPECT_EQ(bench.Cell(place.row, place.column).text, u"");
     bench.ClickCell(place.row, place.column);
     bench.TypeValue(u"7.5");
     bench.Ok();
