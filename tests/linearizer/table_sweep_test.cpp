@@ -1,14 +1,9 @@
 // Each exchange of a table's upload and download in turn is broken, once and for good, in each way in which a
 // line can break, and the close box is pressed at each pump; each run must end as it should.
-//
-// Of 100 points, whose 200 values all go the same way, the first three and the last two values of each group
-// and every seventh between are swept; of 16 points all. With KORVA_WHOLE_SWEEPS set in the environment all
-// 200 are, which takes minutes.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
 #include <optional>
 
@@ -31,12 +26,6 @@ struct Step {
   char letter = 'G';
   bool write = false;
 };
-
-bool IsSwept(const TableBench& bench, const Step& step) {
-  const int item = step.position % 100;
-  static const bool whole = std::getenv("KORVA_WHOLE_SWEEPS") != nullptr;
-  return whole || !bench.Long() || step.position < 0 || item < 3 || item > 97 || item % 7 == 0;
-}
 
 std::vector<Step> StepsOf(const TableBench& bench, bool download) {
   std::vector<Step> steps;
@@ -77,9 +66,6 @@ std::vector<Break> BreaksOf(const TableBench& good, bool download) {
   const int before = static_cast<int>(good.commands.size() - steps.size()) - closing;
   std::vector<Break> breaks;
   for (std::size_t place = 0; place < steps.size(); ++place) {
-    if (!IsSwept(good, steps[place])) {
-      continue;
-    }
     for (const Fault fault : {Fault::Silent, Fault::Refused, Fault::Garbled, Fault::Late}) {
       for (const bool for_good : {false, true}) {
         breaks.push_back({.fault = fault,
@@ -310,23 +296,14 @@ TEST_P(TableSweepTest, ALateReplyOfOneValueDoesNotProveTheNextOneThatIsTheSame) 
 
 // The close box.
 
-/// The pumps of a transfer, counted from its start, that stand in an exchange which is swept.
+/// The pumps of a transfer, counted from its start.
 std::vector<std::size_t> PumpsOf(TableBench& bench, bool download) {
-  std::vector<std::size_t> at_commands;  // commands sent by each pump
-  bench.loop.OnPump([&] { at_commands.push_back(bench.commands.size()); });
+  std::vector<std::size_t> pumps;
+  bench.loop.OnPump([&] { pumps.push_back(pumps.size()); });
   if (download) {
     bench.DownloadAll();
   } else {
     bench.UploadAll();
-  }
-  const std::vector<Step> steps = StepsOf(bench, download);
-  const std::size_t before = bench.commands.size() - steps.size() - (download ? 3 : 0);
-  std::vector<std::size_t> pumps;
-  for (std::size_t pump = 0; pump < at_commands.size(); ++pump) {
-    const std::size_t step = at_commands[pump] - 1 - before;  // wraps around before the table
-    if (!bench.Long() || (step < steps.size() && IsSwept(bench, steps[step]))) {
-      pumps.push_back(pump);
-    }
   }
   return Sampled(pumps);
 }

@@ -6,10 +6,10 @@
 namespace korva::test {
 
 // What a sweep tries is tried in full where its outcomes are judged. Under sanitizers, which look for faults
-// of memory and take ten times as long, a sample does: one case in 31, an odd number, so that the eight
+// of memory and take ten times as long, a sample does: one case in 127, an odd number, so that the eight
 // breaks of an exchange take turns.
 #ifdef __SANITIZE_ADDRESS__
-inline constexpr std::size_t kSampleStep = 31;
+inline constexpr std::size_t kSampleStep = 127;
 #else
 inline constexpr std::size_t kSampleStep = 1;
 #endif
