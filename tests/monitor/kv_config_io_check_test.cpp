@@ -54,6 +54,14 @@ TEST(KvConfigMonitorTest, ShowsLiveValuesThatMoveAndTheUnitsOfTheDevice) {
   EXPECT_EQ(bench.device->Mode(), '0');
 }
 
+TEST(KvConfigMonitorTest, WatchingLeavesNothingToSave) {
+  IoBench bench(u"QN");
+  ASSERT_FALSE(bench.Page().DataChanged);
+  bench.Monitor(5s);
+  EXPECT_NE(bench.Field(u"05").Text(), u"");
+  EXPECT_FALSE(bench.Page().DataChanged);
+}
+
 TEST(KvConfigMonitorTest, OnlyTheStopButtonIsInReachAndItsTabWithIt) {
   IoBench bench(u"QN");
   bench.loop.After(3s, [&] {
