@@ -377,9 +377,13 @@ QWidget* PageView::MakeStatus() {
   auto* layout = new QHBoxLayout(area);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(views_.Make(page_.TransferBar, area), 2);
-  layout->addWidget(views_.Make(page_.LnrProgressBar, area), 1);
+  if (page_.HasTable()) {
+    layout->addWidget(views_.Make(page_.LnrProgressBar, area), 1);
+  }
   layout->addWidget(views_.Make(page_.lbl_Waitfor, area));
-  layout->addWidget(views_.Make(page_.lbl_LnrUnsaved, area));
+  if (page_.HasTable()) {
+    layout->addWidget(views_.Make(page_.lbl_LnrUnsaved, area));
+  }
   layout->addStretch(1);
   layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
   return area;

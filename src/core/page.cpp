@@ -24,6 +24,9 @@ Page::Page(Program& program, const PageKind& kind)
       program_(program),
       kind_(kind) {
   RegisterFrame();
+  if (kind.has_table) {
+    RegisterTable();
+  }
   txtMemo.SetMultiline(true);
   txtFileTitle.SetLocked(true);
   txtFileTitle.SetLook(Look::Grey);
@@ -47,32 +50,28 @@ Page::Page(Program& program, const PageKind& kind)
 Page::~Page() = default;
 
 void Page::RegisterFrame() {
-  const std::array<Control*, 43> frame = {&lst_TypeSelect,  &lbl_TypeSelect,
-                                          &cmdUpload,       &cmdDownload,
-                                          &cmdOpen,         &cmdSave,
-                                          &cmdNew,          &cmdCheck,
-                                          &cmdExit,         &txtAuthor,
-                                          &txtMemo,         &txtDirName,
-                                          &txtFileTitle,    &lblAuthor,
-                                          &lblMemo,         &lblDirName,
-                                          &lblFileTitle,    &Tabs,
-                                          &TransferBar,     &LnrProgressBar,
-                                          &lbl_Waitfor,     &cmdMonitorON,
-                                          &cmdMonitorOFF,   &fraMonitoring,
-                                          &cmdSet,          &cmdStatusMonOFF,
-                                          &IO_lblSet,       &IO_lblShow,
-                                          &LnrFlexGrid,     &fraLnrChange,
-                                          &lblLnrRow,       &lblLnrCol,
-                                          &lblLnrNewValue,  &txtLnrRow,
-                                          &txtLnrCol,       &txtLnrNewValue,
-                                          &cmdLnrChangeOK,  &cmdLnrChangeCancel,
-                                          &cmd_csvFileOpen, &lbl_LnrUnsaved,
-                                          &lbl_FrmVersion,  &flaMsg_CannotEnd,
-                                          &lblMsg_CannotEnd};
-  for (Control* control : frame) {
+  for (Control* control : std::initializer_list<Control*>{
+           &lst_TypeSelect, &lbl_TypeSelect, &cmdUpload,      &cmdDownload,      &cmdOpen,
+           &cmdSave,        &cmdNew,         &cmdCheck,       &cmdExit,          &txtAuthor,
+           &txtMemo,        &txtDirName,     &txtFileTitle,   &lblAuthor,        &lblMemo,
+           &lblDirName,     &lblFileTitle,   &Tabs,           &TransferBar,      &lbl_Waitfor,
+           &cmdMonitorON,   &cmdMonitorOFF,  &fraMonitoring,  &cmdSet,           &cmdStatusMonOFF,
+           &IO_lblSet,      &IO_lblShow,     &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd}) {
     Register(*control);
   }
   Register(OptCom);
+}
+
+void Page::RegisterTable() {
+  for (Control* control : std::initializer_list<Control*>{
+           &LnrProgressBar, &LnrFlexGrid, &fraLnrChange, &lblLnrRow, &lblLnrCol, &lblLnrNewValue, &txtLnrRow,
+           &txtLnrCol, &txtLnrNewValue, &cmdLnrChangeOK, &cmdLnrChangeCancel, &cmd_csvFileOpen,
+           &lbl_LnrUnsaved}) {
+    Register(*control);
+  }
+  if (kind_.saves_table) {
+    Register(cmd_csvFileSave);
+  }
 }
 
 void Page::Register(OptionGroup& options) {
@@ -261,7 +260,7 @@ void Page::SetCaptions(Language language) {
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
     Tabs.SetTabCaption(tab, CaptionText(kind_.tab_captions[static_cast<std::size_t>(tab)], language));
   }
-  const std::array<std::pair<CaptionedControl*, TextKey>, 28> captions = {{
+  const std::array<std::pair<CaptionedControl*, TextKey>, 29> captions = {{
       {&lbl_TypeSelect, TextKey::Model},
       {&lblAuthor, TextKey::Author},
       {&lblDirName, TextKey::Directory},
@@ -278,6 +277,7 @@ void Page::SetCaptions(Language language) {
       {&lblLnrCol, TextKey::Column},
       {&lblLnrNewValue, TextKey::NewValue},
       {&cmd_csvFileOpen, TextKey::OpenCsv},
+      {&cmd_csvFileSave, TextKey::SaveCsv},
       {&cmdLnrChangeOK, TextKey::Modify},
       {&cmdLnrChangeCancel, TextKey::Cancel},
       {&fraLnrChange, TextKey::ChangeOfValue},

@@ -25,6 +25,8 @@ struct PageKind {
   std::string_view tab_control;  ///< "KvCfg_Tab"
   std::span<const TextKey> tab_captions;
   const Design& design;
+  bool has_table = true;     ///< the page has a linearizer
+  bool saves_table = false;  ///< and writes its table to files
 };
 
 /// The frame that every family page has: model list, buttons, header, tabs, progress bars, port choice, and
@@ -79,6 +81,7 @@ class Page {
 
   [[nodiscard]] const Family& ItsFamily() const { return kind_.family; }
   [[nodiscard]] const Design& ItsDesign() const { return kind_.design; }
+  [[nodiscard]] bool HasTable() const { return kind_.has_table; }
   [[nodiscard]] Program& ItsProgram() const { return program_; }
   [[nodiscard]] SharedState& Shared() const;
   [[nodiscard]] const Boxes& Box() const;
@@ -89,6 +92,8 @@ class Page {
   virtual bool EnterMonitorMode() = 0;
   virtual void ClearParameterSet() = 0;
   virtual void BuildPage() = 0;
+  /// Reads the configuration file that was chosen last (CfgFilePath) into this page, which shows.
+  virtual void OpenChosenFile() {}
   virtual bool SaveCfgFile() = 0;  ///< through the file dialog; true when a file was written
   /// Writes the parameter set to `path`, with no dialog and no box; false when that failed.
   virtual bool SaveRescueFile(const String& path) = 0;
@@ -149,6 +154,7 @@ class Page {
   Button cmdLnrChangeOK{"cmdLnrChangeOK"};
   Button cmdLnrChangeCancel{"cmdLnrChangeCancel"};
   Button cmd_csvFileOpen{"cmd_csvFileOpen"};
+  Button cmd_csvFileSave{"cmd_csvFileSave"};
   Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};  ///< a table was read from a file and is not saved with the set
   Label lbl_FrmVersion{"lbl_FrmVersion"};
   Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
@@ -185,6 +191,7 @@ class Page {
   void SetBars();
   void FillModelList();
   void RegisterFrame();
+  void RegisterTable();
 
   Program& program_;
   PageKind kind_;

@@ -31,6 +31,11 @@ String Record(std::initializer_list<StringView> values) {
 
 String KeyLine(StringView key) { return String(key).append(kLineEnd); }
 
+/// The model of that definition file; rows that the catalogue leaves free have an empty name as well.
+CfgModel ModelOf(const String& def_file, const ModelTable& models) {
+  return {.def_file = def_file, .row = def_file.empty() ? 0 : FindModelByDefFile(models, def_file)};
+}
+
 /// Reads the sections of one configuration file, which is open. A reader ends with the next key line pushed
 /// back, or at the end of the file.
 class CfgReader {
@@ -51,14 +56,12 @@ class CfgReader {
   [[nodiscard]] bool AtEnd() const { return lines_.AtEnd(kCfgHandle); }
 
   CfgModel ReadModel(const ModelTable& models) {
-    CfgModel model;
+    String def_file;
     String line;
     while (NextRecord(line)) {
-      model.def_file = line;
+      def_file = line;
     }
-    // Rows that the catalogue leaves free have an empty name as well.
-    model.row = model.def_file.empty() ? 0 : FindModelByDefFile(models, model.def_file);
-    return model;
+    return ModelOf(def_file, models);
   }
 
   void ReadData() {
@@ -130,6 +133,27 @@ String CfgText(const String& def_file, const ParameterSet& set) {
     }
   }
   return text + KeyLine(kMemoKey) + Record({u"0", set.Author}) + Record({u"1", set.Memo}) + KeyLine(kEndKey);
+}
+
+std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models, const String& path) {
+  lines.OpenTextFile(path, kCfgHandle);
+  std::optional<CfgModel> model;
+  while (!model && !lines.AtEnd(kCfgHandle)) {
+    if (lines.ReadLine(kCfgHandle) != kDefFileKey) {
+      continue;
+    }
+    String def_file;
+    while (!lines.AtEnd(kCfgHandle)) {
+      const String line = lines.ReadLine(kCfgHandle);
+      if (IsKeyLine(line)) {
+        break;
+      }
+      def_file = line;
+    }
+    model = ModelOf(def_file, models);
+  }
+  lines.CloseTextFile(kCfgHandle);
+  return model;
 }
 
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,

@@ -19,6 +19,10 @@ struct CfgModel {
 /// The text of a configuration file: the whole set, with its CR LF line ends.
 String CfgText(const String& def_file, const ParameterSet& set);
 
+/// The model of a configuration file, which is not read further; nothing when it names none. A file that
+/// can't be opened ends the program.
+std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models, const String& path);
+
 /// Reads a configuration file into `set`, which is cleared first. Nothing comes back when the file names no
 /// model: its values then belong to the current model's page. A file whose model is unknown is not read
 /// further. Format faults show their boxes and leave what was read up to there; a file that can't be opened,

@@ -137,6 +137,15 @@ const StringTable& Definition::operator[](StringView key) const {
   return const_cast<Definition&>(*this)[key];  // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
+int Definition::ColumnOf(DataColumn column) const {
+  return FamilySectionsOf(family_).layout[static_cast<std::size_t>(column)];
+}
+
+const String& Definition::Cell(int row, DataColumn column) const {
+  static const String none;
+  return HasColumn(column) ? Data().At(row, ColumnOf(column)) : none;
+}
+
 void Definition::ClearDefTables() {
   for (auto& [key, table] : tables_) {
     table.Clear();

@@ -34,8 +34,9 @@ class StringTable {
   std::vector<String> cells_;
 };
 
-/// Columns of $Data, the same in all families up to kUnitLabel; those behind it are of the families First and
-/// Third.
+/// What a column of $Data is for. Up to kUnitLabel the number is the column in every family, behind it the
+/// column in families First and Third; other families have some of these elsewhere, or not at all
+/// (Definition::Cell).
 enum DataColumn : int {
   kGroup = 0,        ///< as sent on the wire
   kItem = 1,         ///< as sent on the wire, or a tag such as 03_set
@@ -59,7 +60,11 @@ enum DataColumn : int {
   kWriteCondition = 20,  ///< when the item is written
   kReplyPrefix = 22,
   kWritePosition = 23,  ///< place in the order of writing, 0 to 20
+  // Of other families only.
+  kUnitBox,    ///< index of the box from which the value's unit is chosen
+  kItemTitle,  ///< the item's title on the device's display
 };
+inline constexpr int kDataColumns = kItemTitle + 1;
 
 enum class SectionKind { Table, List, Block };
 
@@ -85,11 +90,19 @@ class Definition {
   [[nodiscard]] StringTable& operator[](StringView key);
   [[nodiscard]] const StringTable& operator[](StringView key) const;
   [[nodiscard]] const StringTable& Data() const { return (*this)[u"$Data"]; }
+  /// Cell of a row of $Data, where the family has that column; empty in a family without it.
+  [[nodiscard]] const String& Cell(int row, DataColumn column) const;
+  /// True when the family's definitions have this column.
+  [[nodiscard]] bool HasColumn(DataColumn column) const { return ColumnOf(column) >= 0; }
   [[nodiscard]] const Family& ItsFamily() const { return family_; }
+  /// True when the family's definitions may have this section.
+  [[nodiscard]] bool Has(StringView key) const { return tables_.contains(key); }
   /// Empties every cell of every table.
   void ClearDefTables();
 
  private:
+  [[nodiscard]] int ColumnOf(DataColumn column) const;
+
   const Family& family_;
   std::map<StringView, StringTable> tables_;
 };

@@ -9,12 +9,12 @@ namespace korva {
 
 namespace {
 
-constexpr int kDataColumns = 26;
+constexpr int kWidth = 26;  ///< columns of $Data
 constexpr SectionKind kList = SectionKind::List;
 constexpr SectionKind kBlock = SectionKind::Block;
 
 constexpr std::array kFirst = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I10", .rows = 17, .columns = 9},
     SectionShape{.key = u"$I11", .kind = kBlock},
     SectionShape{.key = u"$I11Title", .columns = 10, .kind = kList, .block = u"$I11"},
@@ -30,7 +30,7 @@ constexpr std::array kFirst = {
 };
 
 constexpr std::array kSecond = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I23", .rows = 8, .columns = 2},
     SectionShape{.key = u"$I26", .rows = 2, .columns = 2},
     SectionShape{.key = u"$I27", .rows = 2, .columns = 2},
@@ -40,7 +40,7 @@ constexpr std::array kSecond = {
 };
 
 constexpr std::array kThird = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I08", .rows = 2, .columns = 2},
     SectionShape{.key = u"$I09QEC2", .rows = 2, .columns = 3},
     SectionShape{.key = u"$I10", .rows = 17, .columns = 9},
@@ -61,7 +61,7 @@ constexpr std::array kThird = {
 };
 
 constexpr std::array kQXI = {
-    SectionShape{.key = u"$Data", .rows = 37, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 37, .columns = kWidth},
     SectionShape{.key = u"$I10", .rows = 25, .columns = 9},
     SectionShape{.key = u"$I11", .rows = 8, .columns = 7},
     SectionShape{.key = u"$I21", .rows = 3, .columns = 4},
@@ -77,7 +77,7 @@ constexpr std::array kQXI = {
 };
 
 constexpr std::array kLite = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I10", .rows = 22, .columns = 10},
     SectionShape{.key = u"$I11", .rows = 6, .columns = 7},
     SectionShape{.key = u"$I16", .rows = 2, .columns = 4},
@@ -88,7 +88,7 @@ constexpr std::array kLite = {
 };
 
 constexpr std::array kLiteUniv = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I00", .rows = 4, .columns = 3},
     SectionShape{.key = u"$I10DC", .rows = 3, .columns = 10},
     SectionShape{.key = u"$I10TC", .rows = 14, .columns = 10},
@@ -107,7 +107,7 @@ constexpr std::array kLiteUniv = {
 };
 
 constexpr std::array kNano = {
-    SectionShape{.key = u"$Data", .rows = 34, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 34, .columns = kWidth},
     SectionShape{.key = u"$I00", .rows = 4, .columns = 3},
     SectionShape{.key = u"$I10", .rows = 14, .columns = 10},
     SectionShape{.key = u"$I11", .rows = 3, .columns = 7},
@@ -123,7 +123,7 @@ constexpr std::array kNano = {
 };
 
 constexpr std::array kLiteSecond = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I20", .rows = 3, .columns = 6},
     SectionShape{.key = u"$I05", .rows = 5, .columns = 6},
     SectionShape{.key = u"$I13", .rows = 9, .columns = 2},
@@ -135,7 +135,7 @@ constexpr std::array kLiteSecond = {
 };
 
 constexpr std::array kLiteThird = {
-    SectionShape{.key = u"$Data", .rows = 32, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 32, .columns = kWidth},
     SectionShape{.key = u"$I35", .rows = 3, .columns = 6},
     SectionShape{.key = u"$I41", .rows = 8, .columns = 4},
     SectionShape{.key = u"$I23", .rows = 8, .columns = 2},
@@ -148,7 +148,7 @@ constexpr std::array kLiteThird = {
 };
 
 constexpr std::array kLiteForth = {
-    SectionShape{.key = u"$Data", .rows = 33, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 33, .columns = kWidth},
     SectionShape{.key = u"$I21", .rows = 3, .columns = 7},
     SectionShape{.key = u"$I11", .rows = 8, .columns = 7},
     SectionShape{.key = u"$I08", .rows = 4, .columns = 3},
@@ -160,7 +160,7 @@ constexpr std::array kLiteForth = {
 };
 
 constexpr std::array kLiteFifth = {
-    SectionShape{.key = u"$Data", .rows = 33, .columns = kDataColumns},
+    SectionShape{.key = u"$Data", .rows = 33, .columns = kWidth},
     SectionShape{.key = u"$I21", .rows = 3, .columns = 7},
     SectionShape{.key = u"$I11", .rows = 8, .columns = 7},
     SectionShape{.key = u"$I08", .rows = 7, .columns = 3},
@@ -170,9 +170,26 @@ constexpr std::array kLiteFifth = {
     SectionShape{.key = u"$SSTab", .columns = 6, .kind = kList},
 };
 
+/// Values have a unit of their own there, and the dialect needs the titles of the items.
+constexpr DataLayout SecondLayout() {
+  DataLayout layout = kUsualLayout;
+  layout[kUnitBox] = 14;
+  layout[kUnitText] = 15;
+  layout[kUnitKey] = -1;
+  layout[kTemperature] = -1;
+  layout[kLastOption] = 18;
+  layout[kDefaultOption] = 19;
+  layout[kChangeRule] = 20;
+  layout[kWriteCondition] = 21;
+  layout[kWritePosition] = 24;
+  layout[kItemTitle] = 25;
+  return layout;
+}
+constexpr DataLayout kSecondLayout = SecondLayout();
+
 constexpr std::array<FamilySections, 11> kFamilies = {{
     {.family = u"First", .sections = kFirst},
-    {.family = u"Second", .sections = kSecond},
+    {.family = u"Second", .sections = kSecond, .layout = kSecondLayout},
     {.family = u"Third", .sections = kThird},
     {.family = u"QXI", .sections = kQXI, .only_file = u"Univ.def"},
     {.family = u"Lite", .sections = kLite},

@@ -71,12 +71,24 @@ void ParameterPage::OpenCommand() {
   if (ConfirmDiscard() || !ChooseCfgFile(false)) {
     return;
   }
-  ShowFileName();
-  const String path = ItsProgram().Join(txtDirName.Text(), txtFileTitle.Text());
-  if (!ItsProgram().Surroundings().files.Exists(path)) {
+  if (!ItsProgram().Surroundings().files.Exists(Shared().CfgFilePath)) {
+    ShowFileName();
     Box().Show(BoxKey::FileNotFound);
     return;
   }
+  const std::optional<CfgModel> model = ModelOfCfgFile(ItsProgram().Lines(), Models, Shared().CfgFilePath);
+  const Family* family = model ? FindFamily(FamilyOfRow(Models, model->row)) : nullptr;
+  if (family != nullptr && model->row != 0 && family->word != ItsFamily().word) {
+    lst_TypeSelect.SetListIndex(model->row);  // hands over to the page of that family
+  }
+  if (Page* showing = ItsProgram().Showing(); showing != nullptr) {
+    showing->OpenChosenFile();
+  }
+}
+
+void ParameterPage::OpenChosenFile() {
+  ShowFileName();
+  const String& path = Shared().CfgFilePath;
   const std::optional<CfgModel> model = ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem);
   if (model) {
     DefFile = model->def_file;

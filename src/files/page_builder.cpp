@@ -17,7 +17,6 @@ constexpr int kMillivoltColumn = 2;
 constexpr int kMillivoltRow = 4;
 constexpr StringView kNoFilter = u"0:NO FILTER";
 constexpr StringView kInputTypeKey = u"$I10";
-constexpr StringView kSensorKey = u"$I11QEI";
 
 /// True while it lives, then what was before: a page may be built again from within a build.
 class Scope {
@@ -45,22 +44,12 @@ void OpenBox(ComboBox& box) {
 
 String ShownValue(const String& cell) { return cell == kNeedless ? String() : cell; }
 
-template <typename T>
-void HideAll(ControlArray<T>& controls) {
-  for (int index = 0; index < controls.Count(); ++index) {
-    controls[index].SetVisible(false);
-  }
-}
-
 }  // namespace
 
 void ParameterPage::ClearPage() {
-  HideAll(lbl_Item);
-  HideAll(CaptionLabels);
-  HideAll(Text);
-  HideAll(Frames);
-  HideAll(Combo);
-  HideAll(lbl_unit);
+  for (Control* field : fields_) {
+    field->SetVisible(false);
+  }
   for (int index = 0; index < Frames.Count(); ++index) {
     Frames[index].SetEnabled(true);
   }
@@ -106,6 +95,7 @@ void ParameterPage::BuildRow(int row) {
     ShowOptions(row);
   }
   ShowUnit(row);
+  ShowFurther(row);
 }
 
 void ParameterPage::ShowField(int row) {
@@ -115,7 +105,7 @@ void ParameterPage::ShowField(int row) {
   if (SetCell(row) == kNeedless) {
     CloseField(field);
   } else {
-    field.SetText(SetCell(row));
+    field.SetText(ShownText(row));
   }
   if (Fixed(row)) {
     field.SetLocked(true);
@@ -274,8 +264,8 @@ void ParameterPage::ShowUnit(int row) {
   Label& label = lbl_unit[Place(row, kUnitLabel, lbl_unit.Count())];
   label.SetVisible(true);
   const String& unit = DataCell(row, kUnitText);
-  if (DataCell(row, kUnitKey) == kSensorKey) {
-    label.SetCaption(SensorUnit());
+  if (const UnitList* list = FindUnitList(DataCell(row, kUnitKey))) {
+    label.SetCaption(UnitFrom(*list));
   } else if (unit == u"$in") {
     label.SetCaption(TemperatureUnit());
   } else if (!unit.empty()) {
@@ -300,8 +290,6 @@ void ParameterPage::ShowInputTypeUnits(int i10_row) {
   const bool none = i10_row < 0 || types.At(i10_row, 0).empty();
   ShowUnitsOf(kInputTypeKey, none ? String() : types.At(i10_row, 8));
 }
-
-void ParameterPage::ShowSensorUnits() { ShowUnitsOf(kSensorKey, SensorUnit()); }
 
 void ParameterPage::ShowUnitsOf(StringView unit_key, const String& unit) {
   for (int row = 0; row < Def.Data().Rows(); ++row) {
@@ -348,10 +336,17 @@ String ParameterPage::TemperatureUnit() const {
   return place < 0 ? String() : optTempUnit[place].Caption();
 }
 
-String ParameterPage::SensorUnit() const {
-  const StringTable& sensors = Def[kSensorKey];
-  const int row = sensors.FindRow(1, Item(11));
-  return row < 0 ? String() : sensors.At(row, 2);
+const UnitList* ParameterPage::FindUnitList(const String& key) const {
+  const std::span<const UnitList> lists = UnitLists();
+  const auto found =
+      std::find_if(lists.begin(), lists.end(), [&](const UnitList& list) { return list.key == key; });
+  return found == lists.end() ? nullptr : &*found;
+}
+
+String ParameterPage::UnitFrom(const UnitList& list) const {
+  const StringTable& table = Def[list.key];
+  const int row = table.FindRow(1, Item(list.item));
+  return row < 0 ? String() : table.At(row, 2);
 }
 
 std::optional<OptionRule> ParameterPage::FindOptionRule(StringView key) {

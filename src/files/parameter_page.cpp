@@ -1,6 +1,7 @@
 #include "files/parameter_page.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "core/program.h"
@@ -12,8 +13,7 @@ namespace {
 
 constexpr int kGridColumns = 3;
 constexpr int kSmallTable = 16;
-/// The combo box of the sensors that have a unit of their own.
-constexpr int kSensorBox = 3;
+constexpr std::array kUnitLists = {UnitList{.key = u"$I11QEI", .item = 11}};
 
 String TwoDigits(const String& number) { return number.size() == 1 ? u"0" + number : number; }
 
@@ -30,12 +30,12 @@ ParameterPage::ParameterPage(Program& program, const PageKind& kind, DeviceLink&
       Frames("Frame", arrays.frame),
       Combo("Combo", arrays.combo),
       lbl_unit("lbl_unit", arrays.lbl_unit) {
-  Register(lbl_Item);
-  Register(CaptionLabels);
-  Register(Text);
-  Register(Frames);
-  Register(Combo);
-  Register(lbl_unit);
+  RegisterFields(lbl_Item);
+  RegisterFields(CaptionLabels);
+  RegisterFields(Text);
+  RegisterFields(Frames);
+  RegisterFields(Combo);
+  RegisterFields(lbl_unit);
   Register(optTempUnit);
   ListenToFields();
 }
@@ -78,7 +78,7 @@ void ParameterPage::TextChanged(int index) {
   if (Building() || row < 0) {
     return;
   }
-  GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), Trimmed(Text[index].Text()));
+  GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), CellOf(row, Text[index].Text()));
   // What comes into a field that the user can't change, such as a live value, is no edit of his.
   if (!Text[index].Locked()) {
     MarkEdited();
@@ -95,11 +95,11 @@ void ParameterPage::ComboClicked(int index) {
   GroupItem.Set(DataCell(row, kGroup), item, text);
   if (item == u"10") {
     ShowInputTypeUnits(InputTypeRow());
-  } else if (item == u"11" && index == kSensorBox) {
-    ShowSensorUnits();
+  } else if (const UnitList* list = FindUnitList(DataCell(row, kChoiceKey))) {
+    ShowUnitsOf(list->key, UnitFrom(*list));
   } else if (item == u"11") {
     ApplyMillivoltRule(text);
-  } else if (item == u"23") {
+  } else if (item == u"23" && Traits().filter_follows_type) {
     ApplyFilterRule();
   }
   ApplyModelRules(item);
@@ -130,6 +130,10 @@ void ParameterPage::OptionClicked(OptionGroup& options, int place) {
   }
 }
 
+std::span<const UnitList> ParameterPage::UnitLists() const { return kUnitLists; }
+
+String ParameterPage::CellOf(int /*row*/, const String& text) const { return Trimmed(text); }
+
 int ParameterPage::FindTextIndex(const String& group, const String& item) const {
   const int row = FindDataRow(TwoDigits(group), TwoDigits(item));
   if (row < 0 || DataCell(row, kTextIndex).empty()) {
@@ -158,7 +162,7 @@ int ParameterPage::FindDataRow(const String& group, const String& item) const {
 }
 
 int ParameterPage::FindI10Row(const String& text) const {
-  return text.empty() ? -1 : Def[u"$I10"].FindRow(1, text);
+  return text.empty() || !Def.Has(u"$I10") ? -1 : Def[u"$I10"].FindRow(1, text);
 }
 
 int ParameterPage::InputTypeRow() const { return FindI10Row(Item(10)); }
@@ -200,12 +204,24 @@ void ParameterPage::ReadModel() {
   const Platform& platform = ItsProgram().Surroundings();
   ReadDefFile(ItsProgram().Lines(), Box(),
               DefFilePath(AppPath, ItsFamily(), DefFile, platform.files.Separator()), Def);
+  LoadItemTitles();
   AdaptDefinition();
   BuildPage();
   SettleLnrTab(TabMoment::ModelChosen);
   SettleFlaggedTabs();
   ApplyDefaults();
   DataChanged = false;
+}
+
+void ParameterPage::LoadItemTitles() {
+  if (!Def.HasColumn(kItemTitle)) {
+    return;
+  }
+  auto& names = Shared().KnownItemNames;
+  names.fill({});
+  for (int row = 0; row < Def.Data().Rows() && row < static_cast<int>(names.size()); ++row) {
+    names[static_cast<std::size_t>(row)] = DataCell(row, kItemTitle);
+  }
 }
 
 void ParameterPage::SettleLnrTab(TabMoment moment) {

@@ -35,6 +35,12 @@ struct ListRule {
   ListFill fill = ListFill::Whole;
 };
 
+/// A list whose choice brings a unit: column 2 of the row whose text the item has.
+struct UnitList {
+  StringView key;  ///< "$I11QEI"
+  int item = 0;    ///< of group 1, 0 to 99
+};
+
 /// A group of option buttons that stands for an item: the button's place is the row of the item's text in the
 /// table. The page has registered the group.
 struct OptionRule {
@@ -89,8 +95,11 @@ class ParameterPage : public DevicePage {
   static void OpenField(TextField& field);
 
   // The page's file commands.
-  void OpenCommand();  ///< cmdOpen
-  void NewCommand();   ///< cmdNew
+  /// cmdOpen. A file of another family's model opens on that family's page, which reads it itself; this page
+  /// then keeps its values.
+  void OpenCommand();
+  void NewCommand();  ///< cmdNew
+  void OpenChosenFile() override;
   bool SaveCfgFile() override;
   bool SaveRescueFile(const String& path) override;
   void ClearParameterSet() override;
@@ -98,9 +107,7 @@ class ParameterPage : public DevicePage {
   /// What the page knows of the chosen model beyond its definition.
   [[nodiscard]] const ModelTraits& Traits() const { return TraitsOf(TraitTable(), DefFile); }
   /// Cell of a row of $Data.
-  [[nodiscard]] const String& DataCell(int row, DataColumn column) const {
-    return Def.Data().At(row, column);
-  }
+  [[nodiscard]] const String& DataCell(int row, DataColumn column) const { return Def.Cell(row, column); }
   /// True when the row of $Data is fixed: its value is shown and can't be changed.
   [[nodiscard]] bool Fixed(int row) const { return DataCell(row, kChangeRule) == u"Y"; }
   /// Item of group 1 of the set.
@@ -121,9 +128,9 @@ class ParameterPage : public DevicePage {
   /// Index of the linearizer's tab; -1 on pages without one.
   [[nodiscard]] virtual int LnrTab() const { return -1; }
   /// Sizes the grid for the table (17 or 101 rows) and shows the set's points in it; `points` is 16 or 100.
-  virtual void SetUpTable(int points) = 0;
+  virtual void SetUpTable(int /*points*/) {}
   /// Empties the grid and its editor.
-  virtual void ClearTable() = 0;
+  virtual void ClearTable() {}
 
   Definition Def;
   ParameterSet GroupItem;
@@ -141,8 +148,15 @@ class ParameterPage : public DevicePage {
   [[nodiscard]] virtual std::span<const ModelTraits> TraitTable() const = 0;
   [[nodiscard]] virtual std::span<const ListRule> Lists() const = 0;
   [[nodiscard]] virtual std::vector<OptionRule> Options() = 0;  ///< for the present model
+  [[nodiscard]] virtual std::span<const UnitList> UnitLists() const;
 
   // The family's steps.
+  /// What the field of a row shows of its cell, which is not NEEDLESS.
+  [[nodiscard]] virtual String ShownText(int row) const { return SetCell(row); }
+  /// What the cell of a row takes of the text in its field.
+  [[nodiscard]] virtual String CellOf(int row, const String& text) const;
+  /// Shows what the family has in a row beside the common fields.
+  virtual void ShowFurther(int /*row*/) {}
   /// After the user's choice in a combo box went into the set and the common rules ran; `item` is the item of
   /// its row ("10").
   virtual void ApplyModelRules(const String& item) = 0;
@@ -179,6 +193,20 @@ class ParameterPage : public DevicePage {
   using DevicePage::Register;
   /// Registers a group of option buttons as one of the fields: ClearPage hides it, a press sets its item.
   void Register(OptionGroup& options);
+  /// Registers an array of fields: ClearPage hides them.
+  template <typename T>
+  void RegisterFields(ControlArray<T>& controls) {
+    Register(controls);
+    for (int index = 0; index < controls.Count(); ++index) {
+      fields_.push_back(&controls[index]);
+    }
+  }
+  /// The index that a row has in `column` for an array of `count` controls. Any other text than such an index
+  /// ends the program with a text that names the definition, the row and the column.
+  [[nodiscard]] int Place(int row, DataColumn column, int count) const;
+  /// Cell of the set that a row stands for.
+  [[nodiscard]] const String& SetCell(int row) const;
+  void MarkEdited();  ///< sets DataChanged, unless an upload puts values into the fields
 
  private:
   // Building a row.
@@ -190,22 +218,22 @@ class ParameterPage : public DevicePage {
   void FixOptions(int row, OptionGroup& options) const;
   void ShowUnit(int row);
   void ShowTemperatureUnits();
-  void ShowSensorUnits();
   void ShowUnitsOf(StringView unit_key, const String& unit);
   void ApplyMillivoltRule(const String& range);
-  [[nodiscard]] int Place(int row, DataColumn column, int count) const;
-  [[nodiscard]] const String& SetCell(int row) const;
   [[nodiscard]] String TemperatureUnit() const;
-  [[nodiscard]] String SensorUnit() const;
+  /// The list whose choice brings a unit, by its key; nullptr when the key is another list's.
+  [[nodiscard]] const UnitList* FindUnitList(const String& key) const;
+  [[nodiscard]] String UnitFrom(const UnitList& list) const;
   [[nodiscard]] std::optional<OptionRule> FindOptionRule(StringView key);
 
   // Events of the fields.
   void ListenToFields();
-  void MarkEdited();
   void TextChanged(int index);
   void ComboClicked(int index);
   void OptionClicked(OptionGroup& options, int place);
 
+  /// Makes the titles of the model's items those that its device is expected to answer.
+  void LoadItemTitles();
   void SettleTab(TableSwitch table_switch, int points);
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
 
@@ -215,6 +243,7 @@ class ParameterPage : public DevicePage {
   void SelectModelOfFile(int row);
 
   bool building_ = false;
+  std::vector<Control*> fields_;
   std::vector<OptionGroup*> options_;
 };
 

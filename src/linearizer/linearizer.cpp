@@ -55,6 +55,7 @@ Linearizer::Linearizer(ParameterPage& page)
     return key == Key::Enter;
   };
   page_.cmd_csvFileOpen.OnClick = [this] { OpenCsv(); };
+  page_.cmd_csvFileSave.OnClick = [this] { SaveCsv(); };
 }
 
 bool Linearizer::Refused() const {
@@ -152,6 +153,9 @@ void Linearizer::OpenCsv() {
 }
 
 bool Linearizer::SaveCsv() {
+  if (Refused()) {
+    return false;
+  }
   const std::optional<String> path = ChooseCsvFile(true);
   if (!path) {
     return false;
@@ -161,6 +165,8 @@ bool Linearizer::SaveCsv() {
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
   String reason;
   if (bytes && platform.files.Replace(*path, *bytes, reason)) {
+    CsvFilePath = *path;
+    CsvFileName = path->substr(path->rfind(platform.files.Separator()) + 1);
     return true;
   }
   if (!bytes) {

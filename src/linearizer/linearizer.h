@@ -36,8 +36,12 @@ class Linearizer {
   /// cmd_csvFileOpen: puts the points of a file into the table. A file that can't be read, or isn't text,
   /// leaves the table as it is, after a box that tells why.
   void OpenCsv();
-  /// Writes the grid's points to a file. True when it was written; a failure shows the system's reason.
+  /// cmd_csvFileSave: writes the grid's points to a file. True when it was written; a failure shows the
+  /// system's reason and leaves a former file of that name as it was.
   bool SaveCsv();
+
+  String CsvFilePath;  ///< of the table file written last
+  String CsvFileName;  ///< its bare name
 
   LnrTable& Table() { return table_; }
   LnrEditor& Editor() { return editor_; }

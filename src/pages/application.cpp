@@ -24,16 +24,32 @@ bool HoldsSlowDevice(const Program& program) {
           std::find(kSlowModels.begin(), kSlowModels.end(), page->DefFile) != kSlowModels.end());
 }
 
+template <typename PageOfFamily>
+std::unique_ptr<Page> Make(Program& program, const Family& family, DeviceLink& link) {
+  return std::make_unique<PageOfFamily>(program, family, link);
+}
+
+struct PageMaker {
+  StringView page;
+  std::unique_ptr<Page> (*make)(Program&, const Family&, DeviceLink&);
+};
+
+constexpr std::array kPages = {
+    PageMaker{.page = u"KvConfig", .make = Make<KvConfig>},
+};
+
+/// nullptr for a family without a page.
+std::unique_ptr<Page> MakePage(Program& program, const Family& family, DeviceLink& link) {
+  const auto* const maker = std::find_if(kPages.begin(), kPages.end(),
+                                         [&](const PageMaker& one) { return one.page == family.page; });
+  return maker == kPages.end() ? nullptr : maker->make(program, family, link);
+}
+
 }  // namespace
 
 Application::Application(const Platform& platform, String folder)
     : program(platform, std::move(folder),
-              [this](Program& owner, const Family& family) -> std::unique_ptr<Page> {
-                if (family.page == u"KvConfig") {
-                  return std::make_unique<KvConfig>(owner, family, link);
-                }
-                return nullptr;
-              }),
+              [this](Program& owner, const Family& family) { return MakePage(owner, family, link); }),
       link(platform, program.Shared()) {
   link.line.SlowDevice = [this] { return HoldsSlowDevice(program); };
 }

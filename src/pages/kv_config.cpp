@@ -30,45 +30,21 @@ constexpr std::array<StringView, 2> kLinearizerTypes = {u"FX: Linearizer", u"Fx:
 }  // namespace
 
 KvConfig::KvConfig(Program& program, const Family& family, DeviceLink& link)
-    : TransferPage(program,
-                   {.family = family,
-                    .tab_control = "KvCfg_Tab",
-                    .tab_captions = kTabCaptions,
-                    .design = kKvConfigDesign},
-                   link, kArrays, kGroups),
-      monitor_(*this, MonitorFamilyOf(family)),
-      output_(*this, OutputFamilyOf(family), monitor_),
-      linearizer_(*this) {
-  for (OptionGroup* options :
-       {&Opt_Table, &Opt_Lnr, &Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
+    : TablePage(program,
+                {.family = family,
+                 .tab_control = "KvCfg_Tab",
+                 .tab_captions = kTabCaptions,
+                 .design = kKvConfigDesign},
+                link, kArrays, kGroups) {
+  for (OptionGroup* options : {&Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
     Register(*options);
   }
-  cmdMonitorON.OnClick = [this] { monitor_.Start(); };
-  cmdMonitorOFF.OnClick = [this] { monitor_.RequestStop(); };
-  cmdSet.OnClick = [this] { output_.Set(); };
-  cmdStatusMonOFF.OnClick = [this] { output_.Off(); };
   ApplyDesign();
-}
-
-void KvConfig::SetCaptions(Language language) {
-  TransferPage::SetCaptions(language);
-  for (OptionGroup* options : {&Opt_Table, &Opt_Lnr}) {
-    (*options)[0].SetCaption(CaptionText(TextKey::OptionNo, language));
-    (*options)[1].SetCaption(CaptionText(TextKey::OptionYes, language));
-  }
-  constexpr std::array kUnits = {kDegC, kDegF, kKelvin};
-  for (std::size_t place = 0; place < kUnits.size(); ++place) {
-    optTempUnit[static_cast<int>(place)].SetCaption(String(kUnits.at(place)));
-  }
 }
 
 void KvConfig::PreparePort() { Line().OpenAtStart(String(ItsFamily().settings)); }
 
 void KvConfig::ClosePort() { Line().Close(); }
-
-std::vector<Control*> KvConfig::FurtherLockedControls() {
-  return {&LnrFlexGrid, &fraLnrChange, &cmd_csvFileOpen};
-}
 
 int KvConfig::LnrTab() const { return kLinearizerTab; }
 
@@ -109,23 +85,8 @@ std::vector<OptionRule> KvConfig::Options() {
   };
 }
 
-void KvConfig::AfterOption(const OptionRule& rule, int place) {
-  if (rule.options == &Opt_Table || rule.options == &Opt_Lnr) {
-    Tabs.SetTabEnabled(kLinearizerTab, place != 0);
-  }
-}
-
 void KvConfig::ShowModelControls() {
-  const bool monitor = Traits().has_monitor;
-  for (Control* control : {static_cast<Control*>(&fraMonitoring), static_cast<Control*>(&IO_lblShow),
-                           static_cast<Control*>(&cmdMonitorON), static_cast<Control*>(&cmdMonitorOFF)}) {
-    control->SetVisible(monitor);
-  }
-  const bool output = FindTextIndex(u"01", u"03_set") >= 0;
-  for (Control* control : {static_cast<Control*>(&IO_lblSet), static_cast<Control*>(&cmdSet),
-                           static_cast<Control*>(&cmdStatusMonOFF)}) {
-    control->SetVisible(output);
-  }
+  io_check_.ShowControls();
   if (Frame* frame = TemperatureFrame()) {
     frame->SetEnabled(Item(21) != kNeedless);
   }
@@ -137,17 +98,6 @@ void KvConfig::SettleFlaggedTabs() {
 
 bool KvConfig::InputTypeUsesTable() const {
   return std::find(kLinearizerTypes.begin(), kLinearizerTypes.end(), Item(10)) != kLinearizerTypes.end();
-}
-
-const OptionGroup* KvConfig::SwitchOptions(TableSwitch table_switch) const {
-  switch (table_switch) {
-    case TableSwitch::TableOption:
-      return &Opt_Table;
-    case TableSwitch::LnrOption:
-      return &Opt_Lnr;
-    default:
-      return nullptr;
-  }
 }
 
 std::optional<CodeTable> KvConfig::CodesOf(int item) const {
@@ -179,23 +129,15 @@ std::optional<CodeTable> KvConfig::CodesOf(int item) const {
 }
 
 bool KvConfig::CheckModel() {
-  const auto serves = [this](const KvConfigCheck& check) {
-    return check.beginning ? DefFile.starts_with(check.def_file) : DefFile == check.def_file;
-  };
-  const auto checks = KvConfigChecks();
-  const auto check = std::find_if(checks.begin(), checks.end(), serves);
-  const bool filter = check != checks.end() && check->beginning;
-  if (filter && !CheckRanges(check->ranges, check->condition)) {
+  const ModelCheck* check = FindCheck(KvConfigChecks(), DefFile);
+  const bool filter = check != nullptr && check->beginning;
+  if (filter && !CheckByModel(*check)) {
     return false;
   }
   if (Traits().range_follows_type && !CheckRangeOfType()) {
     return false;
   }
-  if (check == checks.end() || filter) {
-    return true;
-  }
-  return check->sensor != nullptr ? CheckSensor(*check->sensor)
-                                  : CheckRanges(check->ranges, check->condition);
+  return check == nullptr || filter || CheckByModel(*check);
 }
 
 }  // namespace korva

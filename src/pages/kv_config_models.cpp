@@ -136,22 +136,22 @@ constexpr std::array kQeiCodes = {
 constexpr SensorCheck kQeiSensor = {.table = u"$I11QEI", .code_ranges = kQeiCodes};
 
 constexpr std::array kChecks = {
-    KvConfigCheck{.def_file = u"QHN",
-                  .beginning = true,
-                  .ranges = kFilterRanges,
-                  .condition = RangeCondition::OpenInOrder},
-    KvConfigCheck{.def_file = u"QD.def", .ranges = kQdRanges},
-    KvConfigCheck{.def_file = u"QD2.def", .ranges = kQdRanges},
-    KvConfigCheck{.def_file = u"QD2I.def", .ranges = kQdRanges},
-    KvConfigCheck{.def_file = u"QH.def", .ranges = kQhRanges, .condition = RangeCondition::NoneLocked},
-    KvConfigCheck{.def_file = u"QHG.def", .ranges = kQhgRanges, .condition = RangeCondition::NoneLocked},
-    KvConfigCheck{.def_file = u"QEI.def", .sensor = &kQeiSensor},
+    ModelCheck{.def_file = u"QHN",
+               .beginning = true,
+               .ranges = kFilterRanges,
+               .condition = RangeCondition::OpenInOrder},
+    ModelCheck{.def_file = u"QD.def", .ranges = kQdRanges},
+    ModelCheck{.def_file = u"QD2.def", .ranges = kQdRanges},
+    ModelCheck{.def_file = u"QD2I.def", .ranges = kQdRanges},
+    ModelCheck{.def_file = u"QH.def", .ranges = kQhRanges, .condition = RangeCondition::NoneLocked},
+    ModelCheck{.def_file = u"QHG.def", .ranges = kQhgRanges, .condition = RangeCondition::NoneLocked},
+    ModelCheck{.def_file = u"QEI.def", .sensor = &kQeiSensor},
 };
 
 }  // namespace
 
 std::span<const ModelTraits> KvConfigModels() { return kModels; }
 
-std::span<const KvConfigCheck> KvConfigChecks() { return kChecks; }
+std::span<const ModelCheck> KvConfigChecks() { return kChecks; }
 
 }  // namespace korva

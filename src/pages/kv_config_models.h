@@ -10,14 +10,7 @@ namespace korva {
 /// What the page of family First knows of its models.
 std::span<const ModelTraits> KvConfigModels();
 
-/// The value checks of the models of family First, by definition file.
-struct KvConfigCheck {
-  StringView def_file;
-  bool beginning = false;  ///< `def_file` is the beginning of the names
-  std::span<const ItemRange> ranges = {};
-  RangeCondition condition = RangeCondition::AllOpen;
-  const SensorCheck* sensor = nullptr;
-};
-std::span<const KvConfigCheck> KvConfigChecks();
+/// The value checks of the models of family First.
+std::span<const ModelCheck> KvConfigChecks();
 
 }  // namespace korva

@@ -67,7 +67,7 @@ bool TransferPage::CheckChoices() {
   bool good = true;
   for (int row = 0; row < data.Rows(); ++row) {
     const int index = LeadingInteger(DataCell(row, kComboIndex));
-    const bool written = IsNumeric(data.At(row, DownloadColumns().position));
+    const bool written = IsNumeric(DataCell(row, kWritePosition));
     if (!written || DataCell(row, kComboIndex).empty() || !Combo.Has(index)) {
       continue;
     }
@@ -104,7 +104,7 @@ std::optional<CodeTable> TransferPage::CodesToSend(int row) const {
   const String& group = DataCell(row, kGroup);
   const String& item = DataCell(row, kItem);
   const String& cell = GroupItem.At(group, item);
-  const bool choice = ReplyPrefix(row).empty() && group == u"01";
+  const bool choice = IsChoice(row) && group == u"01";
   return choice && !cell.empty() && cell != kNeedless && IsToBeWritten(row) ? CodesOf(LeadingInteger(item))
                                                                             : std::nullopt;
 }
@@ -164,9 +164,8 @@ bool TransferPage::WriteAllItems() {
 void TransferPage::BuildWriteList(WriteList& list) {
   TransferBar.SetValue(15);
   const StringTable& data = Def.Data();
-  const int position_column = DownloadColumns().position;
   for (int row = 0; row < data.Rows(); ++row) {
-    const String& position = data.At(row, position_column);
+    const String& position = DataCell(row, kWritePosition);
     if (!IsNumeric(position)) {
       continue;
     }
@@ -189,16 +188,23 @@ WriteEntry TransferPage::EntryOf(int row) const {
   entry.source = cell;
   if (cell == kNeedless) {
     entry.data = cell;
-  } else if (!entry.prefix.empty()) {
-    entry.data = cell == kEmptyTag ? cell : Trimmed(cell);
+  } else if (!IsChoice(row)) {
+    entry.data = DataOf(row, cell);
   } else if (const std::optional<CodeTable> codes = CodesToSend(row)) {
     entry.data = CodeOf(*codes, entry.item, cell);
   }
   return entry;
 }
 
+String TransferPage::DataOf(int /*row*/, const String& cell) const {
+  return cell == kEmptyTag ? cell : Trimmed(cell);
+}
+
 bool TransferPage::IsToBeWritten(int row) const {
-  const String& condition = Def.Data().At(row, DownloadColumns().condition);
+  const String& condition = DataCell(row, kWriteCondition);
+  if (!Applies(row)) {
+    return false;
+  }
   if (condition == u"Y") {
     return true;
   }

@@ -56,7 +56,12 @@ class TransferPage : public ParameterPage {
   virtual bool CheckInputType();
   /// Makes the device ready for the writes, from programming mode on. False after its box.
   virtual bool BeginWriting();
-  [[nodiscard]] virtual WriteColumns DownloadColumns() const { return {}; }
+  /// True when the item of a row goes out as the code of its text, false when it goes out as a value.
+  [[nodiscard]] virtual bool IsChoice(int row) const { return ReplyPrefix(row).empty(); }
+  /// False when the present choices make the row of no use: it is then not written.
+  [[nodiscard]] virtual bool Applies(int /*row*/) const { return true; }
+  /// What goes out for the value in the cell of a row.
+  [[nodiscard]] virtual String DataOf(int row, const String& cell) const;
   /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
   /// none, or has nothing to choose under the present input type, and is then not written.
   [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
@@ -98,6 +103,7 @@ class TransferPage : public ParameterPage {
   /// blank one counts 0; else every field whose cell isn't empty is judged.
   bool CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition);
   bool CheckSensor(const SensorCheck& check);
+  bool CheckByModel(const ModelCheck& check);
 
   /// The codes of item 11 in the column of the present input type's title; nothing under a title without one.
   [[nodiscard]] std::optional<CodeTable> RangeCodesUnderTitle() const;
@@ -107,6 +113,7 @@ class TransferPage : public ParameterPage {
   /// Raises the voltages of these items to the grid of 0.05 V, with a box for each that changes.
   void Round005V(std::span<const StringView> items);
 
+  void SetCaptions(Language language) override;
   void ChangeTemperatureUnit(int place) override;
   /// Spells the input types as the device does from which the set came, so that a set of an older device is
   /// found in the list, and checked, when its file is opened again.

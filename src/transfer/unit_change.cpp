@@ -13,30 +13,28 @@ String TransferPage::UnitOf(int item) const {
 }
 
 const Label* TransferPage::UnitLabelOf(int row) const {
-  const String& index = Def.Data().At(row, kUnitLabel);
+  const String& index = DataCell(row, kUnitLabel);
   const int label = LeadingInteger(index);
   return index.empty() || !lbl_unit.Has(label) ? nullptr : &lbl_unit[label];
 }
 
 void TransferPage::ChangeTemperatureUnit(int place) {
   const String unit = optTempUnit[place].Caption();
-  const StringTable& data = Def.Data();
-  for (int row = 0; row < data.Rows(); ++row) {
-    if (data.At(row, kTemperature) == u"Item21" && !ChangeUnitOfRow(row, unit)) {
+  for (int row = 0; row < Def.Data().Rows(); ++row) {
+    if (DataCell(row, kTemperature) == u"Item21" && !ChangeUnitOfRow(row, unit)) {
       return;
     }
   }
 }
 
 bool TransferPage::ChangeUnitOfRow(int row, const String& unit) {
-  const StringTable& data = Def.Data();
   const String old_unit = UnitLabelOf(row) == nullptr ? String() : UnitLabelOf(row)->Caption();
   if (UnitLabelOf(row) != nullptr) {
     lbl_unit[LeadingInteger(DataCell(row, kUnitLabel))].SetCaption(unit);
   }
-  const String& index = data.At(row, kTextIndex);
+  const String& index = DataCell(row, kTextIndex);
   const int text = LeadingInteger(index);
-  const bool needless = GroupItem.At(data.At(row, kGroup), data.At(row, kItem)) == kNeedless;
+  const bool needless = SetCell(row) == kNeedless;
   if (index.empty() || !Text.Has(text) || needless) {
     return true;
   }
@@ -57,7 +55,7 @@ bool TransferPage::ChangeUnitOfRow(int row, const String& unit) {
   if (type < 0) {
     return false;
   }
-  field.SetText(WithinLimits(value, data.At(row, kItem), type, unit));
+  field.SetText(WithinLimits(value, DataCell(row, kItem), type, unit));
   return true;
 }
 
@@ -90,17 +88,18 @@ void TransferPage::Round005V(std::span<const StringView> items) {
 void TransferPage::RoundItems(std::span<const StringView> items, GridRule rule, BoxKey box) {
   for (const StringView item : items) {
     const String name(item);
-    const GridRounding rounding = rule(GroupItem.At(u"01", name));
+    const int row = FindDataRow(u"01", name);
+    const GridRounding rounding = row < 0 ? GridRounding() : rule(SetCell(row));
     if (!rounding.number) {
       continue;
     }
     if (rounding.new_number != rounding.old_number) {
       Box().Show(box, {name, rounding.old_number, rounding.new_number});
     }
-    if (TextField* field = FindField(name)) {
-      field->SetText(rounding.text);
-    }
     GroupItem.Set(u"01", name, rounding.text);
+    if (TextField* field = FindField(name)) {
+      field->SetText(ShownText(row));
+    }
   }
 }
 

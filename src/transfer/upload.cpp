@@ -1,3 +1,5 @@
+#include <array>
+
 #include "core/text_utilities.h"
 #include "transfer/columns.h"
 #include "transfer/transfer_page.h"
@@ -10,6 +12,14 @@ TransferPage::TransferPage(Program& program, const PageKind& kind, DeviceLink& l
   cmdUpload.OnClick = [this] { UploadCommand(); };
   cmdDownload.OnClick = [this] { DownloadCommand(); };
   cmdCheck.OnClick = [this] { CheckCommand(); };
+}
+
+void TransferPage::SetCaptions(Language language) {
+  ParameterPage::SetCaptions(language);
+  constexpr std::array kUnits = {kDegC, kDegF, kKelvin};
+  for (std::size_t place = 0; place < kUnits.size(); ++place) {
+    optTempUnit[static_cast<int>(place)].SetCaption(String(kUnits.at(place)));
+  }
 }
 
 void TransferPage::UploadCommand() {
@@ -78,7 +88,7 @@ void TransferPage::ReadAllItems() {
   }
 }
 
-String TransferPage::ReplyPrefix(int row) const { return Def.Data().At(row, kReplyPrefix); }
+String TransferPage::ReplyPrefix(int row) const { return DataCell(row, kReplyPrefix); }
 
 String TransferPage::StripReplyPrefix(int row, const String& reply) const {
   const String prefix = ReplyPrefix(row);

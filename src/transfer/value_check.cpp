@@ -49,7 +49,7 @@ bool TransferPage::CheckBlankFields() {
   const int tag = FindTextIndex(u"01", u"02");
   for (int index = 0; index < Text.Count(); ++index) {
     const TextField& field = Text[index];
-    if (!field.Visible() || !field.Text().empty()) {
+    if (!field.Visible() || !field.Enabled() || !field.Text().empty()) {
       continue;
     }
     if (index == tag) {
@@ -215,7 +215,7 @@ bool TransferPage::CheckRangeOfType() {
 
 bool TransferPage::CheckRange(const ItemRange& range) {
   const TextField* field = FieldOf(range.item);
-  if (field == nullptr || Item(range.item) == kNeedless) {
+  if (field == nullptr || !field->Enabled() || Item(range.item) == kNeedless) {
     return true;
   }
   return Mark(range.item, IsBetween(range.high, range.low, LeadingNumber(field->Text())));
@@ -253,6 +253,17 @@ bool TransferPage::CheckRangesInOrder(std::span<const ItemRange> ranges) {
     }
   }
   return true;
+}
+
+const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file) {
+  const auto check = std::find_if(checks.begin(), checks.end(), [&](const ModelCheck& one) {
+    return one.beginning ? def_file.starts_with(one.def_file) : def_file == one.def_file;
+  });
+  return check == checks.end() ? nullptr : &*check;
+}
+
+bool TransferPage::CheckByModel(const ModelCheck& check) {
+  return check.sensor != nullptr ? CheckSensor(*check.sensor) : CheckRanges(check.ranges, check.condition);
 }
 
 bool TransferPage::CheckSensor(const SensorCheck& check) {

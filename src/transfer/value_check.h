@@ -42,4 +42,16 @@ struct SensorCheck {
   ItemRange percent = {.item = 13, .low = 0, .high = 100};
 };
 
+/// The value check of one model.
+struct ModelCheck {
+  StringView def_file;
+  bool beginning = false;  ///< `def_file` is the beginning of the names
+  std::span<const ItemRange> ranges = {};
+  RangeCondition condition = RangeCondition::AllOpen;
+  const SensorCheck* sensor = nullptr;  ///< in place of ranges
+};
+
+/// The row that serves the definition file, the first in the table's order; nullptr when there is none.
+const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file);
+
 }  // namespace korva

@@ -21,12 +21,6 @@ struct WriteEntry {
 inline constexpr int kWritePositions = 21;
 using WriteList = std::array<WriteEntry, kWritePositions>;
 
-/// Columns of $Data that only a download reads.
-struct WriteColumns {
-  int position = kWritePosition;    ///< position in the write list; no number: the item is never written
-  int condition = kWriteCondition;  ///< when the item is written: "Y", "$I10", "$I10_CNECTI11"
-};
-
 /// Where the code of a choice stands: the row whose `text_column` is the text has the code in column 0.
 struct CodeTable {
   StringView key;  ///< of the definition's section

@@ -130,6 +130,7 @@ TEST_F(FieldEvents, ASensorSetsItsUnitAndLeavesThatOfTheInputType) {
 }
 
 TEST_F(FieldEvents, NoFilterEmptiesItsFieldsInTheSetToo) {
+  host.Choose(u"QHN1", Definition());
   page.Text[30].UserTypes(u"5");
   Pick(2, u"0:NO FILTER");
   EXPECT_EQ(page.Text[30].Text(), u"");

@@ -166,13 +166,22 @@ TEST_F(OpenCommand, AnItemOutsideTheSetEndsTheProgram) {
   EXPECT_THROW(Open(u"$DefFile\n\"OTHER.def\"\n$Data\n\"9\",\"500\",\"x\"\n$End\n"), RuntimeFailure);
 }
 
-TEST_F(OpenCommand, AModelOfAnotherFamilyShowsThatFamilysPageWithoutTheValues) {
-  Open(u"$DefFile\n\"THIRD.def\"\n$Data\n\"1\",\"2\",\"TAG-1\"\n$End\n");
+TEST_F(OpenCommand, AModelOfAnotherFamilyOpensOnThatFamilysPageAndThisOneKeepsItsValues) {
+  Open(kOther);
+  const String title = Page().txtFileTitle.Text();
+  Open(u"$DefFile\n\"THIRD.def\"\n$Data\n\"1\",\"2\",\"TAG-3\"\n$Memo\n\"0\",\"a\"\n\"1\",\"m\"\n$End\n");
   ASSERT_NE(host.third, nullptr);
   EXPECT_EQ(host.program.Showing(), host.third);
   EXPECT_EQ(host.third->DefFile, u"THIRD.def");
-  EXPECT_EQ(host.third->Text[0].Text(), u"");
+  EXPECT_EQ(host.third->Text[0].Text(), u"TAG-3");
+  EXPECT_EQ(host.third->txtAuthor.Text(), u"a");
+  EXPECT_FALSE(host.third->DataChanged);
   EXPECT_EQ(Page().Item(2), u"TAG-1");
+  EXPECT_EQ(Page().txtFileTitle.Text(), title);
+}
+
+TEST_F(OpenCommand, AFileOfAnotherFamilyIsReadByThatFamilysReader) {
+  EXPECT_THROW(Open(u"$DefFile\n\"THIRD.def\"\n$Data\n\"2\",\"0\",\"x\"\n$End\n"), RuntimeFailure);
 }
 
 }  // namespace

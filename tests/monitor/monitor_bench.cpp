@@ -80,7 +80,7 @@ MonitorPage::MonitorPage(Program& program, const Family& family, DeviceLink& dev
   cmdMonitorOFF.OnClick = [this] { monitor.RequestStop(); };
 }
 
-std::string RowsOf(const std::vector<MonitorRow>& rows) {
+std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
   std::string section = "$Data\r\n";
   for (const MonitorRow& row : rows) {
     const std::string index = row.index < 0 ? "" : std::to_string(row.index);
@@ -90,7 +90,7 @@ std::string RowsOf(const std::vector<MonitorRow>& rows) {
     cells[kOnPage] = row.on_page;
     cells[kTextIndex] = index;
     cells[kUnitLabel] = index;
-    cells[kUnitText] = row.unit;
+    cells.at(static_cast<std::size_t>(unit_column)) = row.unit;
     cells[kWriteCondition] = row.condition;
     cells[kReplyPrefix] = row.prefix;
     for (const std::string& cell : cells) {

@@ -85,7 +85,7 @@ struct MonitorRow {
   std::string prefix = {};
 };
 /// The section $Data of these rows.
-std::string RowsOf(const std::vector<MonitorRow>& rows);
+std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column = kUnitText);
 /// Rows of every item that a monitor may read, in the order of their fields: 03_set 1, 03_mon 2, 04 3, 05 4,
 /// 06 5, 07 6, 08 7, 03 8, 04_mon 9, 32 10, 24_set 11, 24_mon 12, 22 13.
 std::string AllRows();

@@ -16,11 +16,15 @@ using test::MonitorBench;
 using test::TemperatureSection;
 
 /// Rows of items 04, 06 and 07 with the units that the definition gives them.
-const std::string kRows = test::RowsOf({{.item = "04", .index = 3, .unit = "d04"},
-                                        {.item = "06", .index = 5, .unit = "d06"},
-                                        {.item = "07", .index = 6, .unit = "d07"},
-                                        {.item = "09", .index = 14, .unit = "d14"},
-                                        {.item = "12", .index = 2, .unit = "d02"}});
+std::string RowsWithUnits(int unit_column) {
+  return test::RowsOf({{.item = "04", .index = 3, .unit = "d04"},
+                       {.item = "06", .index = 5, .unit = "d06"},
+                       {.item = "07", .index = 6, .unit = "d07"},
+                       {.item = "09", .index = 14, .unit = "d14"},
+                       {.item = "12", .index = 2, .unit = "d02"}},
+                      unit_column);
+}
+const std::string kRows = RowsWithUnits(kUnitText);
 
 /// Input types with their unit in `column`; row 0 is one, too.
 std::string Types(const std::string& key, int column) {
@@ -396,7 +400,8 @@ INSTANTIATE_TEST_SUITE_P(Unit, UnitTest, testing::ValuesIn(kCases),
 
 TEST_P(UnitTest, IsFoundWhereTheModelHasIt) {
   const UnitCase& one = GetParam();
-  MonitorBench bench(one.word, one.def_file, kRows + one.sections,
+  const std::string rows = one.word == u"Second" ? RowsWithUnits(15) : kRows;
+  MonitorBench bench(one.word, one.def_file, rows + one.sections,
                      {.InputKind = [&] { return FromUtf8(one.kind); }, .BeforeRead = nullptr});
   for (const auto& [item, answer] : one.answers) {
     bench.line.items[item] = answer;
