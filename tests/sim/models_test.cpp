@@ -37,6 +37,31 @@ class ModelsTest : public testing::TestWithParam<Model> {
     return nullptr;
   }
 
+  /// What stands before the value of a row; the words for a choice's form are no prefix.
+  static std::string Prefix(const Definition::Row& row) {
+    const auto& prefix = Field(row, 22);
+    return prefix == "O" || prefix == "N" ? std::string{} : prefix;
+  }
+
+  /// A reply as a configurator takes it: without the "D", and in the dialect of a display without the blanks.
+  std::string Shown(const std::string& reply) const {
+    if (device_.GetFamily().dialect == Dialect::Cok) {
+      return reply.starts_with('D') ? reply.substr(1) : reply;
+    }
+    return std::string(TrimBlanks(reply.substr(1)));
+  }
+
+  /// The value of a row's item as the device reports it, or "CNU".
+  std::string ReportedValue(const Definition::Row& row) {
+    const auto reply = Read(device_, Field(row, 0), Field(row, 1).substr(0, 2));
+    return Shown(device_.GetFamily().dialect == Dialect::Cok ? reply : device_.Answer("D").text);
+  }
+
+  /// A value less the unit behind it, which the device doesn't take.
+  static std::string Plain(const Definition::Row& row, const std::string& value) {
+    return Field(row, 1) == "02" ? value : value.substr(0, value.find_last_of("0123456789.") + 1);
+  }
+
   Device device_;
   Definition definition_ = Definition::Read(kHome, GetParam());
 };
@@ -48,37 +73,41 @@ TEST_P(ModelsTest, UploadedItemsHaveAValueWithTheirPrefixOrAreNotUsable) {
       continue;
     }
     ++read;
-    const auto reply = Read(device_, Field(row, 0), Field(row, 1));
-    if (reply != "CNU") {
-      const auto head = "D" + Field(row, 22);
-      EXPECT_TRUE(reply.starts_with(head) && reply.size() > head.size()) << Field(row, 1) << ": " << reply;
+    const auto value = ReportedValue(row);
+    if (value != "CNU") {
+      EXPECT_TRUE(value.starts_with(Prefix(row)) && value.size() > Prefix(row).size())
+          << Field(row, 1) << ": " << value;
     }
   }
-  EXPECT_GT(read, 5);
+  EXPECT_GE(read, 5);
 }
 
 TEST_P(ModelsTest, OwnValuesWrittenBackInTheOrderOfWritingEchoUnchanged) {
+  const std::size_t position_column = GetParam().family_word == "Second" ? 24 : 23;
   std::map<int, const Definition::Row*> order;
   for (const auto& row : definition_.Rows("$Data")) {
-    if (!Field(row, 23).empty()) {
-      EXPECT_TRUE(order.emplace(std::stoi(Field(row, 23)), &row).second) << "position " << Field(row, 23);
+    const auto& position = Field(row, position_column);
+    if (!position.empty()) {
+      EXPECT_TRUE(order.emplace(std::stoi(position), &row).second) << "position " << position;
     }
   }
   ASSERT_FALSE(order.empty());
   EnterProgramming(device_);
   for (const auto& [position, row] : order) {
-    const auto before = Read(device_, "01", Field(*row, 1));
+    const auto before = ReportedValue(*row);
     if (before == "CNU") {
       continue;
     }
-    auto data = before.substr(1 + Field(*row, 22).size());
-    if (Field(*row, 22).empty()) {
+    auto data = before.substr(Prefix(*row).size());
+    if (Field(*row, 11).empty()) {
+      data = Plain(*row, data);
+    } else {
       const auto section = Field(*row, 11) == "$I11" ? "$I11Body" : Field(*row, 11);
       const auto* const choice = RowOf(section, data);
       ASSERT_NE(choice, nullptr) << section << " has no row " << data;
       data = Field(*choice, 0);
     }
-    EXPECT_EQ(Write(device_, "01", Field(*row, 1), data), before) << Field(*row, 1);
+    EXPECT_EQ(Shown(Write(device_, "01", Field(*row, 1), data)), before) << Field(*row, 1);
   }
 }
 
@@ -144,16 +173,17 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
   }
 }
 
-TEST_P(ModelsTest, LiveValuesAreNumbersBehindTheirHead) {
+TEST_P(ModelsTest, LiveValuesAreNumbersBetweenTheirHeadAndTheirUnit) {
   for (const auto& row : definition_.Rows("$Data")) {
-    const auto item = Field(row, 1).substr(0, 2);
-    if (!Field(row, 23).empty() || Field(row, 0) != "01" || (item > "08" && item != "32") || item < "03") {
+    if (Field(row, 4) == "Y" || Field(row, 0) != "01") {
       continue;
     }
-    const auto reply = Read(device_, "01", item);
-    const auto number = reply.find_first_of("-0123456789.");
-    ASSERT_NE(number, std::string::npos) << item << ": " << reply;
-    EXPECT_TRUE(ParseNumber(std::string_view(reply).substr(number))) << item << ": " << reply;
+    const auto value = ReportedValue(row);
+    const auto number = value.find_first_of("-0123456789.");
+    ASSERT_NE(number, std::string::npos) << Field(row, 1) << ": " << value;
+    const auto end = value.find(' ', number);
+    EXPECT_TRUE(ParseNumber(std::string_view(value).substr(number, end - number)))
+        << Field(row, 1) << ": " << value;
   }
 }
 

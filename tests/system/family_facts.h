@@ -1,12 +1,13 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// Columns of $Data.
+/// Columns of $Data that mean the same in every family.
 enum Column : std::size_t {
   kGroup = 0,
   kItem = 1,
@@ -16,19 +17,31 @@ enum Column : std::size_t {
   kOnPage = 5,
   kLabel = 6,
   kCaption = 7,
+  kEnglish = 8,
   kText = 9,
   kCombo = 10,
   kList = 11,
   kFrame = 12,
   kUnitLabel = 13,
-  kFollows = 15,
-  kTemperature = 16,
-  kLastOption = 17,
-  kDefaultOption = 18,
-  kRule = 19,
-  kCondition = 20,
-  kPrefix = 22,
-  kPosition = 23,
+  kPrefix = 22,  ///< or the form of a choice
+};
+
+/// The place of a column that a family does not have: its field is always empty.
+inline constexpr std::size_t kNoColumn = static_cast<std::size_t>(-1);
+
+/// Columns of $Data that each family has at a place of its own.
+struct Columns {
+  std::size_t unit = kNoColumn;
+  std::size_t unit_box = kNoColumn;
+  std::size_t follows = kNoColumn;
+  std::size_t temperature = kNoColumn;
+  std::size_t last_option = kNoColumn;
+  std::size_t default_option = kNoColumn;
+  std::size_t rule = kNoColumn;  ///< or whether the row is locked
+  std::size_t condition = kNoColumn;
+  std::size_t position = kNoColumn;
+  std::size_t title = kNoColumn;
+  std::array<std::size_t, 3> unused{};  ///< mean nothing
 };
 
 struct Shape {
@@ -38,7 +51,7 @@ struct Shape {
 };
 
 struct ArrayColumn {
-  Column column;
+  std::size_t column;
   int highest;
 };
 
@@ -51,15 +64,28 @@ struct Place {
   int text = -1;
   int combo = -1;
   int frame = -1;
+  int unit_box = -1;
   int last_option = -1;
+};
+
+/// A row that has to stand at its place, because the program knows it by its number.
+struct FixedRow {
+  std::string_view definition;
+  std::size_t row;  ///< from 0
+  std::string_view item;
 };
 
 /// What the definitions of a family may hold, and where its page shows each item.
 struct FamilyFacts {
   std::string_view folder;
+  Columns columns;
   std::vector<Shape> shapes;
   std::vector<ArrayColumn> arrays;
   std::vector<Place> plan;
+  std::vector<std::string_view> follow_keys = {};  ///< lists that a unit can follow
+  std::vector<std::string_view> conditions;        ///< words for when a download writes an item
+  bool forms = false;  ///< a choice is marked by `O` or `N`, and a value needs no prefix
+  std::vector<FixedRow> fixed_rows = {};
   int last_position;
 };
 
