@@ -26,10 +26,10 @@ struct LnrModel {
   std::function<void(PageBench&)> switch_on = [](PageBench&) {};
 };
 
-void PressTable(PageBench& bench) { bench.Press(bench.Page().Opt_Table, 1); }
-void PressLnr(PageBench& bench) { bench.Press(bench.Page().Opt_Lnr, 1); }
+void PressTable(PageBench& bench) { bench.Press(bench.First().Opt_Table, 1); }
+void PressLnr(PageBench& bench) { bench.Press(bench.First().Opt_Lnr, 1); }
 void PickLinearizer(PageBench& bench) {
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   const int row = page.FindDataRow(u"01", u"10");
   bench.Pick(page.Combo[std::stoi(ToUtf8(page.DataCell(row, kComboIndex)))], u"FX: Linearizer");
 }
@@ -93,7 +93,7 @@ struct Seen {
 class OpenTableTest : public testing::TestWithParam<LnrModel> {
  protected:
   OpenTableTest() { bench_.Choose(GetParam()); }
-  KvConfig& Page() { return bench_.Page(); }
+  KvConfig& Page() { return bench_.First(); }
   static int Points() { return GetParam().points; }
   /// A table with an edit of its third point open, the view scrolled down.
   void Prepare() {
@@ -389,7 +389,7 @@ TEST(SwitchedOffTableTest, OpeningAFileIsRefusedWithAWarningAndNoDialog) {
     CsvBench bench;
     bench.Choose(model);
     bench.OpenTable(Numbered(3));
-    KvConfig& page = bench.Page();
+    KvConfig& page = bench.First();
     bench.Press(page.Opt_Table.Selected() == 1 ? page.Opt_Table : page.Opt_Lnr, 0);
     EXPECT_EQ(page.WhyRefused(page.cmd_csvFileOpen), "tab disabled");
     const Seen before(page);

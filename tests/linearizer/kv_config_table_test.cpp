@@ -122,7 +122,7 @@ TEST_P(TableTest, AnUploadPutsEveryValueIntoTheSetAndTheGrid) {
 TEST_P(TableTest, TheTableCannotBeTouchedWhileItIsUploadedOrDownloaded) {
   TableBench bench(GetParam());
   bench.PutTable(bench.OwnTable());
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bool edited = true;
   bench.loop.OnPump([&] {
     edited = page.fraLnrChange.Visible();

@@ -195,7 +195,7 @@ TEST(LnrEditorTest, EnterTakesTheTextAndOtherKeysAreTheFieldsOwn) {
 TEST(LnrEditorTest, AnOpenEditorLocksNothing) {
   EditorBench bench;
   bench.ClickCell(3, 2);
-  const KvConfig& page = bench.Page();
+  const KvConfig& page = bench.First();
   for (int tab = 0; tab < page.Tabs.Count(); ++tab) {
     EXPECT_EQ(page.Tabs.TabEnabled(tab), tab != 4) << "the model has no filter; tab " << tab;
   }
@@ -223,7 +223,7 @@ TEST(LnrEditorTest, AnOpenedConfigurationClosesTheEditorAndASmallerTableIsNoTrap
   EditorBench bench;
   bench.Save(u"/korva/data/short.cfg");
   bench.Choose(u"QHW1");
-  bench.Do([&] { bench.Page().Opt_Lnr[1].Click(); });
+  bench.Do([&] { bench.First().Opt_Lnr[1].Click(); });
   bench.ClickCell(100, 2);
   bench.TypeValue(u"99");
   bench.Open(u"/korva/data/short.cfg");
@@ -238,7 +238,7 @@ TEST(LnrEditorTest, WhileTheSwitchStandsAtNoneNoCellIsSelectedOrChanged) {
   EditorBench bench;
   bench.ClickCell(3, 2);
   bench.TypeValue(u"99");
-  bench.Do([&] { bench.Page().Opt_Table[0].Click(); });
+  bench.Do([&] { bench.First().Opt_Table[0].Click(); });
   EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "tab disabled");
   bench.Do([&] { bench.Page().cmdLnrChangeOK.Click(); });
   EXPECT_EQ(bench.Cell(3, 2).text, u"13.33");
@@ -265,7 +265,7 @@ TEST(LnrEditorTest, DuringAnUploadTheGridIsOutOfReach) {
 TEST(LnrEditorTest, EachCellOfALongTableGoesToItsOwnPlace) {
   EditorBench bench;
   bench.Choose(u"QHNY1");
-  bench.Do([&] { bench.Page().Opt_Lnr[1].Click(); });
+  bench.Do([&] { bench.First().Opt_Lnr[1].Click(); });
   struct Place {
     int row;
     int column;

@@ -90,7 +90,7 @@ void Start(TableBench& bench, const Break& line_break) {
 
 void ExpectUsable(TableBench& bench) {
   const SharedState& shared = bench.app.program.Shared();
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   EXPECT_FALSE(bench.status.has_value()) << "the program has ended";
   EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || page.UploadBusy ||
                page.CommFailed);

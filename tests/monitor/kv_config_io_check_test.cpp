@@ -65,7 +65,7 @@ TEST(KvConfigMonitorTest, WatchingLeavesNothingToSave) {
 TEST(KvConfigMonitorTest, OnlyTheStopButtonIsInReachAndItsTabWithIt) {
   IoBench bench(u"QN");
   bench.loop.After(3s, [&] {
-    const KvConfig& page = bench.Page();
+    const KvConfig& page = bench.First();
     EXPECT_EQ(page.WhyRefused(page.cmdMonitorOFF), "");
     EXPECT_EQ(page.WhyRefused(page.cmdMonitorON), "disabled");
     EXPECT_EQ(page.WhyRefused(page.cmdSet), "disabled");
@@ -130,7 +130,7 @@ TEST(KvConfigMonitorTest, EveryModelOfTheFamilyCanBeMonitoredAndStopped) {
   for (const String& model : test::FirstModels()) {
     IoBench bench(model);
     bench.Monitor(8s);
-    const KvConfig& page = bench.Page();
+    const KvConfig& page = bench.First();
     EXPECT_FALSE(page.Shared().CommBusy) << ToUtf8(model);
     EXPECT_TRUE(page.cmdUpload.Enabled()) << ToUtf8(model);
     EXPECT_TRUE(bench.TakeBoxes().empty()) << ToUtf8(model);
@@ -153,7 +153,7 @@ TEST(KvConfigMonitorTest, ClosingTheWindowEndsTheProgramWithinHalfASecondOfAWait
 TEST(KvConfigOutputTest, AForcedOutputIsHeldWithTheInputValuesFollowingUntilOff) {
   IoBench bench(u"QN");
   bench.ForceOutput(u"75.5");
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   EXPECT_EQ(bench.device->Mode(), '1');
   EXPECT_EQ(LeadingNumber(bench.Field(u"03_mon").Text()), 75.5);
   EXPECT_EQ(bench.device->Value("01", "07"), "75.50");

@@ -30,7 +30,7 @@ struct Options {
 };
 
 /// Key and group of the model's rows; the two that share a key differ by model.
-std::vector<Options> OptionsOf(const KvConfig& page) {
+std::vector<Options> OptionsOf(const TransferPage& page) {
   const bool root = page.DefFile == u"QH.def" || page.DefFile == u"QHG.def";
   return {{u"$I10", "Opt_Table"},     {u"$I11", root ? "Opt_Root" : "Opt_Lnr"},
           {u"$I21", "optTempUnit"},   {u"$I21QD", "Opt_Backup"},
@@ -39,14 +39,14 @@ std::vector<Options> OptionsOf(const KvConfig& page) {
 }
 
 /// The table of texts and codes behind a key.
-const StringTable& TableOf(const KvConfig& page, StringView key) {
+const StringTable& TableOf(const TransferPage& page, StringView key) {
   return page.Def[key == u"$I11" ? StringView(u"$I11Body") : key];
 }
 
 /// The faults of the definition that a page shows, each in a few words.
 class Examination {
  public:
-  explicit Examination(KvConfig& page) : page_(page) {}
+  explicit Examination(TransferPage& page) : page_(page) {}
 
   Faults Run() {
     for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
@@ -221,7 +221,7 @@ class Examination {
     }
   }
 
-  KvConfig& page_;
+  TransferPage& page_;
   Faults faults_;
   std::set<std::pair<DataColumn, int>> used_;
   std::set<int> positions_;
@@ -251,7 +251,7 @@ TEST_P(EveryDefinitionTest, BuildsItsPageWithoutAFault) {
 TEST_P(EveryDefinitionTest, ShowsEachItemOfThePageSomewhere) {
   test::PageBench bench;
   bench.Choose(GetParam());
-  const KvConfig& page = bench.Page();
+  const TransferPage& page = bench.First();
   for (int row = 0; row < page.Def.Data().Rows(); ++row) {
     if (page.DataCell(row, kOnPage) != u"Y") {
       continue;

@@ -13,7 +13,7 @@ namespace {
 
 class KvConfigRulesTest : public testing::Test {
  protected:
-  KvConfig& Page() { return bench_.Page(); }
+  KvConfig& Page() { return bench_.First(); }
   ComboBox& TypeBox() { return Page().Combo[0]; }
   ComboBox& RangeBox() { return Page().Combo[1]; }
   String Item(int item) { return Page().Item(item); }
@@ -62,7 +62,7 @@ TEST_P(RangeOfTypeTest, ANewTypeListsItsRangesAndAChosenRangeBringsItsZeroAndSpa
   const RangedModel& ranged = GetParam();
   test::PageBench bench;
   bench.Choose(ranged.model);
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bench.Pick(page.Combo[0], ranged.type);
   EXPECT_EQ(page.Combo[1].Entries(), ranged.ranges);
   EXPECT_FALSE(page.Combo[1].Locked());
@@ -162,7 +162,7 @@ TEST_P(ResetOnTypeTest, ANewTypeGoesBackToCelsiusAndBringsItsZeroAndSpan) {
   const ResetModel& reset = GetParam();
   test::PageBench bench;
   bench.Choose(reset.model);
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bench.Press(page.optTempUnit, 2);
   bench.Type(u"14", u"1");
   bench.Pick(page.Combo[0], reset.type);
@@ -188,7 +188,7 @@ class TypeWithoutRangeTest : public testing::TestWithParam<String> {};
 TEST_P(TypeWithoutRangeTest, ClosesZeroSpanAndUnitAndOpensTheLinearizerForItsTypeOnly) {
   test::PageBench bench;
   bench.Choose(u"QUO");
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bench.Pick(page.Combo[0], GetParam());
   for (const StringView item : {u"14", u"15"}) {
     const TextField& field = bench.Field(String(item));

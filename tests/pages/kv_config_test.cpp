@@ -67,7 +67,7 @@ class ModelTest : public testing::TestWithParam<KnownModel> {
  protected:
   static const KnownModel& Model() { return GetParam(); }
   static bool Switched() { return Model().lnr == Switch::Table || Model().lnr == Switch::Lnr; }
-  KvConfig& Page() { return bench_.Page(); }
+  KvConfig& Page() { return bench_.First(); }
   bool LnrTab() { return Page().Tabs.TabEnabled(kLinearizerTab); }
   OptionGroup& LnrSwitch() { return Model().lnr == Switch::Table ? Page().Opt_Table : Page().Opt_Lnr; }
   /// The linearizer of the device, on or off, where the model has a switch.
@@ -218,7 +218,7 @@ TEST(FamilyFirst, IsKnownHereModelByModel) {
 
 class KvConfigTest : public testing::Test {
  protected:
-  KvConfig& Page() { return bench_.Page(); }
+  KvConfig& Page() { return bench_.First(); }
   test::PageBench bench_;
 };
 

@@ -41,6 +41,19 @@ const std::map<String, std::string>& SystemFiles() {
   return files;
 }
 
+/// The catalogue of this build. Read once.
+const ModelTable& Catalogue() {
+  static const ModelTable models = [] {
+    PageFolder folder;
+    SharedState shared;
+    LineReader lines(folder.files, folder.code_page, shared);
+    ModelTable table;
+    ReadModelCatalogue(lines, u"/korva/system/MdlVTRMFx.jpn", table);
+    return table;
+  }();
+  return models;
+}
+
 }  // namespace
 
 PageFolder::PageFolder() {
@@ -53,26 +66,33 @@ void PageFolder::PutText(const String& path, StringView text) { files.Put(path, 
 
 String PageFolder::TextOf(const String& path) const { return code_page.Decode(files.Bytes(path).value()); }
 
-std::vector<String> FirstModels() {
-  static const std::vector<String> models = [] {
-    PageFolder folder;
-    SharedState shared;
-    LineReader lines(folder.files, folder.code_page, shared);
-    ModelTable table;
-    ReadModelCatalogue(lines, u"/korva/system/MdlVTRMFx.jpn", table);
-    std::vector<String> names;
-    for (int row = 0; row < ModelTable::kRows; ++row) {
-      const String& name = table.At(row, ModelTable::kName);
-      if (FamilyOfRow(table, row) == u"First" && std::find(names.begin(), names.end(), name) == names.end()) {
-        names.push_back(name);
-      }
+std::vector<String> ModelsOf(StringView family) {
+  std::vector<String> names;
+  for (int row = 0; row < ModelTable::kRows; ++row) {
+    const String& name = Catalogue().At(row, ModelTable::kName);
+    if (FamilyOfRow(Catalogue(), row) == family &&
+        std::find(names.begin(), names.end(), name) == names.end()) {
+      names.push_back(name);
     }
-    return names;
-  }();
-  return models;
+  }
+  return names;
 }
 
-String DefPath(const String& model) { return u"/korva/system/Kv_1/" + model + u".def"; }
+std::vector<String> AllModels() {
+  std::vector<String> names;
+  for (const StringView family : {u"First", u"Second", u"Third"}) {
+    const std::vector<String> models = ModelsOf(family);
+    names.insert(names.end(), models.begin(), models.end());
+  }
+  return names;
+}
+
+const Family& FamilyOf(const String& model) {
+  const std::optional<int> row = FindModelByName(Catalogue(), model);
+  return *FindFamily(row ? FamilyOfRow(Catalogue(), *row) : String(u"First"));
+}
+
+String DefPath(const String& model) { return DefFilePath(u"/korva", FamilyOf(model), model + u".def", u'/'); }
 
 PageBench::PageBench() {
   port.Connect(1);
@@ -81,8 +101,9 @@ PageBench::PageBench() {
 
 sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& options) {
   const std::string name = ToUtf8(model);
-  device_.emplace(sim::Model{.name = name, .definition_file = name + ".def", .family_word = "First"},
-                  sim::Definition::Parse(files.Bytes(DefPath(model)).value()), options);
+  device_.emplace(
+      sim::Model{.name = name, .definition_file = name + ".def", .family_word = ToUtf8(FamilyOf(model).word)},
+      sim::Definition::Parse(files.Bytes(DefPath(model)).value()), options);
   line_.emplace(port, *device_);
   port.Connect(1, &*line_);
   return *device_;
@@ -90,11 +111,11 @@ sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& o
 
 void PageBench::Start() { app.program.Start(); }
 
-KvConfig& PageBench::Page() {
+TransferPage& PageBench::Page() {
   if (app.program.Showing() == nullptr) {
     Start();
   }
-  return dynamic_cast<KvConfig&>(*app.program.Showing());
+  return dynamic_cast<TransferPage&>(*app.program.Showing());
 }
 
 void PageBench::Demand(const Control& control) {

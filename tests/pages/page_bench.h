@@ -34,10 +34,14 @@ struct PageFolder {
   Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
 };
 
-/// Models of family First: name, which is the definition file's less ".def", in the catalogue's order, each
-/// once.
-std::vector<String> FirstModels();
+/// Models of a family: name, which is the definition file's less ".def", in the catalogue's order, each once.
+std::vector<String> ModelsOf(StringView family);
+/// Those of every family that has a page.
+std::vector<String> AllModels();
+inline std::vector<String> FirstModels() { return ModelsOf(u"First"); }
 
+/// The model's family; First for a name that the catalogue lacks.
+const Family& FamilyOf(const String& model);
 /// Path of the model's definition file.
 String DefPath(const String& model);
 
@@ -53,7 +57,9 @@ class PageBench : public PageFolder {
 
   void Start();
   /// The showing page.
-  KvConfig& Page();
+  TransferPage& Page();
+  /// The showing page, which is that of family First.
+  KvConfig& First() { return dynamic_cast<KvConfig&>(Page()); }
   /// Something inside an event of the program.
   template <typename Action>
   void Do(Action action) {

@@ -16,7 +16,7 @@ constexpr const char16_t* kCatalogue = u"/korva/system/MdlVTRMFx.jpn";
 
 class PageFrameTest : public testing::Test {
  protected:
-  KvConfig& Page() { return bench_.Page(); }
+  KvConfig& Page() { return bench_.First(); }
   ListBox& List() { return Page().lst_TypeSelect; }
   void ClickRow(int row) {
     bench_.Do([&] { List().UserPicks(row); });

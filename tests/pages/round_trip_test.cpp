@@ -14,7 +14,7 @@ constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
 constexpr const char16_t* kSecondFile = u"/korva/data/again.cfg";
 
 /// Everything that the page keeps, a line for each value.
-std::vector<std::string> SetOf(const KvConfig& page) {
+std::vector<std::string> SetOf(const TransferPage& page) {
   std::vector<std::string> lines;
   for (int group = 0; group < page.GroupItem.Groups(); ++group) {
     for (int item = 0; item < ParameterSet::kItems; ++item) {
@@ -29,7 +29,7 @@ std::vector<std::string> SetOf(const KvConfig& page) {
 }
 
 /// What the user sees in the fields and boxes that are shown, and on which option buttons.
-std::vector<std::string> Seen(const KvConfig& page) {
+std::vector<std::string> Seen(const TransferPage& page) {
   std::vector<std::string> lines;
   for (const Control* control : page.Controls()) {
     const auto* const option = dynamic_cast<const OptionButton*>(control);
@@ -81,7 +81,7 @@ class RoundTripTest : public testing::TestWithParam<String> {
   }
 
   /// The device reports what the page keeps, item by item.
-  static void ExpectDeviceHolds(const KvConfig& page, const sim::Device& device) {
+  static void ExpectDeviceHolds(const TransferPage& page, const sim::Device& device) {
     for (int row = 0; row < page.Def.Data().Rows(); ++row) {
       const String& group = page.DataCell(row, kGroup);
       const String& item = page.DataCell(row, kItem);
