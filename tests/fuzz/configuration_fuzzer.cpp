@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   korva::test::PageBench bench;
   bench.files.Put(path, {reinterpret_cast<const char*>(data), size});
   bench.Start();
-  korva::KvConfig& page = bench.Page();
+  korva::KvConfig& page = bench.First();
   for (int time = 0; time < 2; ++time) {
     bench.dialogs.QueueFile(path);
     bench.Do([&] { page.OpenCommand(); });

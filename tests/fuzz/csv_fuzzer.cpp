@@ -46,7 +46,7 @@ void ExpectTable(KvConfig& page, int points) {
 
 void OpenOnPage(test::PageBench& bench, const String& model, int points) {
   bench.Choose(model);
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bench.Press(points == kLnrShortPoints ? page.Opt_Table : page.Opt_Lnr, 1);
   bench.dialogs.QueueFile(kFile);
   bench.Click(page.cmd_csvFileOpen);

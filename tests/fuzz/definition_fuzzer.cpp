@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bench.port.Connect(1, &device);
   korva::test::AgreeTo(bench);
   bench.Start();
-  korva::KvConfig& page = bench.Page();
+  korva::KvConfig& page = bench.First();
   bench.Do([&] { page.lst_TypeSelect.UserPicks(1); });
   for (int box = 0; box < page.Combo.Count(); ++box) {
     bench.Do([&] {

@@ -10,7 +10,7 @@ namespace korva {
 namespace {
 
 void TransferWholeSet(test::PageBench& bench) {
-  KvConfig& page = bench.Page();
+  KvConfig& page = bench.First();
   bench.Do([&] { page.UploadCommand(); });
   page.DataChanged = false;
   bench.Do([&] { page.DownloadCommand(); });
