@@ -132,6 +132,11 @@ class ParameterPage : public DevicePage {
   /// Empties the grid and its editor.
   virtual void ClearTable() {}
 
+  // The family's lists.
+  [[nodiscard]] virtual std::span<const ListRule> Lists() const = 0;
+  [[nodiscard]] virtual std::vector<OptionRule> Options() = 0;  ///< for the present model
+  [[nodiscard]] virtual std::span<const UnitList> UnitLists() const;
+
   Definition Def;
   ParameterSet GroupItem;
 
@@ -146,9 +151,6 @@ class ParameterPage : public DevicePage {
  protected:
   // The family's tables.
   [[nodiscard]] virtual std::span<const ModelTraits> TraitTable() const = 0;
-  [[nodiscard]] virtual std::span<const ListRule> Lists() const = 0;
-  [[nodiscard]] virtual std::vector<OptionRule> Options() = 0;  ///< for the present model
-  [[nodiscard]] virtual std::span<const UnitList> UnitLists() const;
 
   // The family's steps.
   /// What the field of a row shows of its cell, which is not NEEDLESS.

@@ -16,6 +16,8 @@ class KvConfig final : public TablePage {
   KvConfig(Program& program, const Family& family, DeviceLink& link);
 
   [[nodiscard]] int LnrTab() const override;
+  [[nodiscard]] std::span<const ListRule> Lists() const override;
+  [[nodiscard]] std::vector<OptionRule> Options() override;
 
   OptionGroup Opt_Root{"Opt_Root", 2};
   OptionGroup Opt_Backup{"Opt_Backup", 3};
@@ -28,8 +30,6 @@ class KvConfig final : public TablePage {
   void ClosePort() override;
 
   [[nodiscard]] std::span<const ModelTraits> TraitTable() const override;
-  [[nodiscard]] std::span<const ListRule> Lists() const override;
-  [[nodiscard]] std::vector<OptionRule> Options() override;
   void ApplyModelRules(const String& item) override;
   void ShowModelControls() override;
   void SettleFlaggedTabs() override;

@@ -8,39 +8,31 @@
 #include <array>
 #include <functional>
 #include <ostream>
+#include <optional>
 #include <set>
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "page_bench.h"
-#include "pages/kv_config_design.h"
 
 namespace korva {
 namespace {
 
 using Faults = std::vector<std::string>;
 
-constexpr std::array kListKeys = {StringView(u"$I10"), StringView(u"$I11"), StringView(u"$I23"),
-                                  StringView(u"$I11QEI")};
-
-/// An option group of the page: the key of its rows, and its place among the frames.
-struct Options {
-  StringView key;
-  std::string_view name;
-};
-
-/// Key and group of the model's rows; the two that share a key differ by model.
-std::vector<Options> OptionsOf(const TransferPage& page) {
-  const bool root = page.DefFile == u"QH.def" || page.DefFile == u"QHG.def";
-  return {{u"$I10", "Opt_Table"},     {u"$I11", root ? "Opt_Root" : "Opt_Lnr"},
-          {u"$I21", "optTempUnit"},   {u"$I21QD", "Opt_Backup"},
-          {u"$I23QD", "Opt_Updown"},  {u"$I25QD", "Opt_Alarm"},
-          {u"$I31QD", "Opt_Recovery"}};
-}
-
-/// The table of texts and codes behind a key.
-const StringTable& TableOf(const TransferPage& page, StringView key) {
-  return page.Def[key == u"$I11" ? StringView(u"$I11Body") : key];
+/// The table of texts and codes that a list or a group of options stands for; empty for an unknown key.
+std::optional<StringView> TableOf(TransferPage& page, const String& key, bool box) {
+  for (const ListRule& list : page.Lists()) {
+    if (box && list.key == key) {
+      return list.table;
+    }
+  }
+  for (const OptionRule& rule : page.Options()) {
+    if (!box && rule.key == key) {
+      return rule.table;
+    }
+  }
+  return std::nullopt;
 }
 
 /// The faults of the definition that a page shows, each in a few words.
@@ -93,14 +85,18 @@ class Examination {
   }
 
   void Words(int row) {
-    const auto is_one_of = [&](DataColumn column, std::initializer_list<StringView> words) {
+    const auto is_one_of = [&](DataColumn column, const std::vector<StringView>& words) {
       if (std::find(words.begin(), words.end(), StringView(page_.DataCell(row, column))) == words.end()) {
         Fault(row, "a word without a meaning");
       }
     };
     is_one_of(kUploaded, {u"", u"Y"});
     is_one_of(kOnPage, {u"", u"Y"});
-    is_one_of(kUnitKey, {u"", u"$I10", u"$I11QEI"});
+    std::vector<StringView> unit_keys = {u"", u"$I10"};
+    for (const UnitList& list : page_.UnitLists()) {
+      unit_keys.push_back(list.key);
+    }
+    is_one_of(kUnitKey, unit_keys);
     is_one_of(kTemperature, {u"", u"Item21"});
     is_one_of(kChangeRule, {u"", u"Y", u"N", u"$I10"});
     is_one_of(kWriteCondition, {u"", u"Y", u"$I10", u"$I10_CNECTI11"});
@@ -116,18 +112,18 @@ class Examination {
     if (key.empty()) {
       return;
     }
-    const std::vector<Options> options = OptionsOf(page_);
-    const auto option =
-        std::find_if(options.begin(), options.end(), [&](const Options& one) { return one.key == key; });
-    const bool known =
-        box ? std::find(kListKeys.begin(), kListKeys.end(), key) != kListKeys.end() : option != options.end();
-    if (!known) {
+    const std::optional<StringView> table = TableOf(page_, key, box);
+    if (!table) {
       Fault(row, "an unknown list");
       return;
     }
-    Texts(row, TableOf(page_, key));
+    Texts(row, page_.Def[*table]);
     if (group) {
-      OptionRange(row, *page_.FindOptions(option->name), TableOf(page_, key));
+      for (const OptionRule& rule : page_.Options()) {
+        if (rule.key == key) {
+          OptionRange(row, *rule.options, page_.Def[*table]);
+        }
+      }
     }
   }
 
@@ -176,7 +172,11 @@ class Examination {
     if (page_.DataCell(row, kWriteCondition).empty()) {
       Fault(row, "a position, but never written");
     }
-    if (page_.DataCell(row, kReplyPrefix).empty() == page_.DataCell(row, kChoiceKey).empty()) {
+    const String& prefix = page_.DataCell(row, kReplyPrefix);
+    const bool form = prefix == u"O" || prefix == u"N";
+    const bool needs_prefix = page_.ItsFamily().dialect == Dialect::Cok;
+    const bool choice = !page_.DataCell(row, kChoiceKey).empty();
+    if (needs_prefix ? prefix.empty() != choice : form != choice) {
       Fault(row, "a value is written by its prefix, a choice by its code");
     }
     if (page_.DataCell(row, kUploaded) != u"Y") {
@@ -186,39 +186,38 @@ class Examination {
 
   /// What the built page shows stands on a tab that can come to the front, and says what it is.
   void Places() {
-    const auto look_at = [&](const auto& controls, bool captioned) {
-      for (int index = 0; index < controls.Count(); ++index) {
-        const Control& control = controls[index];
-        if (!control.Visible()) {
-          continue;
-        }
-        const int tab = page_.TabOf(control);
-        if (tab < 0) {
-          faults_.push_back(control.FullName() + ": without a tab");
-        } else if (tab != kLinearizerTab && !page_.Tabs.TabEnabled(tab)) {
-          faults_.push_back(control.FullName() + ": on a tab that never opens");
-        }
-        if (captioned && control.ShownText().empty()) {
-          faults_.push_back(control.FullName() + ": without a caption");
-        }
+    for (const Control* control : page_.Controls()) {
+      if (!control->Visible() || InView(*control)) {
+        continue;
       }
-    };
-    look_at(page_.lbl_Item, true);
-    look_at(page_.CaptionLabels, true);
-    look_at(page_.Text, false);
-    look_at(page_.Frames, true);
-    look_at(page_.Combo, false);
-    look_at(page_.lbl_unit, false);
-    for (const Options& options : OptionsOf(page_)) {
-      const OptionGroup& group = *page_.FindOptions(options.name);
-      for (int place = 0; place < group.Count(); ++place) {
-        const OptionButton& button = group[place];
-        if (button.Visible() &&
-            (button.Container() == nullptr || !button.Container()->Visible() || button.Caption().empty())) {
-          faults_.push_back(button.FullName() + ": not in a frame that shows, or without a caption");
+      const int tab = page_.TabOf(*control);
+      if (tab < 0) {
+        faults_.push_back(control->FullName() + ": without a tab");
+      } else if (tab != page_.LnrTab() && !page_.Tabs.TabEnabled(tab)) {
+        faults_.push_back(control->FullName() + ": on a tab that never opens");
+      }
+      const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
+      if (captioned != nullptr && captioned->Name() != "lbl_unit" && captioned->Caption().empty()) {
+        faults_.push_back(control->FullName() + ": without a caption");
+      }
+    }
+    for (const OptionRule& rule : page_.Options()) {
+      for (int place = 0; place < rule.options->Count(); ++place) {
+        const OptionButton& button = (*rule.options)[place];
+        if (button.Visible() && (button.Container() == nullptr || !button.Container()->Visible())) {
+          faults_.push_back(button.FullName() + ": not in a frame that shows");
         }
       }
     }
+  }
+
+  /// Above, beside and below the tabs.
+  static bool InView(const Control& control) {
+    static const std::set<std::string_view> names = {
+        "lst_TypeSelect", "lbl_TypeSelect", "cmdUpload",      "cmdDownload", "cmdOpen",
+        "cmdSave",        "cmdNew",         "cmdCheck",       "cmdExit",     "KvCfg_Tab",
+        "ProgressBar",    "LnrProgressBar", "lbl_FrmVersion", "lbl_Waitfor", "lblMsg_CannotEnd"};
+    return names.contains(control.Name());
   }
 
   TransferPage& page_;
@@ -251,7 +250,7 @@ TEST_P(EveryDefinitionTest, BuildsItsPageWithoutAFault) {
 TEST_P(EveryDefinitionTest, ShowsEachItemOfThePageSomewhere) {
   test::PageBench bench;
   bench.Choose(GetParam());
-  const TransferPage& page = bench.First();
+  const TransferPage& page = bench.Page();
   for (int row = 0; row < page.Def.Data().Rows(); ++row) {
     if (page.DataCell(row, kOnPage) != u"Y") {
       continue;

@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/numbers.h"
 #include "core/text_utilities.h"
-#include "page_bench.h"
+#include "sweep_bench.h"
 
 namespace korva {
 namespace {
@@ -51,14 +50,23 @@ class RoundTripTest : public testing::TestWithParam<String> {
   static std::vector<String> Types() {
     test::PageBench bench;
     bench.Choose(Model());
-    const StringTable& types = bench.Page().Def[u"$I10"];
     std::vector<String> texts;
+    if (!HasTypes(bench.Page())) {
+      return {u""};
+    }
+    const StringTable& types = bench.Page().Def[u"$I10"];
     for (int row = 0; row < types.Rows(); ++row) {
       if (!types.At(row, 1).empty()) {
         texts.push_back(types.At(row, 1));
       }
     }
     return texts.empty() ? std::vector<String>{u""} : texts;
+  }
+
+  /// True when item 10 is a choice of an input type or of a switch.
+  static bool HasTypes(const TransferPage& page) {
+    const int row = page.FindDataRow(u"01", u"10");
+    return row >= 0 && page.DataCell(row, kChoiceKey) == u"$I10";
   }
 
   /// Gives the device an input type as a technician does, with a range where the type limits none.
@@ -79,24 +87,6 @@ class RoundTripTest : public testing::TestWithParam<String> {
     bench.Upload();
     ASSERT_EQ(bench.TakeBoxes().back(), test::Shown(BoxKey::UploadDone));
   }
-
-  /// The device reports what the page keeps, item by item.
-  static void ExpectDeviceHolds(const TransferPage& page, const sim::Device& device) {
-    for (int row = 0; row < page.Def.Data().Rows(); ++row) {
-      const String& group = page.DataCell(row, kGroup);
-      const String& item = page.DataCell(row, kItem);
-      const String& kept = page.GroupItem.At(group, item);
-      if (page.DataCell(row, kUploaded) != u"Y" || kept == kNeedless) {
-        continue;
-      }
-      const String held = FromUtf8(device.Value(ToUtf8(group), ToUtf8(item)));
-      if (IsNumeric(held)) {
-        EXPECT_DOUBLE_EQ(LeadingNumber(kept), LeadingNumber(held)) << ToUtf8(item);
-      } else {
-        EXPECT_EQ(ToUtf8(kept), ToUtf8(held)) << ToUtf8(item);
-      }
-    }
-  }
 };
 
 /// The long list of input types is what QUO's definition holds; this version of the device reports it.
@@ -108,7 +98,7 @@ TEST_P(RoundTripTest, AnUploadedSetIsWhatTheDeviceHoldsAndPassesItsCheck) {
     test::PageBench bench;
     sim::Device& device = bench.Connect(Model(), LaterVersion());
     Prepare(bench, device, type);
-    ExpectDeviceHolds(bench.Page(), device);
+    test::ExpectDeviceHolds(bench.Page(), device);
     EXPECT_TRUE(bench.Page().DataChanged);
     bench.Check();
     EXPECT_EQ(bench.TakeBoxes(), std::vector{test::Shown(BoxKey::CheckDone)});
@@ -161,7 +151,7 @@ TEST_P(RoundTripTest, ASetReadFromAFileGoesToAnotherDeviceAndComesBackTheSame) {
     EXPECT_EQ(second.TakeBoxes().back(), test::Shown(BoxKey::DownloadDone));
     EXPECT_EQ(SetOf(second.Page()), kept);
     EXPECT_EQ(other.Mode(), '0');
-    ExpectDeviceHolds(second.Page(), other);
+    test::ExpectDeviceHolds(second.Page(), other);
     second.Upload();
     EXPECT_EQ(SetOf(second.Page()), kept);
   }
@@ -170,6 +160,9 @@ TEST_P(RoundTripTest, ASetReadFromAFileGoesToAnotherDeviceAndComesBackTheSame) {
 TEST_P(RoundTripTest, ASettableTypeIsWrittenOverAnotherOne) {
   test::PageBench catalogue;
   catalogue.Choose(Model());
+  if (!HasTypes(catalogue.Page())) {
+    return;  // nothing to set
+  }
   const StringTable& types = catalogue.Page().Def[u"$I10"];
   for (int row = 0; row < types.Rows(); ++row) {
     const String& type = types.At(row, 1);
@@ -188,7 +181,7 @@ TEST_P(RoundTripTest, ASettableTypeIsWrittenOverAnotherOne) {
     second.Download();
     EXPECT_EQ(second.TakeBoxes().back(), test::Shown(BoxKey::DownloadDone));
     EXPECT_EQ(other.Value("01", "10"), ToUtf8(type));
-    ExpectDeviceHolds(second.Page(), other);
+    test::ExpectDeviceHolds(second.Page(), other);
   }
 }
 

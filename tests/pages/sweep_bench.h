@@ -22,6 +22,10 @@ std::vector<Break> BreaksOf(std::size_t exchanges);
 /// No run takes longer than this: 80 exchanges that each wait in vain, four times.
 inline constexpr Clock kLongestRun = std::chrono::minutes(30);
 
+/// The device reports what the page keeps, item by item: a number as the same number, anything else to the
+/// letter.
+void ExpectDeviceHolds(const TransferPage& page, const sim::Device& device);
+
 /// A program with a device of the model, whose set has been uploaded. Exchanges are counted from there.
 class SweepBench : public PageBench {
  public:
@@ -38,6 +42,9 @@ class SweepBench : public PageBench {
   sim::Device& device;
   std::vector<std::string> commands;  ///< sent since the upload
   std::vector<String> uploaded;       ///< SetOf() after the upload
+
+ private:
+  std::vector<int> open_tabs_;  ///< after the upload, the linearizer's apart
 };
 
 }  // namespace korva::test
