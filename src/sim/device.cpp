@@ -17,8 +17,11 @@ constexpr std::string_view kAccepted = "COK";
 constexpr std::string_view kRefused = "CNG";
 constexpr std::string_view kNotUsable = "CNU";
 constexpr std::string_view kModes = "0 1 A";  // monitor, programming, status monitor
+constexpr char kMonitor = '0';
+constexpr char kProgramming = '1';
 constexpr std::size_t kDisplayWidth = 16;
 constexpr std::size_t kLiveWidth = 8;
+constexpr std::size_t kCountWidth = 10;
 
 std::string RightAlign(std::string_view text, std::size_t width) {
   return std::string(text.size() < width ? width - text.size() : 0, ' ') + std::string(text);
@@ -54,6 +57,7 @@ struct Device::State {
         family(FamilyOf(model)),
         options(std::move(with)),
         parameters(model, std::move(definition), family, options.system_text),
+        slow(AnswersSlowly(parameters.ModelCode())),
         table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table) {}
 
   std::string Execute(std::string_view line);
@@ -68,17 +72,19 @@ struct Device::State {
   std::string PaddedText(const Item& item) const;
   double LiveNumber(const Item& item) const;
   std::string LiveText(const Item& item) const;
+  bool IsEcho(std::string_view line, std::string_view reply) const;
   std::string EchoedValue(const std::string& reply) const;
 
   Model model;
   const Family& family;
   DeviceOptions options;
   Parameters parameters;
+  bool slow;
   PointTable table;
   LiveValues live;
   FaultPlan faults;
   int exchanges = 0;
-  char mode = '0';
+  char mode = kMonitor;
   std::string group;                 // selected group; empty: none
   Item* selected = nullptr;          // selected item, unless it lies in the table
   std::optional<std::size_t> point;  // selected value of the table
@@ -141,6 +147,8 @@ std::string Device::State::ReplyValue() {
   }
   if (selected->kind == Item::Kind::Live || selected->kind == Item::Kind::Output) {
     live.Step();
+  } else if (selected->kind == Item::Kind::Count && mode == kMonitor) {
+    Parameters::CountOn(*selected);
   }
   return "D" + PaddedText(*selected);
 }
@@ -153,7 +161,7 @@ std::string Device::State::TakeData(std::string_view data) {
     EnterMode(TrimBlanks(data));
     return "D" + PaddedText(*selected);
   }
-  if (mode != '1') {
+  if (mode != kProgramming) {
     return Refusal(WriteResult::Refused);
   }
   if (point) {
@@ -168,7 +176,7 @@ std::string Device::State::TakeParameter(std::string_view data) {
     const bool forced = percent && live.Force(*percent);
     return forced ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
   }
-  if (family.word == "Second" && selected->group == "01" && selected->item == "34" && data == "1") {
+  if (selected->group == "01" && selected->item == family.reset_item && data == "1") {
     parameters.Reset();
     return "Dall prms default";
   }
@@ -178,7 +186,7 @@ std::string Device::State::TakeParameter(std::string_view data) {
 
 void Device::State::EnterMode(std::string_view data) {
   mode = data.front();
-  if (mode != '1') {
+  if (mode != kProgramming) {
     live.Release();
   }
 }
@@ -220,7 +228,7 @@ std::string Device::State::PaddedText(const Item& item) const {
   } else if (family.dialect == Dialect::EnterItem) {
     return RightAlign(item.prefix + text, kDisplayWidth);
   }
-  return item.prefix + text;
+  return item.prefix + (item.kind == Item::Kind::Count ? RightAlign(text, kCountWidth) : text);
 }
 
 /// Values in percent or current have their own range, the input values that of zero and span.
@@ -229,13 +237,13 @@ double Device::State::LiveNumber(const Item& item) const {
     return live.Value(item.item, 4, 20);
   }
   const bool input = (item.item == "04" || item.item == "06") && item.unit != "%";
-  const Item* const span = parameters.Find("01", "15");
+  const Item* const span = parameters.Find("01", family.span_item);
   if (!input || span == nullptr || parameters.Needless(*span)) {
     return live.Value(item.item, 0, 100);
   }
   const Item* const zero = parameters.Find("01", "14");  // pulse inputs begin at 0 and have none
-  return live.Value(item.item, zero == nullptr ? 0 : ParseNumber(parameters.Text(*zero)).value_or(0),
-                    ParseNumber(parameters.Text(*span)).value_or(100));
+  return live.Value(item.item, zero == nullptr ? 0 : parameters.Quantity(*zero).value_or(0),
+                    parameters.Quantity(*span).value_or(100));
 }
 
 std::string Device::State::LiveText(const Item& item) const {
@@ -248,14 +256,27 @@ std::string Device::State::LiveText(const Item& item) const {
   return (item.prefix.empty() && !item.uploaded ? "PV:" : item.prefix) + number;
 }
 
+/// Whether a reply is the echo of a write. Without data the other dialect reads.
+bool Device::State::IsEcho(std::string_view line, std::string_view reply) const {
+  const bool written = line.starts_with('D') && (line.size() > 1 || family.dialect == Dialect::Cok);
+  return written && reply.starts_with('D') && reply != Refusal(WriteResult::Refused) &&
+         reply != Refusal(WriteResult::NotUsable);
+}
+
 /// The value in the echo of a write.
 std::string Device::State::EchoedValue(const std::string& reply) const {
   if (selected == nullptr) {
     return reply.substr(PointTable::Head(0).size() + 1);
   }
-  // An output may have the name of the value before it and the unit behind it.
-  return selected->kind == Item::Kind::Output ? ValueText(*selected)
-                                              : reply.substr(1 + selected->prefix.size());
+  switch (selected->kind) {
+    case Item::Kind::Tag:  // with its blanks
+    case Item::Kind::Fixed:
+      return reply.substr(1 + selected->prefix.size());
+    case Item::Kind::Number:  // its unit may stand behind it
+      return parameters.Plain(*selected);
+    default:
+      return ValueText(*selected);
+  }
 }
 
 // --- device
@@ -286,7 +307,7 @@ Reply Device::Answer(std::string_view line) {
   const auto struck = state_->faults.Strike(state_->exchanges, line);
   const auto strikes = [&](Fault fault) { return std::ranges::find(struck, fault) != struck.end(); };
   Reply reply;
-  reply.latency = state_->options.latency;
+  reply.latency = state_->options.latency.value_or(state_->slow ? kSlowLatency : kLatency);
   if (strikes(Fault::Silent) || strikes(Fault::SecondTryOnly)) {
     reply.silent = true;
     return reply;
@@ -297,8 +318,7 @@ Reply Device::Answer(std::string_view line) {
     reply.text = state_->Refusal(WriteResult::NotUsable);
   } else {
     reply.text = state_->Execute(line);
-    const bool written = line.size() > 1 && line.starts_with('D') && reply.text.starts_with('D');
-    if (strikes(Fault::WrongEcho) && written && reply.text != state_->Refusal(WriteResult::Refused)) {
+    if (strikes(Fault::WrongEcho) && state_->IsEcho(line, reply.text)) {
       reply.text = OtherValue(reply.text, state_->EchoedValue(reply.text));
     }
   }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,10 @@ struct Reply {
   bool late_second_line_end = false;  ///< With two line ends: the second one character time after the first.
 };
 
+/// Latency of a reply of most models, and of those that take their time.
+inline constexpr std::chrono::milliseconds kLatency{10};
+inline constexpr std::chrono::milliseconds kSlowLatency{300};
+
 /// Latency of a reply under the fault `Late`: longer than a configurator waits.
 inline constexpr std::chrono::milliseconds kLateReply{3500};
 
@@ -30,14 +35,15 @@ inline constexpr std::chrono::milliseconds kLateReply{3500};
 struct DeviceOptions {
   std::string system_text =
       "SYSVER   1.00";  ///< Group 00, item 99. It also decides how model QUO spells its types.
-  std::chrono::milliseconds latency{10};  ///< From command to reply; not below 0.
+  /// From command to reply, not below 0. None: the model's own, see `kLatency`.
+  std::optional<std::chrono::milliseconds> latency = std::nullopt;
 };
 
 /// A simulated signal conditioner. It has no clock and no port: it takes complete command lines and tells
 /// what it answers.
 ///
 /// State: its parameters (power-up values until written), its mode ('0' monitor, '1' programming, others as
-/// written), the selected group and item, and the count of command lines taken. A failed "G" or "I" leaves
+/// written), the selected group and item, and the number of command lines taken. A failed "G" or "I" leaves
 /// nothing selected. Parameters take data in programming mode only; the mode item takes it always.
 ///
 /// A test makes one with `Device::ForModel(home, "QHW")`, or for a made-up definition with
@@ -74,14 +80,15 @@ class Device {
   /// Mode as last written: '0' monitor, '1' programming.
   char Mode() const;
 
-  /// The item's value as the device would report it, without prefix and padding; for a choice its text. Empty
-  /// when there is no such item. Reading a live value so doesn't move it on. \param group,item  Two digits
-  /// each.
+  /// The item's value as the device would report it, without prefix and padding, but with the unit that
+  /// stands behind it; for a choice its text. Empty when there is no such item. Reading a live value or a
+  /// count so doesn't move it on. \param group,item  Two digits each.
   std::string Value(std::string_view group, std::string_view item) const;
 
   /// Gives an item a value from outside, as a technician at the device would, in any mode. A choice takes the
-  /// text or the code of one of its rows; a live value stands still at the number from then on. \return false
-  /// when there is no such item or it doesn't take this value; nothing has changed then.
+  /// text or the code of one of its rows; a live value stands still at the number from then on, a count goes
+  /// on from it; a frequency is in the unit that the device's unit item holds. \return false when there is no
+  /// such item or it doesn't take this value; nothing has changed then.
   bool Set(std::string_view group, std::string_view item, std::string_view value);
 
   const Family& GetFamily() const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace korva::sim {
@@ -24,6 +25,13 @@ enum class TableShape {
   ByModel,    ///< One of these by model.
 };
 
+/// Columns of `$Data` that not every family's definitions have at the same place.
+struct DataColumns {
+  std::size_t unit;      ///< Text of the unit.
+  std::size_t unit_box;  ///< Box of frequency units, beyond the row where the family has none.
+  std::size_t position;  ///< Place in the order of writing.
+};
+
 /// What devices of one family have in common.
 struct Family {
   std::string_view word;         ///< Family word of the catalogue.
@@ -36,7 +44,13 @@ struct Family {
   LiveForm live_form;            ///< How live values are written.
   TableShape table;              ///< Shape of the linearizer table.
   bool typed_input;            ///< `$I10` holds limits and settable flag of each type, `$I11Body` its ranges.
-  std::string_view empty_tag;  ///< What a device without a tag answers in the `EnterItem` dialect.
+  DataColumns columns;         ///< Columns of its definitions.
+  std::string_view span_item;  ///< Item of group 01 with the span of the input.
+  std::string_view unit_item;  ///< Item of group 01 with the unit in which frequencies are written; devices
+                               ///< that have one report every number with its unit. Empty: none.
+  std::string_view reset_item;  ///< Item of group 01 that resets all parameters; empty: none.
+  bool counts;                  ///< A live value that can be set and is no percentage is a count.
+  std::string_view empty_tag;   ///< What a device without a tag answers in the `EnterItem` dialect.
 };
 
 /// The family of a family word, compared exactly; null when there is none.

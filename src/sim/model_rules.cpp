@@ -7,13 +7,30 @@ namespace korva::sim {
 
 namespace {
 
+// The first row that fits counts.
 struct PowerUp {
-  std::string_view models;  // models whose name begins so; with a point at its end this one model
+  std::string_view family = {};  // none: any
+  std::string_view models;       // models whose name begins so; with a point at its end this one model
   std::string_view item;
   std::string_view value;
 };
 
 constexpr std::array kPowerUp = {
+    // pulse instruments: times in msec on their grid of 5 msec, frequencies in Hz, hysteresis in %
+    PowerUp{.family = "Second", .models = "", .item = "08", .value = "10"},
+    PowerUp{.family = "Second", .models = "", .item = "09", .value = "10"},
+    PowerUp{.family = "Second", .models = "", .item = "10", .value = "100"},
+    PowerUp{.family = "Second", .models = "", .item = "12", .value = "50"},
+    PowerUp{.family = "Second", .models = "", .item = "13", .value = "50"},
+    PowerUp{.family = "Second", .models = "", .item = "16", .value = "1"},
+    PowerUp{.family = "Second", .models = "", .item = "17", .value = "10"},
+    PowerUp{.family = "Second", .models = "", .item = "18", .value = "50"},
+    PowerUp{.family = "Second", .models = "", .item = "19", .value = "50"},
+    PowerUp{.family = "Second", .models = "", .item = "20", .value = "80"},
+    PowerUp{.family = "Second", .models = "", .item = "21", .value = "1"},
+    PowerUp{.family = "Second", .models = "", .item = "24", .value = "100"},
+    PowerUp{.family = "Second", .models = "", .item = "25", .value = "100"},
+    PowerUp{.family = "Second", .models = "", .item = "33", .value = "1000"},
     // scale of the output
     PowerUp{.models = "", .item = "19", .value = "0.00"},
     PowerUp{.models = "", .item = "20", .value = "100.00"},
@@ -46,9 +63,41 @@ constexpr std::array kPowerUp = {
     PowerUp{.models = "QHG", .item = "30", .value = "100.00"},
     PowerUp{.models = "QHG", .item = "32", .value = "100.00"},
     PowerUp{.models = "QHG", .item = "34", .value = "100.00"},
+    // counters, encoders and frequency inputs: alarms, prescale, gain
+    PowerUp{.models = "QEC2.", .item = "06", .value = "1000"},
+    PowerUp{.models = "QEC2.", .item = "07", .value = "100.0"},
+    PowerUp{.models = "QEC2.", .item = "09", .value = "1000"},
+    PowerUp{.models = "QEC2.", .item = "31", .value = "1"},
+    PowerUp{.models = "QEY3.", .item = "07", .value = "1000"},
+    PowerUp{.models = "QEY3.", .item = "09", .value = "100.0"},
+    PowerUp{.models = "QEY3.", .item = "31", .value = "1"},
+    PowerUp{.models = "QCB2.", .item = "31", .value = "1"},
+    PowerUp{.models = "QEB2.", .item = "31", .value = "1"},
+    PowerUp{.models = "QHC2.", .item = "31", .value = "1.000"},
+    PowerUp{.models = "QHC2.", .item = "32", .value = "0.00"},
+    // alarm unit: values and hysteresis in %, delays in s
+    PowerUp{.models = "QNA2.", .item = "22", .value = "90.0"},
+    PowerUp{.models = "QNA2.", .item = "24", .value = "1"},
+    PowerUp{.models = "QNA2.", .item = "26", .value = "1.0"},
+    PowerUp{.models = "QNA2.", .item = "28", .value = "10.0"},
+    PowerUp{.models = "QNA2.", .item = "30", .value = "1"},
     // pulse input: low cut-out in %, pulse averaging
+    PowerUp{.models = "QCE2.", .item = "13", .value = "1.0"},
+    PowerUp{.models = "QCE2.", .item = "18", .value = "1"},
+    PowerUp{.models = "QICE2.", .item = "13", .value = "1.0"},
+    PowerUp{.models = "QICE2.", .item = "18", .value = "1"},
+    PowerUp{.models = "QIEU2.", .item = "13", .value = "1.0"},
+    PowerUp{.models = "QIEU2.", .item = "18", .value = "1"},
     PowerUp{.models = "QEI", .item = "13", .value = "1.0"},
     PowerUp{.models = "QEI", .item = "18", .value = "1"},
+};
+
+constexpr std::array kAlarmValues = {
+    AlarmValue{.model = "QEC2", .item = "06", .unit = "Hz"},
+    AlarmValue{.model = "QEC2", .item = "07", .unit = "%"},
+    AlarmValue{.model = "QEC2", .item = "09", .unit = ""},
+    AlarmValue{.model = "QEY3", .item = "07", .unit = "Hz"},
+    AlarmValue{.model = "QEY3", .item = "09", .unit = "%"},
 };
 
 constexpr std::array kNeedless = {
@@ -71,6 +120,19 @@ constexpr std::array kNeedless = {
                  .codes = "",
                  .text = "0:NO FILTER",
                  .items = "24 25 26 27 28 29 30"},
+    // an alarm that is not in use has no value, direction and delay
+    NeedlessRule{.model = "QNA2",
+                 .beginning = false,
+                 .selector = "25",
+                 .codes = "",
+                 .text = "NO ALARM",
+                 .items = "22 23 24"},
+    NeedlessRule{.model = "QNA2",
+                 .beginning = false,
+                 .selector = "27",
+                 .codes = "",
+                 .text = "NO ALARM",
+                 .items = "28 29 30"},
 };
 
 struct Spelling {
@@ -101,14 +163,29 @@ constexpr std::array kSensorTexts = {
 
 }  // namespace
 
-std::string_view PowerUpNumber(std::string_view model, std::string_view item) {
+std::string_view PowerUpNumber(std::string_view family, std::string_view model, std::string_view item) {
   const auto* const found = std::ranges::find_if(kPowerUp, [&](const PowerUp& row) {
     const bool whole = row.models.ends_with('.');
-    return row.item == item &&
+    return row.item == item && (row.family.empty() || row.family == family) &&
            (whole ? model == row.models.substr(0, row.models.size() - 1) : model.starts_with(row.models));
   });
   return found == kPowerUp.end() ? std::string_view{"0"} : found->value;
 }
+
+const AlarmValue* FindAlarmValue(std::string_view model, std::string_view item) {
+  const auto* const found = std::ranges::find_if(
+      kAlarmValues, [&](const AlarmValue& row) { return row.model == model && row.item == item; });
+  return found == kAlarmValues.end() ? nullptr : found;
+}
+
+std::string_view CountOfCommand(std::string_view item) {
+  if (item == "12") {
+    return "03";
+  }
+  return item == "13" ? "04" : std::string_view{};
+}
+
+bool AnswersSlowly(std::string_view model) { return HasWord("QEYD QEYZ QICD QICE", model); }
 
 std::span<const NeedlessRule> NeedlessRules() { return kNeedless; }
 

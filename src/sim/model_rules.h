@@ -7,11 +7,29 @@
 
 namespace korva::sim {
 
-/// Power-up value of a number item of group 01. All other numbers come up as 0, save zero, span and the fine
-/// values, which follow from the input type and the prefix.
-/// \param model  Definition file without its ending, such as "QHN1".
-/// \param item   Two digits.
-std::string_view PowerUpNumber(std::string_view model, std::string_view item);
+/// Power-up value of a number item of group 01, without a unit. All other numbers come up as 0, save zero,
+/// span and the fine values, which follow from the input type and the prefix.
+/// \param family  Family word.
+/// \param model   Definition file without its ending, such as "QHN1".
+/// \param item    Two digits.
+std::string_view PowerUpNumber(std::string_view family, std::string_view model, std::string_view item);
+
+/// An alarm value of a counter. It may be written with a direction behind it, "1000 (UP)", of which the
+/// device takes the number alone.
+struct AlarmValue {
+  std::string_view model;  ///< Definition file without its ending.
+  std::string_view item;   ///< Item of group 01.
+  std::string_view unit;   ///< Stands behind the value in each reply; may be empty.
+};
+
+/// The alarm value on an item of group 01; null when it is none.
+const AlarmValue* FindAlarmValue(std::string_view model, std::string_view item);
+
+/// The count of group 01 that a command item sets to 0; empty when the item is no command.
+std::string_view CountOfCommand(std::string_view item);
+
+/// Models that take their time to answer.
+bool AnswersSlowly(std::string_view model);
 
 /// Items that a model can't use while another item holds a certain choice.
 struct NeedlessRule {

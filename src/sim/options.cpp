@@ -57,7 +57,6 @@ class Arguments {
 Options ParseOptions(std::span<const char* const> arguments, const std::filesystem::path& default_home) {
   Options options;
   options.home = default_home;
-  std::optional<std::chrono::milliseconds> latency;
   Arguments rest(arguments);
   while (!rest.Done()) {
     const auto option = rest.Next();
@@ -72,7 +71,7 @@ Options ParseOptions(std::span<const char* const> arguments, const std::filesyst
     } else if (option == "--fault") {
       options.faults.push_back(ParseFault(rest.Value(option)));
     } else if (option == "--latency") {
-      latency = ParseLatency(rest.Value(option));
+      options.latency = ParseLatency(rest.Value(option));
     } else if (option == "--sysver") {
       options.system_text = rest.Value(option);
     } else if (option == "--set") {
@@ -90,7 +89,9 @@ Options ParseOptions(std::span<const char* const> arguments, const std::filesyst
   if (options.link.empty()) {
     options.link = options.home / "ports" / "COM1";
   }
-  options.latency = latency.value_or(options.fast ? std::chrono::milliseconds(0) : options.latency);
+  if (options.fast && !options.latency) {
+    options.latency = std::chrono::milliseconds(0);
+  }
   return options;
 }
 
@@ -103,7 +104,8 @@ std::string_view HelpText() {
   --model NAME      model of the catalogue; default: its first
   --link PATH       link to make to the terminal; default: DIR/ports/COM1
   --fast            bytes need no time; default: the true speed of the model's line
-  --latency MS      from command to reply, 0 to 60000; default: 10, with --fast 0
+  --latency MS      from command to reply, 0 to 60000; default: 10, slow models 300,
+                    with --fast 0
   --sysver TEXT     system text of the device (group 00, item 99); default: "SYSVER   1.00"
   --set GG/II=TEXT  value of an item at the start, for a choice its text or code; may be repeated
   --fault NAME      always; NAME@N for the N-th command line only, NAME@N-M, NAME@N- from the

@@ -26,7 +26,7 @@ struct Options {
   std::string model;  ///< Empty: the catalogue's first.
   std::filesystem::path link;
   bool fast = false;
-  std::chrono::milliseconds latency{10};
+  std::optional<std::chrono::milliseconds> latency;  ///< None: the device's own.
   std::optional<std::string> system_text;
   std::vector<FaultRule> faults;
   std::vector<Preset> presets;

@@ -18,31 +18,43 @@ enum class WriteResult {
   NotUsable,  ///< The item is of no use in the present configuration.
 };
 
+// Sections of choices that mean more than their rows.
+inline constexpr std::string_view kRanges = "$I11Body";           ///< Ranges by the input type's title.
+inline constexpr std::string_view kFrequencyUnits = "frequency";  ///< The device's own, in no definition.
+
 /// One item of the device's menu.
 struct Item {
   /// What an item holds and how it takes data.
   enum class Kind {
-    Fixed,   ///< A text of the device itself; takes no data.
-    Mode,    ///< The device mode.
-    Tag,     ///< Up to ten characters, reported padded to ten.
-    Number,  ///< A number.
-    Choice,  ///< A row of a table: takes the code, reports the text.
-    Live,    ///< A measured value; takes no data.
-    Output,  ///< A measured value that takes a number to force the output.
+    Fixed,    ///< A text of the device itself; takes no data.
+    Mode,     ///< The device mode.
+    Tag,      ///< Up to ten characters, reported padded to ten.
+    Number,   ///< A number.
+    Choice,   ///< A row of a table: takes the code, reports the text.
+    Live,     ///< A measured value; takes no data.
+    Output,   ///< A measured value that takes a number to force the output.
+    Count,    ///< A whole number that goes on by itself in monitor mode, and can be set.
+    Command,  ///< Acts when it is written without data: sets a count to 0. Reads as 0.
   };
 
   std::string group;
   std::string item;
   Kind kind = Kind::Number;
-  std::string title;      ///< As the device's display names it.
-  std::string prefix;     ///< Stands before the value in a reply.
-  std::string unit;       ///< Unit of a live value.
-  std::string section;    ///< Definition section of a choice.
-  bool by_title = false;  ///< The choice's column in `$I11Body` follows from the input type.
-  bool uploaded = false;  ///< Configurators read it as a parameter.
-  std::string held;       ///< The value, save for choices and live values.
-  std::size_t row = 0;    ///< The chosen row of a choice.
+  std::string title;       ///< As the device's display names it.
+  std::string prefix;      ///< Stands before the value in a reply.
+  std::string unit;        ///< Unit that the definition gives.
+  std::string tail;        ///< Stands behind a number in a reply, with a blank before it if it has one.
+  bool frequency = false;  ///< A number that is held in the unit that it was written in.
+  bool directed = false;   ///< A number that may be written with a direction behind it.
+  std::string section;     ///< Definition section of a choice.
+  bool by_title = false;   ///< The choice's column in `$I11Body` follows from the input type.
+  bool uploaded = false;   ///< Configurators read it as a parameter.
+  std::string held;        ///< The value, save for choices and live values.
+  std::size_t row = 0;     ///< The chosen row of a choice.
 };
+
+/// Whether the item is zero or span, which the device limits.
+bool IsLimited(const Item& item);
 
 /// The items of one device with their values, without mode and measurement.
 class Parameters {
@@ -61,18 +73,27 @@ class Parameters {
   /// Whether the item is of no use in the present configuration.
   bool Needless(const Item& item) const;
 
-  /// The value of a tag (unpadded), number, choice or fixed text as the device reports it. Zero and span are
-  /// held inside the limits of the input type.
+  /// The value of a tag (unpadded), number, choice, count or fixed text as the device reports it, a number
+  /// with its unit if the device shows one. Zero and span are held inside the limits of the input type.
   std::string Text(const Item& item) const;
 
-  /// Gives a tag, number or choice a value, as a configurator does.
-  /// \param data  For a choice the code.
+  /// A number as `Text` has it, less the unit.
+  std::string Plain(const Item& item) const;
+
+  /// The value of a number, a frequency in Hz where the device holds its unit; none for other items.
+  std::optional<double> Quantity(const Item& item) const;
+
+  /// Gives a tag, number, choice or count a value, or carries out a command, as a configurator does.
+  /// \param data  For a choice the code, for a command nothing.
   WriteResult Write(Item& item, std::string_view data);
 
   /// Gives an item any value that it can hold, as a technician at the device does.
   /// \param value  For a choice the text or the code.
   /// \return false when it can't hold this.
   bool Set(Item& item, std::string_view value);
+
+  /// Counts one on; behind its highest value a count begins at 0 again.
+  static void CountOn(Item& count);
 
   /// All values as at power-up.
   void Reset();
@@ -83,11 +104,15 @@ class Parameters {
  private:
   void AddRow(const Definition::Row& row);
   void AddFixed(std::string_view group, std::string_view item, std::string_view title, std::string value);
+  void AddUnits();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
+  Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;
   std::size_t FirstRow(const Item& item) const;
+  std::string PowerUpText(const Item& item) const;
   std::string PowerUpLimit(bool span) const;
 
+  const std::vector<Definition::Row>& Rows(const Item& choice) const;
   std::size_t TextColumn(const Item& item) const;
   std::string RowText(const Item& item, std::size_t row) const;
   std::string Code(const Item& item) const;
@@ -97,6 +122,9 @@ class Parameters {
   std::optional<std::pair<std::string, std::string>> Limits() const;
   std::string Limited(const std::string& held) const;
   WriteResult WriteChoice(Item& item, std::string_view data);
+  WriteResult WriteNumber(Item& item, std::string_view data) const;
+  WriteResult CarryOut(const Item& command, std::string_view data);
+  void Hold(Item& item, double value, std::string_view text) const;
   void SettleRange();
 
   Definition definition_;

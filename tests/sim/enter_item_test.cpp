@@ -10,10 +10,9 @@ constexpr std::string_view kDisplayed =
     "$Data\n"
     "00, 99, , , Y, , , , , , , , , , , , , , , , , , , , , Status\n"
     "01, 02, , Tag, Y, Y, , , , 0\n"
-    "01, 05, , Frequency, , Y, , , , 1, , , , , Hz\n"
-    "01, 08, , On delay, Y, Y, , , , 2, , , , , , , , , , , , Y, , , 3, Delay ON\n"
-    "01, 23, , Mode, Y, Y, , , , , 0, $I23, , , , , , , , , , Y, O, , 4, Output Mode\n"
-    "01, 34, , Reset, , , , , , , , , , , , , , , , , , , , , , prms initializer\n"
+    "01, 05, , Frequency, , Y, , , , 1, , , , , , Hz\n"
+    "01, 40, , Pulses, Y, Y, , , , 2, , , , , , , , , , , , Y, , , 3, Pulse Count\n"
+    "01, 23, , Mode, Y, Y, , , , , 0, $I23, , , , , , , , , , Y, N, , 4, Output Mode\n"
     "$I23\n0, normal\n1, inverse\n$End\n";
 
 Device DisplayedDevice(const std::string& family = "Second") {
@@ -24,7 +23,7 @@ Device DisplayedDevice(const std::string& family = "Second") {
 TEST(EnterItemTest, GroupAndItemAnswerWithDisplayTexts) {
   auto device = DisplayedDevice();
   EXPECT_EQ(device.Answer("G01").text, "D      enter item");
-  EXPECT_EQ(device.Answer("I08").text, "D        Delay ON");
+  EXPECT_EQ(device.Answer("I40").text, "D     Pulse Count");
   EXPECT_EQ(device.Answer("I02").text, "D             Tag") << "the caption where no title is given";
   EXPECT_EQ(device.Answer("I55").text, "D    invalid data");
   EXPECT_EQ(device.Answer("D").text, "D    invalid data") << "nothing selected";
@@ -42,12 +41,12 @@ TEST(EnterItemTest, SystemTextIsAnItemWithItsOwnTitle) {
 
 TEST(EnterItemTest, LoneDReadsAndDWithDataWrites) {
   auto device = DisplayedDevice();
-  Read(device, "01", "08");
+  Read(device, "01", "40");
   EXPECT_EQ(device.Answer("D").text, "D               0");
   EXPECT_EQ(device.Answer("D15").text, "D    invalid data") << "not in monitor mode";
   EXPECT_EQ(Read(device, "01", "01"), "D  Maintenance SW");
   EXPECT_EQ(device.Answer("D1").text, "D               1");
-  EXPECT_EQ(Write(device, "01", "08", "15"), "D              15");
+  EXPECT_EQ(Write(device, "01", "40", "15"), "D              15");
   EXPECT_EQ(device.Answer("D").text, "D              15");
   EXPECT_EQ(Write(device, "01", "23", "1"), "D         inverse");
   EXPECT_EQ(Write(device, "01", "23", "2"), "D    invalid data");
@@ -70,15 +69,6 @@ TEST(EnterItemTest, LiveValueHasItsUnitBehindIt) {
   auto device = DisplayedDevice();
   Read(device, "01", "05");
   EXPECT_EQ(device.Answer("D").text, "D   50.50 Hz");
-}
-
-TEST(EnterItemTest, ResetOfAllParametersIsConfirmed) {
-  auto device = DisplayedDevice();
-  EXPECT_EQ(Write(device, "01", "34", "1"), "D    invalid data") << "not in monitor mode";
-  EnterProgramming(device);
-  Write(device, "01", "08", "15");
-  EXPECT_EQ(Write(device, "01", "34", "1"), "Dall prms default");
-  EXPECT_EQ(device.Value("01", "08"), "0");
 }
 
 TEST(EnterItemTest, ModeItemIsTheFamilysOwn) {

@@ -108,6 +108,9 @@ struct StruckCommand {
   std::string noisy;       ///< with noise in it
   std::string half;        ///< its first half
   std::string wrong_echo;  ///< with another value
+  Device (*make)() = [] { return SampleDevice("QHW.def"); };
+  std::string refused = "CNG";
+  std::string not_usable = "CNU";
 };
 
 struct FaultOnCommand {
@@ -124,9 +127,9 @@ FaultOnCommand Expected(Fault fault, const StruckCommand& command) {
     case Fault::SecondTryOnly:
       return {.fault = fault, .carried_out = false, .text = "", .silent = true};
     case Fault::Refused:
-      return {.fault = fault, .carried_out = false, .text = "CNG"};
+      return {.fault = fault, .carried_out = false, .text = command.refused};
     case Fault::NotUsable:
-      return {.fault = fault, .carried_out = false, .text = "CNU"};
+      return {.fault = fault, .carried_out = false, .text = command.not_usable};
     case Fault::Noise:
       return {.fault = fault, .carried_out = true, .text = command.noisy};
     case Fault::Garbled:
@@ -151,7 +154,7 @@ void StrikeWithAllFaults(const StruckCommand& command, const std::function<void(
                          const std::function<bool(Device&)>& carried_out) {
   for (const auto& info : AllFaults()) {
     SCOPED_TRACE(info.name);
-    auto device = SampleDevice("QHW.def");
+    auto device = command.make();
     prepare(device);
     const int number = device.Exchanges() + 1;
     device.AddFault(ParseFault(std::string(info.name) + "@" + std::to_string(number)));
@@ -216,9 +219,104 @@ TEST(FaultsTest, EachDoesWhatItsNameSaysOnAForcedOutput) {
       [](const Device& device) { return device.Value("01", "03") == "25.00"; });
 }
 
+const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnAValueWithAUnit) {
+  StrikeWithAllFaults(
+      {.line = "D12.5",
+       .good = "D        12.50 Hz",
+       .noisy = "\xFF"
+                "D       " +
+                std::string(kNoise) + " 12.50 Hz",
+       .half = "D        ",
+       .wrong_echo = "D        13.50 Hz",
+       .make = [] { return Device::ForModel(kHome, "QEY"); },
+       .refused = "D    invalid data",
+       .not_usable = "D      not usable"},
+      [](Device& device) {
+        EnterProgramming(device);
+        Read(device, "01", "10");
+      },
+      [](const Device& device) { return device.Value("01", "10") == "12.50 Hz"; });
+}
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnACount) {
+  StrikeWithAllFaults(
+      {.line = "D250",
+       .good = "DCOUNTA       250",
+       .noisy = "\xFF"
+                "DCOUNTA " +
+                std::string(kNoise) + "      250",
+       .half = "DCOUNTA  ",
+       .wrong_echo = "DCOUNTA       251",
+       .make = [] { return Device::ForModel(kHome, "QEC2"); }},
+      [](Device& device) {
+        EnterProgramming(device);
+        Read(device, "01", "03");
+      },
+      [](const Device& device) { return device.Value("01", "03") == "250"; });
+}
+
+TEST(FaultsTest, EachDoesWhatItsNameSaysOnACommand) {
+  StrikeWithAllFaults(
+      {.line = "D",
+       .good = "DRESETA0",
+       .noisy = "\xFF"
+                "DRES" +
+                std::string(kNoise) + "ETA0",
+       .half = "DRES",
+       .wrong_echo = "DRESETA1",
+       .make = [] { return Device::ForModel(kHome, "QEC2"); }},
+      [](Device& device) {
+        device.Set("01", "03", "250");
+        EnterProgramming(device);
+        Read(device, "01", "12");
+      },
+      [](const Device& device) { return device.Value("01", "03") == "0"; });
+}
+
+TEST(FaultsTest, WrongEchoChangesTheValueAndNeitherPrefixNorUnit) {
+  struct Case {
+    const char* model;
+    const char* item;
+    const char* data;
+    const char* reply;
+  };
+  for (const auto& [model, item, data, reply] : {
+           Case{"QEY", "08", "100", "D        101 msec"},
+           Case{"QEY", "16", "8", "D               9"},
+           Case{"QIC", "30", "0.5", "D    FINZER1.50 %"},
+           Case{"QEY", "23", "4", "DX:TWO-WIRE PULSE"},
+           Case{"QEY", "11", "1", "D           X:kHz"},
+           Case{"QEY", "34", "1", "DXll prms default"},
+           Case{"QEY", "02", "FIC", "DXIC       "},
+           Case{"QEC2", "06", "1500 (UP)", "DALMFRQ1501Hz"},
+           Case{"QEC2", "09", "1500", "DALMCNT1501"},
+           Case{"QEC2", "03", "4294967295", "DCOUNTA4294967296"},
+           Case{"QEY3", "06", "-5", "DCOUNTB        -4"},
+           Case{"QCB2", "03", "25", "DOUTSET   26.00"},
+       }) {
+    auto device = Device::ForModel(kHome, model);
+    EnterProgramming(device);
+    device.AddFault(ParseFault("wrong-echo"));
+    EXPECT_EQ(Write(device, "01", item, data), reply) << model << " " << item;
+  }
+}
+
+TEST(FaultsTest, WrongEchoLeavesRefusalsAndReadsAlone) {
+  auto device = Device::ForModel(kHome, "QEY");
+  EnterProgramming(device);
+  Read(device, "01", "10");
+  device.AddFault(ParseFault("wrong-echo"));
+  EXPECT_EQ(device.Answer("D").text, "D       100.00 Hz");
+  EXPECT_EQ(device.Answer("Dx").text, "D    invalid data");
+  device.AddFault(ParseFault("not-usable"));
+  EXPECT_EQ(device.Answer("D5").text, "D      not usable");
+}
+
 TEST(FaultsTest, WrongEchoOfAForcedOutputStandsBeforeItsUnit) {
   Device device({.name = "shown", .definition_file = "SHOWN.def", .family_word = "Second"},
-                Definition::Parse("$Data\n01, 03_set, , Output, , Y, , , , 1, , , , , %\n$End\n"));
+                Definition::Parse("$Data\n01, 03_set, , Output, , Y, , , , 1, , , , , , %\n$End\n"));
   EnterProgramming(device);
   EXPECT_EQ(Write(device, "01", "03", "25"), "D   25.00 %");
   device.AddFault(ParseFault("wrong-echo"));

@@ -23,8 +23,10 @@ class ModelsTest : public testing::TestWithParam<Model> {
     return options;
   }
 
+  /// The item's number, less a unit that the device sets right behind it.
   std::optional<double> Number(const std::string& item) const {
-    return ParseNumber(device_.Value("01", item));
+    const auto value = device_.Value("01", item);
+    return ParseNumber(value.substr(0, value.find_first_of("H%")));
   }
 
   /// The row of a section with this text in any column.
@@ -155,13 +157,38 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
       {"QH.", 27, 30, -25, 125},
       {"QEI", 13, 13, 0, 100},
       {"QEI", 18, 18, 1, 2},
+      {"QCE2", 13, 13, 0, 100},
+      {"QCE2", 18, 18, 1, 255},
+      {"QIEU2", 13, 13, 0, 100},
+      {"QIEU2", 18, 18, 1, 100},
+      {"QICE2", 13, 13, 0, 100},
+      {"QICE2", 18, 18, 1, 100},
+      {"QCB2", 31, 31, 1, 99999999},
+      {"QCB2", 32, 32, 0, 99999999},
+      {"QEB2", 15, 15, 1, 100000},
+      {"QEB2", 31, 31, 1, 10000},
+      {"QNA2", 22, 22, -15, 115},
+      {"QNA2", 24, 24, 0, 999},
+      {"QNA2", 26, 26, 0, 10},
+      {"QNA2", 28, 28, -15, 115},
+      {"QNA2", 30, 30, 0, 999},
+      {"QEC2", 6, 6, 0, 100000},
+      {"QEC2", 7, 7, 0, 115},
+      {"QEC2", 9, 9, 0, 99999999},
+      {"QEC2", 31, 31, 1, 10000},
+      {"QEY3", 7, 7, 0, 100000},
+      {"QEY3", 9, 9, 0, 115},
+      {"QEY3", 31, 31, 1, 10000},
+      {"QHC2", 14, 15, 0, 150000},
+      {"QHC2", 31, 31, -29.999, 29.999},
+      {"QHC2", 32, 32, -299.99, 299.99},
   };
   for (const auto& range : ranges) {
     if (!GetParam().definition_file.starts_with(range.models)) {
       continue;
     }
     for (int item = range.first; item <= range.last; ++item) {
-      const auto number = Number(std::to_string(item));
+      const auto number = Number((item < 10 ? "0" : "") + std::to_string(item));
       if (number) {
         EXPECT_GE(*number, range.low) << item;
         EXPECT_LE(*number, range.high) << item;
@@ -170,6 +197,26 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
   }
   if (Number("19") && Number("20")) {
     EXPECT_GT(*Number("20"), *Number("19"));
+  }
+}
+
+TEST_P(ModelsTest, SpansAreTheRatedOnesOfTheirFrequencyRange) {
+  for (const char* const list : {"$I11QEI", "$I11QIE", "$I11QHC2"}) {
+    const auto* const range = RowOf(list, device_.Value("01", "11"));
+    if (range != nullptr) {
+      EXPECT_EQ(device_.Value("01", "15"), Field(*range, 3));
+    }
+  }
+}
+
+TEST_P(ModelsTest, TimesAreOnTheirGrid) {
+  for (const auto& row : definition_.Rows("$Data")) {
+    if (Field(row, 15) == "msec") {
+      const auto value = device_.Value("01", Field(row, 1));
+      ASSERT_TRUE(value.ends_with(" msec")) << Field(row, 1) << ": " << value;
+      EXPECT_TRUE(value.ends_with("0 msec") || value.ends_with("5 msec")) << Field(row, 1) << ": " << value;
+      EXPECT_GT(std::stoi(value), 0) << Field(row, 1);
+    }
   }
 }
 
