@@ -113,6 +113,14 @@ TEST_P(DefinitionItems, ShowsAUnitInOneWay) {
   }
 }
 
+TEST_P(DefinitionItems, HasATimeOnTheDevicesGridWhereTheProgramRoundsIt) {
+  for (const auto& row : source.Rows("$Data")) {
+    if (row[columns.unit] == "msec") {
+      EXPECT_TRUE(std::ranges::find(facts.rounded_items, row[kItem]) != facts.rounded_items.end()) << At(row);
+    }
+  }
+}
+
 TEST_P(DefinitionItems, StandsAboveTheChoiceThatItsUnitFollows) {
   for (const auto& row : source.Rows("$Data")) {
     if (!row[columns.follows].empty()) {

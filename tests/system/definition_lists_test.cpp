@@ -60,6 +60,16 @@ TEST_P(DefinitionLists, HasNoListThatNoItemUses) {
   }
 }
 
+TEST_P(DefinitionLists, HasTextsThatTheDisplayCanShow) {
+  constexpr std::size_t width = 16;
+  for (const auto& section : source.sections) {
+    for (const auto& row : section.rows) {
+      EXPECT_TRUE(columns.title == kNoColumn || !section.key.starts_with("$I") || row[1].size() <= width)
+          << section.key << " line " << row.line << ": " << row[1];
+    }
+  }
+}
+
 // The unit of live values is looked up from row 1 on.
 TEST_P(DefinitionLists, LeavesRow0EmptyWhereALiveUnitFollows) {
   for (const auto& row : source.Rows("$Data")) {

@@ -145,6 +145,7 @@ const std::map<std::string, FamilyFacts>& Families() {
                  {.item = "33", .number = 31, .label = 31, .text = 21}},
         .conditions = {"Y"},
         .forms = true,
+        .rounded_items = {"08", "09", "12", "13", "18", "19", "24", "25", "33"},
         .last_position = 20}},
       {"Third",
        {.folder = "Kv_3",

@@ -85,6 +85,7 @@ struct FamilyFacts {
   std::vector<std::string_view> follow_keys = {};  ///< lists that a unit can follow
   std::vector<std::string_view> conditions;        ///< words for when a download writes an item
   bool forms = false;  ///< a choice is marked by `O` or `N`, and a value needs no prefix
+  std::vector<std::string_view> rounded_items = {};  ///< times that the program brings onto the device's grid
   std::vector<FixedRow> fixed_rows = {};
   int last_position;
 };
