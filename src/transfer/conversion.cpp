@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/numbers.h"
+#include "core/text_utilities.h"
 
 namespace korva {
 namespace {
@@ -92,6 +93,12 @@ const SensorTexts& LongSensorTexts() { return kLongTexts; }
 
 const SensorTexts& SensorTextsOf(StringView version) {
   return version == u"SYSVER   1.00" ? kShortTexts : kLongTexts;
+}
+
+Quantity SplitQuantity(StringView text) {
+  const std::size_t length = NumericLength(text);
+  return length == 0 ? Quantity()
+                     : Quantity{.number = TrimNumericText(text), .unit = Trimmed(text.substr(length))};
 }
 
 GridRounding RoundTo5Msec(const String& text) {

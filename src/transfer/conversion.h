@@ -34,6 +34,15 @@ const SensorTexts& LongSensorTexts();
 /// Those of the device with this version text.
 const SensorTexts& SensorTextsOf(StringView version);
 
+/// A value as the devices report it: a number, and behind it its unit. Both empty for a text that begins with
+/// no number.
+struct Quantity {
+  String number;
+  String unit;
+};
+/// Split at the first character behind the leading number, both trimmed: "12.50 kHz", "12.50kHz".
+Quantity SplitQuantity(StringView text);
+
 /// A number of a field on the grid of the device: the text before and after, and the field's text after it.
 struct GridRounding {
   bool number = false;  ///< false: the text begins with no number and nothing else here has a meaning

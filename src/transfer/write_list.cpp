@@ -20,6 +20,12 @@ String WithoutPrefix(const String& reply, const String& prefix) {
   return rest == kEmptyTag ? rest : Trimmed(rest);
 }
 
+bool IsFinePrefix(StringView prefix) { return prefix == u"FINZER" || prefix == u"FINSPN"; }
+
+bool FineValueTaken(double sent, double reported) {
+  return AtLeast(sent, reported - kFineTolerance) && AtLeast(reported + kFineTolerance, sent);
+}
+
 bool ReplyProves(const WriteEntry& entry, const String& reply) {
   if (entry.prefix.empty()) {
     return Trimmed(reply) == entry.source;
@@ -27,10 +33,8 @@ bool ReplyProves(const WriteEntry& entry, const String& reply) {
   if (entry.prefix == u"TG:") {
     return WithoutPrefix(reply, entry.prefix) == entry.source;
   }
-  if (entry.prefix == u"FINZER" || entry.prefix == u"FINSPN") {
-    const double reported = LeadingNumber(WithoutPrefix(reply, entry.prefix));
-    const double sent = LeadingNumber(entry.source);
-    return AtLeast(sent, reported - kFineTolerance) && AtLeast(reported + kFineTolerance, sent);
+  if (IsFinePrefix(entry.prefix)) {
+    return FineValueTaken(LeadingNumber(entry.source), LeadingNumber(WithoutPrefix(reply, entry.prefix)));
   }
   return !reply.empty();
 }

@@ -32,6 +32,11 @@ struct CodeTable {
 /// "FINSPN") within 0.02, and any other plain value with whatever text.
 bool ReplyProves(const WriteEntry& entry, const String& reply);
 
+/// True for the prefixes of fine zero and fine span.
+bool IsFinePrefix(StringView prefix);
+/// True when `reported` is the fine zero or fine span `sent`, in %: within 0.02, both ends included.
+bool FineValueTaken(double sent, double reported);
+
 /// The reply less as many characters as the prefix has; empty when it has no more than those. The characters
 /// themselves are not compared. Ten blanks, an empty tag, stay; all else is trimmed.
 String WithoutPrefix(const String& reply, const String& prefix);

@@ -135,6 +135,32 @@ TEST(RoundTo5MsecTest, ATextThatBeginsWithNoNumberIsLeftAlone) {
   }
 }
 
+struct QuantityCase {
+  StringView text;
+  StringView number;
+  StringView unit;
+};
+
+TEST(SplitQuantityTest, TheUnitBeginsBehindTheLeadingNumber) {
+  const QuantityCase cases[] = {
+      {u"12.50 kHz", u"12.50", u"kHz"}, {u"12.50kHz", u"12.50", u"kHz"}, {u"  100  msec ", u"100", u"msec"},
+      {u"-0.5 %", u"-0.5", u"%"},       {u"1E3 Hz", u"1E3", u"Hz"},      {u"1.5.2 Hz", u"1.5", u".2 Hz"},
+      {u"7 deg C", u"7", u"deg C"},     {u"12.5", u"12.5", u""},         {u"12\t", u"12", u""},
+  };
+  for (const auto& one : cases) {
+    const Quantity quantity = SplitQuantity(one.text);
+    EXPECT_EQ(quantity.number, one.number);
+    EXPECT_EQ(quantity.unit, one.unit);
+  }
+}
+
+TEST(SplitQuantityTest, ATextThatBeginsWithNoNumberHasNeither) {
+  for (const StringView text : {u"", u" ", u"kHz", u"invalid data", u"NEEDLESS", u"-"}) {
+    EXPECT_EQ(SplitQuantity(text).number, u"");
+    EXPECT_EQ(SplitQuantity(text).unit, u"");
+  }
+}
+
 TEST(RoundTo005VTest, TheLastOfTwoDecimalsGoesUpToFiveOrTheNextZero) {
   const RoundingCase cases[] = {
       {u"1.21", u"1.21", u"1.25", u"1.25"},   {u"1.24", u"1.24", u"1.25", u"1.25"},
