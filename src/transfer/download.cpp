@@ -274,6 +274,10 @@ String TransferPage::WriteChecked(const WriteEntry& entry) {
       LeadingInteger(entry.item) != kTagItem) {
     return {};
   }
+  return WriteData(entry);
+}
+
+String TransferPage::WriteData(const WriteEntry& entry) {
   return Items().WriteRetry(kRepeats, entry.group, entry.item, entry.data);
 }
 

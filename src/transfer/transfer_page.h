@@ -65,8 +65,10 @@ class TransferPage : public ParameterPage {
   /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
   /// none, or has nothing to choose under the present input type, and is then not written.
   [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
-  /// Writes one entry; the text that is to prove it, or empty when the device gave none.
+  /// Writes one entry that can be read; the text that is to prove it, or empty when the device gave none.
   virtual String WriteChecked(const WriteEntry& entry);
+  /// Sends the data of one entry; the device's echo, or empty when there was none.
+  virtual String WriteData(const WriteEntry& entry);
   /// After each write, good or bad.
   virtual void AfterWrite() {}
   [[nodiscard]] virtual bool CompareReply(const WriteEntry& entry, const String& reply) const {
