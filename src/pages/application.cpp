@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "pages/kv_config.h"
+#include "pages/kv_config_v2.h"
 
 namespace korva {
 
@@ -36,6 +37,7 @@ struct PageMaker {
 
 constexpr std::array kPages = {
     PageMaker{.page = u"KvConfig", .make = Make<KvConfig>},
+    PageMaker{.page = u"KvConfig_V2", .make = Make<KvConfig_V2>},
 };
 
 /// nullptr for a family without a page.
