@@ -33,6 +33,7 @@ constexpr int kNumberColumn = 8;
 constexpr int kCaptionColumn = 18;
 constexpr int kField = 16;
 constexpr int kWideField = 26;
+constexpr int kUnitBox = 9;
 constexpr int kShortField = 5;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
@@ -85,7 +86,7 @@ bool SizeField(QWidget* widget, const Control& control) {
     return true;
   }
   if (dynamic_cast<const ComboBox*>(&control) != nullptr) {
-    widget->setFixedWidth(Digits(widget, kWideField));
+    widget->setFixedWidth(Digits(widget, control.Name() == "cbo_unit" ? kUnitBox : kWideField));
   } else if (dynamic_cast<const TextField*>(&control) != nullptr) {
     widget->setFixedWidth(Digits(widget, DigitsOfField(control.Name())));
   }
