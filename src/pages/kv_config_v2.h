@@ -73,7 +73,7 @@ class KvConfig_V2 final : public TransferPage {
   /// What stands beside the field of a row; empty for a row without a unit.
   [[nodiscard]] String UnitShown(int row) const;
   /// Unit of a value of the row: its own, or the one that is shown when it has none.
-  [[nodiscard]] String UnitOf(int row, const String& value) const;
+  [[nodiscard]] String UnitOfValue(int row, const String& value) const;
   /// The number with the unit that is shown; a text that is no number as it stands.
   [[nodiscard]] String WithUnitShown(int row, const String& text) const;
   void ShowUnitBox(int row);

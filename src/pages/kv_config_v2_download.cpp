@@ -73,7 +73,7 @@ String KvConfig_V2::DataOf(int row, const String& cell) const {
 
 String KvConfig_V2::WriteData(const WriteEntry& entry) {
   const int row = FindDataRow(entry.group, entry.item);
-  if (!IsChoice(row) && HasUnit(row) && !WriteUnitCode(UnitOf(row, entry.source))) {
+  if (!IsChoice(row) && HasUnit(row) && !WriteUnitCode(UnitOfValue(row, entry.source))) {
     return {};
   }
   return TransferPage::WriteData(entry);
@@ -102,7 +102,7 @@ bool KvConfig_V2::CompareReply(const WriteEntry& entry, const String& reply) con
   const String kept_number = SplitQuantity(kept).number;
   const String reported_number = SplitQuantity(reported).number;
   if (IsChoice(row) || LeadingInteger(entry.item) == kTagItem || kept_number.empty() ||
-      reported_number.empty() || UnitOf(row, kept) != UnitOf(row, reported)) {
+      reported_number.empty() || UnitOfValue(row, kept) != UnitOfValue(row, reported)) {
     return false;
   }
   const double sent = LeadingNumber(kept_number);

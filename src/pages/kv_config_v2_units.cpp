@@ -18,7 +18,7 @@ String KvConfig_V2::UnitShown(int row) const {
                                          : cbo_unit[Place(row, kUnitBox, cbo_unit.Count())].Text();
 }
 
-String KvConfig_V2::UnitOf(int row, const String& value) const {
+String KvConfig_V2::UnitOfValue(int row, const String& value) const {
   const String unit = SplitQuantity(value).unit;
   return unit.empty() ? UnitShown(row) : unit;
 }
