@@ -4,14 +4,14 @@
 
 #include <stdexcept>
 
+#include "core/numbers.h"
 #include "core/text_utilities.h"
 
 namespace korva::test {
 
-void AlteredLine::Take(const Command& command) {
+sim::Reply AlteredLine::Answer(const Command& command) {
+  sim::Reply reply = DeviceLine::Answer(command);
   const std::string& text = command.text;
-  const sim::Reply good = device_.Answer(text);
-  std::optional<std::string> reply = good.silent ? std::nullopt : std::optional(good.text);
   if (text.starts_with('I')) {
     item_ = text.substr(1);
   } else if (text.starts_with('D')) {
@@ -21,12 +21,11 @@ void AlteredLine::Take(const Command& command) {
       writes.push_back(access);
     }
     if (const auto altered = replies.find(access); altered != replies.end()) {
-      reply = altered->second;
+      reply.silent = !altered->second;
+      reply.text = altered->second.value_or("");
     }
   }
-  if (reply) {
-    port_.DeliverPaced(command.received + good.latency, *reply + "\r", 0);
-  }
+  return reply;
 }
 
 V2Bench::V2Bench(const String& model) : device(Connect(model)), line(port, device) {
@@ -81,6 +80,22 @@ void V2Bench::ExpectAtRest() {
   EXPECT_TRUE(V2().cmdDownload.Enabled());
   EXPECT_TRUE(V2().Tabs.TabEnabled(1));
   EXPECT_EQ(dialogs.Unused(), 0U);
+}
+
+void V2Bench::ExpectDeviceHoldsTheSet() {
+  for (int row = 0; row < V2().Def.Data().Rows(); ++row) {
+    if (V2().DataCell(row, kUploaded) != u"Y") {
+      continue;
+    }
+    const String& item = V2().DataCell(row, kItem);
+    const String held = FromUtf8(device.Value("01", ToUtf8(item)));
+    const String& kept = V2().GroupItem.At(u"01", item);
+    EXPECT_FALSE(kept.empty()) << ToUtf8(item);
+    EXPECT_EQ(LeadingNumber(held), LeadingNumber(kept)) << ToUtf8(item);
+    // Behind the number: the unit, or the rest of a choice or tag.
+    EXPECT_EQ(ToUtf8(held.substr(held.find(u' ') + 1)), ToUtf8(kept.substr(kept.find(u' ') + 1)))
+        << ToUtf8(item);
+  }
 }
 
 std::string Shown(BoxKey key, std::initializer_list<String> arguments) {

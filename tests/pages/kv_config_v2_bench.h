@@ -11,10 +11,9 @@
 namespace korva::test {
 
 /// A simulated device whose answers a test can replace. The device itself takes every command.
-class AlteredLine final : public CommandLine {
+class AlteredLine final : public DeviceLine {
  public:
-  /// Both outlive the line.
-  AlteredLine(VirtualPort& port, sim::Device& device) : port_(port), device_(device) {}
+  using DeviceLine::DeviceLine;
 
   /// What comes in place of the device's reply to a read ("10") or to a write ("10=12.5") of an item of group
   /// "01"; nothing is silence.
@@ -23,10 +22,8 @@ class AlteredLine final : public CommandLine {
   std::vector<std::string> writes;
 
  private:
-  void Take(const Command& command) override;
+  sim::Reply Answer(const Command& command) override;
 
-  VirtualPort& port_;
-  sim::Device& device_;
   std::string item_;
 };
 
@@ -44,6 +41,8 @@ struct V2Bench : PageBench {
   std::vector<std::string> SetOf();
   /// No operation is under way, and none has left a trace.
   void ExpectAtRest();
+  /// The device reports what the page keeps, item by item.
+  void ExpectDeviceHoldsTheSet();
 
   sim::Device& device;
   AlteredLine line;

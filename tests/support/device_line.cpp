@@ -18,7 +18,7 @@ void DeviceLine::BytesSent(std::string_view bytes, Clock now) {
 }
 
 void DeviceLine::Take(const Command& command) {
-  const sim::Reply reply = device_.Answer(command.text);
+  const sim::Reply reply = Answer(command);
   const bool paced = port_.CharacterTime() > Clock(0);
   const Clock start = std::max(command.received + reply.latency, sending_until_);
   for (const sim::TimedBytes& chunk : sim::PlanWire(reply, start, device_.GetFamily().baud, paced)) {

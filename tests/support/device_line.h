@@ -13,13 +13,17 @@ namespace korva::test {
 /// A simulated device at the far end of a virtual port: it takes each command when its last stop bit has left
 /// the wire, and its reply arrives at the speed of the line, after its latency. A port that was opened at
 /// another speed than the device's gets no answer. On an untimed port no character takes time.
-class DeviceLine final : public CommandLine {
+class DeviceLine : public CommandLine {
  public:
   /// Both outlive the line.
   DeviceLine(VirtualPort& port, sim::Device& device) : port_(port), device_(device) {}
 
   void Opened(const LineSettings& settings) override;
   void BytesSent(std::string_view bytes, Clock now) override;
+
+ protected:
+  /// What comes back to a command. The device takes each one once.
+  virtual sim::Reply Answer(const Command& command) { return device_.Answer(command.text); }
 
  private:
   void Take(const Command& command) override;
