@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "core/numbers.h"
 #include "core/program.h"
 #include "core/text_utilities.h"
 
@@ -160,6 +161,8 @@ int ParameterPage::FindDataRow(const String& group, const String& item) const {
   }
   return row;
 }
+
+bool ParameterPage::IsWritten(int row) const { return IsNumeric(DataCell(row, kWritePosition)); }
 
 int ParameterPage::FindI10Row(const String& text) const {
   return text.empty() || !Def.Has(u"$I10") ? -1 : Def[u"$I10"].FindRow(1, text);

@@ -110,6 +110,8 @@ class ParameterPage : public DevicePage {
   [[nodiscard]] const String& DataCell(int row, DataColumn column) const { return Def.Cell(row, column); }
   /// True when the row of $Data is fixed: its value is shown and can't be changed.
   [[nodiscard]] bool Fixed(int row) const { return DataCell(row, kChangeRule) == u"Y"; }
+  /// True when a download writes the row, so that it holds a parameter and no live value.
+  [[nodiscard]] bool IsWritten(int row) const;
   /// Item of group 1 of the set.
   [[nodiscard]] const String& Item(int item) const { return GroupItem.At(1, item); }
   void SetItem(int item, const String& value) { GroupItem.Set(1, item, value); }

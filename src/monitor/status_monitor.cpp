@@ -91,13 +91,14 @@ bool StatusMonitor::HasNoMonitorItems() const {
 
 void StatusMonitor::ResetMonitorColours() {
   for (const CycleItem& item : family_.cycle) {
-    if (!item.models.IsAllOrHas(page_.DefFile)) {
+    const int row = LiveRow(item.key);
+    if (row < 0 || !item.models.IsAllOrHas(page_.DefFile)) {
       continue;
     }
     if (TextField* box = page_.FindField(String(item.key))) {
       PaintRest(*box);
     }
-    if (Label* label = units_.LabelOf(item.key)) {
+    if (Label* label = units_.LabelOf(row)) {
       PaintRest(*label);
     }
   }
@@ -137,7 +138,7 @@ Label* StatusMonitor::UnitLabelOf(const UnitStep& step, const UnitRule& rule) co
   if (rule.shown_in >= 0) {
     return page_.lbl_unit.Has(rule.shown_in) ? &page_.lbl_unit[rule.shown_in] : nullptr;
   }
-  const int row = page_.FindDataRow(u"01", String(step.item));
+  const int row = LiveRow(step.item);
   if (row >= 0 && family_.hidden_rows_keep_unit && page_.DataCell(row, kOnPage) == u"N") {
     return nullptr;
   }
@@ -158,26 +159,37 @@ Timer* StatusMonitor::TimerOf(UnitTimer timer) {
   return nullptr;
 }
 
+int StatusMonitor::LiveRow(StringView key) const {
+  const int row = page_.FindDataRow(u"01", String(key));
+  return row >= 0 && page_.IsWritten(row) ? -1 : row;
+}
+
 void StatusMonitor::MonitorCycle() {
+  bool read = false;
   for (const CycleItem& item : family_.cycle) {
     if (item.models.IsAllOrHas(page_.DefFile)) {
-      MonitorReadItem(item.key);
+      read = MonitorReadItem(item.key) || read;
     }
+  }
+  if (!read) {
+    // What counts as present need not be read, and a device may refuse all items: the pace is kept even then,
+    // since only a wait lets the user's stop in.
+    page_.Line().WaitFor(kShowTime);
   }
 }
 
-void StatusMonitor::MonitorReadItem(StringView key) {
-  const int row = page_.FindDataRow(u"01", String(key));
+bool StatusMonitor::MonitorReadItem(StringView key) {
+  const int row = LiveRow(key);
   TextField* box = row < 0 ? nullptr : page_.FindField(String(key));
   if (box == nullptr || !box->Visible()) {
-    return;
+    return false;
   }
   if (family_.obeys_write_condition && page_.DataCell(row, kWriteCondition) == u"N") {
-    return;
+    return false;
   }
   Label* unit = units_.LabelOf(row);
   if (family_.needs_unit && unit != nullptr && unit->Caption().empty()) {
-    return;
+    return false;
   }
   const String item = WireItem(key);
   if (extras_.BeforeRead) {
@@ -195,6 +207,7 @@ void StatusMonitor::MonitorReadItem(StringView key) {
   PaintHighlight(*box);
   page_.Line().WaitFor(kShowTime);
   PaintRest(*box);
+  return true;
 }
 
 bool StatusMonitor::Refused(const String& answer) const {

@@ -33,8 +33,11 @@ class StatusMonitor {
   void ShowMonitorUnits();
   void ShowUnit(const UnitStep& step);
   [[nodiscard]] Label* UnitLabelOf(const UnitStep& step, const UnitRule& rule) const;
+  /// The row of a live value; -1 when the model has none there, or has a parameter there.
+  [[nodiscard]] int LiveRow(StringView key) const;
   void MonitorCycle();
-  void MonitorReadItem(StringView key);
+  /// False when there was nothing to read.
+  bool MonitorReadItem(StringView key);
   [[nodiscard]] bool Refused(const String& answer) const;
   [[nodiscard]] String ShownValue(int row, const String& answer) const;
   [[nodiscard]] String WithoutOffset(const String& item, const String& value) const;

@@ -67,8 +67,7 @@ bool TransferPage::CheckChoices() {
   bool good = true;
   for (int row = 0; row < data.Rows(); ++row) {
     const int index = LeadingInteger(DataCell(row, kComboIndex));
-    const bool written = IsNumeric(DataCell(row, kWritePosition));
-    if (!written || DataCell(row, kComboIndex).empty() || !Combo.Has(index)) {
+    if (!IsWritten(row) || DataCell(row, kComboIndex).empty() || !Combo.Has(index)) {
       continue;
     }
     ComboBox& box = Combo[index];
@@ -165,10 +164,10 @@ void TransferPage::BuildWriteList(WriteList& list) {
   TransferBar.SetValue(15);
   const StringTable& data = Def.Data();
   for (int row = 0; row < data.Rows(); ++row) {
-    const String& position = DataCell(row, kWritePosition);
-    if (!IsNumeric(position)) {
+    if (!IsWritten(row)) {
       continue;
     }
+    const String& position = DataCell(row, kWritePosition);
     const int place = LeadingInteger(position);
     if (place < 0 || place >= kWritePositions) {
       throw RuntimeFailure(u"定義ファイル " + DefFile + u" の Item" + data.At(row, kItem) +

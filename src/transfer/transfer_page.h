@@ -80,8 +80,8 @@ class TransferPage : public ParameterPage {
   virtual bool DownloadTable() { return true; }
 
   // Steps of the value check. Each colours its fields, good or bad, and is false when one is bad.
-  /// The items of group "01" that show live values, whose fields may be blank: "03_set", "03_mon", "04" to
-  /// "08".
+  /// The items of group "01" that show live values on models that don't write them, and whose fields may be
+  /// blank: "03_set", "03_mon", "04" to "08".
   [[nodiscard]] virtual std::span<const StringView> LiveItems() const;
   /// The checks that hold for every model: tag, zero and span, scale.
   virtual bool CheckFields();

@@ -69,8 +69,10 @@ std::span<const StringView> TransferPage::LiveItems() const {
 
 bool TransferPage::IsLiveField(int index) const {
   const auto items = LiveItems();
-  return std::any_of(items.begin(), items.end(),
-                     [&](StringView item) { return FindTextIndex(u"01", String(item)) == index; });
+  return std::any_of(items.begin(), items.end(), [&](StringView item) {
+    const String key(item);
+    return FindTextIndex(u"01", key) == index && !IsWritten(FindDataRow(u"01", key));
+  });
 }
 
 std::optional<BoxKey> TransferPage::FindFault() {

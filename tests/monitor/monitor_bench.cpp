@@ -84,7 +84,7 @@ std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
   std::string section = "$Data\r\n";
   for (const MonitorRow& row : rows) {
     const std::string index = row.index < 0 ? "" : std::to_string(row.index);
-    std::array<std::string, kReplyPrefix + 1> cells;
+    std::array<std::string, kWritePosition + 1> cells;
     cells[kGroup] = "01";
     cells[kItem] = row.item;
     cells[kOnPage] = row.on_page;
@@ -93,6 +93,7 @@ std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
     cells.at(static_cast<std::size_t>(unit_column)) = row.unit;
     cells[kWriteCondition] = row.condition;
     cells[kReplyPrefix] = row.prefix;
+    cells[kWritePosition] = row.position;
     for (const std::string& cell : cells) {
       section += cell;
       section += ',';

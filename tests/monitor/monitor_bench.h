@@ -83,6 +83,7 @@ struct MonitorRow {
   std::string on_page = "Y";
   std::string condition = {};
   std::string prefix = {};
+  std::string position = {};
 };
 /// The section $Data of these rows.
 std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column = kUnitText);

@@ -158,6 +158,29 @@ TEST(StatusMonitorTest, AnItemWithoutARowOrAFieldOrAShownFieldIsPassedOver) {
   EXPECT_EQ(bench.line.Sent(), "G01 I01 D0 G01 I06");
 }
 
+TEST(StatusMonitorTest, ARowThatADownloadWritesHoldsAParameterAndIsLeftAlone) {
+  MonitorBench bench(
+      u"Third", "M.def",
+      test::RowsOf({{.item = "05", .index = 5}, {.item = "06", .index = 6, .unit = "Hz", .position = "0"}}));
+  bench.Box(u"06").SetText(u"1000");
+  bench.RunCycle("05");
+  EXPECT_EQ(bench.line.Sent(), "G01 I01 D0 G01 I05");
+  EXPECT_EQ(bench.Value(u"05"), "12.5");
+  EXPECT_EQ(bench.Value(u"06"), "1000");
+  EXPECT_EQ(bench.Unit(u"06"), "Hz");
+  EXPECT_EQ(bench.Box(u"06").ShownLook(), Look::Normal);
+  EXPECT_EQ(bench.Box(u"05").ShownLook(), Look::Grey);
+}
+
+TEST(StatusMonitorTest, WithNothingToReadItKeepsThePaceAndCanBeStopped) {
+  MonitorBench bench(u"Third", "M.def", test::RowsOf({{.item = "07", .index = 7}}));
+  bench.StopAfter(1200ms);
+  bench.Start();
+  EXPECT_EQ(bench.line.Sent(), "G01 I01 D0");
+  EXPECT_EQ(bench.host.loop.Now(), 1530ms) << "the mode change and three half seconds";
+  EXPECT_TRUE(bench.AtRest());
+}
+
 TEST(StatusMonitorTest, AKeyWithARoleIsNotTheBarePresenceItem) {
   MonitorBench bench(u"First", "QY.def",
                      test::RowsOf({{.item = "03_set", .index = 1}, {.item = "03_mon", .index = 2}}));

@@ -64,6 +64,16 @@ TEST_F(ValueCheckTest, BlankLiveValuesLockedFieldsAndHiddenOnesAreLeftAlone) {
   EXPECT_TRUE(Passes());
 }
 
+TEST(BlankFieldsTest, ABlankFieldThatADownloadWritesIsNoLiveValueWhateverItsItem) {
+  for (const bool written : {false, true}) {
+    TransferBench bench(
+        DataSection({{.item = "06", .text = "0", .prefix = "ALMFRQ", .position = written ? "0" : ""}}) +
+        kCheckSections);
+    bench.Check();
+    EXPECT_EQ(bench.Boxes(), Texts{Shown(written ? BoxKey::FieldBlank : BoxKey::CheckDone)});
+  }
+}
+
 // The tag.
 
 TEST_F(ValueCheckTest, ATagHasAtMostTenCharactersOfOneByteUpTo225) {
