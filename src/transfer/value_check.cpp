@@ -265,7 +265,8 @@ const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_f
 }
 
 bool TransferPage::CheckByModel(const ModelCheck& check) {
-  return check.sensor != nullptr ? CheckSensor(*check.sensor) : CheckRanges(check.ranges, check.condition);
+  const bool ranges = CheckRanges(check.ranges, check.condition);
+  return (check.sensor == nullptr || CheckSensor(*check.sensor)) && ranges;
 }
 
 bool TransferPage::CheckSensor(const SensorCheck& check) {

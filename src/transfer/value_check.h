@@ -36,7 +36,7 @@ struct CodeRange {
 struct SensorCheck {
   StringView table;  ///< of the sensors: code, text as reported, unit, base of the span
   int code_item = 18;
-  std::span<const CodeRange> code_ranges;  ///< of `code_item` by the sensor's code; no row: no limits
+  std::span<const CodeRange> code_ranges = {};  ///< of `code_item` by the sensor's code; no row: no limits
   int span_item = 15;
   double span_factor = 1.5;  ///< `span_item` may be at most this many times the sensor's base
   ItemRange percent = {.item = 13, .low = 0, .high = 100};
@@ -48,7 +48,7 @@ struct ModelCheck {
   bool beginning = false;  ///< `def_file` is the beginning of the names
   std::span<const ItemRange> ranges = {};
   RangeCondition condition = RangeCondition::AllOpen;
-  const SensorCheck* sensor = nullptr;  ///< in place of ranges
+  const SensorCheck* sensor = nullptr;  ///< beside the ranges
 };
 
 /// The row that serves the definition file, the first in the table's order; nullptr when there is none.

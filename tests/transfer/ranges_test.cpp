@@ -182,6 +182,26 @@ TEST_F(SensorTest, ThePercentageLiesFromZeroToAHundredWhateverTheSensor) {
   EXPECT_TRUE(Good(u"no sensor", u"999", u"999", u"1"));
 }
 
+TEST_F(SensorTest, AModelsRangesAreJudgedBesideItsSensor) {
+  static constexpr std::array ranges = {ItemRange{.item = 24, .low = 0, .high = 10}};
+  static constexpr SensorCheck sensor = {
+      .table = u"$I11QEI", .code_ranges = kCodes, .percent = {.item = 22, .low = 0, .high = 100}};
+  const ModelCheck check = {.def_file = u"M", .ranges = ranges, .sensor = &sensor};
+  const auto passes = [&](const String& percent, const String& ranged) {
+    bench.page->SetItem(24, ranged);
+    Good(u"A", u"1", u"1", percent);
+    return bench.page->CheckByModel(check);
+  };
+  EXPECT_TRUE(passes(u"100", u"10"));
+  EXPECT_FALSE(passes(u"100", u"10.1"));
+  EXPECT_EQ(bench.LookOf(u"24"), Look::Bad);
+  EXPECT_EQ(bench.LookOf(u"22"), Look::Normal);
+  EXPECT_FALSE(passes(u"100.1", u"10"));
+  EXPECT_FALSE(passes(u"100.1", u"10.1"));
+  EXPECT_EQ(bench.LookOf(u"24"), Look::Bad) << "both are judged";
+  EXPECT_EQ(bench.LookOf(u"22"), Look::Bad);
+}
+
 TEST(SensorFieldsTest, WithoutOneOfItsFieldsItPasses) {
   TransferBench bench(DataSection({{.item = "18", .text = "0"}, {.item = "15", .text = "1"}}) +
                       kCheckSections);

@@ -39,6 +39,7 @@ class BenchPage final : public TransferPage {
 
   OptionGroup Opt_Table{"Opt_Table", 2};
 
+  using TransferPage::CheckByModel;
   using TransferPage::CheckRangeOfType;
   using TransferPage::CheckRanges;
   using TransferPage::CheckSensor;
