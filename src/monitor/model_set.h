@@ -22,4 +22,19 @@ struct ModelSet {
   [[nodiscard]] bool IsAllOrHas(StringView def_file) const { return Empty() || Has(def_file); }
 };
 
+/// The range of a value that the user sets on some models, as the message about it writes the limits; both
+/// count.
+struct ModelRange {
+  ModelSet models = {};  ///< empty: all
+  StringView low;
+  StringView high;
+};
+
+/// The first row that serves the model; the last row serves all.
+inline const ModelRange& RangeOf(std::span<const ModelRange> ranges, StringView def_file) {
+  const auto range = std::find_if(ranges.begin(), ranges.end(),
+                                  [&](const ModelRange& one) { return one.models.IsAllOrHas(def_file); });
+  return range == ranges.end() ? ranges.back() : *range;
+}
+
 }  // namespace korva

@@ -8,13 +8,13 @@ namespace korva {
 
 namespace {
 
-constexpr std::array kUsualRange = {OutputRange{.low = u"-15.00", .high = u"115.00"}};
-constexpr std::array kWideRange = {OutputRange{.low = u"-20.00", .high = u"120.00"}};
+constexpr std::array kUsualRange = {ModelRange{.low = u"-15.00", .high = u"115.00"}};
+constexpr std::array kWideRange = {ModelRange{.low = u"-20.00", .high = u"120.00"}};
 
 constexpr std::array<StringView, 2> kNarrowThird = {u"QICE2.def", u"QIEU2.def"};
 constexpr std::array kThirdRanges = {
-    OutputRange{.models = {.names = kNarrowThird}, .low = u"-5", .high = u"105"},
-    OutputRange{.low = u"-15.00", .high = u"115.00"},
+    ModelRange{.models = {.names = kNarrowThird}, .low = u"-5", .high = u"105"},
+    ModelRange{.low = u"-15.00", .high = u"115.00"},
 };
 
 constexpr std::array<StringView, 3> kFirstWithoutSetBox = {u"QD.def", u"QD2.def", u"QD2I.def"};

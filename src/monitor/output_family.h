@@ -9,20 +9,13 @@
 
 namespace korva {
 
-/// The output that a model can be forced to, in percent, as the range message writes it; both ends count.
-struct OutputRange {
-  ModelSet models = {};  ///< empty: all
-  StringView low;
-  StringView high;
-};
-
 /// How a family's output is forced. All items are of group "01". The mode item and the dialect are the device
 /// page's.
 struct OutputFamily {
   StringView family;
   StringView set_key = u"03_set";      ///< row of the value to send
   StringView monitor_key = u"03_mon";  ///< row of the value that the device took
-  std::span<const OutputRange> ranges;
+  std::span<const ModelRange> ranges;  ///< of the output, in percent
   Cleaner clean_sent = nullptr;
   Cleaner clean_answer = nullptr;
   Milliseconds settling{0};    ///< between the change to programming mode and the look at its result

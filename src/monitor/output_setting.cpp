@@ -1,11 +1,10 @@
 #include "monitor/output_setting.h"
 
-#include <algorithm>
 #include <optional>
 
 #include "core/numbers.h"
-#include "core/program.h"
 #include "core/text_utilities.h"
+#include "monitor/held_exchange.h"
 #include "monitor/updated_control.h"
 
 namespace korva {
@@ -28,18 +27,16 @@ void OutputSetting::Set() {
 }
 
 bool OutputSetting::CheckOutputSet(const TextField& set_box) const {
-  const auto range =
-      std::find_if(family_.ranges.begin(), family_.ranges.end(),
-                   [this](const OutputRange& one) { return one.models.IsAllOrHas(page_.DefFile); });
-  const double low = LeadingNumber(range->low);
-  const double high = LeadingNumber(range->high);
+  const ModelRange& range = RangeOf(family_.ranges, page_.DefFile);
+  const double low = LeadingNumber(range.low);
+  const double high = LeadingNumber(range.high);
   // What goes to the device is judged too: a text such as "1x200" begins with another number than is sent.
   const String sent = family_.clean_sent(set_box.Text(), PrefixOf(family_.set_key));
   if (IsNumeric(sent) && IsBetween(high, low, LeadingNumber(sent)) &&
       IsBetween(high, low, LeadingNumber(set_box.Text()))) {
     return true;
   }
-  page_.Box().Show(BoxKey::OutputOutOfRange, {String(range->low), String(range->high)});
+  page_.Box().Show(BoxKey::OutputOutOfRange, {String(range.low), String(range.high)});
   return false;
 }
 
@@ -101,13 +98,7 @@ void OutputSetting::Off() {
     page_.LockFrame();
   }
   page_.Shared().DownloadBusy = true;  // no wait of the exchange may end the program
-  const bool released = page_.EnterMonitorMode();
-  page_.EndOperation();
-  page_.flaMsg_CannotEnd.SetVisible(false);
-  if (released && page_.Shared().QuitRequested) {
-    Program::End();
-  }
-  page_.UnlockFrame();
+  EndHeldExchange(page_, page_.EnterMonitorMode());
   TextField* set_box = page_.FindField(String(family_.set_key));
   if (set_box != nullptr && !family_.models_without_set_box.Has(page_.DefFile)) {
     set_box->SetEnabled(true);
