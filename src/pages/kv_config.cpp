@@ -30,23 +30,19 @@ constexpr std::array<StringView, 2> kLinearizerTypes = {u"FX: Linearizer", u"Fx:
 }  // namespace
 
 KvConfig::KvConfig(Program& program, const Family& family, DeviceLink& link)
-    : TablePage(program,
-                {.family = family,
-                 .tab_control = "KvCfg_Tab",
-                 .tab_captions = kTabCaptions,
-                 .design = kKvConfigDesign},
-                link, kArrays, kGroups) {
+    : SevenTabPage(program,
+                   {.family = family,
+                    .tab_control = "KvCfg_Tab",
+                    .tab_captions = kTabCaptions,
+                    .design = kKvConfigDesign},
+                   link, kArrays, kGroups) {
   for (OptionGroup* options : {&Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
     Register(*options);
   }
   ApplyDesign();
 }
 
-void KvConfig::PreparePort() { Line().OpenAtStart(String(ItsFamily().settings)); }
-
 void KvConfig::ClosePort() { Line().Close(); }
-
-int KvConfig::LnrTab() const { return kLinearizerTab; }
 
 std::span<const ModelTraits> KvConfig::TraitTable() const { return KvConfigModels(); }
 
@@ -90,10 +86,6 @@ void KvConfig::ShowModelControls() {
   if (Frame* frame = TemperatureFrame()) {
     frame->SetEnabled(Item(21) != kNeedless);
   }
-}
-
-void KvConfig::SettleFlaggedTabs() {
-  Tabs.SetTabEnabled(kFilterTab, Def[u"$SSTab"].At(0, kFilterTab) == u"True");
 }
 
 bool KvConfig::InputTypeUsesTable() const {

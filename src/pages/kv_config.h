@@ -5,17 +5,16 @@
 #include <span>
 #include <vector>
 
-#include "linearizer/table_page.h"
 #include "monitor/io_check.h"
+#include "pages/seven_tab_page.h"
 
 namespace korva {
 
 /// The page of family First, the root page: it shows first and opens the port at the program's start.
-class KvConfig final : public TablePage {
+class KvConfig final : public SevenTabPage {
  public:
   KvConfig(Program& program, const Family& family, DeviceLink& link);
 
-  [[nodiscard]] int LnrTab() const override;
   [[nodiscard]] std::span<const ListRule> Lists() const override;
   [[nodiscard]] std::vector<OptionRule> Options() override;
 
@@ -26,13 +25,11 @@ class KvConfig final : public TablePage {
   OptionGroup Opt_Recovery{"Opt_Recovery", 2};
 
  protected:
-  void PreparePort() override;
   void ClosePort() override;
 
   [[nodiscard]] std::span<const ModelTraits> TraitTable() const override;
   void ApplyModelRules(const String& item) override;
   void ShowModelControls() override;
-  void SettleFlaggedTabs() override;
   [[nodiscard]] bool InputTypeUsesTable() const override;
 
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "pages/design_parts.h"
+#include "pages/seven_tab_page.h"
 
 namespace korva {
 

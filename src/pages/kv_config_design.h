@@ -4,17 +4,6 @@
 
 namespace korva {
 
-/// Tabs of the page of family First, in their order.
-enum KvConfigTab : int {
-  kFileTab,
-  kInputTab,
-  kOutputTab,
-  kLinearizerTab,
-  kFilterTab,
-  kPortTab,
-  kIoCheckTab,
-};
-
 /// Where the fields of the page of family First stand. A definition file chooses a field by its index, so the
 /// indexes are a promise to the definition files: the same item has the same index in all models.
 extern const Design kKvConfigDesign;

@@ -7,7 +7,6 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "pages/kv_config.h"
-#include "pages/kv_config_design.h"
 
 namespace korva {
 

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "linearizer/table_page.h"
+
+namespace korva {
+
+/// The tabs of the pages KvConfig and KvConfig_V3, in their order. Tab 4 holds the filter on the one, the
+/// alarms on the other.
+enum KvConfigTab : int {
+  kFileTab,
+  kInputTab,
+  kOutputTab,
+  kLinearizerTab,
+  kFilterTab,
+  kPortTab,
+  kIoCheckTab,
+};
+
+/// A page with these tabs. Its linearizer's tab follows the model's switch, and its tab 4 the definition's
+/// flag. It opens the port when it is loaded.
+class SevenTabPage : public TablePage {
+ public:
+  using TablePage::TablePage;
+
+  [[nodiscard]] int LnrTab() const override;
+
+ protected:
+  void PreparePort() override;
+  void SettleFlaggedTabs() override;
+};
+
+}  // namespace korva
