@@ -20,6 +20,7 @@ enum class TextKey {
   RtdTable,
   Filter,
   Alarm,
+  AlarmTab,  ///< the filter's tab on the page that has its alarms there
   Cjm,
   DipSwitch,
   Modbus,
@@ -67,15 +68,21 @@ enum class TextKey {
   SpanPositionCalibration,
   Execute,
   Reset,
+  ResetFirst,
+  ResetSecond,
   ResetCalibration,
   Transmitting,
   // I/O check.
   Setting,
   Monitor,
+  CountSet,      ///< heads the set values of counters
+  CountMonitor,  ///< heads their shown values
   Output1Monitor,
   Output2Monitor,
   Monitoring,
   Waiting,
+  FirstAlarm,
+  SecondAlarm,
   ZeroSpanAdjustment,
   FirstOutput,
   SecondOutput,
