@@ -17,6 +17,7 @@ class IoCheck {
   /// Shows the controls of the monitor, and those of the output, to models that have them.
   void ShowControls();
   StatusMonitor& Monitor() { return monitor_; }
+  OutputSetting& Output() { return output_; }
 
  private:
   ParameterPage& page_;
