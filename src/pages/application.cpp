@@ -6,6 +6,7 @@
 
 #include "pages/kv_config.h"
 #include "pages/kv_config_v2.h"
+#include "pages/kv_config_v3.h"
 
 namespace korva {
 
@@ -38,6 +39,7 @@ struct PageMaker {
 constexpr std::array kPages = {
     PageMaker{.page = u"KvConfig", .make = Make<KvConfig>},
     PageMaker{.page = u"KvConfig_V2", .make = Make<KvConfig_V2>},
+    PageMaker{.page = u"KvConfig_V3", .make = Make<KvConfig_V3>},
 };
 
 /// nullptr for a family without a page.

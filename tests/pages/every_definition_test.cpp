@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <functional>
-#include <ostream>
 #include <optional>
+#include <ostream>
 #include <set>
 
 #include "core/numbers.h"
@@ -291,6 +291,8 @@ std::string ModelName(const testing::TestParamInfo<String>& parameter) {
 }
 
 INSTANTIATE_TEST_SUITE_P(FamilyFirst, EveryDefinitionTest, testing::ValuesIn(test::FirstModels()), ModelName);
+INSTANTIATE_TEST_SUITE_P(FamilyThird, EveryDefinitionTest, testing::ValuesIn(test::ModelsOf(u"Third")),
+                         ModelName);
 
 TEST(FamilyFirst, HasItsTwentyThreeModelsInTheCatalogue) {
   const std::vector<String> models = {

@@ -190,6 +190,11 @@ INSTANTIATE_TEST_SUITE_P(FamilyFirst, RoundTripTest, testing::ValuesIn(test::Fir
                            return "Model_" + ToUtf8(parameter.param);
                          });
 
+INSTANTIATE_TEST_SUITE_P(FamilyThird, RoundTripTest, testing::ValuesIn(test::ModelsOf(u"Third")),
+                         [](const testing::TestParamInfo<String>& parameter) {
+                           return "Model_" + ToUtf8(parameter.param);
+                         });
+
 TEST(RoundTripOfTheFirstVersion, SpellsTheInputTypesAsTheDeviceDoesAndBringsThemBack) {
   test::PageBench bench;
   sim::Device& device = bench.Connect(u"QUO", {.system_text = "SYSVER   1.00"});
