@@ -36,6 +36,8 @@ class CountSetting {
 
   /// True when the chosen model has this count.
   [[nodiscard]] bool Serves() const;
+  /// Key of the row of the count to send.
+  [[nodiscard]] StringView SetKey() const { return item_.set_key; }
   /// The press of its button. Does nothing on a model without this count. Afterwards the box of a count that
   /// was sent is empty and has the focus.
   void Set();

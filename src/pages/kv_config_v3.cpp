@@ -124,6 +124,15 @@ std::vector<OptionRule> KvConfig_V3::Options() {
   };
 }
 
+String KvConfig_V3::ShownText(int row) const {
+  for (const CountSetting* count : {&count03_, &count04_, &count06_}) {
+    if (count->Serves() && count->SetKey() == DataCell(row, kItem)) {
+      return {};
+    }
+  }
+  return SevenTabPage::ShownText(row);
+}
+
 void KvConfig_V3::ShowModelControls() {
   io_check_.ShowControls();
   if (count03_.Serves()) {

@@ -40,6 +40,8 @@ class KvConfig_V3 final : public SevenTabPage {
   std::vector<Control*> FurtherLockedControls() override;
 
   [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return KvConfigV3Models(); }
+  /// A box for a count to set starts empty: the set keeps the count that the device showed last.
+  [[nodiscard]] String ShownText(int row) const override;
   void ApplyModelRules(const String& item) override;
   void ShowModelControls() override;
 

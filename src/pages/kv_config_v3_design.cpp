@@ -18,12 +18,12 @@ enum Group : int {
   kTable,
   kCurve,
   kCellEditor,
-  kAlarm,
   kFirstAlarm,
   kSecondAlarm,
+  kAlarm,
   kPort,
   kMonitor,
-  kSetting,
+  kOutputSetting,
   kReset,
 };
 
@@ -37,19 +37,13 @@ constexpr std::array kGroups = Joined(
     },
     TableGroups(kLinearizerTab),
     std::array{
-        DesignGroup{.tab = kFilterTab, .heading = TextKey::Alarm},
         DesignGroup{.tab = kFilterTab, .heading = TextKey::FirstAlarm},
         DesignGroup{.tab = kFilterTab, .column = 1, .heading = TextKey::SecondAlarm},
+        DesignGroup{.tab = kFilterTab, .heading = TextKey::Alarm},
         DesignGroup{.tab = kPortTab, .heading = TextKey::Port},
-        DesignGroup{.tab = kIoCheckTab, .heading = TextKey::Monitoring, .frame = "fraMonitoring"},
-        DesignGroup{.tab = kIoCheckTab, .column = 1, .heading = TextKey::Setting},
-        DesignGroup{.tab = kIoCheckTab, .column = 1, .heading = TextKey::Reset},
-    });
-
-/// A value to set with the button that sends it.
-constexpr DesignRow SetRow(std::string_view label, std::string_view field_and_button) {
-  return {.group = kSetting, .label = label, .field = field_and_button};
-}
+    },
+    IoCheckGroups(kIoCheckTab),
+    std::array{DesignGroup{.tab = kIoCheckTab, .column = 1, .heading = TextKey::Reset}});
 
 /// A command with the box of its answer.
 constexpr DesignRow CommandRow(std::string_view label, std::string_view field_and_button) {
@@ -79,12 +73,6 @@ constexpr std::array kRows = Joined(FileRows(kFile),
                                     },
                                     TableRows(kTable, kCurve, kCellEditor, "cmd_csvFileOpen cmd_csvFileSave"),
                                     std::array{
-                                        FieldRow<26, 26>(kAlarm),
-                                        FieldRow<27, 27>(kAlarm),
-                                        OptionRow<48, 3>(kAlarm),
-                                        FieldRow<29, 29>(kAlarm),
-                                        OptionRow<49, 4>(kAlarm),
-                                        FieldRow<36, 36>(kAlarm),
                                         ListRow<13, 3>(kFirstAlarm),
                                         FieldRow<32, 32>(kFirstAlarm),
                                         ListRow<16, 5>(kFirstAlarm),
@@ -93,6 +81,12 @@ constexpr std::array kRows = Joined(FileRows(kFile),
                                         FieldRow<38, 38>(kSecondAlarm),
                                         ListRow<28, 6>(kSecondAlarm),
                                         FieldRow<40, 40>(kSecondAlarm),
+                                        FieldRow<26, 26>(kAlarm),
+                                        FieldRow<27, 27>(kAlarm),
+                                        OptionRow<48, 3>(kAlarm),
+                                        FieldRow<29, 29>(kAlarm),
+                                        OptionRow<49, 4>(kAlarm),
+                                        FieldRow<36, 36>(kAlarm),
                                     },
                                     PortRows(kPort),
                                     std::array{
@@ -103,11 +97,13 @@ constexpr std::array kRows = Joined(FileRows(kFile),
                                         LiveRow<6, 7>(kMonitor),
                                         LiveRow<14, 14>(kMonitor),
                                         DesignRow{.group = kMonitor, .field = "cmdMonitorON cmdMonitorOFF"},
-                                        DesignRow{.group = kSetting, .field = "IO_lblSet"},
-                                        LiveRow<0, 1>(kSetting),
-                                        DesignRow{.group = kSetting, .field = "cmdSet cmdStatusMonOFF"},
-                                        SetRow("lbl_Item(2)", "Text(3) cmdSet2"),
-                                        SetRow("lbl_Item(5)", "Text(6) cmdSet3"),
+                                        DesignRow{.group = kOutputSetting, .field = "IO_lblSet"},
+                                        LiveRow<0, 1>(kOutputSetting),
+                                        DesignRow{.group = kOutputSetting, .field = "cmdSet cmdStatusMonOFF"},
+                                        LiveRow<2, 3>(kOutputSetting),
+                                        DesignRow{.group = kOutputSetting, .field = "cmdSet2"},
+                                        LiveRow<5, 6>(kOutputSetting),
+                                        DesignRow{.group = kOutputSetting, .field = "cmdSet3"},
                                         CommandRow("lbl_Item(7)", "Text(8) Command_I12"),
                                         CommandRow("lbl_Item(8)", "Text(9) Command_I13"),
                                     });
