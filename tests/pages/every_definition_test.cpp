@@ -269,7 +269,7 @@ TEST_P(EveryDefinitionTest, LeavesNothingOfTheModelBefore) {
   test::PageBench fresh;
   fresh.Choose(GetParam());
   test::PageBench used;
-  for (const String& other : test::FirstModels()) {
+  for (const String& other : test::AllModels()) {
     used.Choose(other);
   }
   used.Choose(GetParam());
@@ -290,9 +290,7 @@ std::string ModelName(const testing::TestParamInfo<String>& parameter) {
   return "Model_" + ToUtf8(parameter.param);
 }
 
-INSTANTIATE_TEST_SUITE_P(FamilyFirst, EveryDefinitionTest, testing::ValuesIn(test::FirstModels()), ModelName);
-INSTANTIATE_TEST_SUITE_P(FamilyThird, EveryDefinitionTest, testing::ValuesIn(test::ModelsOf(u"Third")),
-                         ModelName);
+INSTANTIATE_TEST_SUITE_P(Each, EveryDefinitionTest, testing::ValuesIn(test::AllModels()), ModelName);
 
 TEST(FamilyFirst, HasItsTwentyThreeModelsInTheCatalogue) {
   const std::vector<String> models = {

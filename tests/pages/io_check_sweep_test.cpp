@@ -24,6 +24,10 @@ struct IoModel {
   std::string unit_item = {};      ///< item by which it tells
   std::string unit_code = {};      ///< what that item is set to
   std::string unit = {};           ///< the unit of that choice
+  Dialect dialect = Dialect::Cok;
+
+  /// Exchanges of one read.
+  [[nodiscard]] std::size_t ReadExchanges() const { return dialect == Dialect::Cok ? 2 : 3; }
 };
 
 const std::vector<IoModel> kModels = {
@@ -46,6 +50,15 @@ const std::vector<IoModel> kModels = {
      .unit_code = "3",
      .unit = "mA"},
     {.name = "QD2I", .cycle = {"03_mon", "05", "07", "08", "32"}},
+    {.name = "QEY", .cycle = {"05", "06", "07"}, .dialect = Dialect::EnterItem},
+    {.name = "QICE", .cycle = {"05", "06", "07"}, .dialect = Dialect::EnterItem},
+    {.name = "QNA2", .cycle = {"03_mon", "05", "06"}},
+    {.name = "QEI2",
+     .cycle = {"03_mon", "05", "06"},
+     .unit_of = "06",
+     .unit_item = "11",
+     .unit_code = "4",
+     .unit = "kHz"},
 };
 
 /// A live item's value, which no other item has.
@@ -163,18 +176,22 @@ class IoSweep : public SweepBench {
 /// A monitor run's exchanges: three of the mode change, then two for each read.
 constexpr std::size_t kModeExchanges = 3;
 
-/// True when the mode change that begins at exchange `first` fails for good. A garbled reply to the item or
-/// to the data is taken for the device's answer.
-bool ModeFails(const Break& line_break, std::size_t first) {
+/// True when the mode change that begins at exchange `first` fails for good. In the one dialect a garbled
+/// reply to the item or to the data is taken for the device's answer, in the other, which looks at the item's
+/// title, a garbled reply to the data and a refusal of it.
+bool ModeFails(const IoModel& model, const Break& line_break, std::size_t first) {
   if (!line_break.for_good || line_break.at >= first + kModeExchanges) {
     return false;
   }
-  return line_break.fault != Fault::Garbled || line_break.at <= first;
+  const bool refused = line_break.fault == Fault::Refused;
+  const bool garbled = line_break.fault == Fault::Garbled;
+  return model.dialect == Dialect::Cok ? !garbled || line_break.at <= first
+                                       : !(garbled || refused) || line_break.at <= first + 1;
 }
 
-/// True when a single read of the exchanges `first` and `first` + 1 brings no value.
-bool ReadFails(const Break& line_break, std::size_t first) {
-  return line_break.at <= first + 1 && (line_break.for_good || line_break.at >= first);
+/// True when a single read that begins with exchange `first` brings no value.
+bool ReadFails(const IoModel& model, const Break& line_break, std::size_t first) {
+  return line_break.at < first + model.ReadExchanges() && (line_break.for_good || line_break.at >= first);
 }
 
 /// True when a read that is repeated brings no value: one repeat mends all but a text that is taken for the
@@ -193,8 +210,9 @@ void ExpectReadings(IoSweep& bench, const Break& line_break) {
   }
   for (std::size_t cycle = 0; cycle < 2; ++cycle) {
     for (const std::string& key : bench.model.cycle) {
-      EXPECT_EQ(bench.shown[key].at(cycle), ReadFails(line_break, exchange) ? "" : ValueOf(key)) << key;
-      exchange += 2;
+      EXPECT_EQ(bench.shown[key].at(cycle), ReadFails(bench.model, line_break, exchange) ? "" : ValueOf(key))
+          << key;
+      exchange += bench.model.ReadExchanges();
     }
   }
 }
@@ -223,8 +241,8 @@ TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped)
   const IoModel& model = GetParam();
   IoSweep good(model);
   good.MonitorTwoCycles();
-  ASSERT_EQ(good.commands.size(),
-            kModeExchanges + (model.unit_of.empty() ? 0U : 2U) + 4 * model.cycle.size());
+  ASSERT_EQ(good.commands.size(), kModeExchanges + (model.unit_of.empty() ? 0U : 2U) +
+                                      2 * model.ReadExchanges() * model.cycle.size());
   int runs = 0;
   for (const Break& line_break : BreaksOf(good.commands.size())) {
     SCOPED_TRACE(line_break.Name());
@@ -238,7 +256,7 @@ TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped)
     const bool late = line_break.fault == Fault::Late;
     const bool began = boxes.empty();
     if (!late) {
-      EXPECT_EQ(began, !ModeFails(line_break, 0));
+      EXPECT_EQ(began, !ModeFails(model, line_break, 0));
     }
     EXPECT_TRUE(began || boxes == Texts{Shown(BoxKey::NotMonitorMode)});
     EXPECT_EQ(bench.device.Mode(), began ? '0' : '1');
@@ -272,21 +290,30 @@ struct ForcedOutcome {
   bool released = true;
 };
 
-ForcedOutcome ForcedOutcomeOf(const Break& line_break) {
+ForcedOutcome ForcedOutcomeOf(const IoModel& model, const Break& line_break) {
   constexpr std::size_t kWriteData = 5;
-  if (ModeFails(line_break, 0)) {
+  if (ModeFails(model, line_break, 0)) {
     return {.forced = false, .shown = "old", .released = true};
   }
-  const bool garbled_answer = line_break.fault == Fault::Garbled && line_break.at == kWriteData;
+  const bool taken = line_break.fault == Fault::Garbled ||
+                     (line_break.fault == Fault::Refused && model.dialect == Dialect::EnterItem);
+  const bool garbled_answer = taken && line_break.at == kWriteData;
   const bool no_answer = line_break.for_good && line_break.at <= kWriteData;
   return {.forced = true,
           .shown = garbled_answer || no_answer ? "" : "62.50",
-          .released = !ModeFails(line_break, kWriteData + 1)};
+          .released = !ModeFails(model, line_break, kWriteData + 1)};
 }
 
 struct ForcedSweepTest : IoSweepTest {};
 
-INSTANTIATE_TEST_SUITE_P(Model, ForcedSweepTest, testing::Values(kModels[0], kModels[1], kModels[2]),
+/// The models that have a box for the value to set.
+std::vector<IoModel> ModelsWithASetBox() {
+  std::vector<IoModel> models = kModels;
+  std::erase_if(models, [](const IoModel& model) { return std::string_view(model.name) == "QD2I"; });
+  return models;
+}
+
+INSTANTIATE_TEST_SUITE_P(Model, ForcedSweepTest, testing::ValuesIn(ModelsWithASetBox()),
                          [](const auto& one) { return std::string(one.param.name); });
 
 TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenReleased) {
@@ -299,7 +326,7 @@ TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenRe
     bench.Force();
     ++runs;
     const bool late = line_break.fault == Fault::Late;
-    const ForcedOutcome expected = ForcedOutcomeOf(line_break);
+    const ForcedOutcome expected = ForcedOutcomeOf(GetParam(), line_break);
     const Texts refusal = bench.TakeBoxes();
     const bool forced = refusal.empty();
     EXPECT_TRUE(forced || refusal == Texts{Shown(BoxKey::NotProgrammingMode)});

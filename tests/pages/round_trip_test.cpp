@@ -185,7 +185,7 @@ TEST_P(RoundTripTest, ASettableTypeIsWrittenOverAnotherOne) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(FamilyFirst, RoundTripTest, testing::ValuesIn(test::FirstModels()),
+INSTANTIATE_TEST_SUITE_P(Each, RoundTripTest, testing::ValuesIn(test::AllModels()),
                          [](const testing::TestParamInfo<String>& parameter) {
                            return "Model_" + ToUtf8(parameter.param);
                          });
