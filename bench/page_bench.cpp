@@ -2,6 +2,8 @@
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
+#include <array>
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -57,6 +59,64 @@ void ChooseModelInWindow(benchmark::State& state) {
   });
 }
 BENCHMARK(ChooseModelInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+// The row of the family's first model.
+int RowOf(const Page& page, StringView family) {
+  int row = 0;
+  while (FamilyOfRow(page.Models, row) != family) {
+    ++row;
+  }
+  return row;
+}
+
+// From the click on a model of `family` until its page is painted, which has not been shown before.
+void FirstVisit(benchmark::State& state, StringView family) {
+  const PseudoTerminal device;
+  while (state.KeepRunning()) {
+    BenchHost host(device.Device());
+    MainWindow window(host.application);
+    host.application.program.Start();
+    window.resize(1180, 740);
+    window.show();
+    QCoreApplication::processEvents();
+    Page& page = *host.application.program.Showing();
+    const int row = RowOf(page, family);
+    const auto start = std::chrono::steady_clock::now();
+    host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
+    QCoreApplication::sendPostedEvents();
+    window.repaint();
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    state.SetIterationTime(took.count());
+    if (host.application.program.Showing()->ItsFamily().word != family) {
+      state.SkipWithError("the page does not show");
+    }
+  }
+}
+void FirstVisitOfSecond(benchmark::State& state) { FirstVisit(state, u"Second"); }
+BENCHMARK(FirstVisitOfSecond)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+void FirstVisitOfThird(benchmark::State& state) { FirstVisit(state, u"Third"); }
+BENCHMARK(FirstVisitOfThird)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// To and fro between pages that have been shown.
+void SwitchPagesInWindow(benchmark::State& state) {
+  const PseudoTerminal device;
+  BenchHost host(device.Device());
+  MainWindow window(host.application);
+  host.application.program.Start();
+  window.show();
+  QCoreApplication::processEvents();
+  constexpr std::array<StringView, 3> families = {u"Second", u"Third", u"First"};
+  std::size_t next = 0;
+  while (state.KeepRunning()) {
+    Page& page = *host.application.program.Showing();
+    const int row = RowOf(page, families.at(next));
+    next = (next + 1) % families.size();
+    host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
+    QCoreApplication::sendPostedEvents();
+    window.repaint();
+  }
+}
+BENCHMARK(SwitchPagesInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void OpenFullFile(benchmark::State& state) {
   const PseudoTerminal device;

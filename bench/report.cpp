@@ -22,7 +22,7 @@ struct Row {
   const char* unit;  // empty for a ratio
 };
 
-constexpr std::array<Row, 15> kRows = {{
+constexpr std::array<Row, 18> kRows = {{
     {.what = "Exchange through the whole path over a raw write-poll-read loop, wall time",
      .benchmark = "ReadItem",
      .value = "real",
@@ -88,6 +88,24 @@ constexpr std::array<Row, 15> kRows = {{
      .value = "real",
      .over = nullptr,
      .limit = 50,
+     .unit = " ms"},
+    {.what = "Showing the page of family Second for the first time, until it is painted",
+     .benchmark = "FirstVisitOfSecond",
+     .value = "real",
+     .over = nullptr,
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family Third",
+     .benchmark = "FirstVisitOfThird",
+     .value = "real",
+     .over = nullptr,
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "Going from page to page, until it is painted",
+     .benchmark = "SwitchPagesInWindow",
+     .value = "real",
+     .over = nullptr,
+     .limit = 30,
      .unit = " ms"},
     {.what = "Opening a full `.cfg`",
      .benchmark = "OpenFullFile",

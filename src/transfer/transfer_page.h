@@ -21,6 +21,8 @@ class TransferPage : public ParameterPage {
   TransferPage(Program& program, const PageKind& kind, DeviceLink& link, const FieldArrays& arrays,
                int groups);
 
+  void SetCaptions(Language language) override;
+
   /// cmdUpload: reads every item of the model into the set and shows it. An item that doesn't answer leaves
   /// an empty cell and the upload goes on.
   void UploadCommand();
@@ -115,7 +117,6 @@ class TransferPage : public ParameterPage {
   /// Raises the voltages of these items to the grid of 0.05 V, with a box for each that changes.
   void Round005V(std::span<const StringView> items);
 
-  void SetCaptions(Language language) override;
   void ChangeTemperatureUnit(int place) override;
   /// Spells the input types as the device does from which the set came, so that a set of an older device is
   /// found in the list, and checked, when its file is opened again.

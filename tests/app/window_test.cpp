@@ -27,8 +27,12 @@ namespace {
 
 using Bench = test::WindowBench;
 
-TEST(WindowTest, EveryControlOfThePageHasAWidgetOfItsName) {
-  Bench bench("QN");
+struct PageInWindowTest : testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Model, PageInWindowTest, testing::Values("QN", "QEY", "QNA2"),
+                         [](const auto& one) { return std::string(one.param); });
+
+TEST_P(PageInWindowTest, EveryControlOfThePageHasAWidgetOfItsName) {
+  Bench bench(GetParam());
   for (const Control* control : bench.Page().Controls()) {
     const QString name = QString::fromStdString(control->FullName());
     const bool placed = bench.Page().TabOf(*control) >= 0 || control->Name().starts_with("cmd");
@@ -36,6 +40,17 @@ TEST(WindowTest, EveryControlOfThePageHasAWidgetOfItsName) {
       EXPECT_TRUE(bench.window.findChild<QWidget*>(name) != nullptr) << name.toStdString();
     }
   }
+}
+
+TEST_P(PageInWindowTest, TheListStaysInItsPlaceWhenAnotherPageComes) {
+  Bench bench(GetParam());
+  const QRect before = bench.window.Current()->findChild<QListWidget*>("lst_TypeSelect")->geometry();
+  bench.Choose(QStringLiteral("QIC"));
+  QCoreApplication::processEvents();
+  auto* list = bench.window.Current()->findChild<QListWidget*>("lst_TypeSelect");
+  EXPECT_EQ(list->geometry(), before);
+  EXPECT_TRUE(list->isVisible());
+  EXPECT_EQ(list->currentItem()->text(), QStringLiteral("QIC"));
 }
 
 TEST(WindowTest, CaptionsAreTheJapaneseOnes) {
