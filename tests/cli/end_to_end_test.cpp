@@ -116,6 +116,46 @@ TEST_F(EndToEnd, ReadsEditsChecksSavesOpensAndWritesADevice) {
   EXPECT_TRUE(Holds(again.ReadToEnd(), R"(1 2 "BOILER-8")"));
 }
 
+/// A model and its page.
+struct OnPage {
+  const char* model;
+  const char* page;
+};
+
+struct EndToEndOnPage : EndToEnd, testing::WithParamInterface<OnPage> {};
+
+INSTANTIATE_TEST_SUITE_P(Model, EndToEndOnPage,
+                         testing::Values(OnPage{.model = "QIC", .page = "KvConfig_V2"},
+                                         OnPage{.model = "QNA2", .page = "KvConfig_V3"},
+                                         OnPage{.model = "QEC2", .page = "KvConfig_V3"}),
+                         [](const auto& one) { return std::string(one.param.model); });
+
+TEST_P(EndToEndOnPage, ReadsEditsChecksSavesOpensFromAnotherPageAndWritesADevice) {
+  const std::string model = GetParam().model;
+  StartSim({"--fast"}, GetParam().model);
+  const QString script =
+      Write("script.txt", "choose " + model +
+                              "\nanswer yes ok\nclick cmdUpload\ntype Text(0) BOILER-8\nclick cmdCheck\n"
+                              "file kept.cfg\nclick cmdSave\nchoose QHN\nshow Text(0)\n"
+                              "file kept.cfg\nclick cmdOpen\nshow Text(0) txtFileTitle\n"
+                              "answer ok\nclick cmdDownload\nclose\n");
+  ChildProgram cli("korva-cli", At({script}));
+  const Lines printed = cli.ReadToEnd();
+  EXPECT_EQ(cli.Status(), 0);
+  EXPECT_EQ(cli.Complaints(), "");
+  EXPECT_EQ(Of(printed, "box "), (Lines{kModelMatches, kStartUpload, kUploadDone,
+                                        R"(box plain "設定値ﾁｪｯｸ" "設定値ﾁｪｯｸ完了。" ok -> ok)",
+                                        R"(box plain "ﾌｧｲﾙに保存" "ファイルの保存が終了しました。" ok -> ok)",
+                                        R"(box question "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞを開始します。" ok,cancel -> ok)",
+                                        R"(box plain "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞ完了。" ok -> ok)"}));
+  const std::string page = std::string("page ") + GetParam().page;
+  EXPECT_EQ(Of(printed, "page "), (Lines{"page KvConfig", page, "page KvConfig", page}));
+  EXPECT_EQ(Of(printed, "Text(0)"), (Lines{R"(Text(0) shown enabled unlocked normal "")",
+                                           R"(Text(0) shown enabled unlocked normal "BOILER-8")"}));
+  EXPECT_EQ(Of(printed, "txtFileTitle"), Lines{R"(txtFileTitle shown enabled locked grey "kept.cfg")"});
+  EXPECT_NE(Ask({"G01", "I02", "D"})[page.ends_with("V2") ? 2 : 1].find("BOILER-8"), std::string::npos);
+}
+
 TEST_F(EndToEnd, ReadsADeviceThatEndsItsRepliesWithTwoCarriageReturnsAt1200Baud) {
   StartSim();
   const QStringList upload = At({"--line", Write("script.txt", kUpload + "dump\n")});
