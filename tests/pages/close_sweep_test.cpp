@@ -207,11 +207,22 @@ TEST_P(CloseSweepTest, ClosedWhileTheOutputIsHeldTheProgramEndsWhenOffHasRelease
   }
 }
 
+/// True when the break of one exchange of Off is mended by a repeat. In the dialect of titles a refusal of
+/// the data is taken for the device's answer, and a late answer is taken for the title of the next try, and
+/// so on.
+bool IsMended(const Family& family, sim::Fault fault, int exchange) {
+  return family.dialect == Dialect::Cok ||
+         (fault != sim::Fault::Late && (fault != sim::Fault::Refused || exchange < 3));
+}
+
 TEST_P(CloseSweepTest, ClosedAtAnyPumpOfOffTheOutputIsReleasedBeforeTheProgramEnds) {
   int runs = 0;
   for (const sim::Fault fault : {sim::Fault::ByteByByte, sim::Fault::Silent, sim::Fault::Refused,
                                  sim::Fault::Garbled, sim::Fault::Late}) {
     for (int exchange = 1; exchange <= 3; ++exchange) {
+      if (!IsMended(FamilyOf(GetParam()), fault, exchange)) {
+        continue;
+      }
       const sim::FaultRule rule{.fault = fault, .first = exchange, .last = exchange, .command = {}};
       ForcedBench whole(GetParam(), rule);
       whole.Off();

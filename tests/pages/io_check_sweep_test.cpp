@@ -133,14 +133,6 @@ class IoSweep : public SweepBench {
     }
   }
 
-  /// A reply that came behind its time-out waits in the port for the next exchange; the user opens the port
-  /// again.
-  void DropLateReplies() {
-    device.ClearFaults();
-    loop.RunUntilIdle();
-    Press(Page().OptCom, 0);
-  }
-
   Label& UnitLabel(const std::string& key) {
     const int row = Page().FindDataRow(u"01", FromUtf8(key));
     return Page().lbl_unit[std::stoi(ToUtf8(Page().DataCell(row, kUnitLabel)))];
@@ -187,6 +179,19 @@ bool ModeFails(const IoModel& model, const Break& line_break, std::size_t first)
   const bool garbled = line_break.fault == Fault::Garbled;
   return model.dialect == Dialect::Cok ? !garbled || line_break.at <= first
                                        : !(garbled || refused) || line_break.at <= first + 1;
+}
+
+/// True when the device refuses the mode change that begins at exchange `first` and the program can't know:
+/// in the dialect of titles any text counts as taken.
+bool ModeIgnored(const IoModel& model, const Break& line_break, std::size_t first) {
+  return model.dialect == Dialect::EnterItem && line_break.fault == Fault::Refused &&
+         line_break.at == first + 2;
+}
+
+/// True when what the program was told of a mode change is what the device did. In the dialect of titles a
+/// late answer is taken for a later one, and a change that the device has made can look like one that failed.
+bool TellsTheMode(const IoModel& model, const Break& line_break) {
+  return model.dialect == Dialect::Cok || line_break.fault != Fault::Late;
 }
 
 /// True when a single read that begins with exchange `first` brings no value.
@@ -259,7 +264,9 @@ TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped)
       EXPECT_EQ(began, !ModeFails(model, line_break, 0));
     }
     EXPECT_TRUE(began || boxes == Texts{Shown(BoxKey::NotMonitorMode)});
-    EXPECT_EQ(bench.device.Mode(), began ? '0' : '1');
+    if (TellsTheMode(model, line_break)) {
+      EXPECT_EQ(bench.device.Mode(), began && !ModeIgnored(model, line_break, 0) ? '0' : '1');
+    }
     for (const std::string& key : model.cycle) {
       EXPECT_EQ(bench.shown[key].size(), began ? 2U : 0U) << key;
     }
@@ -299,8 +306,9 @@ ForcedOutcome ForcedOutcomeOf(const IoModel& model, const Break& line_break) {
                      (line_break.fault == Fault::Refused && model.dialect == Dialect::EnterItem);
   const bool garbled_answer = taken && line_break.at == kWriteData;
   const bool no_answer = line_break.for_good && line_break.at <= kWriteData;
+  const bool no_value = garbled_answer || no_answer || ModeIgnored(model, line_break, 0);
   return {.forced = true,
-          .shown = garbled_answer || no_answer ? "" : "62.50",
+          .shown = no_value ? "" : "62.50",
           .released = !ModeFails(model, line_break, kWriteData + 1)};
 }
 
@@ -333,7 +341,10 @@ TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenRe
     EXPECT_EQ(bench.Forced(), forced);
     EXPECT_EQ(bench.LookOf(u"03_mon"), Look::Grey);
     EXPECT_FALSE(bench.Page().Item03_MonitorTimer.Running());
-    EXPECT_EQ(bench.device.Mode(), forced ? '1' : '0');
+    const bool entered = forced && !ModeIgnored(GetParam(), line_break, 0);
+    if (TellsTheMode(GetParam(), line_break)) {
+      EXPECT_EQ(bench.device.Mode(), entered ? '1' : '0');
+    }
     if (!late) {
       EXPECT_EQ(forced, expected.forced);
       EXPECT_EQ(ToUtf8(bench.Field(u"03_mon").Text()), expected.shown);
@@ -343,9 +354,12 @@ TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenRe
       const Texts boxes = bench.TakeBoxes();
       const bool released = boxes.empty();
       EXPECT_TRUE(released || boxes == Texts{Shown(BoxKey::NotMonitorMode)});
-      EXPECT_EQ(bench.device.Mode(), released ? '0' : '1');
+      const bool left = released && !ModeIgnored(GetParam(), line_break, 6);
+      if (TellsTheMode(GetParam(), line_break)) {
+        EXPECT_EQ(bench.device.Mode(), entered && !left ? '1' : '0');
+      }
       EXPECT_TRUE(late || released == expected.released);
-      EXPECT_TRUE(released || line_break.for_good);
+      EXPECT_TRUE(released || line_break.for_good || !TellsTheMode(GetParam(), line_break));
     }
     EXPECT_LT(bench.loop.Now() - start, kLongestRun);
     bench.ExpectFree();

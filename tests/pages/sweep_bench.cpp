@@ -104,6 +104,12 @@ void SweepBench::ExpectUsable() {
   }
 }
 
+void SweepBench::DropLateReplies() {
+  device.ClearFaults();
+  loop.RunUntilIdle();
+  Press(Page().OptCom, 0);
+}
+
 void SweepBench::ExpectUploadWorks() {
   device.ClearFaults();
   loop.RunUntilIdle();

@@ -36,6 +36,9 @@ class SweepBench : public PageBench {
   std::vector<String> SetOf();
   /// Nothing is left of an operation: the program runs on, with an unlocked page.
   void ExpectUsable();
+  /// A reply that came behind its time-out waits in the port for the next exchange; the user opens the port
+  /// again.
+  void DropLateReplies();
   /// The line is good again: what is still under way arrives, and an upload brings the device's set.
   void ExpectUploadWorks();
 
