@@ -62,6 +62,21 @@ class KeyFilter : public QObject {
   std::function<bool(Key)> press_;
 };
 
+/// A list in which the keyboard's focus alone chooses nothing: a list without a choice would else take its first
+/// entry as soon as its page comes to the front.
+class EntryList : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    const QSignalBlocker blocker(this);
+    const int row = currentRow();
+    QListWidget::focusInEvent(event);
+    setCurrentRow(row);
+  }
+};
+
 /// Remembers the list's entry from before a press of the mouse.
 class PressFilter : public QObject {
  public:
@@ -253,7 +268,7 @@ QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeList(ListBox& list, QWidget* parent) {
-  auto* widget = new QListWidget(parent);
+  auto* widget = new EntryList(parent);
   widget->setUniformItemSizes(true);
   Follow(list, widget, [&list, widget] {
     const QSignalBlocker blocker(widget);

@@ -44,7 +44,11 @@ TEST_P(PageInWindowTest, EveryControlOfThePageHasAWidgetOfItsName) {
 
 TEST_P(PageInWindowTest, TheListStaysInItsPlaceWhenAnotherPageComes) {
   Bench bench(GetParam());
-  const QRect before = bench.window.Current()->findChild<QListWidget*>("lst_TypeSelect")->geometry();
+  QApplication::setActiveWindow(&bench.window);
+  auto* former = bench.window.Current()->findChild<QListWidget*>("lst_TypeSelect");
+  former->setFocus();
+  ASSERT_TRUE(former->hasFocus());
+  const QRect before = former->geometry();
   bench.Choose(QStringLiteral("QIC"));
   QCoreApplication::processEvents();
   auto* list = bench.window.Current()->findChild<QListWidget*>("lst_TypeSelect");
