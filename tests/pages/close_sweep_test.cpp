@@ -209,10 +209,12 @@ TEST_P(CloseSweepTest, ClosedWhileTheOutputIsHeldTheProgramEndsWhenOffHasRelease
 
 /// True when the break of one exchange of Off is mended by a repeat. In the dialect of titles a refusal of
 /// the data is taken for the device's answer, and a late answer is taken for the title of the next try, and
-/// so on.
+/// so on. Family Third repeats a mode command once only, which the late answer to an item or to data uses up.
 bool IsMended(const Family& family, sim::Fault fault, int exchange) {
-  return family.dialect == Dialect::Cok ||
-         (fault != sim::Fault::Late && (fault != sim::Fault::Refused || exchange < 3));
+  if (family.dialect == Dialect::EnterItem) {
+    return fault != sim::Fault::Late && (fault != sim::Fault::Refused || exchange < 3);
+  }
+  return family.word != u"Third" || fault != sim::Fault::Late || exchange == 1;
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpOfOffTheOutputIsReleasedBeforeTheProgramEnds) {
@@ -251,7 +253,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBeP
   ForcedBench whole(GetParam(), cable_pulled);
   whole.Off();
   const std::size_t pumps = whole.Pumps();
-  ASSERT_GT(pumps, 3U);
+  ASSERT_GT(pumps, 1U);
   for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     ForcedBench bench(GetParam(), cable_pulled);

@@ -25,6 +25,7 @@ struct IoModel {
   std::string unit_code = {};      ///< what that item is set to
   std::string unit = {};           ///< the unit of that choice
   Dialect dialect = Dialect::Cok;
+  bool repeats_modes_once = false;  ///< not three times
 
   /// Exchanges of one read.
   [[nodiscard]] std::size_t ReadExchanges() const { return dialect == Dialect::Cok ? 2 : 3; }
@@ -52,13 +53,14 @@ const std::vector<IoModel> kModels = {
     {.name = "QD2I", .cycle = {"03_mon", "05", "07", "08", "32"}},
     {.name = "QEY", .cycle = {"05", "06", "07"}, .dialect = Dialect::EnterItem},
     {.name = "QICE", .cycle = {"05", "06", "07"}, .dialect = Dialect::EnterItem},
-    {.name = "QNA2", .cycle = {"03_mon", "05", "06"}},
+    {.name = "QNA2", .cycle = {"03_mon", "05", "06"}, .repeats_modes_once = true},
     {.name = "QEI2",
      .cycle = {"03_mon", "05", "06"},
      .unit_of = "06",
      .unit_item = "11",
      .unit_code = "4",
-     .unit = "kHz"},
+     .unit = "kHz",
+     .repeats_modes_once = true},
 };
 
 /// A live item's value, which no other item has.
@@ -188,10 +190,11 @@ bool ModeIgnored(const IoModel& model, const Break& line_break, std::size_t firs
          line_break.at == first + 2;
 }
 
-/// True when what the program was told of a mode change is what the device did. In the dialect of titles a
-/// late answer is taken for a later one, and a change that the device has made can look like one that failed.
+/// True when what the program was told of a mode change is what the device did. A late answer is taken for a
+/// later one; in the dialect of titles, and with a single repeat, a change that the device has made can then
+/// look like one that failed.
 bool TellsTheMode(const IoModel& model, const Break& line_break) {
-  return model.dialect == Dialect::Cok || line_break.fault != Fault::Late;
+  return line_break.fault != Fault::Late || (model.dialect == Dialect::Cok && !model.repeats_modes_once);
 }
 
 /// True when a single read that begins with exchange `first` brings no value.
