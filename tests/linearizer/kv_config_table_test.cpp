@@ -122,7 +122,7 @@ TEST_P(TableTest, AnUploadPutsEveryValueIntoTheSetAndTheGrid) {
 TEST_P(TableTest, TheTableCannotBeTouchedWhileItIsUploadedOrDownloaded) {
   TableBench bench(GetParam());
   bench.PutTable(bench.OwnTable());
-  KvConfig& page = bench.First();
+  TransferPage& page = bench.Page();
   bool edited = true;
   bench.loop.OnPump([&] {
     edited = page.fraLnrChange.Visible();

@@ -38,6 +38,11 @@ const std::vector<TableModel>& TableModels() {
       {.name = u"QHNY1", .points = 100, .switch_item = "11"},
       {.name = u"QHW1", .points = 100, .switch_item = "11"},
       {.name = u"QHNY2", .points = 100, .switch_item = "11"},
+      {.name = u"QCE2", .switch_item = "10"},
+      {.name = u"QEI2", .switch_item = "10"},
+      {.name = u"QCB2", .switch_item = "10"},
+      {.name = u"QEB2", .switch_item = "11"},
+      {.name = u"QNA2", .switch_item = "10"},
   };
   return models;
 }

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "core/text_utilities.h"
-#include "pages/kv_config_design.h"
+#include "pages/seven_tab_page.h"
 #include "support/sampled.h"
 #include "table_bench.h"
 
@@ -90,7 +90,7 @@ void Start(TableBench& bench, const Break& line_break) {
 
 void ExpectUsable(TableBench& bench) {
   const SharedState& shared = bench.app.program.Shared();
-  KvConfig& page = bench.First();
+  const TransferPage& page = bench.Page();
   EXPECT_FALSE(bench.status.has_value()) << "the program has ended";
   EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || page.UploadBusy ||
                page.CommFailed);
@@ -98,9 +98,9 @@ void ExpectUsable(TableBench& bench) {
   EXPECT_EQ(page.LnrProgressBar.Value(), 0.0F);
   EXPECT_FALSE(page.flaMsg_CannotEnd.Visible());
   for (const Control* control :
-       {static_cast<Control*>(&page.cmdUpload), static_cast<Control*>(&page.cmdDownload),
-        static_cast<Control*>(&page.cmdSave), static_cast<Control*>(&page.lst_TypeSelect),
-        static_cast<Control*>(&page.LnrFlexGrid), static_cast<Control*>(&page.cmd_csvFileOpen)}) {
+       {static_cast<const Control*>(&page.cmdUpload), static_cast<const Control*>(&page.cmdDownload),
+        static_cast<const Control*>(&page.cmdSave), static_cast<const Control*>(&page.lst_TypeSelect),
+        static_cast<const Control*>(&page.LnrFlexGrid), static_cast<const Control*>(&page.cmd_csvFileOpen)}) {
     EXPECT_EQ(page.WhyRefused(*control), "") << control->FullName();
   }
   for (const int tab : {kFileTab, kInputTab, kOutputTab, kLinearizerTab, kPortTab, kIoCheckTab}) {
@@ -225,7 +225,7 @@ struct TableSweepTest : testing::TestWithParam<const char16_t*> {
   const TableModel& model = ModelNamed(GetParam());
 };
 
-INSTANTIATE_TEST_SUITE_P(Model, TableSweepTest, testing::Values(u"QHW", u"QHNY1"),
+INSTANTIATE_TEST_SUITE_P(Model, TableSweepTest, testing::Values(u"QHW", u"QHNY1", u"QEI2"),
                          [](const auto& one) { return ToUtf8(one.param); });
 
 /// One device and page serve many broken runs, one after the other; in time a fresh pair takes over.
