@@ -188,14 +188,17 @@ TEST(KvConfigV3CheckTest, AnItemOfNoUseDoesNotHideABadOne) {
   EXPECT_FALSE(bench.Passes());
 }
 
-TEST(KvConfigV3CheckTest, ZeroAndSpanAreNotHeldToTheSwitchsEmptyLimits) {
-  // A switch whose rows have limits of an input type: what is no list of types limits nothing.
-  V3Bench bench(u"QCE2");
+TEST(KvConfigV3CheckTest, ZeroAndSpanAreHeldToTheModelsLimitsAndToNoInputTypes) {
+  V3Bench bench(u"QHC2");
   bench.Read();
-  bench.Page().Def[u"$I10"].Set(0, 2, u"0");
-  bench.Page().Def[u"$I10"].Set(0, 3, u"1");
-  bench.Page().Def[u"$I10"].Set(0, 4, u"1");
-  EXPECT_TRUE(bench.Passes()) << "the span of 100 mHz stays good";
+  StringTable& types = bench.Page().Def[u"$I10"];
+  int column = 0;
+  for (const StringView text : {u"0", u"0:TYPE", u"0", u"1", u"1"}) {
+    types.Set(0, column++, String(text));
+  }
+  bench.Page().SetItem(10, u"0:TYPE");
+  bench.Type(u"15", u"150000");
+  EXPECT_TRUE(bench.Passes());
 }
 
 TEST(KvConfigV3CheckTest, RunsTheTagThenTheScaleThenTheModelThenTheTable) {
@@ -247,6 +250,7 @@ TEST(KvConfigV3CheckTest, LiveValuesMayBeBlankButNoParameter) {
       }
       const String before = field->Text();
       const bool parameter = !bench.Page().DataCell(row, kWritePosition).empty();
+      field->SetLocked(false);
       field->SetText({});
       EXPECT_EQ(bench.CheckResult(), test::Shown(parameter ? BoxKey::FieldBlank : BoxKey::CheckDone))
           << ToUtf8(model) << ' ' << ToUtf8(item);
