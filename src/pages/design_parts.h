@@ -139,4 +139,18 @@ constexpr auto Joined(const std::array<T, sizes>&... parts) {
   return all;
 }
 
+/// Live values under their heading, with the buttons of the monitor.
+template <std::size_t count>
+constexpr auto MonitorRows(int group, const std::array<DesignRow, count>& values) {
+  return Joined(std::array{DesignRow{.group = group, .field = "IO_lblShow"}}, values,
+                std::array{DesignRow{.group = group, .field = "cmdMonitorON cmdMonitorOFF"}});
+}
+
+/// The boxes of a forced output under their heading, with its buttons.
+template <std::size_t count>
+constexpr auto OutputRows(int group, const std::array<DesignRow, count>& values) {
+  return Joined(std::array{DesignRow{.group = group, .field = "IO_lblSet"}}, values,
+                std::array{DesignRow{.group = group, .field = "cmdSet cmdStatusMonOFF"}});
+}
+
 }  // namespace korva
