@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "pages/pulse_input.h"
+
 namespace korva {
 
 namespace {
@@ -125,15 +127,7 @@ constexpr std::array kQhgRanges = {
     ItemRange{.item = 34, .low = -25, .high = 125},
 };
 
-/// Limits of the code item by the sensor of item 11.
-constexpr std::array kQeiCodes = {
-    CodeRange{.code = u"1", .low = 1, .high = 255}, CodeRange{.code = u"0", .low = 1, .high = 255},
-    CodeRange{.code = u"2", .low = 1, .high = 255}, CodeRange{.code = u"3", .low = 1, .high = 255},
-    CodeRange{.code = u"4", .low = 1, .high = 255}, CodeRange{.code = u"5", .low = 1, .high = 25},
-    CodeRange{.code = u"6", .low = 1, .high = 2},
-};
-
-constexpr SensorCheck kQeiSensor = {.table = u"$I11QEI", .code_ranges = kQeiCodes};
+constexpr SensorCheck kQeiSensor = {.table = u"$I11QEI", .code_ranges = kAveragingByRange};
 
 constexpr std::array kChecks = {
     ModelCheck{.def_file = u"QHN",

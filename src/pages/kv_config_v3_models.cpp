@@ -1,5 +1,7 @@
 #include "pages/kv_config_v3_models.h"
 
+#include "pages/pulse_input.h"
+
 namespace korva {
 
 namespace {
@@ -20,14 +22,6 @@ constexpr std::array kModels = {
 /// Pulse averaging where the frequency range doesn't limit it.
 constexpr std::array kPulseAveraging = {ItemRange{.item = 18, .low = 1, .high = 255}};
 constexpr std::array kShortAveraging = {ItemRange{.item = 18, .low = 1, .high = 100}};
-
-/// Pulse averaging by the frequency range of item 11.
-constexpr std::array kAveragingByRange = {
-    CodeRange{.code = u"0", .low = 1, .high = 255}, CodeRange{.code = u"1", .low = 1, .high = 255},
-    CodeRange{.code = u"2", .low = 1, .high = 255}, CodeRange{.code = u"3", .low = 1, .high = 255},
-    CodeRange{.code = u"4", .low = 1, .high = 255}, CodeRange{.code = u"5", .low = 1, .high = 25},
-    CodeRange{.code = u"6", .low = 1, .high = 2},
-};
 
 constexpr SensorCheck kPulseInput = {.table = u"$I11QEI"};
 constexpr SensorCheck kPulseInputByRange = {.table = u"$I11QEI", .code_ranges = kAveragingByRange};
