@@ -1,5 +1,5 @@
-// A configuration file of any bytes: opened on the page, checked, saved, and opened again from what was
-// saved.
+// A configuration file of any bytes: opened, checked on the page that it brings, saved, and opened again from
+// what was saved.
 
 #include <cstddef>
 #include <cstdint>
@@ -12,13 +12,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   korva::test::PageBench bench;
   bench.files.Put(path, {reinterpret_cast<const char*>(data), size});
   bench.Start();
-  korva::KvConfig& page = bench.First();
   for (int time = 0; time < 2; ++time) {
     bench.dialogs.QueueFile(path);
-    bench.Do([&] { page.OpenCommand(); });
-    bench.Do([&] { page.CheckCommand(); });
+    bench.Do([&] { bench.Page().OpenCommand(); });
+    bench.Do([&] { bench.Page().CheckCommand(); });
     bench.dialogs.QueueFile(path);
-    bench.Do([&] { page.SaveCfgFile(); });
+    bench.Do([&] { bench.Page().SaveCfgFile(); });
   }
   return 0;
 }

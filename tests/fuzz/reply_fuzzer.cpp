@@ -1,4 +1,5 @@
-// A device that answers any bytes, one reply a line, during an upload, a download and single exchanges.
+// A device that answers any bytes, one reply a line, during an upload and a download on each page, and single
+// exchanges.
 
 #include <cstddef>
 #include <cstdint>
@@ -10,10 +11,11 @@ namespace korva {
 namespace {
 
 void TransferWholeSet(test::PageBench& bench) {
-  KvConfig& page = bench.First();
+  TransferPage& page = bench.Page();
   bench.Do([&] { page.UploadCommand(); });
   page.DataChanged = false;
   bench.Do([&] { page.DownloadCommand(); });
+  page.DataChanged = false;
 }
 
 void SpeakBothDialects(DeviceLink& link) {
@@ -37,8 +39,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bench.port.Connect(1, &device);
   korva::test::AgreeTo(bench);
   bench.Start();
-  bench.Choose(u"QL");
-  korva::TransferWholeSet(bench);
+  for (const char16_t* model : {u"QL", u"QEY", u"QEC2"}) {
+    bench.Choose(model);
+    korva::TransferWholeSet(bench);
+  }
   bench.Do([&] { korva::SpeakBothDialects(bench.app.link); });
   return 0;
 }
