@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "page_bench.h"
@@ -15,7 +17,7 @@ class V3Bench : public PageBench {
       : device(Connect(model)) {
     for (const auto& [item, value] : settings) {
       if (!device.Set("01", item, value)) {
-        throw std::logic_error("item " + item + " does not take " + value);
+        throw std::logic_error("no such setting of the device: item " + item);
       }
     }
     app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {

@@ -230,6 +230,7 @@ TEST(KvConfigV3Test, HasTheSevenTabsInBothLanguages) {
   V3Bench bench(u"QNA2");
   const auto captions = [&] {
     std::vector<std::string> all;
+    all.reserve(static_cast<std::size_t>(bench.Page().Tabs.Count()));
     for (int tab = 0; tab < bench.Page().Tabs.Count(); ++tab) {
       all.push_back(ToUtf8(bench.Page().Tabs.TabCaption(tab)));
     }
