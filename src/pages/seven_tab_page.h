@@ -16,8 +16,9 @@ enum KvConfigTab : int {
   kIoCheckTab,
 };
 
-/// A page with these tabs. Its linearizer's tab follows the model's switch, and its tab 4 the definition's
-/// flag. It opens the port when it is loaded.
+/// A page with these tabs. Its linearizer's tab follows the model's switch, the others the definition's
+/// flags: tab 4 is closed without one, the others with the flag False, where the model has nothing on them.
+/// It opens the port when it is loaded.
 class SevenTabPage : public TablePage {
  public:
   using TablePage::TablePage;

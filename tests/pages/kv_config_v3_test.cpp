@@ -148,6 +148,17 @@ TEST_P(V3ModelTest, TheAlarmsTabOpensForModelsWithAlarms) {
   EXPECT_EQ(bench.Page().Tabs.TabEnabled(kFilterTab), with_alarms.contains(Model()));
 }
 
+TEST_P(V3ModelTest, ATabOnWhichTheModelHasNothingIsClosed) {
+  V3Bench bench(Model());
+  const std::set<String> without_output_values = {u"QEC2", u"QEY3"};
+  EXPECT_NE(bench.Page().Tabs.TabEnabled(kOutputTab), without_output_values.contains(Model()));
+  bench.Upload();
+  EXPECT_NE(bench.Page().Tabs.TabEnabled(kOutputTab), without_output_values.contains(Model()));
+  bench.Page().DataChanged = false;
+  bench.Choose(u"QCE2");
+  EXPECT_TRUE(bench.Page().Tabs.TabEnabled(kOutputTab));
+}
+
 /// The switch of a model's table; nullptr when it has none.
 OptionGroup* SwitchOf(V3Bench& bench, const String& model) {
   if (model == u"QEB2") {
