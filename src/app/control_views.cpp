@@ -62,8 +62,8 @@ class KeyFilter : public QObject {
   std::function<bool(Key)> press_;
 };
 
-/// A list in which the keyboard's focus alone chooses nothing: a list without a choice would else take its first
-/// entry as soon as its page comes to the front.
+/// A list in which the keyboard's focus alone chooses nothing: a list without a choice would else take its
+/// first entry as soon as its page comes to the front.
 class EntryList : public QListWidget {
  public:
   using QListWidget::QListWidget;
