@@ -190,6 +190,7 @@ TEST_P(CaptionTest, EveryCaptionOfThePageIsInTheTextTableInBothLanguages) {
   bench.Choose(GetParam().model);
   for (const Language language : {Language::Japanese, Language::English}) {
     std::vector<String> texts;
+    texts.reserve(static_cast<std::size_t>(TextKey::kCount));
     for (int key = 0; key < static_cast<int>(TextKey::kCount); ++key) {
       texts.push_back(CaptionText(static_cast<TextKey>(key), language));
     }
