@@ -73,6 +73,17 @@ int DigitsOfField(std::string_view name) {
   return name.starts_with("txtLnr") ? kShortField : kMemo;
 }
 
+/// A style sheet would do this in one line, and take most of the time until a page shows.
+void MakeHeadingBold(QGroupBox* box) {
+  QFont font = box->font();
+  font.setBold(false);
+  for (QWidget* child : box->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    child->setFont(font);
+  }
+  font.setBold(true);
+  box->setFont(font);
+}
+
 /// Gives a field the size that its kind asks for; true when it is to fill the space that it gets.
 bool SizeField(QWidget* widget, const Control& control) {
   if (auto* memo = qobject_cast<QPlainTextEdit*>(widget)) {
@@ -221,7 +232,6 @@ bool PageView::HasCurve(std::size_t group) const {
 QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
   const DesignGroup& design = page_.ItsDesign().groups[static_cast<std::size_t>(group)];
   auto* box = new QGroupBox(ToQt(CaptionText(design.heading)), parent);
-  box->setStyleSheet(QStringLiteral("QGroupBox { font-weight: bold; }"));
   auto* layout = new QGridLayout(box);
   layout->setColumnMinimumWidth(3, Digits(this, kUnitColumn));
   layout->setColumnStretch(3, 1);
@@ -231,6 +241,7 @@ QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
       AddRow(row, *layout, box, controls);
     }
   }
+  MakeHeadingBold(box);
   auto* frame =
       design.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(design.frame));
   if (frame != nullptr) {
