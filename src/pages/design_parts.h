@@ -139,6 +139,12 @@ constexpr auto Joined(const std::array<T, sizes>&... parts) {
   return all;
 }
 
+/// The switches of a linearizer and their frames.
+inline constexpr std::array kTableOptions = {
+    DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"},
+    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(1)"},
+};
+
 /// Live values under their heading, with the buttons of the monitor.
 template <std::size_t count>
 constexpr auto MonitorRows(int group, const std::array<DesignRow, count>& values) {

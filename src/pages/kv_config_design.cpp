@@ -98,16 +98,15 @@ constexpr std::array kRows = Joined(
                            LiveRow<5, 6>(kMonitor), LiveRow<6, 7>(kMonitor), LiveRow<7, 37>(kMonitor)}),
     OutputRows(kOutputSetting, std::array{LiveRow<0, 1>(kOutputSetting), LiveRow<1, 2>(kOutputSetting)}));
 
-constexpr std::array kOptions = {
-    DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"},
-    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(1)"},
-    DesignOptions{.options = "Opt_Root", .frame = "Frame(2)"},
-    DesignOptions{.options = "optTempUnit", .frame = "Frame(3)"},
-    DesignOptions{.options = "Opt_Backup", .frame = "Frame(4)"},
-    DesignOptions{.options = "Opt_Updown", .frame = "Frame(5)"},
-    DesignOptions{.options = "Opt_Alarm", .frame = "Frame(6)"},
-    DesignOptions{.options = "Opt_Recovery", .frame = "Frame(7)"},
-};
+constexpr std::array kOptions =
+    Joined(kTableOptions, std::array{
+                              DesignOptions{.options = "Opt_Root", .frame = "Frame(2)"},
+                              DesignOptions{.options = "optTempUnit", .frame = "Frame(3)"},
+                              DesignOptions{.options = "Opt_Backup", .frame = "Frame(4)"},
+                              DesignOptions{.options = "Opt_Updown", .frame = "Frame(5)"},
+                              DesignOptions{.options = "Opt_Alarm", .frame = "Frame(6)"},
+                              DesignOptions{.options = "Opt_Recovery", .frame = "Frame(7)"},
+                          });
 
 }  // namespace
 

@@ -103,14 +103,13 @@ constexpr std::array kRows =
                CommandRow("lbl_Item(8)", "Text(9) Command_I13"),
            });
 
-constexpr std::array kOptions = {
-    DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"},
-    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(1)"},
-    DesignOptions{.options = "optTempUnit", .frame = "Frame(2)"},
-    DesignOptions{.options = "Opt_Direction", .frame = "Frame(3)"},
-    DesignOptions{.options = "Opt_Direction09", .frame = "Frame(4)"},
-    DesignOptions{.options = "Opt_Rotation", .frame = "Frame(5)"},
-};
+constexpr std::array kOptions =
+    Joined(kTableOptions, std::array{
+                              DesignOptions{.options = "optTempUnit", .frame = "Frame(2)"},
+                              DesignOptions{.options = "Opt_Direction", .frame = "Frame(3)"},
+                              DesignOptions{.options = "Opt_Direction09", .frame = "Frame(4)"},
+                              DesignOptions{.options = "Opt_Rotation", .frame = "Frame(5)"},
+                          });
 
 }  // namespace
 

@@ -82,6 +82,14 @@ const std::string kModelMatches =
     R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "選択された機種名は、接続された変換器と一致していますか。" yes,no -> yes)";
 const std::string kStartUpload = R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞを開始します。" ok,cancel -> ok)";
 const std::string kUploadDone = R"(box plain "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞ完了。" ok -> ok)";
+/// The boxes of a device that is read, checked, saved and written.
+const Lines kMainJob = {kModelMatches,
+                        kStartUpload,
+                        kUploadDone,
+                        R"(box plain "設定値ﾁｪｯｸ" "設定値ﾁｪｯｸ完了。" ok -> ok)",
+                        R"(box plain "ﾌｧｲﾙに保存" "ファイルの保存が終了しました。" ok -> ok)",
+                        R"(box question "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞを開始します。" ok,cancel -> ok)",
+                        R"(box plain "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞ完了。" ok -> ok)"};
 const std::string kUpload = "choose QHN\nanswer yes ok\nclick cmdUpload\n";
 
 TEST_F(EndToEnd, ReadsEditsChecksSavesOpensAndWritesADevice) {
@@ -96,11 +104,7 @@ TEST_F(EndToEnd, ReadsEditsChecksSavesOpensAndWritesADevice) {
   const Lines printed = cli.ReadToEnd();
   EXPECT_EQ(cli.Status(), 0);
   EXPECT_EQ(cli.Complaints(), "");
-  EXPECT_EQ(Of(printed, "box "), (Lines{kModelMatches, kStartUpload, kUploadDone,
-                                        R"(box plain "設定値ﾁｪｯｸ" "設定値ﾁｪｯｸ完了。" ok -> ok)",
-                                        R"(box plain "ﾌｧｲﾙに保存" "ファイルの保存が終了しました。" ok -> ok)",
-                                        R"(box question "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞを開始します。" ok,cancel -> ok)",
-                                        R"(box plain "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞ完了。" ok -> ok)"}));
+  EXPECT_EQ(Of(printed, "box "), kMainJob);
   EXPECT_EQ(Of(printed, "Text(0)"), Lines{R"(Text(0) shown enabled unlocked normal "BOILER-8")"});
   EXPECT_TRUE(Holds(printed, R"(txtMemo shown enabled unlocked normal "one\ntwo")"));
   EXPECT_TRUE(Holds(printed, R"(< "DTG:BOILER-7  ")"));
@@ -143,11 +147,7 @@ TEST_P(EndToEndOnPage, ReadsEditsChecksSavesOpensFromAnotherPageAndWritesADevice
   const Lines printed = cli.ReadToEnd();
   EXPECT_EQ(cli.Status(), 0);
   EXPECT_EQ(cli.Complaints(), "");
-  EXPECT_EQ(Of(printed, "box "), (Lines{kModelMatches, kStartUpload, kUploadDone,
-                                        R"(box plain "設定値ﾁｪｯｸ" "設定値ﾁｪｯｸ完了。" ok -> ok)",
-                                        R"(box plain "ﾌｧｲﾙに保存" "ファイルの保存が終了しました。" ok -> ok)",
-                                        R"(box question "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞを開始します。" ok,cancel -> ok)",
-                                        R"(box plain "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞ完了。" ok -> ok)"}));
+  EXPECT_EQ(Of(printed, "box "), kMainJob);
   const std::string page = std::string("page ") + GetParam().page;
   EXPECT_EQ(Of(printed, "page "), (Lines{"page KvConfig", page, "page KvConfig", page}));
   EXPECT_EQ(Of(printed, "Text(0)"), (Lines{R"(Text(0) shown enabled unlocked normal "")",
