@@ -11,7 +11,7 @@
 #include "bench_host.h"
 #include "core/text_utilities.h"
 #include "far_end.h"
-#include "pages/kv_config.h"
+#include "pages/kv_config/kv_config.h"
 #include "platform/pseudo_terminal.h"
 
 namespace korva::bench {

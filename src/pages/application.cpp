@@ -4,9 +4,9 @@
 #include <array>
 #include <utility>
 
-#include "pages/kv_config.h"
-#include "pages/kv_config_v2.h"
-#include "pages/kv_config_v3.h"
+#include "pages/kv_config/kv_config.h"
+#include "pages/kv_config_v2/kv_config_v2.h"
+#include "pages/kv_config_v3/kv_config_v3.h"
 
 namespace korva {
 

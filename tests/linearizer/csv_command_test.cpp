@@ -6,7 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "linearizer/lnr_table.h"
-#include "pages/kv_config_design.h"
+#include "pages/kv_config/design.h"
 #include "pages/page_bench.h"
 
 namespace korva {

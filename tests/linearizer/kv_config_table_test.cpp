@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "core/text_utilities.h"
-#include "pages/kv_config_design.h"
+#include "pages/kv_config/design.h"
 #include "table_bench.h"
 
 namespace korva::test {

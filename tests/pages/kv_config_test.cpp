@@ -1,7 +1,7 @@
 // What the page of family First shows of each of its models: tabs, linearizer grid, options, monitor
 // controls, units and captions.
 
-#include "pages/kv_config.h"
+#include "pages/kv_config/kv_config.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 #include "core/text_utilities.h"
 #include "page_bench.h"
-#include "pages/kv_config_design.h"
+#include "pages/kv_config/design.h"
 
 namespace korva {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "page_bench.h"
-#include "pages/kv_config_v2.h"
+#include "pages/kv_config_v2/kv_config_v2.h"
 
 namespace korva::test {
 

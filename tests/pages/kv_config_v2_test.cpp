@@ -1,6 +1,6 @@
 // What the page of family Second shows of each of its models: tabs, captions, fields and choices.
 
-#include "pages/kv_config_v2.h"
+#include "pages/kv_config_v2/kv_config_v2.h"
 
 #include <gtest/gtest.h>
 

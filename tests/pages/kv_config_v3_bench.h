@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "page_bench.h"
-#include "pages/kv_config_v3.h"
+#include "pages/kv_config_v3/kv_config_v3.h"
 
 namespace korva::test {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "pages/application.h"
-#include "pages/kv_config.h"
+#include "pages/kv_config/kv_config.h"
 #include "platform/native/native_code_page.h"
 #include "platform/virtual/virtual_dialogs.h"
 #include "platform/virtual/virtual_event_loop.h"

@@ -6,7 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "page_bench.h"
-#include "pages/kv_config_design.h"
+#include "pages/kv_config/design.h"
 
 namespace korva {
 namespace {

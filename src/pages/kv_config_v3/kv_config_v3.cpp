@@ -1,4 +1,4 @@
-#include "pages/kv_config_v3.h"
+#include "pages/kv_config_v3/kv_config_v3.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include "core/numbers.h"
 #include "core/program.h"
 #include "core/text_utilities.h"
-#include "pages/kv_config_v3_design.h"
+#include "pages/kv_config_v3/design.h"
 
 namespace korva {
 

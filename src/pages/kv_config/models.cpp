@@ -1,4 +1,4 @@
-#include "pages/kv_config_models.h"
+#include "pages/kv_config/models.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "pages/kv_config_design.h"
+#include "pages/kv_config/design.h"
 
 #include <array>
 

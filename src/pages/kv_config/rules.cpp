@@ -6,7 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
-#include "pages/kv_config.h"
+#include "pages/kv_config/kv_config.h"
 
 namespace korva {
 

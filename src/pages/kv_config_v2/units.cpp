@@ -4,7 +4,7 @@
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
-#include "pages/kv_config_v2.h"
+#include "pages/kv_config_v2/kv_config_v2.h"
 #include "transfer/conversion.h"
 
 namespace korva {

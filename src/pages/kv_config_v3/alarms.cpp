@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "pages/kv_config_v3.h"
+#include "pages/kv_config_v3/kv_config_v3.h"
 
 namespace korva {
 

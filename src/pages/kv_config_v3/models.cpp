@@ -1,4 +1,4 @@
-#include "pages/kv_config_v3_models.h"
+#include "pages/kv_config_v3/models.h"
 
 #include "pages/pulse_input.h"
 

@@ -7,7 +7,7 @@
 #include "monitor/count_setting.h"
 #include "monitor/io_check.h"
 #include "monitor/item_command.h"
-#include "pages/kv_config_v3_models.h"
+#include "pages/kv_config_v3/models.h"
 #include "pages/seven_tab_page.h"
 
 namespace korva {

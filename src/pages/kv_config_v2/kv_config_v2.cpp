@@ -1,10 +1,10 @@
-#include "pages/kv_config_v2.h"
+#include "pages/kv_config_v2/kv_config_v2.h"
 
 #include <algorithm>
 #include <array>
 
 #include "core/numbers.h"
-#include "pages/kv_config_v2_design.h"
+#include "pages/kv_config_v2/design.h"
 
 namespace korva {
 

@@ -1,10 +1,10 @@
-#include "pages/kv_config.h"
+#include "pages/kv_config/kv_config.h"
 
 #include <algorithm>
 #include <array>
 
-#include "pages/kv_config_design.h"
-#include "pages/kv_config_models.h"
+#include "pages/kv_config/design.h"
+#include "pages/kv_config/models.h"
 
 namespace korva {
 

@@ -1,4 +1,4 @@
-#include "pages/kv_config_v2_design.h"
+#include "pages/kv_config_v2/design.h"
 
 #include <array>
 #include <string_view>

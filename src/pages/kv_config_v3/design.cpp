@@ -1,4 +1,4 @@
-#include "pages/kv_config_v3_design.h"
+#include "pages/kv_config_v3/design.h"
 
 #include <array>
 
