@@ -73,6 +73,11 @@ int DigitsOfField(std::string_view name) {
   return name.starts_with("txtLnr") ? kShortField : kMemo;
 }
 
+bool HasCurve(const DesignGroup& group) {
+  return std::any_of(group.rows.begin(), group.rows.end(),
+                     [](const DesignRow& row) { return !row.curve.empty(); });
+}
+
 /// A style sheet would do this in one line, and take most of the time until a page shows.
 void MakeHeadingBold(QGroupBox* box) {
   QFont font = box->font();
@@ -150,8 +155,8 @@ QWidget* PageView::MakeNotice() {
 
 QWidget* PageView::MakeTabs() {
   tabs_ = new QTabWidget(this);
-  for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
-    tabs_->addTab(MakeTab(tab), QString());
+  for (const DesignTab& design : page_.ItsDesign().tabs) {
+    const int tab = tabs_->addTab(MakeTab(design), QString());
     tabs_->setTabToolTip(tab, QStringLiteral("Alt+%1").arg(tab + 1));
   }
   FollowTabs();
@@ -183,7 +188,7 @@ void PageView::ShowTab(int tab) {
   }
 }
 
-QWidget* PageView::MakeTab(int tab) {
+QWidget* PageView::MakeTab(const DesignTab& tab) {
   auto* area = new QScrollArea(this);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
@@ -193,23 +198,19 @@ QWidget* PageView::MakeTab(int tab) {
   for (QVBoxLayout* stack : stacks) {
     columns->addLayout(stack);
   }
-  const auto groups = page_.ItsDesign().groups;
-  for (std::size_t group = 0; group < groups.size(); ++group) {
-    if (groups[group].tab == tab) {
-      QGroupBox* box = MakeGroup(static_cast<int>(group), content);
-      const bool wide = HasCurve(group);
-      const bool tall = wide || box->findChild<QTableWidget*>() != nullptr;
-      const int column = groups[group].column;
-      stacks.at(static_cast<std::size_t>(column))->addWidget(box, tall ? 1 : 0);
-      if (wide) {
-        columns->setStretch(column, 1);
-      }
-      if (columns->stretch(column) > 0 && !groups[group].frame.empty()) {
-        // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
-        QSizePolicy policy = box->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        box->setSizePolicy(policy);
-      }
+  for (const DesignGroup& group : tab.groups) {
+    QGroupBox* box = MakeGroup(group, content);
+    const bool wide = HasCurve(group);
+    const bool tall = wide || box->findChild<QTableWidget*>() != nullptr;
+    stacks.at(static_cast<std::size_t>(group.column))->addWidget(box, tall ? 1 : 0);
+    if (wide) {
+      columns->setStretch(group.column, 1);
+    }
+    if (columns->stretch(group.column) > 0 && !group.frame.empty()) {
+      // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
+      QSizePolicy policy = box->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      box->setSizePolicy(policy);
     }
   }
   for (QVBoxLayout* stack : stacks) {
@@ -222,28 +223,18 @@ QWidget* PageView::MakeTab(int tab) {
   return area;
 }
 
-bool PageView::HasCurve(std::size_t group) const {
-  const auto rows = page_.ItsDesign().rows;
-  return std::any_of(rows.begin(), rows.end(), [group](const DesignRow& row) {
-    return row.group == static_cast<int>(group) && !row.curve.empty();
-  });
-}
-
-QGroupBox* PageView::MakeGroup(int group, QWidget* parent) {
-  const DesignGroup& design = page_.ItsDesign().groups[static_cast<std::size_t>(group)];
-  auto* box = new QGroupBox(ToQt(CaptionText(design.heading)), parent);
+QGroupBox* PageView::MakeGroup(const DesignGroup& group, QWidget* parent) {
+  auto* box = new QGroupBox(ToQt(CaptionText(group.heading)), parent);
   auto* layout = new QGridLayout(box);
   layout->setColumnMinimumWidth(3, Digits(this, kUnitColumn));
   layout->setColumnStretch(3, 1);
   std::vector<Control*> controls;
-  for (const DesignRow& row : page_.ItsDesign().rows) {
-    if (row.group == group) {
-      AddRow(row, *layout, box, controls);
-    }
+  for (const DesignRow& row : group.rows) {
+    AddRow(row, *layout, box, controls);
   }
   MakeHeadingBold(box);
   auto* frame =
-      design.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(design.frame));
+      group.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(group.frame));
   if (frame != nullptr) {
     Follow(*frame, box, [box, frame] {
       if (const QString title = ToQt(frame->Caption()); box->title() != title) {
@@ -280,7 +271,7 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     return dynamic_cast<CaptionedControl*>(page_.FindControl(name));
   };
   auto* frame = dynamic_cast<Frame*>(page_.FindControl(row.field));
-  add_label(caption_of(row.item), 0, kNumberColumn);
+  add_label(caption_of(row.number), 0, kNumberColumn);
   add_label(caption_of(row.label), 1, kCaptionColumn);
   add_label(frame, 1, kCaptionColumn);
   add_label(caption_of(row.unit), 3, 0);
@@ -290,7 +281,7 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     fields.push_back(page_.FindControl(name));
   }
   controls.insert(controls.end(), fields.begin(), fields.end());
-  const bool alone = row.item.empty() && row.label.empty() && frame == nullptr;
+  const bool alone = row.number.empty() && row.label.empty() && frame == nullptr;
   QWidget* field = nullptr;
   bool fills = false;
   if (frame != nullptr) {

@@ -30,9 +30,8 @@ class PageView : public QWidget {
   QWidget* MakeButtons();
   QWidget* MakeStatus();
   QWidget* MakeNotice();
-  QWidget* MakeTab(int tab);
-  [[nodiscard]] bool HasCurve(std::size_t group) const;
-  QGroupBox* MakeGroup(int group, QWidget* parent);
+  QWidget* MakeTab(const DesignTab& tab);
+  QGroupBox* MakeGroup(const DesignGroup& group, QWidget* parent);
   void AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box, std::vector<Control*>& controls);
   QWidget* MakeRowOf(const std::vector<Control*>& controls, QWidget* parent);
   QWidget* MakeOptions(Frame& frame, QWidget* parent);

@@ -4,31 +4,47 @@
 #include <string_view>
 
 #include "core/texts.h"
+#include "platform/string.h"
 
 namespace korva {
 
 /// Where the controls of a page stand. The window lays a page out from these tables, and a script learns from
 /// them which tab must be enabled before a control can be reached. Controls go by their full names.
 
-/// A box with a heading on a tab. Boxes stand in two columns, in table order from the top.
-struct DesignGroup {
-  int tab = 0;
-  int column = 0;  ///< 0 left, 1 right
-  TextKey heading;
-  std::string_view frame = {};  ///< the frame control that is this box ("fraMonitoring"); empty: no control
-};
-
 /// One line of a box: number label, caption label, field and unit label, side by side. An empty name leaves
 /// its place free. `field` may name several controls, separated by blanks, that share the place (buttons
 /// side by side; a text field and a combo box of which only one is shown).
 struct DesignRow {
-  int group = 0;  ///< position in the table of boxes
-  std::string_view item = {};
+  /// The item whose place this is, as in column 1 of $Data ("14", "03_set"); several, separated by blanks,
+  /// where models have different items here; empty in a line of no item.
+  StringView item = {};
+  std::string_view number = {};
   std::string_view label = {};
   std::string_view field = {};
   std::string_view unit = {};
   std::string_view curve =
       {};  ///< a grid of points whose picture fills the line, and nothing else stands in it
+};
+
+/// A box with a heading on a tab. Boxes stand in two columns, in table order from the top.
+struct DesignGroup {
+  int column = 0;  ///< 0 left, 1 right
+  TextKey heading;
+  std::string_view frame = {};  ///< the frame control that is this box ("fraMonitoring"); empty: no control
+  std::span<const DesignRow> rows;
+};
+
+/// When a tab can be brought to the front, by the definition's flag for it in $SSTab.
+enum class TabRule {
+  OpenUnlessFalse,  ///< closed where the flag is exactly "False"
+  OpenIfTrue,       ///< closed unless the flag is exactly "True"
+  BySwitch,         ///< the linearizer's: what stands on it settles it, by the model's switch
+};
+
+struct DesignTab {
+  TextKey caption;
+  TabRule rule = TabRule::OpenUnlessFalse;
+  std::span<const DesignGroup> groups = {};
 };
 
 /// A group of option buttons and the frame that it stands in.
@@ -38,9 +54,8 @@ struct DesignOptions {
 };
 
 struct Design {
-  std::span<const DesignGroup> groups;
-  std::span<const DesignRow> rows;
-  std::span<const DesignOptions> options;
+  std::span<const DesignTab> tabs;  ///< from left to right
+  std::span<const DesignOptions> options = {};
 };
 
 }  // namespace korva

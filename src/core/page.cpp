@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 #include "core/program.h"
@@ -17,7 +18,7 @@ constexpr int kGridColumns = 3;
 }  // namespace
 
 Page::Page(Program& program, const PageKind& kind)
-    : Tabs(kind.tab_control, static_cast<int>(kind.tab_captions.size())),
+    : Tabs(kind.tab_control, static_cast<int>(kind.design.tabs.size())),
       Item03_MonitorTimer("Item03_MonitorTimer", program.Loop(), kBlink),
       Item04_lblUnitTimer("Item04_lblUnitTimer", program.Loop(), kBlink),
       Item06_lblUnitTimer("Item06_lblUnitTimer", program.Loop(), kBlink),
@@ -258,7 +259,7 @@ bool Page::OnUnload() {
 
 void Page::SetCaptions(Language language) {
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
-    Tabs.SetTabCaption(tab, CaptionText(kind_.tab_captions[static_cast<std::size_t>(tab)], language));
+    Tabs.SetTabCaption(tab, CaptionText(kind_.design.tabs[static_cast<std::size_t>(tab)].caption, language));
   }
   const std::array<std::pair<CaptionedControl*, TextKey>, 29> captions = {{
       {&lbl_TypeSelect, TextKey::Model},
@@ -299,6 +300,13 @@ void Page::SetCaptions(Language language) {
     OptCom[static_cast<int>(place)].SetCaption(CaptionText(kComCaptions.at(place), language));
   }
   lbl_FrmVersion.SetCaption(CaptionText(TextKey::Version, language));
+}
+
+int Page::TabWith(TextKey caption) const {
+  const std::span<const DesignTab> tabs = kind_.design.tabs;
+  const auto found = std::find_if(tabs.begin(), tabs.end(),
+                                  [caption](const DesignTab& tab) { return tab.caption == caption; });
+  return found == tabs.end() ? -1 : static_cast<int>(found - tabs.begin());
 }
 
 int Page::TabOf(const Control& control) const {
@@ -348,40 +356,47 @@ const Boxes& Page::Box() const { return program_.Box(); }
 bool Page::Showing() const { return program_.Showing() == this; }
 
 void Page::ApplyDesign() {
-  const Design& design = kind_.design;
-  const auto place = [&](std::string_view name, const DesignGroup& group) {
-    Control* control = FindControl(name);
-    if (control == nullptr) {
-      throw RuntimeFailure(u"画面の設計表に無い部品があります: " + String(name.begin(), name.end()));
+  int tab = 0;
+  for (const DesignTab& design : kind_.design.tabs) {
+    for (const DesignGroup& group : design.groups) {
+      PlaceGroup(group, tab);
     }
-    tabs_of_[control] = group.tab;
-    if (!group.frame.empty() && name != group.frame) {
-      control->PutInto(FindControl(group.frame));
-    }
-  };
-  for (const DesignGroup& group : design.groups) {
-    if (!group.frame.empty()) {
-      place(group.frame, group);
-    }
+    ++tab;
   }
-  for (const DesignRow& row : design.rows) {
-    if (!row.curve.empty() && dynamic_cast<Grid*>(FindControl(row.curve)) == nullptr) {
-      throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
-    }
-    const DesignGroup& group = design.groups[static_cast<std::size_t>(row.group)];
-    for (std::string_view names : {row.item, row.label, row.field, row.unit}) {
-      while (!names.empty()) {
-        const std::size_t end = std::min(names.find(' '), names.size());
-        place(names.substr(0, end), group);
-        names.remove_prefix(std::min(end + 1, names.size()));
-      }
-    }
-  }
-  for (const DesignOptions& options : design.options) {
+  for (const DesignOptions& options : kind_.design.options) {
     OptionGroup* group = FindOptions(options.options);
     for (int button = 0; group != nullptr && button < group->Count(); ++button) {
       (*group)[button].PutInto(FindControl(options.frame));
     }
+  }
+}
+
+void Page::PlaceGroup(const DesignGroup& group, int tab) {
+  if (!group.frame.empty()) {
+    PlaceControl(group.frame, group, tab);
+  }
+  for (const DesignRow& row : group.rows) {
+    if (!row.curve.empty() && dynamic_cast<Grid*>(FindControl(row.curve)) == nullptr) {
+      throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
+    }
+    for (std::string_view names : {row.number, row.label, row.field, row.unit}) {
+      while (!names.empty()) {
+        const std::size_t end = std::min(names.find(' '), names.size());
+        PlaceControl(names.substr(0, end), group, tab);
+        names.remove_prefix(std::min(end + 1, names.size()));
+      }
+    }
+  }
+}
+
+void Page::PlaceControl(std::string_view name, const DesignGroup& group, int tab) {
+  Control* control = FindControl(name);
+  if (control == nullptr) {
+    throw RuntimeFailure(u"画面の設計表に無い部品があります: " + String(name.begin(), name.end()));
+  }
+  tabs_of_[control] = tab;
+  if (!group.frame.empty() && name != group.frame) {
+    control->PutInto(FindControl(group.frame));
   }
 }
 

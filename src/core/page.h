@@ -2,7 +2,6 @@
 
 #include <map>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -19,11 +18,10 @@ namespace korva {
 
 class Program;
 
-/// What a page is made from: its family and its tabs.
+/// What a page is made from: its family, and where its controls stand.
 struct PageKind {
   const Family& family;
   std::string_view tab_control;  ///< "KvCfg_Tab"
-  std::span<const TextKey> tab_captions;
   const Design& design;
   bool has_table = true;     ///< the page has a linearizer
   bool saves_table = false;  ///< and writes its table to files
@@ -69,6 +67,8 @@ class Page {
   void LockFrame();
   void UnlockFrame();
 
+  /// Index of the tab with this caption, -1 when the page has none.
+  [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
   [[nodiscard]] int TabOf(const Control& control) const;
   /// Why the user can't act on the control: its own state, or "tab disabled"; empty when he can.
@@ -188,6 +188,8 @@ class Page {
 
  private:
   void SetLocked(bool locked);
+  void PlaceGroup(const DesignGroup& group, int tab);
+  void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
   void SetBars();
   void FillModelList();
   void RegisterFrame();

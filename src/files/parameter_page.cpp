@@ -254,6 +254,17 @@ void ParameterPage::SettleTab(TableSwitch table_switch, int points) {
   }
 }
 
+void ParameterPage::SettleFlaggedTabs() {
+  int tab = 0;
+  for (const DesignTab& design : ItsDesign().tabs) {
+    const String& flag = Def[u"$SSTab"].At(0, tab);
+    if (design.rule != TabRule::BySwitch) {
+      Tabs.SetTabEnabled(tab, design.rule == TabRule::OpenIfTrue ? flag == u"True" : flag != u"False");
+    }
+    ++tab;
+  }
+}
+
 bool ParameterPage::SwitchedOn(TableSwitch table_switch) const {
   switch (table_switch) {
     case TableSwitch::Always:

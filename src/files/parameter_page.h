@@ -172,8 +172,6 @@ class ParameterPage : public DevicePage {
   virtual void ChangeTemperatureUnit(int place) = 0;
   /// After the definition was read: brings it into the form that the set's device speaks.
   virtual void AdaptDefinition() {}
-  /// After the definition was read: enables the tabs that follow its flags.
-  virtual void SettleFlaggedTabs() = 0;
   /// True when the set's input type is one whose table is in use.
   [[nodiscard]] virtual bool InputTypeUsesTable() const { return false; }
   /// The switch of the table, or nullptr.
@@ -239,6 +237,8 @@ class ParameterPage : public DevicePage {
   /// Makes the titles of the model's items those that its device is expected to answer.
   void LoadItemTitles();
   void SettleTab(TableSwitch table_switch, int points);
+  /// After the definition was read: opens or closes the tabs that follow its flags.
+  void SettleFlaggedTabs();
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
 
   // Files.

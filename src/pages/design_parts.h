@@ -2,36 +2,14 @@
 
 #include <array>
 #include <cstddef>
+#include <span>
 #include <string_view>
 
 #include "core/design.h"
 
 namespace korva {
 
-// What the design tables of the pages are put together from. `group` is the row's place in the table of
-// boxes.
-
-/// The full name of an element of a control array: "Text(12)".
-template <const std::string_view& array, int index>
-struct Element {
-  static_assert(index >= 0 && index < 100);
-  static constexpr auto characters = [] {
-    constexpr std::size_t digits = index < 10 ? 1 : 2;
-    std::array<char, array.size() + digits + 2> text{};
-    std::size_t at = 0;
-    for (const char character : array) {
-      text.at(at++) = character;
-    }
-    text.at(at++) = '(';
-    if (digits == 2) {
-      text.at(at++) = static_cast<char>('0' + index / 10);
-    }
-    text.at(at++) = static_cast<char>('0' + index % 10);
-    text.at(at) = ')';
-    return text;
-  }();
-  static constexpr std::string_view name{characters.data(), characters.size()};
-};
+// What the design tables of the pages are put together from.
 
 namespace arrays {
 inline constexpr std::string_view kNumber = "lbl_Item";
@@ -40,89 +18,81 @@ inline constexpr std::string_view kText = "Text";
 inline constexpr std::string_view kCombo = "Combo";
 inline constexpr std::string_view kFrame = "Frame";
 inline constexpr std::string_view kUnit = "lbl_unit";
+
+/// "Text(0)" to "Text(99)"; a name with one digit is a character shorter than its place.
+template <const std::string_view& array>
+inline constexpr auto kElements = [] {
+  constexpr int count = 100;
+  std::array<std::array<char, array.size() + 4>, count> names{};
+  for (int index = 0; index < count; ++index) {
+    auto& name = names.at(static_cast<std::size_t>(index));
+    std::size_t at = 0;
+    for (const char character : array) {
+      name.at(at++) = character;
+    }
+    name.at(at++) = '(';
+    if (index >= 10) {
+      name.at(at++) = static_cast<char>('0' + index / 10);
+    }
+    name.at(at++) = static_cast<char>('0' + index % 10);
+    name.at(at) = ')';
+  }
+  return names;
+}();
 }  // namespace arrays
 
-/// A parameter: number and caption labels of index `label`, the field and its unit label of index `text`.
-template <int label, int text>
-constexpr DesignRow FieldRow(int group) {
-  return {.group = group,
-          .item = Element<arrays::kNumber, label>::name,
-          .label = Element<arrays::kCaption, label>::name,
-          .field = Element<arrays::kText, text>::name,
-          .unit = Element<arrays::kUnit, text>::name};
+/// The full name of an element of a control array, index 0 to 99: "Text(12)".
+template <const std::string_view& array>
+constexpr std::string_view ElementName(int index) {
+  const auto& name = arrays::kElements<array>.at(static_cast<std::size_t>(index));
+  return {name.data(), index < 10 ? name.size() - 1 : name.size()};
+}
+
+/// Where an item stands.
+struct ItemPlace {
+  StringView item;  ///< as in DesignRow
+  int label = 0;    ///< index of its number label, and of its caption label where the row has one
+  int field = 0;    ///< index of its field, box or frame, and of its unit label where the row has one
+};
+
+/// A parameter: number and caption labels, text field and unit label.
+constexpr DesignRow FieldRow(const ItemPlace& place) {
+  return {.item = place.item,
+          .number = ElementName<arrays::kNumber>(place.label),
+          .label = ElementName<arrays::kCaption>(place.label),
+          .field = ElementName<arrays::kText>(place.field),
+          .unit = ElementName<arrays::kUnit>(place.field)};
 }
 
 /// The same without a unit.
-template <int label, int text>
-constexpr DesignRow PlainRow(int group) {
-  return {.group = group,
-          .item = Element<arrays::kNumber, label>::name,
-          .label = Element<arrays::kCaption, label>::name,
-          .field = Element<arrays::kText, text>::name};
+constexpr DesignRow PlainRow(const ItemPlace& place) {
+  return {.item = place.item,
+          .number = ElementName<arrays::kNumber>(place.label),
+          .label = ElementName<arrays::kCaption>(place.label),
+          .field = ElementName<arrays::kText>(place.field)};
 }
 
 /// A list of choices.
-template <int label, int combo>
-constexpr DesignRow ListRow(int group) {
-  return {.group = group,
-          .item = Element<arrays::kNumber, label>::name,
-          .label = Element<arrays::kCaption, label>::name,
-          .field = Element<arrays::kCombo, combo>::name};
+constexpr DesignRow ListRow(const ItemPlace& place) {
+  return {.item = place.item,
+          .number = ElementName<arrays::kNumber>(place.label),
+          .label = ElementName<arrays::kCaption>(place.label),
+          .field = ElementName<arrays::kCombo>(place.field)};
 }
 
 /// A frame with option buttons, captioned by the frame.
-template <int label, int frame>
-constexpr DesignRow OptionRow(int group) {
-  return {.group = group,
-          .item = Element<arrays::kNumber, label>::name,
-          .field = Element<arrays::kFrame, frame>::name};
+constexpr DesignRow OptionRow(const ItemPlace& place) {
+  return {.item = place.item,
+          .number = ElementName<arrays::kNumber>(place.label),
+          .field = ElementName<arrays::kFrame>(place.field)};
 }
 
 /// A live value, captioned by its number label.
-template <int label, int text>
-constexpr DesignRow LiveRow(int group) {
-  return {.group = group,
-          .label = Element<arrays::kNumber, label>::name,
-          .field = Element<arrays::kText, text>::name,
-          .unit = Element<arrays::kUnit, text>::name};
-}
-
-/// What a parameter file tells of itself.
-constexpr std::array<DesignRow, 4> FileRows(int group) {
-  return {{{.group = group, .label = "lblFileTitle", .field = "txtFileTitle"},
-           {.group = group, .label = "lblDirName", .field = "txtDirName"},
-           {.group = group, .label = "lblAuthor", .field = "txtAuthor"},
-           {.group = group, .label = "lblMemo", .field = "txtMemo"}}};
-}
-
-constexpr std::array<DesignRow, 4> PortRows(int group) {
-  return {{{.group = group, .field = "OptCom1"},
-           {.group = group, .field = "OptCom2"},
-           {.group = group, .field = "OptCom3"},
-           {.group = group, .field = "OptCom4"}}};
-}
-
-/// The boxes of a linearizer's tab, in the order of TableRows' arguments.
-constexpr std::array<DesignGroup, 3> TableGroups(int tab) {
-  return {{{.tab = tab, .heading = TextKey::Linearizer},
-           {.tab = tab, .column = 1, .heading = TextKey::Curve},
-           {.tab = tab, .column = 1, .heading = TextKey::ChangeOfValue, .frame = "fraLnrChange"}}};
-}
-
-/// The points of a linearizer, their curve, and the editor of a cell. `buttons` are those of its files.
-constexpr std::array<DesignRow, 6> TableRows(int table, int curve, int editor, std::string_view buttons) {
-  return {{{.group = table, .field = "LnrFlexGrid"},
-           {.group = table, .field = buttons},
-           {.group = curve, .curve = "LnrFlexGrid"},
-           {.group = editor, .label = "lblLnrRow", .field = "txtLnrRow lblLnrCol txtLnrCol"},
-           {.group = editor, .label = "lblLnrNewValue", .field = "txtLnrNewValue"},
-           {.group = editor, .field = "cmdLnrChangeOK cmdLnrChangeCancel"}}};
-}
-
-/// The two boxes of a tab I/O check: live values and forced output.
-constexpr std::array<DesignGroup, 2> IoCheckGroups(int tab) {
-  return {{{.tab = tab, .heading = TextKey::Monitoring, .frame = "fraMonitoring"},
-           {.tab = tab, .column = 1, .heading = TextKey::Output}}};
+constexpr DesignRow LiveRow(const ItemPlace& place) {
+  return {.item = place.item,
+          .label = ElementName<arrays::kNumber>(place.label),
+          .field = ElementName<arrays::kText>(place.field),
+          .unit = ElementName<arrays::kUnit>(place.field)};
 }
 
 /// `parts` one behind the other.
@@ -139,6 +109,49 @@ constexpr auto Joined(const std::array<T, sizes>&... parts) {
   return all;
 }
 
+/// What a parameter file tells of itself.
+inline constexpr std::array kFileRows = {
+    DesignRow{.label = "lblFileTitle", .field = "txtFileTitle"},
+    DesignRow{.label = "lblDirName", .field = "txtDirName"},
+    DesignRow{.label = "lblAuthor", .field = "txtAuthor"},
+    DesignRow{.label = "lblMemo", .field = "txtMemo"},
+};
+inline constexpr std::array kFileGroups = {DesignGroup{.heading = TextKey::File, .rows = kFileRows}};
+inline constexpr DesignTab kFileTab = {.caption = TextKey::File, .groups = kFileGroups};
+
+inline constexpr std::array kPortRows = {
+    DesignRow{.field = "OptCom1"},
+    DesignRow{.field = "OptCom2"},
+    DesignRow{.field = "OptCom3"},
+    DesignRow{.field = "OptCom4"},
+};
+inline constexpr std::array kPortGroups = {DesignGroup{.heading = TextKey::Port, .rows = kPortRows}};
+inline constexpr DesignTab kPortTab = {.caption = TextKey::Port, .groups = kPortGroups};
+
+/// The points of a linearizer. `buttons` are those of its files.
+constexpr std::array<DesignRow, 2> PointRows(std::string_view buttons) {
+  return {{{.field = "LnrFlexGrid"}, {.field = buttons}}};
+}
+inline constexpr std::array kCurveRows = {DesignRow{.curve = "LnrFlexGrid"}};
+/// The editor of a cell.
+inline constexpr std::array kCellEditorRows = {
+    DesignRow{.label = "lblLnrRow", .field = "txtLnrRow lblLnrCol txtLnrCol"},
+    DesignRow{.label = "lblLnrNewValue", .field = "txtLnrNewValue"},
+    DesignRow{.field = "cmdLnrChangeOK cmdLnrChangeCancel"},
+};
+
+/// The boxes of a linearizer's tab: `points`, their curve and the editor.
+constexpr std::array<DesignGroup, 3> TableGroups(std::span<const DesignRow> points) {
+  return {
+      {{.heading = TextKey::Linearizer, .rows = points},
+       {.column = 1, .heading = TextKey::Curve, .rows = kCurveRows},
+       {.column = 1, .heading = TextKey::ChangeOfValue, .frame = "fraLnrChange", .rows = kCellEditorRows}}};
+}
+/// The tab of a linearizer with these boxes.
+constexpr DesignTab TableTab(std::span<const DesignGroup> groups) {
+  return {.caption = TextKey::Linearizer, .rule = TabRule::BySwitch, .groups = groups};
+}
+
 /// The switches of a linearizer and their frames.
 inline constexpr std::array kTableOptions = {
     DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"},
@@ -147,16 +160,23 @@ inline constexpr std::array kTableOptions = {
 
 /// Live values under their heading, with the buttons of the monitor.
 template <std::size_t count>
-constexpr auto MonitorRows(int group, const std::array<DesignRow, count>& values) {
-  return Joined(std::array{DesignRow{.group = group, .field = "IO_lblShow"}}, values,
-                std::array{DesignRow{.group = group, .field = "cmdMonitorON cmdMonitorOFF"}});
+constexpr auto MonitorRows(const std::array<DesignRow, count>& values) {
+  return Joined(std::array{DesignRow{.field = "IO_lblShow"}}, values,
+                std::array{DesignRow{.field = "cmdMonitorON cmdMonitorOFF"}});
 }
 
 /// The boxes of a forced output under their heading, with its buttons.
 template <std::size_t count>
-constexpr auto OutputRows(int group, const std::array<DesignRow, count>& values) {
-  return Joined(std::array{DesignRow{.group = group, .field = "IO_lblSet"}}, values,
-                std::array{DesignRow{.group = group, .field = "cmdSet cmdStatusMonOFF"}});
+constexpr auto OutputRows(const std::array<DesignRow, count>& values) {
+  return Joined(std::array{DesignRow{.field = "IO_lblSet"}}, values,
+                std::array{DesignRow{.field = "cmdSet cmdStatusMonOFF"}});
+}
+
+/// The two boxes of a tab I/O check: live values and forced output.
+constexpr std::array<DesignGroup, 2> IoCheckGroups(std::span<const DesignRow> monitor,
+                                                   std::span<const DesignRow> output) {
+  return {{{.heading = TextKey::Monitoring, .frame = "fraMonitoring", .rows = monitor},
+           {.column = 1, .heading = TextKey::Output, .rows = output}}};
 }
 
 }  // namespace korva

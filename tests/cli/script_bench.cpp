@@ -10,15 +10,14 @@ namespace korva::cli::test {
 
 namespace {
 
-constexpr std::array kTabs = {TextKey::Input, TextKey::Linearizer};
-
-constexpr std::array kGroups = {DesignGroup{.tab = 0, .column = 0, .heading = TextKey::Input},
-                                DesignGroup{.tab = 1, .column = 0, .heading = TextKey::Linearizer}};
-constexpr std::array kRows = {
-    DesignRow{.group = 0, .field = "Text(0) Combo(0)"}, DesignRow{.group = 0, .field = "Frame(0)"},
-    DesignRow{.group = 1, .field = "Text(1)"}, DesignRow{.group = 1, .field = "LnrFlexGrid"}};
+constexpr std::array kInputRows = {DesignRow{.field = "Text(0) Combo(0)"}, DesignRow{.field = "Frame(0)"}};
+constexpr std::array kTableRows = {DesignRow{.field = "Text(1)"}, DesignRow{.field = "LnrFlexGrid"}};
+constexpr std::array kInputGroups = {DesignGroup{.heading = TextKey::Input, .rows = kInputRows}};
+constexpr std::array kTableGroups = {DesignGroup{.heading = TextKey::Linearizer, .rows = kTableRows}};
+constexpr std::array kTabs = {DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
+                              DesignTab{.caption = TextKey::Linearizer, .groups = kTableGroups}};
 constexpr std::array kOptions = {DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"}};
-constexpr Design kDesign = {.groups = kGroups, .rows = kRows, .options = kOptions};
+constexpr Design kDesign = {.tabs = kTabs, .options = kOptions};
 
 constexpr std::string_view kCatalogue =
     "$Type\r\n\"A1\",\"A1.def\",\"First\"\r\n\"A 2\",\"A2.def\",\"First\"\r\n\"N1\",\"N1.def\",\"Nano\"\r\n"
@@ -37,8 +36,7 @@ Lines TakeLines(std::ostringstream& printed) {
 }
 
 BenchPage::BenchPage(Program& program, const Family& family, SerialLink& link)
-    : Page(program, {.family = family, .tab_control = "KvCfg_Tab", .tab_captions = kTabs, .design = kDesign}),
-      link_(link) {
+    : Page(program, {.family = family, .tab_control = "KvCfg_Tab", .design = kDesign}), link_(link) {
   Register(Text);
   Register(Combo);
   Register(Frames);

@@ -16,20 +16,20 @@
 
 namespace korva::test {
 
-inline constexpr std::array kFrameTabs = {TextKey::File, TextKey::Linearizer, TextKey::IoCheck};
-inline constexpr std::array kFrameGroups = {
-    DesignGroup{.tab = 2, .column = 0, .heading = TextKey::Monitoring}};
-inline constexpr std::array kFrameRows = {DesignRow{.group = 0, .field = "cmdMonitorON cmdMonitorOFF"}};
-inline constexpr Design kFrameDesign = {.groups = kFrameGroups, .rows = kFrameRows, .options = {}};
+inline constexpr std::array kFrameRows = {DesignRow{.field = "cmdMonitorON cmdMonitorOFF"}};
+inline constexpr std::array kFrameGroups = {DesignGroup{.heading = TextKey::Monitoring, .rows = kFrameRows}};
+inline constexpr auto kFrameTabs = std::to_array<DesignTab>({
+    {.caption = TextKey::File},
+    {.caption = TextKey::Linearizer},
+    {.caption = TextKey::IoCheck, .groups = kFrameGroups},
+});
+inline constexpr Design kFrameDesign = {.tabs = kFrameTabs};
 
 /// A page with the frame and nothing behind it: it notes what its steps were called for.
 class FramePage final : public Page {
  public:
   FramePage(Program& program, const Family& family, std::vector<std::string>& journal)
-      : Page(program, {.family = family,
-                       .tab_control = "KvCfg_Tab",
-                       .tab_captions = kFrameTabs,
-                       .design = kFrameDesign}),
+      : Page(program, {.family = family, .tab_control = "KvCfg_Tab", .design = kFrameDesign}),
         journal_(journal) {
     ApplyDesign();
   }

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "support/tabs.h"
+
 namespace korva::test {
 
 namespace {
 
-constexpr std::array kTabCaptions = {TextKey::File,   TextKey::Input, TextKey::Output, TextKey::Linearizer,
-                                     TextKey::Filter, TextKey::Port,  TextKey::IoCheck};
-constexpr Design kNoDesign = {};
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 
@@ -81,7 +80,7 @@ constexpr StringView kCatalogue =
     u"$End\n";
 
 PageKind KindOf(const Family& family) {
-  return {.family = family, .tab_control = "KvCfg_Tab", .tab_captions = kTabCaptions, .design = kNoDesign};
+  return {.family = family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign};
 }
 
 }  // namespace

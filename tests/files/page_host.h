@@ -97,7 +97,6 @@ class TestPage final : public ParameterPage {
   void AfterOption(const OptionRule& rule, int place) override;
   void ShowModelControls() override { ++model_controls_shown; }
   void ChangeTemperatureUnit(int place) override;
-  void SettleFlaggedTabs() override { Tabs.SetTabEnabled(4, Def[u"$SSTab"].At(0, 4) == u"True"); }
   [[nodiscard]] bool InputTypeUsesTable() const override;
   [[nodiscard]] const OptionGroup* SwitchOptions(TableSwitch table_switch) const override;
 };

@@ -7,6 +7,7 @@
 
 #include "core/text_utilities.h"
 #include "pages/kv_config/design.h"
+#include "support/tabs.h"
 #include "table_bench.h"
 
 namespace korva::test {
@@ -147,7 +148,7 @@ TEST_P(TableTest, TheTabOfASwitchedTableCanBeLookedAtWhileItIsUploaded) {
   }
   TableBench bench(GetParam());
   bool open = false;
-  bench.loop.OnPump([&] { open = bench.Page().Tabs.TabEnabled(kLinearizerTab); });
+  bench.loop.OnPump([&] { open = TabOpen(bench.Page(), TextKey::Linearizer); });
   bench.UploadAll();
   EXPECT_TRUE(open) << "at the last wait, which is the table's";
 }
@@ -203,7 +204,7 @@ TEST_P(TableTest, WithItsSwitchOffNothingIsAskedAndNothingOfTheTableGoesOverTheW
   bench.UploadAll();
   EXPECT_EQ(bench.TakeBoxes(),
             (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload), Shown(BoxKey::UploadDone)}));
-  EXPECT_FALSE(bench.Page().Tabs.TabEnabled(kLinearizerTab));
+  EXPECT_FALSE(TabOpen(bench.Page(), TextKey::Linearizer));
   EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), GetParam().points + 1);
   bench.Check();
   EXPECT_EQ(bench.TakeBoxes(), Texts{Shown(BoxKey::CheckDone)}) << "a blank table is no fault";
@@ -211,7 +212,7 @@ TEST_P(TableTest, WithItsSwitchOffNothingIsAskedAndNothingOfTheTableGoesOverTheW
   const std::vector<String> held = bench.DeviceTable();
   bench.DownloadAll();
   EXPECT_EQ(bench.TakeBoxes(), (Texts{Shown(BoxKey::StartDownload), Shown(BoxKey::DownloadDone)}));
-  EXPECT_FALSE(bench.Page().Tabs.TabEnabled(kLinearizerTab));
+  EXPECT_FALSE(TabOpen(bench.Page(), TextKey::Linearizer));
   EXPECT_EQ(bench.DeviceTable(), held);
   EXPECT_TRUE(bench.bar.empty());
   for (const std::string& command : bench.commands) {
@@ -374,7 +375,7 @@ TEST_P(LongTableTest, AnsweredNoAnUploadLeavesTheTableAsItWas) {
   EXPECT_TRUE(bench.bar.empty());
   EXPECT_EQ(std::count(bench.commands.begin(), bench.commands.end(), "G02"), 0);
   EXPECT_TRUE(bench.Page().TableUnsaved()) << "it still stands in no file";
-  EXPECT_TRUE(bench.Page().Tabs.TabEnabled(kLinearizerTab));
+  EXPECT_TRUE(TabOpen(bench.Page(), TextKey::Linearizer));
   ExpectAtRest(bench);
 }
 

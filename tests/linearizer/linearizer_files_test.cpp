@@ -14,6 +14,7 @@
 #include "platform/virtual/virtual_event_loop.h"
 #include "platform/virtual/virtual_port.h"
 #include "support/memory_files.h"
+#include "support/tabs.h"
 
 namespace korva {
 namespace {
@@ -21,8 +22,6 @@ namespace {
 using test::MemoryFiles;
 
 constexpr const char16_t* kFile = u"/korva/data/table.csv";
-constexpr Design kNoDesign;
-constexpr std::array kTabs = {TextKey::File, TextKey::Port, TextKey::Linearizer};
 constexpr FieldArrays kArrays = {.lbl_item = 1, .label = 1, .text = 1, .frame = 1, .combo = 1, .lbl_unit = 1};
 
 /// A page of any family: its frame and linearizer, and nothing else.
@@ -30,7 +29,9 @@ class LnrPage final : public ParameterPage {
  public:
   LnrPage(Program& program, const Family& family, DeviceLink& link)
       : ParameterPage(program,
-                      {.family = family, .tab_control = "Tabs", .tab_captions = kTabs, .design = kNoDesign},
+                      {.family = family,
+                       .tab_control = "Tabs",
+                       .design = test::kBareDesign<TextKey::File, TextKey::Port, TextKey::Linearizer>},
                       link, kArrays, 4) {}
 
   void SetUpTable(int points) override { linearizer.SetUp(points); }
@@ -45,7 +46,6 @@ class LnrPage final : public ParameterPage {
   void ApplyModelRules(const String& /*item*/) override {}
   void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
   void ChangeTemperatureUnit(int /*place*/) override {}
-  void SettleFlaggedTabs() override {}
 };
 
 /// The page of a family, with a table of as many points as the family's have at most.

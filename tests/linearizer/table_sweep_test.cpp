@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "core/text_utilities.h"
-#include "pages/seven_tab_page.h"
 #include "support/sampled.h"
+#include "support/tabs.h"
 #include "table_bench.h"
 
 namespace korva::test {
@@ -103,8 +103,9 @@ void ExpectUsable(TableBench& bench) {
         static_cast<const Control*>(&page.LnrFlexGrid), static_cast<const Control*>(&page.cmd_csvFileOpen)}) {
     EXPECT_EQ(page.WhyRefused(*control), "") << control->FullName();
   }
-  for (const int tab : {kFileTab, kInputTab, kOutputTab, kLinearizerTab, kPortTab, kIoCheckTab}) {
-    EXPECT_TRUE(page.Tabs.TabEnabled(tab)) << tab;
+  for (const TextKey tab : {TextKey::File, TextKey::Input, TextKey::Output, TextKey::Linearizer,
+                            TextKey::Port, TextKey::IoCheck}) {
+    EXPECT_TRUE(TabOpen(page, tab)) << ToUtf8(CaptionText(tab));
   }
 }
 

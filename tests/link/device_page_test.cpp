@@ -11,6 +11,7 @@
 #include "core/program.h"
 #include "core/text_utilities.h"
 #include "support/scripted_line.h"
+#include "support/tabs.h"
 #include "support/virtual_host.h"
 
 namespace korva {
@@ -18,14 +19,13 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::array kTabs = {TextKey::File, TextKey::Port};
-constexpr Design kNoDesign;
-
 /// A page that has nothing but its device.
 struct BarePage final : DevicePage {
   BarePage(Program& program, const Family& family, DeviceLink& device)
       : DevicePage(program,
-                   {.family = family, .tab_control = "Tabs", .tab_captions = kTabs, .design = kNoDesign},
+                   {.family = family,
+                    .tab_control = "Tabs",
+                    .design = test::kBareDesign<TextKey::File, TextKey::Port>},
                    device) {}
   void ClearParameterSet() override {}
   void BuildPage() override {}

@@ -4,12 +4,11 @@
 #include <array>
 
 #include "core/text_utilities.h"
+#include "support/tabs.h"
 
 namespace korva::test {
 namespace {
 
-constexpr Design kNoDesign;
-constexpr std::array kTabs = {TextKey::File, TextKey::Port, TextKey::IoCheck};
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 constexpr int kGroups = 4;
@@ -71,7 +70,9 @@ std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {
 MonitorPage::MonitorPage(Program& program, const Family& family, DeviceLink& device,
                          const MonitorExtras& extras)
     : ParameterPage(program,
-                    {.family = family, .tab_control = "Tabs", .tab_captions = kTabs, .design = kNoDesign},
+                    {.family = family,
+                     .tab_control = "Tabs",
+                     .design = kBareDesign<TextKey::File, TextKey::Port, TextKey::IoCheck>},
                     device, kArrays, kGroups),
       monitor(
           *this, MonitorFamilyOf(family),

@@ -66,7 +66,6 @@ class MonitorPage final : public ParameterPage {
   void ApplyModelRules(const String& /*item*/) override {}
   void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
   void ChangeTemperatureUnit(int /*place*/) override {}
-  void SettleFlaggedTabs() override {}
   // Not every family's definition files have a place for the tabs' states.
   void KeepTabState(int tab, bool enabled) override { kept_tabs_[tab] = enabled; }
   [[nodiscard]] bool KeptTabEnabled(int tab) const override { return kept_tabs_.at(tab); }

@@ -7,6 +7,7 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "pages/kv_config/design.h"
+#include "support/tabs.h"
 
 namespace korva {
 namespace {
@@ -200,7 +201,7 @@ TEST_P(TypeWithoutRangeTest, ClosesZeroSpanAndUnitAndOpensTheLinearizerForItsTyp
     EXPECT_EQ(page.Item(item), kNeedless) << item;
   }
   EXPECT_FALSE(page.Frames[3].Enabled());
-  EXPECT_EQ(page.Tabs.TabEnabled(kLinearizerTab), GetParam() == u"FX: Linearizer");
+  EXPECT_EQ(test::TabOpen(page, TextKey::Linearizer), GetParam() == u"FX: Linearizer");
   EXPECT_EQ(page.LnrActive(), GetParam() == u"FX: Linearizer");
 
   bench.Pick(page.Combo[0], u"RB-1: Pt100");
@@ -210,7 +211,7 @@ TEST_P(TypeWithoutRangeTest, ClosesZeroSpanAndUnitAndOpensTheLinearizerForItsTyp
   EXPECT_EQ(page.Item(14), u"-200");
   EXPECT_EQ(page.Item(15), u"850");
   EXPECT_EQ(page.Item(21), u"deg C");
-  EXPECT_FALSE(page.Tabs.TabEnabled(kLinearizerTab));
+  EXPECT_FALSE(test::TabOpen(page, TextKey::Linearizer));
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes11_21_41_42, TypeWithoutRangeTest,

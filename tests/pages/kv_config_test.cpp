@@ -10,6 +10,7 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "pages/kv_config/design.h"
+#include "support/tabs.h"
 
 namespace korva {
 namespace {
@@ -68,7 +69,7 @@ class ModelTest : public testing::TestWithParam<KnownModel> {
   static const KnownModel& Model() { return GetParam(); }
   static bool Switched() { return Model().lnr == Switch::Table || Model().lnr == Switch::Lnr; }
   KvConfig& Page() { return bench_.First(); }
-  bool LnrTab() { return Page().Tabs.TabEnabled(kLinearizerTab); }
+  bool LnrTab() { return test::TabOpen(Page(), TextKey::Linearizer); }
   OptionGroup& LnrSwitch() { return Model().lnr == Switch::Table ? Page().Opt_Table : Page().Opt_Lnr; }
   /// The linearizer of the device, on or off, where the model has a switch.
   static void SwitchDevice(sim::Device& device, bool on) {
@@ -101,9 +102,10 @@ TEST_P(ModelTest, HasAGridOfItsTablesSizeAndShape) {
 
 TEST_P(ModelTest, HasItsFilterTabOpenExactlyWithAFilter) {
   bench_.Choose(Model().name);
-  EXPECT_EQ(Page().Tabs.TabEnabled(kFilterTab), Model().filter_tab);
-  for (const int tab : {kFileTab, kInputTab, kOutputTab, kPortTab, kIoCheckTab}) {
-    EXPECT_TRUE(Page().Tabs.TabEnabled(tab)) << tab;
+  EXPECT_EQ(test::TabOpen(Page(), TextKey::Filter), Model().filter_tab);
+  for (const TextKey tab :
+       {TextKey::File, TextKey::Input, TextKey::Output, TextKey::Port, TextKey::IoCheck}) {
+    EXPECT_TRUE(test::TabOpen(Page(), tab)) << ToUtf8(CaptionText(tab));
   }
 }
 
@@ -156,11 +158,11 @@ TEST_P(ModelTest, HasItsLinearizerTabAsTheDevicesSwitchSaysAfterAnUpload) {
     SwitchDevice(device, on);
     bench.Choose(Model().name);
     bench.Upload();
-    EXPECT_EQ(bench.Page().Tabs.TabEnabled(kLinearizerTab), Expected(on)) << on;
+    EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
     EXPECT_EQ(bench.Page().LnrActive(), Expected(on)) << on;
     // The state outlasts the lock of a further operation.
     bench.Check();
-    EXPECT_EQ(bench.Page().Tabs.TabEnabled(kLinearizerTab), Expected(on)) << on;
+    EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
   }
 }
 
@@ -175,7 +177,7 @@ TEST_P(ModelTest, HasItsLinearizerTabAsTheFilesSwitchSaysAfterOpening) {
     bench.Choose(u"QL");
     bench.Open(kFile);
     EXPECT_EQ(bench.Page().DefFile, Model().name + u".def");
-    EXPECT_EQ(bench.Page().Tabs.TabEnabled(kLinearizerTab), Expected(on)) << on;
+    EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
     EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), Model().points + 1);
   }
 }

@@ -5,6 +5,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v3_bench.h"
+#include "support/tabs.h"
 
 namespace korva {
 namespace {
@@ -67,7 +68,7 @@ TEST_P(V3IoCheckTest, AllOfThemAreLockedDuringAnOperation) {
                                  &bench.Page().Command_I12, &bench.Page().Command_I13}) {
       EXPECT_FALSE(button->Enabled()) << button->Name();
     }
-    EXPECT_FALSE(bench.Page().Tabs.TabEnabled(kIoCheckTab));
+    EXPECT_FALSE(test::TabOpen(bench.Page(), TextKey::IoCheck));
   };
   EXPECT_TRUE(bench.Downloads());
   EXPECT_GT(looked, 10);

@@ -6,6 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v3_bench.h"
+#include "support/tabs.h"
 
 namespace korva {
 namespace {
@@ -145,18 +146,18 @@ TEST(KvConfigV3Test, ASwitchOrADirectionInItem10IsNotReadBeforeADownload) {
 TEST_P(V3ModelTest, TheAlarmsTabOpensForModelsWithAlarms) {
   V3Bench bench(Model());
   const std::set<String> with_alarms = {u"QEC2", u"QEY3", u"QNA2"};
-  EXPECT_EQ(bench.Page().Tabs.TabEnabled(kFilterTab), with_alarms.contains(Model()));
+  EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::AlarmTab), with_alarms.contains(Model()));
 }
 
 TEST_P(V3ModelTest, ATabOnWhichTheModelHasNothingIsClosed) {
   V3Bench bench(Model());
   const std::set<String> without_output_values = {u"QEC2", u"QEY3"};
-  EXPECT_NE(bench.Page().Tabs.TabEnabled(kOutputTab), without_output_values.contains(Model()));
+  EXPECT_NE(test::TabOpen(bench.Page(), TextKey::Output), without_output_values.contains(Model()));
   bench.Upload();
-  EXPECT_NE(bench.Page().Tabs.TabEnabled(kOutputTab), without_output_values.contains(Model()));
+  EXPECT_NE(test::TabOpen(bench.Page(), TextKey::Output), without_output_values.contains(Model()));
   bench.Page().DataChanged = false;
   bench.Choose(u"QCE2");
-  EXPECT_TRUE(bench.Page().Tabs.TabEnabled(kOutputTab));
+  EXPECT_TRUE(test::TabOpen(bench.Page(), TextKey::Output));
 }
 
 /// The switch of a model's table; nullptr when it has none.
@@ -171,7 +172,7 @@ OptionGroup* SwitchOf(V3Bench& bench, const String& model) {
 TEST_P(V3ModelTest, TheLinearizersTabFollowsItsSwitchAndItsTableTheTransfer) {
   V3Bench bench(Model());
   OptionGroup* table_switch = SwitchOf(bench, Model());
-  const auto open = [&] { return bench.Page().Tabs.TabEnabled(kLinearizerTab); };
+  const auto open = [&] { return test::TabOpen(bench.Page(), TextKey::Linearizer); };
   EXPECT_FALSE(open());
   bench.Read();
   EXPECT_FALSE(open());

@@ -372,9 +372,12 @@ TEST_F(PageFrameTest, HasItsTabsCaptionsInBothSets) {
 }
 
 TEST_F(PageFrameTest, HasACaptionInBothSetsForEachHeadingOfItsTabs) {
-  for (const DesignGroup& group : Page().ItsDesign().groups) {
-    EXPECT_FALSE(CaptionText(group.heading, Language::Japanese).empty());
-    EXPECT_FALSE(CaptionText(group.heading, Language::English).empty());
+  for (const DesignTab& tab : Page().ItsDesign().tabs) {
+    EXPECT_FALSE(tab.groups.empty());
+    for (const DesignGroup& group : tab.groups) {
+      EXPECT_FALSE(CaptionText(group.heading, Language::Japanese).empty());
+      EXPECT_FALSE(CaptionText(group.heading, Language::English).empty());
+    }
   }
 }
 

@@ -4,13 +4,11 @@
 #include <cmath>
 
 #include "core/text_utilities.h"
+#include "support/tabs.h"
 
 namespace korva::test {
 namespace {
 
-constexpr Design kNoDesign;
-constexpr std::array kTabs = {TextKey::File,   TextKey::Input, TextKey::Output, TextKey::Linearizer,
-                              TextKey::Filter, TextKey::Port,  TextKey::IoCheck};
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 constexpr int kGroups = 4;
@@ -18,9 +16,8 @@ constexpr int kGroups = 4;
 }  // namespace
 
 BenchPage::BenchPage(Program& program, const Family& family, DeviceLink& link, const ModelTraits& traits)
-    : TransferPage(program,
-                   {.family = family, .tab_control = "KvCfg_Tab", .tab_captions = kTabs, .design = kNoDesign},
-                   link, kArrays, kGroups),
+    : TransferPage(program, {.family = family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign}, link,
+                   kArrays, kGroups),
       traits_(traits) {
   Register(Opt_Table);
   optTempUnit[0].SetCaption(u"deg C");

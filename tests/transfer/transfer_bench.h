@@ -53,7 +53,6 @@ class BenchPage final : public TransferPage {
   [[nodiscard]] std::vector<OptionRule> Options() override;
   void ApplyModelRules(const String& /*item*/) override {}
   void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
-  void SettleFlaggedTabs() override {}
   [[nodiscard]] bool InputTypeUsesTable() const override { return Item(10) == u"FX: Linearizer"; }
   [[nodiscard]] const OptionGroup* SwitchOptions(TableSwitch table_switch) const override;
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;

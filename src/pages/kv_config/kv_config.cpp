@@ -10,9 +10,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::array kTabCaptions = {TextKey::File,   TextKey::Input, TextKey::Output, TextKey::Linearizer,
-                                     TextKey::Filter, TextKey::Port,  TextKey::IoCheck};
-
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 constexpr int kGroups = 4;
@@ -30,12 +27,8 @@ constexpr std::array<StringView, 2> kLinearizerTypes = {u"FX: Linearizer", u"Fx:
 }  // namespace
 
 KvConfig::KvConfig(Program& program, const Family& family, DeviceLink& link)
-    : SevenTabPage(program,
-                   {.family = family,
-                    .tab_control = "KvCfg_Tab",
-                    .tab_captions = kTabCaptions,
-                    .design = kKvConfigDesign},
-                   link, kArrays, kGroups) {
+    : SevenTabPage(program, {.family = family, .tab_control = "KvCfg_Tab", .design = kKvConfigDesign}, link,
+                   kArrays, kGroups) {
   for (OptionGroup* options : {&Opt_Root, &Opt_Backup, &Opt_Updown, &Opt_Alarm, &Opt_Recovery}) {
     Register(*options);
   }

@@ -119,7 +119,7 @@ void KvConfig::RuleQUO() {
       frame->SetEnabled(false);
     }
   }
-  Tabs.SetTabEnabled(kLinearizerTab, code == kLinearizerType);
+  Tabs.SetTabEnabled(LnrTab(), code == kLinearizerType);
 }
 
 void KvConfig::RuleQH() {

@@ -1,7 +1,6 @@
 #include "pages/kv_config_v2/design.h"
 
 #include <array>
-#include <string_view>
 
 #include "pages/design_parts.h"
 
@@ -9,78 +8,84 @@ namespace korva {
 
 namespace {
 
-enum Tab : int { kFileTab, kInputTab, kOutput1Tab, kOutput2Tab, kPortTab, kIoCheckTab };
+// The box of its unit stands behind the field of a frequency.
 
-enum Group : int {
-  kFile,
-  kInput,
-  kFirstOutput,
-  kFineAdjustment,
-  kAlarm,
-  kSecondOutput,
-  kDetails,
-  kPort,
-  kMonitor,
-  kOutputSetting,
+constexpr auto kInputRows = std::to_array<DesignRow>({
+    PlainRow({.item = u"02", .label = 10, .field = 0}),
+    ListRow({.item = u"23", .label = 14, .field = 0}),
+    DesignRow{.item = u"10", .number = "lbl_Item(11)", .label = "Label(11)", .field = "Text(6) cbo_unit(0)"},
+    FieldRow({.item = u"08", .label = 12, .field = 7}),
+    FieldRow({.item = u"09", .label = 13, .field = 8}),
+    PlainRow({.item = u"16", .label = 15, .field = 9}),
+});
+
+constexpr auto kFirstOutputRows = std::to_array<DesignRow>({
+    DesignRow{.item = u"17", .number = "lbl_Item(16)", .label = "Label(16)", .field = "Text(10) cbo_unit(1)"},
+    FieldRow({.item = u"12", .label = 17, .field = 11}),
+    FieldRow({.item = u"13", .label = 18, .field = 12}),
+    ListRow({.item = u"27", .label = 21, .field = 1}),
+    ListRow({.item = u"28", .label = 22, .field = 2}),
+});
+
+constexpr auto kFineAdjustmentRows = std::to_array<DesignRow>({
+    FieldRow({.item = u"30", .label = 19, .field = 13}),
+    FieldRow({.item = u"31", .label = 20, .field = 14}),
+});
+
+constexpr auto kAlarmRows = std::to_array<DesignRow>({
+    OptionRow({.item = u"26", .label = 30, .field = 0}),
+    ListRow({.item = u"29", .label = 23, .field = 3}),
+    DesignRow{.item = u"20", .number = "lbl_Item(24)", .label = "Label(24)", .field = "Text(15) cbo_unit(2)"},
+    FieldRow({.item = u"21", .label = 25, .field = 16}),
+    FieldRow({.item = u"24", .label = 28, .field = 19}),
+    FieldRow({.item = u"25", .label = 29, .field = 20}),
+});
+
+constexpr auto kSecondOutputRows = std::to_array<DesignRow>({
+    FieldRow({.item = u"18", .label = 26, .field = 17}),
+    FieldRow({.item = u"19", .label = 27, .field = 18}),
+});
+
+constexpr auto kDetailsRows = std::to_array<DesignRow>({
+    FieldRow({.item = u"33", .label = 31, .field = 21}),
+});
+
+constexpr std::array kMonitorRows = MonitorRows(std::array{
+    LiveRow({.item = u"05", .label = 2, .field = 3}),
+    LiveRow({.item = u"06", .label = 3, .field = 4}),
+    LiveRow({.item = u"07", .label = 4, .field = 5}),
+});
+
+constexpr std::array kSettingRows = OutputRows(std::array{
+    LiveRow({.item = u"03_set", .label = 0, .field = 1}),
+    LiveRow({.item = u"03_mon", .label = 1, .field = 2}),
+});
+
+constexpr std::array kInputGroups = {DesignGroup{.heading = TextKey::Input, .rows = kInputRows}};
+constexpr std::array kOutput1Groups = {
+    DesignGroup{.heading = TextKey::FirstOutput, .rows = kFirstOutputRows},
+    DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineAdjustmentRows},
 };
+constexpr std::array kOutput2Groups = {
+    DesignGroup{.heading = TextKey::Alarm, .rows = kAlarmRows},
+    DesignGroup{.column = 1, .heading = TextKey::SecondOutput, .rows = kSecondOutputRows},
+    DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kDetailsRows},
+};
+constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, kSettingRows);
 
-constexpr std::array kGroups = Joined(
-    std::array{
-        DesignGroup{.tab = kFileTab, .heading = TextKey::File},
-        DesignGroup{.tab = kInputTab, .heading = TextKey::Input},
-        DesignGroup{.tab = kOutput1Tab, .heading = TextKey::FirstOutput},
-        DesignGroup{.tab = kOutput1Tab, .column = 1, .heading = TextKey::ZeroSpanAdjustment},
-        DesignGroup{.tab = kOutput2Tab, .heading = TextKey::Alarm},
-        DesignGroup{.tab = kOutput2Tab, .column = 1, .heading = TextKey::SecondOutput},
-        DesignGroup{.tab = kOutput2Tab, .column = 1, .heading = TextKey::Details},
-        DesignGroup{.tab = kPortTab, .heading = TextKey::Port},
-    },
-    IoCheckGroups(kIoCheckTab));
-
-/// A frequency: the box of its unit stands behind its field.
-template <int label>
-constexpr DesignRow FrequencyRow(int group, std::string_view field) {
-  return {.group = group,
-          .item = Element<arrays::kNumber, label>::name,
-          .label = Element<arrays::kCaption, label>::name,
-          .field = field};
-}
-
-constexpr std::array kRows = Joined(
-    FileRows(kFile),
-    std::array{
-        PlainRow<10, 0>(kInput),
-        ListRow<14, 0>(kInput),
-        FrequencyRow<11>(kInput, "Text(6) cbo_unit(0)"),
-        FieldRow<12, 7>(kInput),
-        FieldRow<13, 8>(kInput),
-        PlainRow<15, 9>(kInput),
-        FrequencyRow<16>(kFirstOutput, "Text(10) cbo_unit(1)"),
-        FieldRow<17, 11>(kFirstOutput),
-        FieldRow<18, 12>(kFirstOutput),
-        ListRow<21, 1>(kFirstOutput),
-        ListRow<22, 2>(kFirstOutput),
-        FieldRow<19, 13>(kFineAdjustment),
-        FieldRow<20, 14>(kFineAdjustment),
-        OptionRow<30, 0>(kAlarm),
-        ListRow<23, 3>(kAlarm),
-        FrequencyRow<24>(kAlarm, "Text(15) cbo_unit(2)"),
-        FieldRow<25, 16>(kAlarm),
-        FieldRow<28, 19>(kAlarm),
-        FieldRow<29, 20>(kAlarm),
-        FieldRow<26, 17>(kSecondOutput),
-        FieldRow<27, 18>(kSecondOutput),
-        FieldRow<31, 21>(kDetails),
-    },
-    PortRows(kPort),
-    MonitorRows(kMonitor,
-                std::array{LiveRow<2, 3>(kMonitor), LiveRow<3, 4>(kMonitor), LiveRow<4, 5>(kMonitor)}),
-    OutputRows(kOutputSetting, std::array{LiveRow<0, 1>(kOutputSetting), LiveRow<1, 2>(kOutputSetting)}));
+constexpr std::array kTabs = {
+    kFileTab,
+    DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
+    DesignTab{.caption = TextKey::Output1, .groups = kOutput1Groups},
+    DesignTab{.caption = TextKey::Output2, .groups = kOutput2Groups},
+    kPortTab,
+    DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
+};
 
 constexpr std::array kOptions = {DesignOptions{.options = "optAlarm", .frame = "Frame(0)"}};
 
 }  // namespace
 
-const Design kKvConfigV2Design = {.groups = kGroups, .rows = kRows, .options = kOptions};
+const Design kKvConfigV2Design = {.tabs = kTabs, .options = kOptions};
 
 }  // namespace korva

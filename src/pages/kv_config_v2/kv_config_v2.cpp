@@ -10,9 +10,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::array kTabCaptions = {TextKey::File,    TextKey::Input, TextKey::Output1,
-                                     TextKey::Output2, TextKey::Port,  TextKey::IoCheck};
-
 constexpr FieldArrays kArrays = {
     .lbl_item = 40, .label = 40, .text = 30, .frame = 3, .combo = 5, .lbl_unit = 30};
 constexpr int kHighestUnitBox = 5;
@@ -31,13 +28,10 @@ constexpr std::array<StringView, 5> kLiveItems = {u"03_set", u"03_mon", u"05", u
 }  // namespace
 
 KvConfig_V2::KvConfig_V2(Program& program, const Family& family, DeviceLink& link)
-    : TransferPage(program,
-                   {.family = family,
-                    .tab_control = "KvCfg_Tab",
-                    .tab_captions = kTabCaptions,
-                    .design = kKvConfigV2Design,
-                    .has_table = false},
-                   link, kArrays, kGroups),
+    : TransferPage(
+          program,
+          {.family = family, .tab_control = "KvCfg_Tab", .design = kKvConfigV2Design, .has_table = false},
+          link, kArrays, kGroups),
       cbo_unit("cbo_unit", kHighestUnitBox) {
   RegisterFields(cbo_unit);
   Register(optAlarm);
@@ -62,12 +56,6 @@ std::span<const ListRule> KvConfig_V2::Lists() const { return kLists; }
 std::vector<OptionRule> KvConfig_V2::Options() {
   return {
       {.key = u"$I26", .table = u"$I26", .item = u"26", .options = &optAlarm, .captions_from_table = true}};
-}
-
-void KvConfig_V2::SettleFlaggedTabs() {
-  for (int tab = 0; tab < Tabs.Count(); ++tab) {
-    Tabs.SetTabEnabled(tab, KeptTabEnabled(tab));
-  }
 }
 
 std::span<const StringView> KvConfig_V2::LiveItems() const { return kLiveItems; }

@@ -34,7 +34,6 @@ class KvConfig_V2 final : public TransferPage {
   [[nodiscard]] std::vector<OptionRule> Options() override;
   void ApplyModelRules(const String& /*item*/) override {}
   void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
-  void SettleFlaggedTabs() override;
 
   // Numbers and units, kv_config_v2_units.cpp.
   [[nodiscard]] String ShownText(int row) const override;

@@ -12,9 +12,6 @@ namespace korva {
 
 namespace {
 
-constexpr std::array kTabCaptions = {TextKey::File,     TextKey::Input, TextKey::Output, TextKey::Linearizer,
-                                     TextKey::AlarmTab, TextKey::Port,  TextKey::IoCheck};
-
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 6, .lbl_unit = 40};
 constexpr int kGroups = 2;
@@ -50,13 +47,10 @@ constexpr std::array<StringView, 9> kLiveItems = {u"03_set", u"03_mon", u"04_set
 }  // namespace
 
 KvConfig_V3::KvConfig_V3(Program& program, const Family& family, DeviceLink& link)
-    : SevenTabPage(program,
-                   {.family = family,
-                    .tab_control = "KvCfg_Tab",
-                    .tab_captions = kTabCaptions,
-                    .design = kKvConfigV3Design,
-                    .saves_table = true},
-                   link, kArrays, kGroups),
+    : SevenTabPage(
+          program,
+          {.family = family, .tab_control = "KvCfg_Tab", .design = kKvConfigV3Design, .saves_table = true},
+          link, kArrays, kGroups),
       Item04_MonitorTimer("Item04_MonitorTimer", program.Loop(), kBlink),
       Item06_MonitorTimer("Item06_MonitorTimer", program.Loop(), kBlink),
       Item12_Timer("Item12_Timer", program.Loop(), kBlink),
