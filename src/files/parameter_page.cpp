@@ -255,6 +255,9 @@ void ParameterPage::SettleTab(TableSwitch table_switch, int points) {
 }
 
 void ParameterPage::SettleFlaggedTabs() {
+  if (!Def.Has(u"$SSTab")) {
+    return;
+  }
   int tab = 0;
   for (const DesignTab& design : ItsDesign().tabs) {
     const String& flag = Def[u"$SSTab"].At(0, tab);

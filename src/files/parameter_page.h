@@ -237,7 +237,8 @@ class ParameterPage : public DevicePage {
   /// Makes the titles of the model's items those that its device is expected to answer.
   void LoadItemTitles();
   void SettleTab(TableSwitch table_switch, int points);
-  /// After the definition was read: opens or closes the tabs that follow its flags.
+  /// After the definition was read: opens or closes the tabs that follow its flags. The tabs of a family
+  /// whose definitions have none stay as they are.
   void SettleFlaggedTabs();
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
 
