@@ -297,6 +297,13 @@ TEST_F(PageTest, FindsItsControlsByName) {
   EXPECT_EQ(Page().FindControl("cmdNothing"), nullptr);
 }
 
+TEST_F(PageTest, FindsItsTabsByCaption) {
+  EXPECT_EQ(Page().Tabs.Count(), 3);
+  EXPECT_EQ(Page().TabWith(TextKey::File), 0);
+  EXPECT_EQ(Page().TabWith(TextKey::IoCheck), 2);
+  EXPECT_EQ(Page().TabWith(TextKey::Port), -1);
+}
+
 TEST_F(PageTest, TellsWhyTheUserCanNotReachAControl) {
   EXPECT_EQ(Page().TabOf(Page().cmdMonitorON), 2);
   EXPECT_EQ(Page().TabOf(Page().cmdUpload), -1);
