@@ -94,8 +94,9 @@ Faults FaultsOf(const ParameterPage& page) {
       if (page.DataCell(row, kOnPage) != u"Y" || field.empty()) {
         continue;
       }
+      const std::string item = std::string("item ").append(ToUtf8(page.DataCell(row, kItem)));
       for (const std::string& fault : FaultsAt(page, row, field)) {
-        faults.push_back("item " + ToUtf8(page.DataCell(row, kItem)) + " (" + field + ") " + fault);
+        faults.push_back(std::string(item).append(" (").append(field).append(") ").append(fault));
       }
     }
   }
