@@ -13,6 +13,9 @@
 
 namespace korva::bench {
 
+/// Of a benchmark of what a user sees.
+inline constexpr int kRepetitions = 9;
+
 /// A program's folder of its own, with the built system data, whose COM 1 is `device`.
 class HomeFolder {
  public:

@@ -19,7 +19,7 @@ namespace korva::bench {
 namespace {
 
 constexpr int kReplyTimeout = 3000;
-constexpr int kRepetitions = 31;
+constexpr int kExchangeRepetitions = 31;
 constexpr double kSeconds = 0.1;  // of each repetition: many short ones meet a quiet moment of the machine
 
 FarEnd& InstantDevice() {
@@ -58,7 +58,7 @@ void RawRead(benchmark::State& state) {
   }
   close(line);
 }
-BENCHMARK(RawRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kRepetitions);
+BENCHMARK(RawRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
 
 // The exchange of the link, less all that the program does with it.
 bool PortExchange(QtEventLoop& loop, QtPort& port, std::string_view command) {
@@ -85,9 +85,9 @@ void PortRead(benchmark::State& state) {
     }
   }
 }
-BENCHMARK(PortRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kRepetitions);
+BENCHMARK(PortRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
 
-bool ReadItem(BenchHost& host) { return host.application.link.cok.ReadItem(u"01", u"14") == u"-12.50"; }
+bool ReadItem(BenchHost& host) { return host.application.link.cok.ReadItem({u"01", u"14"}) == u"-12.50"; }
 
 void ReadItem(benchmark::State& state) {
   BenchHost host(InstantDevice().Device());
@@ -98,7 +98,7 @@ void ReadItem(benchmark::State& state) {
     }
   }
 }
-BENCHMARK(ReadItem)->UseRealTime()->MinTime(kSeconds)->Repetitions(kRepetitions);
+BENCHMARK(ReadItem)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
 
 // Counter "over_wire": the time of all exchanges over what the characters alone need on the wire.
 void PacedRead(benchmark::State& state) {
@@ -147,7 +147,7 @@ void SilentDevice(benchmark::State& state) {
   while (state.KeepRunning()) {
     const auto before = ProcessorTime();
     host.Act([&] {
-      host.application.link.cok.ReadItemRetry(2, u"01", u"14");
+      host.application.link.cok.ReadItemRetry(2, {u"01", u"14"});
       host.application.link.line.WaitFor(1000);
     });
     state.counters["processor_ms"] = (ProcessorTime() - before).count();

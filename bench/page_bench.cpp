@@ -16,8 +16,6 @@ namespace korva::bench {
 
 namespace {
 
-constexpr int kRepetitions = 9;
-
 // The models of the showing page, one after the other; `shown` ends each choice.
 void ChooseModels(benchmark::State& state, BenchHost& host, const std::function<void()>& shown) {
   Page& page = *host.application.program.Showing();

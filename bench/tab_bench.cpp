@@ -18,7 +18,6 @@ namespace korva::bench {
 
 namespace {
 
-constexpr int kRepetitions = 9;
 constexpr int kPoints = 100;
 
 KvConfig& PageOf(BenchHost& host) { return dynamic_cast<KvConfig&>(*host.application.program.Showing()); }
@@ -38,10 +37,10 @@ struct TableWindow {
   TableWindow() : window(host.application) {
     host.application.program.Start();
     Choose(host, u"QHNY1");
-    host.Act([this] { Page().Opt_Lnr[1].Click(); });
+    host.Act([this] { Page().linearizer.Opt_Lnr[1].Click(); });
     window.resize(1180, 740);
     window.show();
-    window.Current()->ShowTab(Page().LnrTab());
+    window.Current()->ShowTab(Page().TabWith(TextKey::Linearizer));
     Show();
   }
   KvConfig& Page() { return PageOf(host); }
@@ -73,10 +72,10 @@ void OpenTableInWindow(benchmark::State& state) {
   while (state.KeepRunning()) {
     next = 1 - next;
     shown.host.dialogs.QueueFile(files.at(next));
-    shown.host.Act([&] { shown.Page().cmd_csvFileOpen.Click(); });
+    shown.host.Act([&] { shown.Page().linearizer.cmd_csvFileOpen.Click(); });
     TableWindow::Show();
   }
-  if (shown.Page().LnrFlexGrid.At(kPoints, 1).text != (next == 0 ? u"99.1" : u"99.2")) {
+  if (shown.Page().linearizer.LnrFlexGrid.At(kPoints, 1).text != (next == 0 ? u"99.1" : u"99.2")) {
     state.SkipWithError("the file was not opened");
   }
 }
@@ -85,14 +84,16 @@ BENCHMARK(OpenTableInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(ben
 void EditCellInWindow(benchmark::State& state) {
   TableWindow shown;
   shown.host.dialogs.QueueFile(TableFile(shown.host, 1));
-  shown.host.Act([&] { shown.Page().cmd_csvFileOpen.Click(); });
+  shown.host.Act([&] { shown.Page().linearizer.cmd_csvFileOpen.Click(); });
   TableWindow::Show();
   int edits = 0;
   while (state.KeepRunning()) {
     const int row = 1 + edits++ % 10;
-    shown.host.Act([&] { shown.Page().LnrFlexGrid.UserClicks(row, 2); });
-    shown.host.Act([&] { shown.Page().txtLnrNewValue.UserTypes(Ascii(std::to_string(edits % 100))); });
-    shown.host.Act([&] { shown.Page().cmdLnrChangeOK.Click(); });
+    shown.host.Act([&] { shown.Page().linearizer.LnrFlexGrid.UserClicks(row, 2); });
+    shown.host.Act([&] {
+      shown.Page().linearizer.Editor().txtLnrNewValue.UserTypes(Ascii(std::to_string(edits % 100)));
+    });
+    shown.host.Act([&] { shown.Page().linearizer.Editor().cmdLnrChangeOK.Click(); });
     TableWindow::Show();
   }
   if (shown.Page().GroupItem.At(2, 1) == u"0.1") {
@@ -125,10 +126,10 @@ void MonitorCycle(benchmark::State& state) {
       } else if (reads == 2 + items) {
         const std::chrono::duration<double> took = host.loop.Now() - start;
         state.counters["over_plan"] = took.count() / plan;
-        PageOf(host).cmdMonitorOFF.Click();
+        PageOf(host).monitor.cmdMonitorOFF.Click();
       }
     };
-    host.Act([&] { PageOf(host).cmdMonitorON.Click(); });
+    host.Act([&] { PageOf(host).monitor.cmdMonitorON.Click(); });
     host.application.link.line.OnTraffic = nullptr;
   }
 }

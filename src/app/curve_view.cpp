@@ -89,7 +89,7 @@ Axis AxisOf(const std::vector<CurveView::Point>& points, double CurveView::Point
   return RoundAxis((*low).*value, (*high).*value, ticks);
 }
 
-QString Label(double value) { return ToQt(ShortestText(value)); }
+QString TickText(double value) { return ToQt(ShortestText(value)); }
 
 /// Where a picture's parts stand in its widget.
 struct Plot {
@@ -117,7 +117,7 @@ Plot PlotOf(const std::vector<CurveView::Point>& points, const QWidget& widget) 
   plot.y = AxisOf(points, &CurveView::Point::y, ticks(widget.height() - 4 * line, 2 * line));
   double left = 0;
   for (const double tick : plot.y.Ticks()) {
-    left = std::max(left, metrics.horizontalAdvance(Label(tick)));
+    left = std::max(left, metrics.horizontalAdvance(TickText(tick)));
   }
   plot.frame = QRectF(widget.rect()).adjusted(left + 2 * digit, 1.5 * line, -3 * digit, -2.75 * line);
   plot.x = AxisOf(points, &CurveView::Point::x, ticks(plot.frame.width(), 7 * digit));
@@ -140,18 +140,18 @@ void DrawAxes(QPainter& painter, const Plot& plot, const QPalette& palette) {
     painter.drawLine(QPointF(plot.frame.left(), height), QPointF(plot.frame.right(), height));
     painter.setPen(palette.color(QPalette::Text));
     painter.drawText(QRectF(0, height - line / 2, plot.frame.left() - gap, line),
-                     Qt::AlignRight | Qt::AlignVCenter, Label(tick));
+                     Qt::AlignRight | Qt::AlignVCenter, TickText(tick));
   }
   double free_from = 0;  // a label that would touch the one before is left out
   for (const double tick : plot.x.Ticks()) {
     const double across = plot.At(tick, plot.y.low).x();
     painter.setPen(pen_of(tick));
     painter.drawLine(QPointF(across, plot.frame.top()), QPointF(across, plot.frame.bottom()));
-    const double width = metrics.horizontalAdvance(Label(tick));
+    const double width = metrics.horizontalAdvance(TickText(tick));
     if (across - width / 2 >= free_from) {
       painter.setPen(palette.color(QPalette::Text));
       painter.drawText(QRectF(across - width, plot.frame.bottom() + line / 4, 2 * width, line),
-                       Qt::AlignHCenter | Qt::AlignTop, Label(tick));
+                       Qt::AlignHCenter | Qt::AlignTop, TickText(tick));
       free_from = across + width / 2 + gap;
     }
   }

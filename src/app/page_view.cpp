@@ -379,14 +379,16 @@ QWidget* PageView::MakeStatus() {
   auto* area = new QWidget(this);
   auto* layout = new QHBoxLayout(area);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(views_.Make(page_.TransferBar, area), 2);
-  if (page_.HasTable()) {
-    layout->addWidget(views_.Make(page_.LnrProgressBar, area), 1);
-  }
-  layout->addWidget(views_.Make(page_.lbl_Waitfor, area));
-  if (page_.HasTable()) {
-    layout->addWidget(views_.Make(page_.lbl_LnrUnsaved, area));
-  }
+  // A part of the page may have a bar and a notice of its own.
+  const auto add = [&](const char* name, int stretch) {
+    if (Control* control = page_.FindControl(name); control != nullptr) {
+      layout->addWidget(views_.Make(*control, area), stretch);
+    }
+  };
+  add("ProgressBar", 2);
+  add("LnrProgressBar", 1);
+  add("lbl_Waitfor", 0);
+  add("lbl_LnrUnsaved", 0);
   layout->addStretch(1);
   layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
   return area;

@@ -93,7 +93,12 @@ bool Press(const korva::Page& page, const QString& name) {
 }
 
 bool ClickCell(const korva::Page& page, const QString& text) {
-  const korva::Grid& grid = page.LnrFlexGrid;
+  const auto* const found = dynamic_cast<korva::Grid*>(page.FindControl("LnrFlexGrid"));
+  if (found == nullptr) {
+    Complain(text + QStringLiteral(": this model has no table"));
+    return false;
+  }
+  const korva::Grid& grid = *found;
   const auto cell = Pair(text, QLatin1Char(','));
   const bool there = cell && cell->first >= 0 && cell->first < grid.Rows() && cell->second >= 0 &&
                      cell->second < grid.Columns();
@@ -169,7 +174,7 @@ bool TakePictures(const QCommandLineParser& arguments, const Options& options, k
     }
     QTimer::singleShot(arguments.value(options.monitor).toInt(), [&] {
       done = save();
-      page.cmdMonitorOFF.Click();
+      Press(page, QStringLiteral("cmdMonitorOFF"));
     });
     done = Press(page, QStringLiteral("cmdMonitorON")) && done;
   });

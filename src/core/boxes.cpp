@@ -219,7 +219,7 @@ constexpr std::array<BoxRow, kBoxCount> kBoxes = {{
      .preset = Answer::Yes},
 }};
 
-constexpr bool RowsStandInKeyOrder() {
+constexpr bool BoxesStandInKeyOrder() {
   for (std::size_t row = 0; row < kBoxCount; ++row) {
     if (static_cast<std::size_t>(kBoxes[row].key) != row) {
       return false;
@@ -227,7 +227,7 @@ constexpr bool RowsStandInKeyOrder() {
   }
   return true;
 }
-static_assert(RowsStandInKeyOrder(), "a box is found by the number of its key");
+static_assert(BoxesStandInKeyOrder(), "a box is found by the number of its key");
 
 std::vector<Answer> AnswersOf(Buttons buttons) {
   switch (buttons) {

@@ -231,6 +231,12 @@ void TabControl::SetTabCaption(int tab, const String& caption) {
   Assign(tabs_.at(static_cast<std::size_t>(tab)).caption, caption);
 }
 
+void TabControl::SetCurrent(int tab) {
+  if (Assign(current_, tab) && OnEntered) {
+    OnEntered(tab);
+  }
+}
+
 void TabControl::SetTabEnabled(int tab, bool enabled) {
   Assign(tabs_.at(static_cast<std::size_t>(tab)).enabled, enabled);
 }

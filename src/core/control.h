@@ -324,7 +324,9 @@ class TabControl : public Control {
   void SetTabEnabled(int tab, bool enabled);
   /// The tab in front.
   [[nodiscard]] int Current() const { return current_; }
-  void SetCurrent(int tab) { Assign(current_, tab); }
+  void SetCurrent(int tab);
+  /// Raised with each tab that comes to the front.
+  std::function<void(int tab)> OnEntered;
 
  private:
   struct Tab {

@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "core/or_none.h"
 #include "platform/string.h"
 
 namespace korva {
@@ -17,12 +18,18 @@ struct Family {
   int baud;             ///< speed of its line in bits a second
   StringView settings;  ///< of the port: speed, no parity, 8 data bits, 1 stop bit
   Dialect dialect;      ///< of its parameter traffic
+  /// Place of its page in the order in which a closing page unloads the others; without one the page stays
+  /// until the program ends.
+  OrNone<int> unload_place;
 };
 
-/// All families, in the order in which a family word is compared with them.
-std::span<const Family> Families();
+/// The families that a program serves.
+struct Families {
+  std::span<const Family* const> all;  ///< in the order in which a family word is compared with them
+  const Family& root;                  ///< the one whose page shows first
 
-/// The family of this word; nullptr when there is none.
-const Family* FindFamily(StringView word);
+  /// The family of this word; nullptr when there is none.
+  [[nodiscard]] const Family* Find(StringView word) const;
+};
 
 }  // namespace korva

@@ -9,34 +9,20 @@
 
 namespace korva {
 
-namespace {
-
-constexpr Milliseconds kBlink{200};
-constexpr int kDefaultGridRows = 17;
-constexpr int kGridColumns = 3;
-
-}  // namespace
-
 Page::Page(Program& program, const PageKind& kind)
-    : Tabs(kind.tab_control, static_cast<int>(kind.design.tabs.size())),
-      Item03_MonitorTimer("Item03_MonitorTimer", program.Loop(), kBlink),
-      Item04_lblUnitTimer("Item04_lblUnitTimer", program.Loop(), kBlink),
-      Item06_lblUnitTimer("Item06_lblUnitTimer", program.Loop(), kBlink),
-      program_(program),
-      kind_(kind) {
+    : Tabs(kind.tab_control, static_cast<int>(kind.design.tabs.size())), program_(program), kind_(kind) {
   RegisterFrame();
-  if (kind.has_table) {
-    RegisterTable();
-  }
+  Tabs.OnEntered = [this](int tab) {
+    for (PagePart* part : parts_) {
+      part->TabEntered(tab);
+    }
+  };
   txtMemo.SetMultiline(true);
   txtFileTitle.SetLocked(true);
   txtFileTitle.SetLook(Look::Grey);
-  LnrFlexGrid.Resize(kDefaultGridRows, kGridColumns);
   OptCom.RaisesWhenOn = true;
-  for (Control* control : {static_cast<Control*>(&lbl_Waitfor), static_cast<Control*>(&flaMsg_CannotEnd),
-                           static_cast<Control*>(&fraLnrChange), static_cast<Control*>(&lbl_LnrUnsaved)}) {
-    control->SetVisible(false);
-  }
+  lbl_Waitfor.SetVisible(false);
+  flaMsg_CannotEnd.SetVisible(false);
   lblMsg_CannotEnd.PutInto(&flaMsg_CannotEnd);
 
   lst_TypeSelect.OnClick = [this] { OnModelSelected(); };
@@ -51,28 +37,12 @@ Page::Page(Program& program, const PageKind& kind)
 Page::~Page() = default;
 
 void Page::RegisterFrame() {
-  for (Control* control : std::initializer_list<Control*>{
-           &lst_TypeSelect, &lbl_TypeSelect, &cmdUpload,      &cmdDownload,      &cmdOpen,
-           &cmdSave,        &cmdNew,         &cmdCheck,       &cmdExit,          &txtAuthor,
-           &txtMemo,        &txtDirName,     &txtFileTitle,   &lblAuthor,        &lblMemo,
-           &lblDirName,     &lblFileTitle,   &Tabs,           &TransferBar,      &lbl_Waitfor,
-           &cmdMonitorON,   &cmdMonitorOFF,  &fraMonitoring,  &cmdSet,           &cmdStatusMonOFF,
-           &IO_lblSet,      &IO_lblShow,     &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd}) {
-    Register(*control);
-  }
+  RegisterAll<Control>(
+      {&lst_TypeSelect, &lbl_TypeSelect, &cmdUpload,      &cmdDownload,      &cmdOpen,         &cmdSave,
+       &cmdNew,         &cmdCheck,       &cmdExit,        &txtAuthor,        &txtMemo,         &txtDirName,
+       &txtFileTitle,   &lblAuthor,      &lblMemo,        &lblDirName,       &lblFileTitle,    &Tabs,
+       &TransferBar,    &lbl_Waitfor,    &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd});
   Register(OptCom);
-}
-
-void Page::RegisterTable() {
-  for (Control* control : std::initializer_list<Control*>{
-           &LnrProgressBar, &LnrFlexGrid, &fraLnrChange, &lblLnrRow, &lblLnrCol, &lblLnrNewValue, &txtLnrRow,
-           &txtLnrCol, &txtLnrNewValue, &cmdLnrChangeOK, &cmdLnrChangeCancel, &cmd_csvFileOpen,
-           &lbl_LnrUnsaved}) {
-    Register(*control);
-  }
-  if (kind_.saves_table) {
-    Register(cmd_csvFileSave);
-  }
 }
 
 void Page::Register(OptionGroup& options) {
@@ -91,8 +61,6 @@ void Page::OnLoad() {
   ReadModelCatalogue(program_.Lines(), system + platform.files.Separator() + u"MdlVTRMFx.jpn", Models);
   FillModelList();
   PreparePort();
-  txtLnrRow.SetText({});
-  txtLnrCol.SetText({});
   SetCaptions(Language::Japanese);
   PrepareFamilyTabs();
   DataChanged = false;
@@ -113,7 +81,7 @@ void Page::OnActivate() {
 }
 
 void Page::OnModelSelected() {
-  if (FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex())) == nullptr) {
+  if (program_.FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex())) == nullptr) {
     return;
   }
   if (ConfirmDiscard()) {
@@ -129,7 +97,7 @@ void Page::OnModelSelected() {
 }
 
 bool Page::SwitchFamily() {
-  const Family* family = FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex()));
+  const Family* family = program_.FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex()));
   if (family == nullptr) {
     return true;
   }
@@ -177,7 +145,7 @@ void Page::BeginOperation() {
   Shared().DownloadBusy = false;
   // A close request that a download held off is not to cut a later operation short.
   Shared().QuitRequested = false;
-  SetBars();
+  ResetBars();
 }
 
 void Page::BeginDownload() {
@@ -188,7 +156,7 @@ void Page::BeginDownload() {
 void Page::EndOperation() {
   Shared().CommBusy = false;
   Shared().DownloadBusy = false;
-  SetBars();
+  ResetBars();
 }
 
 void Page::EndDownload() {
@@ -206,19 +174,20 @@ void Page::CheckPendingQuit() {
   }
 }
 
-void Page::SetBars() {
+void Page::ResetBars() {
   TransferBar.SetValue(0);
-  LnrProgressBar.SetValue(0);
+  for (PagePart* part : parts_) {
+    part->ResetBars();
+  }
 }
 
 void Page::SetLocked(bool locked) {
-  std::vector<Control*> controls = {&cmdUpload,    &cmdDownload,   &cmdOpen,         &cmdSave,
-                                    &cmdNew,       &cmdCheck,      &cmdExit,         &cmdSet,
-                                    &cmdMonitorON, &cmdMonitorOFF, &cmdStatusMonOFF, &lst_TypeSelect};
-  const std::vector<Control*> further = FurtherLockedControls();
-  controls.insert(controls.end(), further.begin(), further.end());
-  for (Control* control : controls) {
+  for (Control* control : std::initializer_list<Control*>{&cmdUpload, &cmdDownload, &cmdOpen, &cmdSave,
+                                                          &cmdNew, &cmdCheck, &cmdExit, &lst_TypeSelect}) {
     control->SetEnabled(!locked);
+  }
+  for (PagePart* part : parts_) {
+    part->SetLocked(locked);
   }
 }
 
@@ -261,7 +230,7 @@ void Page::SetCaptions(Language language) {
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
     Tabs.SetTabCaption(tab, CaptionText(kind_.design.tabs[static_cast<std::size_t>(tab)].caption, language));
   }
-  const std::array<std::pair<CaptionedControl*, TextKey>, 29> captions = {{
+  const std::array<std::pair<CaptionedControl*, TextKey>, 13> captions = {{
       {&lbl_TypeSelect, TextKey::Model},
       {&lblAuthor, TextKey::Author},
       {&lblDirName, TextKey::Directory},
@@ -274,23 +243,7 @@ void Page::SetCaptions(Language language) {
       {&cmdCheck, TextKey::Check},
       {&cmdNew, TextKey::New},
       {&cmdExit, TextKey::Exit},
-      {&lblLnrRow, TextKey::Row},
-      {&lblLnrCol, TextKey::Column},
-      {&lblLnrNewValue, TextKey::NewValue},
-      {&cmd_csvFileOpen, TextKey::OpenCsv},
-      {&cmd_csvFileSave, TextKey::SaveCsv},
-      {&cmdLnrChangeOK, TextKey::Modify},
-      {&cmdLnrChangeCancel, TextKey::Cancel},
-      {&fraLnrChange, TextKey::ChangeOfValue},
-      {&lbl_LnrUnsaved, TextKey::TableUnsaved},
-      {&IO_lblSet, TextKey::Setting},
-      {&IO_lblShow, TextKey::Monitor},
-      {&fraMonitoring, TextKey::Monitoring},
       {&lbl_Waitfor, TextKey::Waiting},
-      {&cmdMonitorON, TextKey::On},
-      {&cmdMonitorOFF, TextKey::Off},
-      {&cmdSet, TextKey::OutputButton},
-      {&cmdStatusMonOFF, TextKey::Off},
   }};
   for (const auto& [control, key] : captions) {
     control->SetCaption(CaptionText(key, language));
@@ -300,6 +253,9 @@ void Page::SetCaptions(Language language) {
     OptCom[static_cast<int>(place)].SetCaption(CaptionText(kComCaptions.at(place), language));
   }
   lbl_FrmVersion.SetCaption(CaptionText(TextKey::Version, language));
+  for (PagePart* part : parts_) {
+    part->SetCaptions(language);
+  }
 }
 
 int Page::TabWith(TextKey caption) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "core/control_array.h"
 #include "core/design.h"
 #include "core/family.h"
+#include "core/page_part.h"
 #include "core/shared_state.h"
 #include "core/texts.h"
 
@@ -23,12 +25,10 @@ struct PageKind {
   const Family& family;
   std::string_view tab_control;  ///< "KvCfg_Tab"
   const Design& design;
-  bool has_table = true;     ///< the page has a linearizer
-  bool saves_table = false;  ///< and writes its table to files
 };
 
-/// The frame that every family page has: model list, buttons, header, tabs, progress bars, port choice, and
-/// the load, activate, close and exit logic around them.
+/// The frame that every family page has: model list, buttons, header, tabs, progress bar, port choice, and
+/// the load, activate, close and exit logic around them. What else a page has it adds as parts.
 ///
 /// A page is not loaded, loaded and hidden, or showing; one page shows at a time. An operation on the device
 /// is idle, busy (CommBusy) or busy and not to be cut off (CommBusy with DownloadBusy). While it is busy the
@@ -66,8 +66,29 @@ class Page {
   void CheckPendingQuit();  ///< EndDownload, then ends the program if the user wanted to close it meanwhile
   void LockFrame();
   void UnlockFrame();
+  void ResetBars();  ///< all progress bars to 0
 
-  /// Index of the tab with this caption, -1 when the page has none.
+  // What the page is put together from.
+  /// Adds a part behind those added before. It lives as long as the page.
+  void Add(PagePart& part) { parts_.push_back(&part); }
+  [[nodiscard]] const std::vector<PagePart*>& Parts() const { return parts_; }
+  /// Makes a control one of the page's: it can be found by its name and placed by the design.
+  void Register(Control& control) { controls_.push_back(&control); }
+  void Register(OptionGroup& options);
+  template <typename T>
+  void Register(ControlArray<T>& controls) {
+    for (int index = 0; index < controls.Count(); ++index) {
+      Register(controls[index]);
+    }
+  }
+  template <typename T>
+  void RegisterAll(std::initializer_list<T*> controls) {
+    for (T* control : controls) {
+      Register(*control);
+    }
+  }
+
+  /// Index of the tab with this caption; -1 when the page has none.
   [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
   [[nodiscard]] int TabOf(const Control& control) const;
@@ -81,7 +102,6 @@ class Page {
 
   [[nodiscard]] const Family& ItsFamily() const { return kind_.family; }
   [[nodiscard]] const Design& ItsDesign() const { return kind_.design; }
-  [[nodiscard]] bool HasTable() const { return kind_.has_table; }
   [[nodiscard]] Program& ItsProgram() const { return program_; }
   [[nodiscard]] SharedState& Shared() const;
   [[nodiscard]] const Boxes& Box() const;
@@ -99,7 +119,7 @@ class Page {
   virtual bool SaveRescueFile(const String& path) = 0;
 
   /// Sets every caption from the text table.
-  virtual void SetCaptions(Language language);
+  void SetCaptions(Language language);
 
   ModelTable Models;
   String DefFile;
@@ -131,31 +151,7 @@ class Page {
   OptionGroup OptCom{{"OptCom1", "OptCom2", "OptCom3", "OptCom4"}};
   TabControl Tabs;
   ProgressBar TransferBar{"ProgressBar"};
-  ProgressBar LnrProgressBar{"LnrProgressBar"};
   Label lbl_Waitfor{"lbl_Waitfor"};
-  Button cmdMonitorON{"cmdMonitorON"};
-  Button cmdMonitorOFF{"cmdMonitorOFF"};
-  Frame fraMonitoring{"fraMonitoring"};
-  Button cmdSet{"cmdSet"};
-  Button cmdStatusMonOFF{"cmdStatusMonOFF"};
-  Label IO_lblSet{"IO_lblSet"};
-  Label IO_lblShow{"IO_lblShow"};
-  Timer Item03_MonitorTimer;
-  Timer Item04_lblUnitTimer;
-  Timer Item06_lblUnitTimer;
-  Grid LnrFlexGrid{"LnrFlexGrid"};
-  Frame fraLnrChange{"fraLnrChange"};
-  Label lblLnrRow{"lblLnrRow"};
-  Label lblLnrCol{"lblLnrCol"};
-  Label lblLnrNewValue{"lblLnrNewValue"};
-  TextField txtLnrRow{"txtLnrRow"};
-  TextField txtLnrCol{"txtLnrCol"};
-  TextField txtLnrNewValue{"txtLnrNewValue"};
-  Button cmdLnrChangeOK{"cmdLnrChangeOK"};
-  Button cmdLnrChangeCancel{"cmdLnrChangeCancel"};
-  Button cmd_csvFileOpen{"cmd_csvFileOpen"};
-  Button cmd_csvFileSave{"cmd_csvFileSave"};
-  Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};  ///< a table was read from a file and is not saved with the set
   Label lbl_FrmVersion{"lbl_FrmVersion"};
   Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
   Label lblMsg_CannotEnd{"lblMsg_CannotEnd"};
@@ -172,17 +168,6 @@ class Page {
   /// Where LockFrame keeps each tab's state, and whether UnlockFrame may enable it again.
   virtual void KeepTabState(int tab, bool enabled) = 0;
   [[nodiscard]] virtual bool KeptTabEnabled(int tab) const = 0;
-  /// Controls beyond the frame's that are disabled during an operation.
-  virtual std::vector<Control*> FurtherLockedControls() { return {}; }
-
-  void Register(Control& control) { controls_.push_back(&control); }
-  void Register(OptionGroup& options);
-  template <typename T>
-  void Register(ControlArray<T>& controls) {
-    for (int index = 0; index < controls.Count(); ++index) {
-      Register(controls[index]);
-    }
-  }
   /// Places the registered controls by the design table. Called once, at the end of the last constructor.
   void ApplyDesign();
 
@@ -190,15 +175,14 @@ class Page {
   void SetLocked(bool locked);
   void PlaceGroup(const DesignGroup& group, int tab);
   void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
-  void SetBars();
   void FillModelList();
   void RegisterFrame();
-  void RegisterTable();
 
   Program& program_;
   PageKind kind_;
   bool loaded_ = false;
   int accepted_model_ = -1;  ///< list position of the model that the page shows
+  std::vector<PagePart*> parts_;
   std::vector<Control*> controls_;
   std::vector<OptionGroup*> option_groups_;
   std::map<const Control*, int> tabs_of_;

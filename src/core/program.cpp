@@ -1,7 +1,6 @@
 #include "core/program.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <utility>
 
@@ -9,19 +8,10 @@
 
 namespace korva {
 
-namespace {
-
-constexpr StringView kRootFamily = u"First";
-
-/// Families whose pages a closing page unloads, in this order.
-constexpr std::array<StringView, 8> kUnloaded = {u"QXI",       u"Second",   u"Lite", u"LiteSecond",
-                                                 u"LiteThird", u"LiteUniv", u"Nano", kRootFamily};
-
-}  // namespace
-
-Program::Program(const Platform& platform, String folder, PageFactory factory)
+Program::Program(const Platform& platform, String folder, const Families& families, PageFactory factory)
     : platform_(platform),
       folder_(std::move(folder)),
+      families_(families),
       factory_(std::move(factory)),
       boxes_(platform.dialogs),
       lines_(platform.files, platform.code_page, shared_) {
@@ -33,7 +23,7 @@ void Program::Start() {
     shared_.CommBusy = false;
     shared_.DownloadBusy = false;
     shared_.QuitRequested = false;
-    Show(*FindFamily(kRootFamily));
+    Show(families_.root);
   });
 }
 
@@ -71,16 +61,20 @@ bool Program::Show(const Family& family) {
 }
 
 void Program::UnloadOthers(const Page& closing) {
-  for (const StringView word : kUnloaded) {
-    const auto found = std::find_if(pages_.begin(), pages_.end(), [&](const auto& page) {
-      return page.get() != &closing && page->ItsFamily().word == word;
-    });
-    if (found != pages_.end()) {
-      if (page_unloaded_) {
-        page_unloaded_(**found);
-      }
-      pages_.erase(found);
+  std::vector<Page*> others;
+  for (const auto& page : pages_) {
+    if (page.get() != &closing && page->ItsFamily().unload_place.Has()) {
+      others.push_back(page.get());
     }
+  }
+  const auto place = [](const Page* page) { return page->ItsFamily().unload_place.Value(); };
+  std::sort(others.begin(), others.end(),
+            [&](const Page* one, const Page* other) { return place(one) < place(other); });
+  for (Page* page : others) {
+    if (page_unloaded_) {
+      page_unloaded_(*page);
+    }
+    std::erase_if(pages_, [page](const auto& one) { return one.get() == page; });
   }
 }
 

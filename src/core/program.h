@@ -23,8 +23,8 @@ class Program {
   /// Makes the page of a family.
   using PageFactory = std::function<std::unique_ptr<Page>(Program&, const Family&)>;
 
-  /// `folder` is the program's folder, in which system, data and ports lie.
-  Program(const Platform& platform, String folder, PageFactory factory);
+  /// `folder` is the program's folder, in which system, data and ports lie. The families outlive the program.
+  Program(const Platform& platform, String folder, const Families& families, PageFactory factory);
 
   /// Shows the root page, through the gate.
   void Start();
@@ -38,8 +38,7 @@ class Program {
   [[nodiscard]] Page* Showing() const { return showing_; }
   /// The loaded page of the family; nullptr when it has not been used yet.
   [[nodiscard]] Page* Loaded(const Family& family) const;
-  /// Unloads every other page that a closing page takes with it. Those of families Third, LiteForth and
-  /// LiteFifth stay until the program ends.
+  /// Unloads every other page that a closing page takes with it, in the order that the families tell.
   void UnloadOthers(const Page& closing);
   /// Ends the program at once: unwinds every handler on the stack.
   [[noreturn]] static void End() { throw ProgramEnd{}; }
@@ -52,6 +51,8 @@ class Program {
   /// failure.
   void OnEnded(std::function<void(int status)> action) { ended_ = std::move(action); }
 
+  /// The family of this word; nullptr when the program serves none.
+  [[nodiscard]] const Family* FindFamily(StringView word) const { return families_.Find(word); }
   [[nodiscard]] const Platform& Surroundings() const { return platform_; }
   [[nodiscard]] EventLoop& Loop() const { return platform_.loop; }
   [[nodiscard]] SharedState& Shared() { return shared_; }
@@ -68,6 +69,7 @@ class Program {
 
   Platform platform_;
   String folder_;
+  Families families_;
   PageFactory factory_;
   SharedState shared_;
   Boxes boxes_;

@@ -112,7 +112,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::Version, .japanese = u"KORVA Ver12.09"},
 }};
 
-constexpr bool RowsStandInKeyOrder() {
+constexpr bool TextsStandInKeyOrder() {
   for (std::size_t row = 0; row < kTextCount; ++row) {
     if (static_cast<std::size_t>(kTexts[row].key) != row) {
       return false;
@@ -120,7 +120,7 @@ constexpr bool RowsStandInKeyOrder() {
   }
   return true;
 }
-static_assert(RowsStandInKeyOrder(), "a caption is found by the number of its key");
+static_assert(TextsStandInKeyOrder(), "a caption is found by the number of its key");
 
 struct CaptionPair {
   String japanese;

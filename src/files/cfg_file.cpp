@@ -1,5 +1,6 @@
 #include "files/cfg_file.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <string>
 
@@ -123,7 +124,7 @@ class CfgReader {
 
 }  // namespace
 
-String CfgText(const String& def_file, const ParameterSet& set) {
+String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts) {
   String text = KeyLine(kDefFileKey) + Record({def_file}) + KeyLine(kDataKey);
   for (int group = 0; group < set.Groups(); ++group) {
     for (int item = 0; item < ParameterSet::kItems; ++item) {
@@ -131,6 +132,9 @@ String CfgText(const String& def_file, const ParameterSet& set) {
         text += Record({Number(group), Number(item), value});
       }
     }
+  }
+  for (const PagePart* part : parts) {
+    text += part->CfgSection();
   }
   return text + KeyLine(kMemoKey) + Record({u"0", set.Author}) + Record({u"1", set.Memo}) + KeyLine(kEndKey);
 }
@@ -157,7 +161,7 @@ std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& mode
 }
 
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
-                                    const String& path, ParameterSet& set) {
+                                    const String& path, ParameterSet& set, std::span<PagePart* const> parts) {
   set.Clear();
   lines.OpenTextFile(path, kCfgHandle);
   CfgReader reader(lines, boxes, path, set);
@@ -170,7 +174,8 @@ std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const
       reader.ReadData();
     } else if (line == kMemoKey) {
       reader.ReadMemo();
-    } else {
+    } else if (!std::any_of(parts.begin(), parts.end(),
+                            [&](PagePart* part) { return part->ReadCfgSection(line, lines, kCfgHandle); })) {
       if (line != kEndKey) {
         boxes.Show(BoxKey::CfgFormat);
       }

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "core/text_utilities.h"
-#include "files/definition_sections.h"
 #include "files/section_lines.h"
 #include "platform/event_gate.h"
 
@@ -13,15 +12,14 @@ namespace korva {
 namespace {
 
 constexpr int kDefHandle = 3;
-
-String Number(int number) { return Ascii(std::to_string(number)); }
+const String kEmptyCell;
 
 /// Reads the sections of one definition file, which is open. Each reader ends with the next key line pushed
 /// back, or at its table's last row.
 class SectionReader {
  public:
   SectionReader(LineReader& lines, Definition& definition)
-      : lines_(lines), definition_(definition), shapes_(SectionsOf(definition.ItsFamily())) {}
+      : lines_(lines), definition_(definition), shapes_(definition.Form().sections) {}
 
   /// The section with this key that stands in `block`; nullptr when the family has none.
   [[nodiscard]] const SectionShape* Find(StringView key, StringView block = {}) const {
@@ -111,14 +109,40 @@ int StringTable::FindRow(int column, StringView text, int first) const {
 
 std::size_t StringTable::Place(int row, int column) const {
   if (row < 0 || row >= rows_ || column < 0 || column >= columns_) {
-    throw RuntimeFailure(u"定義の表に無い場所です: " + Number(row) + u"行 " + Number(column) + u"列");
+    throw RuntimeFailure(u"定義の表に無い場所です: " + Ascii(std::to_string(row)) + u"行 " +
+                         Ascii(std::to_string(column)) + u"列");
   }
   return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
          static_cast<std::size_t>(column);
 }
 
-Definition::Definition(const Family& family) : family_(family) {
-  for (const SectionShape& shape : SectionsOf(family)) {
+const String& ChoiceList::Cell(int row, ListColumn column) const {
+  const String& code = table_->At(row, columns_.code);  // proves the row
+  if (column == &ListColumns::code) {
+    return code;
+  }
+  return Has(column) ? table_->At(row, columns_.*column) : kEmptyCell;
+}
+
+int ChoiceList::Find(ListColumn column, StringView text, int first) const {
+  return Has(column) ? table_->FindRow(columns_.*column, text, first) : -1;
+}
+
+ChoiceList ChoiceList::UnderTitle(int title) const {
+  if (title < 1 || title > columns_.titles) {
+    throw RuntimeFailure(u"定義の表に無いタイトルです: " + Ascii(std::to_string(title)));
+  }
+  ListColumns columns = columns_;
+  columns.text += title - 1;
+  for (const ListColumn limit :
+       {&ListColumns::low, &ListColumns::high, &ListColumns::preset_low, &ListColumns::preset_high}) {
+    columns.*limit += Has(limit) ? 2 * (title - 1) : 0;
+  }
+  return {*table_, columns};
+}
+
+Definition::Definition(const Family& family, const DefinitionForm& form) : family_(family), form_(form) {
+  for (const SectionShape& shape : form.sections) {
     if (shape.kind != SectionKind::Block) {
       tables_.emplace(shape.key, StringTable(shape.rows, shape.columns));
     }
@@ -137,13 +161,15 @@ const StringTable& Definition::operator[](StringView key) const {
   return const_cast<Definition&>(*this)[key];  // NOLINT(cppcoreguidelines-pro-type-const-cast)
 }
 
-int Definition::ColumnOf(DataColumn column) const {
-  return FamilySectionsOf(family_).layout[static_cast<std::size_t>(column)];
+const String& Definition::Cell(int row, DataColumn column) const {
+  return HasColumn(column) ? Data().At(row, ColumnOf(column)) : kEmptyCell;
 }
 
-const String& Definition::Cell(int row, DataColumn column) const {
-  static const String none;
-  return HasColumn(column) ? Data().At(row, ColumnOf(column)) : none;
+ChoiceList Definition::ListOf(StringView key) const {
+  const auto shape = std::find_if(
+      form_.sections.begin(), form_.sections.end(),
+      [key](const SectionShape& one) { return one.key == key && one.kind != SectionKind::Block; });
+  return {(*this)[key], shape == form_.sections.end() ? ListColumns() : shape->means};
 }
 
 void Definition::ClearDefTables() {
@@ -152,18 +178,18 @@ void Definition::ClearDefTables() {
   }
 }
 
-String DefFileName(const Family& family, const String& def_file) {
-  const StringView only_file = FamilySectionsOf(family).only_file;
-  return only_file.empty() ? def_file : String(only_file);
+String DefFileName(const DefinitionForm& form, const String& def_file) {
+  return form.only_file.Has() ? String(form.only_file.Value()) : def_file;
 }
 
-String DefFilePath(const String& app_path, const Family& family, const String& def_file, char16_t separator) {
+String DefFilePath(const String& app_path, const Family& family, const DefinitionForm& form,
+                   const String& def_file, char16_t separator) {
   String path = app_path;
   if (path.empty() || path.back() != separator) {
     path += separator;
   }
   path.append(u"system").append(1, separator).append(family.folder).append(1, separator);
-  return path + DefFileName(family, def_file);
+  return path + DefFileName(form, def_file);
 }
 
 void ReadDefFile(LineReader& lines, const Boxes& boxes, const String& path, Definition& definition) {

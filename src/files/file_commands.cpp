@@ -77,7 +77,7 @@ void ParameterPage::OpenCommand() {
     return;
   }
   const std::optional<CfgModel> model = ModelOfCfgFile(ItsProgram().Lines(), Models, Shared().CfgFilePath);
-  const Family* family = model ? FindFamily(FamilyOfRow(Models, model->row)) : nullptr;
+  const Family* family = model ? ItsProgram().FindFamily(FamilyOfRow(Models, model->row)) : nullptr;
   if (family != nullptr && model->row != 0 && family->word != ItsFamily().word) {
     lst_TypeSelect.SetListIndex(model->row);  // hands over to the page of that family
   }
@@ -89,7 +89,8 @@ void ParameterPage::OpenCommand() {
 void ParameterPage::OpenChosenFile() {
   ShowFileName();
   const String& path = Shared().CfgFilePath;
-  const std::optional<CfgModel> model = ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem);
+  const std::optional<CfgModel> model =
+      ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem, Parts());
   if (model) {
     DefFile = model->def_file;
     Shared().SelectedModelIndex = model->row;
@@ -104,8 +105,7 @@ void ParameterPage::OpenChosenFile() {
     SelectModelOfFile(model->row);
   }
   BuildPage();
-  SettleLnrTab(TabMoment::FileOpened);
-  SetTableUnsaved(false);
+  SettleTabs(TabMoment::FileOpened);
   DataChanged = false;
 }
 
@@ -128,7 +128,7 @@ bool ParameterPage::SaveCfgFile() {
     return false;
   }
   const Platform& platform = ItsProgram().Surroundings();
-  const String text = CfgText(DefFileName(ItsFamily(), DefFile), GroupItem);
+  const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
   String reason;
   if (!bytes) {
@@ -139,7 +139,9 @@ bool ParameterPage::SaveCfgFile() {
     return false;
   }
   ShowFileName();
-  SetTableUnsaved(false);
+  for (PagePart* part : Parts()) {
+    part->SetSaved();
+  }
   Box().Show(BoxKey::FileSaved);
   DataChanged = false;
   return true;
@@ -147,14 +149,16 @@ bool ParameterPage::SaveCfgFile() {
 
 bool ParameterPage::SaveRescueFile(const String& path) {
   const Platform& platform = ItsProgram().Surroundings();
-  const String text = CfgText(DefFileName(ItsFamily(), DefFile), GroupItem);
+  const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
   String reason;
   return platform.files.Replace(path, EncodeReplacing(platform.code_page, text), reason);
 }
 
 void ParameterPage::ClearParameterSet() {
   GroupItem.Clear();
-  SetTableUnsaved(false);
+  for (PagePart* part : Parts()) {
+    part->SetCleared();
+  }
 }
 
 void ParameterPage::NewCommand() {
@@ -164,11 +168,12 @@ void ParameterPage::NewCommand() {
   ClearParameterSet();
   txtFileTitle.SetText({});
   BuildPage();
-  ClearTable();
-  SettleLnrTab(TabMoment::ModelChosen);
+  for (PagePart* part : Parts()) {
+    part->PageCleared();
+  }
+  SettleTabs(TabMoment::ModelChosen);
   ApplyDefaults();
-  TransferBar.SetValue(0);
-  LnrProgressBar.SetValue(0);
+  ResetBars();
   DataChanged = false;
 }
 

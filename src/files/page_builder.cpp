@@ -11,11 +11,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kBodyTitles = 3;  ///< titles that have a column of texts in $I11Body
-constexpr int kMillivoltBox = 1;
-constexpr int kMillivoltColumn = 2;
-constexpr int kMillivoltRow = 4;
-constexpr StringView kNoFilter = u"0:NO FILTER";
 constexpr StringView kInputTypeKey = u"$I10";
 
 /// True while it lives, then what was before: a page may be built again from within a build.
@@ -42,6 +37,12 @@ void OpenBox(ComboBox& box) {
   box.Clear();
 }
 
+void AddEntries(ComboBox& box, const ChoiceList& list) {
+  for (int row = 0; row < list.Rows(); ++row) {
+    box.AddEntry(list.Text(row));
+  }
+}
+
 String ShownValue(const String& cell) { return cell == kNeedless ? String() : cell; }
 
 }  // namespace
@@ -62,6 +63,15 @@ void ParameterPage::ClearPage() {
   }
 }
 
+String ParameterPage::ShownText(int row) const {
+  for (const PagePart* part : Parts()) {
+    if (std::optional<String> text = part->ShownText(row)) {
+      return *text;
+    }
+  }
+  return SetCell(row);
+}
+
 void ParameterPage::BuildPage() {
   const Scope building(building_);
   txtAuthor.SetText(GroupItem.Author);
@@ -71,7 +81,9 @@ void ParameterPage::BuildPage() {
       BuildRow(row);
     }
   }
-  ShowModelControls();
+  for (PagePart* part : Parts()) {
+    part->PageBuilt();
+  }
 }
 
 void ParameterPage::BuildRow(int row) {
@@ -95,7 +107,9 @@ void ParameterPage::BuildRow(int row) {
     ShowOptions(row);
   }
   ShowUnit(row);
-  ShowFurther(row);
+  for (PagePart* part : Parts()) {
+    part->RowShown(row);
+  }
 }
 
 void ParameterPage::ShowField(int row) {
@@ -110,24 +124,6 @@ void ParameterPage::ShowField(int row) {
   if (Fixed(row)) {
     field.SetLocked(true);
     field.SetLook(Look::Grey);
-  } else if (Traits().filter_follows_type) {
-    ApplyFilterRule();
-  }
-}
-
-void ParameterPage::ApplyFilterRule() {
-  const bool unfiltered = Item(23) == kNoFilter;
-  for (int item = 24; item <= 30; ++item) {
-    const String name = Ascii(std::to_string(item));
-    TextField* field = FindField(name);
-    if (field == nullptr) {
-      continue;
-    }
-    if (unfiltered) {
-      CloseField(*field);
-    } else if (!Fixed(FindDataRow(u"01", name))) {
-      OpenField(*field);
-    }
   }
 }
 
@@ -142,73 +138,61 @@ void ParameterPage::ShowBox(int row) {
   if (rule == lists.end()) {
     return;
   }
-  const StringTable& table = Def[rule->table];
+  const ChoiceList list = Def.ListOf(rule->table);
   switch (rule->fill) {
     case ListFill::InputType:
-      FillInputTypes(box, row, table);
+      FillInputTypes(box, row, list);
       ShowInputTypeUnits(FindI10Row(box.Text()));
       break;
     case ListFill::Range:
-      FillRangeList(box, TitleIndex(InputTypeRow()));
-      ApplyMillivoltRule(box.Text());
+      FillRangeList(box);
       break;
     case ListFill::Whole:
-      for (int entry = 0; entry < table.Rows(); ++entry) {
-        box.AddEntry(table.At(entry, 1));
-      }
+      AddEntries(box, list);
       break;
   }
 }
 
-void ParameterPage::FillInputTypes(ComboBox& box, int row, const StringTable& types) {
+void ParameterPage::FillInputTypes(ComboBox& box, int row, const ChoiceList& types) const {
   const String& change_rule = DataCell(row, kChangeRule);
   if (change_rule == u"Y") {
-    if (Traits().lists_fixed_input_type) {
-      box.AddEntry(types.At(0, 1));
-      box.SetText(types.At(0, 1));
-    }
     CloseBox(box);
   } else if (change_rule == u"N") {
-    for (int entry = 0; entry < types.Rows(); ++entry) {
-      box.AddEntry(types.At(entry, 1));
-    }
+    AddEntries(box, types);
     CloseBox(box);
   } else if (change_rule == kInputTypeKey) {
     const int present = FindI10Row(SetCell(row));
-    if (present >= 0 && types.At(present, 5) == u"Y") {
+    if (present >= 0 && types.Cell(present, &ListColumns::fixed) == u"Y") {
       CloseBox(box);
       return;
     }
-    for (int entry = types.FindRow(5, u"N"); entry >= 0; entry = types.FindRow(5, u"N", entry + 1)) {
-      box.AddEntry(types.At(entry, 1));
+    const auto next_open = [&](int first) { return types.Find(&ListColumns::fixed, u"N", first); };
+    for (int entry = next_open(0); entry >= 0; entry = next_open(entry + 1)) {
+      box.AddEntry(types.Text(entry));
     }
   }
 }
 
-void ParameterPage::FillRangeList(ComboBox& box, int title) {
+void ParameterPage::FillRangeList(ComboBox& box) const {
   OpenBox(box);
-  if (title == 0) {
+  if (TitleIndex(InputTypeRow()) == 0) {
     CloseBox(box);
   }
-  if (title < 1 || title > kBodyTitles) {
-    return;
+  if (const std::optional<ChoiceList> ranges = RangesOfType()) {
+    AddEntries(box, *ranges);
+    box.SetText(ShownValue(Item(11)));
   }
-  const StringTable& body = Def[u"$I11Body"];
-  for (int row = 0; row < body.Rows(); ++row) {
-    box.AddEntry(body.At(row, title));
-  }
-  box.SetText(ShownValue(Item(11)));
 }
 
 void ParameterPage::ShowOptions(int row) {
-  const std::optional<OptionRule> rule = FindOptionRule(DataCell(row, kChoiceKey));
-  if (!rule) {
+  const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
+  if (rule == nullptr) {
     return;
   }
   OptionGroup& options = *rule->options;
-  const StringTable& table = Def[rule->table];
+  const ChoiceList list = Def.ListOf(rule->table);
   for (int place = 0; place < options.Count(); ++place) {
-    const String caption = place < table.Rows() ? table.At(place, 1) : String();
+    const String caption = place < list.Rows() ? list.Text(place) : String();
     options[place].SetVisible(!rule->captions_from_table || !caption.empty());
     options[place].SetEnabled(true);
     if (rule->captions_from_table) {
@@ -216,8 +200,8 @@ void ParameterPage::ShowOptions(int row) {
     }
   }
   const String& cell = SetCell(row);
-  const int place = cell.empty() ? -1 : table.FindRow(1, cell);
-  if (place < 0 || place >= options.Count() || table.At(place, 0).empty()) {
+  const int place = cell.empty() ? -1 : list.Find(rule->keeps, cell);
+  if (place < 0 || place >= options.Count() || list.Code(place).empty()) {
     options.Clear();
   } else {
     if (&options == &optTempUnit) {
@@ -245,8 +229,8 @@ void ParameterPage::FixOptions(int row, OptionGroup& options) const {
 
 void ParameterPage::ApplyDefaults() {
   for (int row = 0; row < Def.Data().Rows(); ++row) {
-    const std::optional<OptionRule> rule = FindOptionRule(DataCell(row, kChoiceKey));
-    if (DataCell(row, kDefaultOption).empty() || !rule || !SetCell(row).empty()) {
+    const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
+    if (DataCell(row, kDefaultOption).empty() || rule == nullptr || !SetCell(row).empty()) {
       continue;
     }
     OptionGroup& options = *rule->options;
@@ -286,9 +270,9 @@ void ParameterPage::ShowTemperatureUnits() {
 }
 
 void ParameterPage::ShowInputTypeUnits(int i10_row) {
-  const StringTable& types = Def[kInputTypeKey];
-  const bool none = i10_row < 0 || types.At(i10_row, 0).empty();
-  ShowUnitsOf(kInputTypeKey, none ? String() : types.At(i10_row, 8));
+  const ChoiceList types = Def.ListOf(kInputTypeKey);
+  const bool none = i10_row < 0 || types.Code(i10_row).empty();
+  ShowUnitsOf(kInputTypeKey, none ? String() : types.Cell(i10_row, &ListColumns::unit));
 }
 
 void ParameterPage::ShowUnitsOf(StringView unit_key, const String& unit) {
@@ -299,29 +283,12 @@ void ParameterPage::ShowUnitsOf(StringView unit_key, const String& unit) {
   }
 }
 
-void ParameterPage::ApplyMillivoltRule(const String& range) {
-  const StringTable& body = Def[u"$I11Body"];
-  if (!Combo.Has(kMillivoltBox)) {
-    return;
-  }
-  const std::vector<String>& entries = Combo[kMillivoltBox].Entries();
-  if (static_cast<int>(entries.size()) != body.Rows()) {
-    return;
-  }
-  for (int row = 0; row < body.Rows(); ++row) {
-    if (entries[static_cast<std::size_t>(row)] != body.At(row, kMillivoltColumn)) {
-      return;
-    }
-  }
-  ShowUnitsOf(kInputTypeKey, range == body.At(kMillivoltRow, kMillivoltColumn) ? u"mV" : u"V");
-}
-
 int ParameterPage::Place(int row, DataColumn column, int count) const {
   const String& text = DataCell(row, column);
   const int place = LeadingInteger(text);
   if (place < 0 || place >= count) {
     throw RuntimeFailure(DefFile + u" の $Data " + Ascii(std::to_string(row + 1)) + u"行目の" +
-                         Ascii(std::to_string(column + 1)) + u"番目の欄「" + text +
+                         Ascii(std::to_string(Def.ColumnOf(column) + 1)) + u"番目の欄「" + text +
                          u"」に当たる部品が画面にありません。");
   }
   return place;
@@ -344,16 +311,23 @@ const UnitList* ParameterPage::FindUnitList(const String& key) const {
 }
 
 String ParameterPage::UnitFrom(const UnitList& list) const {
-  const StringTable& table = Def[list.key];
-  const int row = table.FindRow(1, Item(list.item));
-  return row < 0 ? String() : table.At(row, 2);
+  const ChoiceList choices = Def.ListOf(list.key);
+  const int row = choices.FindText(Item(list.item));
+  return row < 0 ? String() : choices.Cell(row, &ListColumns::unit);
 }
 
-std::optional<OptionRule> ParameterPage::FindOptionRule(StringView key) {
-  const std::vector<OptionRule> rules = Options();
-  const auto rule =
-      std::find_if(rules.begin(), rules.end(), [&](const OptionRule& one) { return one.key == key; });
-  return rule == rules.end() ? std::nullopt : std::optional(*rule);
+const OptionRule* ParameterPage::FindOptionRule(StringView key) const {
+  const auto rule = std::find_if(option_rules_.begin(), option_rules_.end(), [&](const OptionRule& one) {
+    return one.key == key && one.models.IsAllOrHas(DefFile);
+  });
+  return rule == option_rules_.end() ? nullptr : &*rule;
+}
+
+const OptionRule* ParameterPage::RuleOf(const OptionGroup& options) const {
+  const auto rule = std::find_if(option_rules_.begin(), option_rules_.end(), [&](const OptionRule& one) {
+    return one.options == &options && FindOptionRule(one.key) == &one;
+  });
+  return rule == option_rules_.end() ? nullptr : &*rule;
 }
 
 }  // namespace korva

@@ -1,7 +1,6 @@
 #include "files/parameter_page.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "core/numbers.h"
@@ -12,37 +11,40 @@ namespace korva {
 
 namespace {
 
-constexpr int kGridColumns = 3;
-constexpr int kSmallTable = 16;
-constexpr std::array kUnitLists = {UnitList{.key = u"$I11QEI", .item = 11}};
-
 String TwoDigits(const String& number) { return number.size() == 1 ? u"0" + number : number; }
 
 }  // namespace
 
-ParameterPage::ParameterPage(Program& program, const PageKind& kind, DeviceLink& link,
-                             const FieldArrays& arrays, int groups)
-    : DevicePage(program, kind, link),
-      Def(kind.family),
-      GroupItem(groups),
-      lbl_Item("lbl_Item", arrays.lbl_item),
-      CaptionLabels("Label", arrays.label),
-      Text("Text", arrays.text),
-      Frames("Frame", arrays.frame),
-      Combo("Combo", arrays.combo),
-      lbl_unit("lbl_unit", arrays.lbl_unit) {
+ParameterPage::ParameterPage(Program& program, const PageKind& kind, const PageForms& forms, DeviceLink& link)
+    : DevicePage(program, kind, forms.device, link),
+      Def(kind.family, forms.definition),
+      GroupItem(forms.fields.groups),
+      lbl_Item("lbl_Item", forms.fields.arrays.lbl_item),
+      CaptionLabels("Label", forms.fields.arrays.label),
+      Text("Text", forms.fields.arrays.text),
+      Frames("Frame", forms.fields.arrays.frame),
+      Combo("Combo", forms.fields.arrays.combo),
+      lbl_unit("lbl_unit", forms.fields.arrays.lbl_unit),
+      fields_form_(forms.fields) {
   RegisterFields(lbl_Item);
   RegisterFields(CaptionLabels);
   RegisterFields(Text);
   RegisterFields(Frames);
   RegisterFields(Combo);
   RegisterFields(lbl_unit);
-  Register(optTempUnit);
+  RegisterField(optTempUnit);
   ListenToFields();
 }
 
-void ParameterPage::Register(OptionGroup& options) {
-  DevicePage::Register(options);
+void ParameterPage::AddOptions(const OptionRule& rule) {
+  option_rules_.push_back(rule);
+  if (std::find(options_.begin(), options_.end(), rule.options) == options_.end()) {
+    RegisterField(*rule.options);
+  }
+}
+
+void ParameterPage::RegisterField(OptionGroup& options) {
+  Register(options);
   options_.push_back(&options);
   options.OnClick = [this, &options](int place) { OptionClicked(options, place); };
 }
@@ -75,7 +77,7 @@ void ParameterPage::MarkEdited() {
 }
 
 void ParameterPage::TextChanged(int index) {
-  const int row = Def.Data().FindRow(kTextIndex, Ascii(std::to_string(index)));
+  const int row = Def.FindRow(kTextIndex, Ascii(std::to_string(index)));
   if (Building() || row < 0) {
     return;
   }
@@ -98,12 +100,8 @@ void ParameterPage::ComboClicked(int index) {
     ShowInputTypeUnits(InputTypeRow());
   } else if (const UnitList* list = FindUnitList(DataCell(row, kChoiceKey))) {
     ShowUnitsOf(list->key, UnitFrom(*list));
-  } else if (item == u"11") {
-    ApplyMillivoltRule(text);
-  } else if (item == u"23" && Traits().filter_follows_type) {
-    ApplyFilterRule();
   }
-  ApplyModelRules(item);
+  Tell({.item = item, .key = DataCell(row, kChoiceKey)});
   DataChanged = true;
 }
 
@@ -112,52 +110,66 @@ void ParameterPage::OptionClicked(OptionGroup& options, int place) {
     UploadBusy = false;
     return;
   }
-  const std::vector<OptionRule> rules = Options();
-  const auto rule = std::find_if(rules.begin(), rules.end(),
-                                 [&](const OptionRule& one) { return one.options == &options; });
-  if (Building() || rule == rules.end()) {
+  const OptionRule* rule = RuleOf(options);
+  if (Building() || rule == nullptr) {
     return;
   }
-  const StringTable& table = Def[rule->table];
-  if (place >= table.Rows()) {
+  const ChoiceList list = Def.ListOf(rule->table);
+  if (place >= list.Rows()) {
     return;
   }
-  GroupItem.Set(u"01", String(rule->item), table.At(place, 1));
+  GroupItem.Set(u"01", String(rule->item), list.Cell(place, rule->keeps));
+  Tell({.item = String(rule->item), .key = String(rule->key), .options = &options, .place = place});
   if (&options == &optTempUnit) {
-    ChangeTemperatureUnit(place);
     ShowTemperatureUnits();
-  } else {
-    AfterOption(*rule, place);
   }
 }
 
-std::span<const UnitList> ParameterPage::UnitLists() const { return kUnitLists; }
+void ParameterPage::Tell(const Choice& choice) {
+  for (PagePart* part : Parts()) {
+    part->ChoiceMade(choice);
+  }
+}
 
-String ParameterPage::CellOf(int /*row*/, const String& text) const { return Trimmed(text); }
+String ParameterPage::CellOf(int row, const String& text) const {
+  for (const PagePart* part : Parts()) {
+    if (std::optional<String> cell = part->CellOf(row, text)) {
+      return *cell;
+    }
+  }
+  return Trimmed(text);
+}
 
-int ParameterPage::FindTextIndex(const String& group, const String& item) const {
-  const int row = FindDataRow(TwoDigits(group), TwoDigits(item));
+int ParameterPage::FindTextIndex(const ItemKey& item) const {
+  const int row = FindDataRow({TwoDigits(item.Group()), TwoDigits(item.Key())});
   if (row < 0 || DataCell(row, kTextIndex).empty()) {
     return -1;
   }
   return Place(row, kTextIndex, Text.Count());
 }
 
-TextField* ParameterPage::FindField(const String& item) {
-  const int index = FindTextIndex(u"01", item);
+TextField* ParameterPage::FindField(const ItemKey& item) {
+  const int index = FindTextIndex(item);
   return index < 0 ? nullptr : &Text[index];
 }
 
+Label* ParameterPage::UnitLabelOf(int row) {
+  if (row < 0 || DataCell(row, kUnitLabel).empty()) {
+    return nullptr;
+  }
+  const int index = LeadingInteger(DataCell(row, kUnitLabel));
+  return lbl_unit.Has(index) ? &lbl_unit[index] : nullptr;
+}
+
 int ParameterPage::FindComboRow(int box) const {
-  const int row = Def.Data().FindRow(kComboIndex, Ascii(std::to_string(box)));
+  const int row = Def.FindRow(kComboIndex, Ascii(std::to_string(box)));
   return row < 0 ? Def.Data().Rows() : row;
 }
 
-int ParameterPage::FindDataRow(const String& group, const String& item) const {
-  const StringTable& data = Def.Data();
-  int row = data.FindRow(kItem, item);
-  while (row >= 0 && data.At(row, kGroup) != group) {
-    row = data.FindRow(kItem, item, row + 1);
+int ParameterPage::FindDataRow(const ItemKey& item) const {
+  int row = Def.FindRow(kItem, item.Key());
+  while (row >= 0 && DataCell(row, kGroup) != item.Group()) {
+    row = Def.FindRow(kItem, item.Key(), row + 1);
   }
   return row;
 }
@@ -165,13 +177,13 @@ int ParameterPage::FindDataRow(const String& group, const String& item) const {
 bool ParameterPage::IsWritten(int row) const { return IsNumeric(DataCell(row, kWritePosition)); }
 
 int ParameterPage::FindI10Row(const String& text) const {
-  return text.empty() || !Def.Has(u"$I10") ? -1 : Def[u"$I10"].FindRow(1, text);
+  return text.empty() || !Def.Has(u"$I10") ? -1 : Def.ListOf(u"$I10").FindText(text);
 }
 
 int ParameterPage::InputTypeRow() const { return FindI10Row(Item(10)); }
 
 int ParameterPage::TitleIndex(int i10_row) const {
-  const String title = i10_row < 0 ? String() : Def[u"$I10"].At(i10_row, 7);
+  const String title = i10_row < 0 ? String() : Def.ListOf(u"$I10").Cell(i10_row, &ListColumns::title);
   if (title.empty()) {
     return 0;
   }
@@ -183,8 +195,17 @@ int ParameterPage::TitleIndex(int i10_row) const {
   return index < titles.Columns() ? index : -1;
 }
 
-void ParameterPage::SetFieldColor(const String& group, const String& item, Look look) {
-  if (const int index = FindTextIndex(group, item); index >= 0) {
+std::optional<ChoiceList> ParameterPage::RangesOfType() const {
+  const int title = TitleIndex(InputTypeRow());
+  if (title < 1) {
+    return std::nullopt;
+  }
+  const ChoiceList ranges = Def.ListOf(u"$I11Body");
+  return title > ranges.Titles() ? std::nullopt : std::optional(ranges.UnderTitle(title));
+}
+
+void ParameterPage::SetFieldColor(const ItemKey& item, Look look) {
+  if (const int index = FindTextIndex(item); index >= 0) {
     Text[index].SetLook(look);
   }
 }
@@ -201,56 +222,38 @@ void ParameterPage::OpenField(TextField& field) {
 }
 
 void ParameterPage::ReadModel() {
-  LnrFlexGrid.Resize(Traits().table_points + 1, kGridColumns);
   ClearPage();
-  ClearTable();
+  for (PagePart* part : Parts()) {
+    part->PageCleared();
+  }
   const Platform& platform = ItsProgram().Surroundings();
   ReadDefFile(ItsProgram().Lines(), Box(),
-              DefFilePath(AppPath, ItsFamily(), DefFile, platform.files.Separator()), Def);
+              DefFilePath(AppPath, ItsFamily(), Def.Form(), DefFile, platform.files.Separator()), Def);
   LoadItemTitles();
-  AdaptDefinition();
+  for (PagePart* part : Parts()) {
+    part->DefinitionRead();
+  }
   BuildPage();
-  SettleLnrTab(TabMoment::ModelChosen);
+  SettleTabs(TabMoment::ModelChosen);
   SettleFlaggedTabs();
   ApplyDefaults();
   DataChanged = false;
 }
 
 void ParameterPage::LoadItemTitles() {
+  auto& names = Shared().KnownItemNames;
+  names.fill({});
   if (!Def.HasColumn(kItemTitle)) {
     return;
   }
-  auto& names = Shared().KnownItemNames;
-  names.fill({});
   for (int row = 0; row < Def.Data().Rows() && row < static_cast<int>(names.size()); ++row) {
     names[static_cast<std::size_t>(row)] = DataCell(row, kItemTitle);
   }
 }
 
-void ParameterPage::SettleLnrTab(TabMoment moment) {
-  if (LnrTab() < 0) {
-    return;
-  }
-  const ModelTraits& traits = Traits();
-  const bool flag = Def[u"$SSTab"].At(0, LnrTab()) == u"True";
-  switch (moment) {
-    case TabMoment::ModelChosen:
-      SettleTab(flag ? traits.table_on_choice : TableSwitch::None, flag ? traits.table_points : kSmallTable);
-      break;
-    case TabMoment::FileOpened:
-      SettleTab(flag ? traits.table_on_opening.value_or(traits.table_on_choice) : traits.table_without_flag,
-                traits.table_points);
-      break;
-    case TabMoment::Uploaded:
-      SettleTab(traits.table_after_upload, traits.table_points);
-      break;
-  }
-}
-
-void ParameterPage::SettleTab(TableSwitch table_switch, int points) {
-  SetUpTable(points);
-  if (table_switch != TableSwitch::AsItStands) {
-    Tabs.SetTabEnabled(LnrTab(), SwitchedOn(table_switch));
+void ParameterPage::SettleTabs(TabMoment moment) {
+  for (PagePart* part : Parts()) {
+    part->SettleTabs(moment);
   }
 }
 
@@ -266,43 +269,6 @@ void ParameterPage::SettleFlaggedTabs() {
     }
     ++tab;
   }
-}
-
-bool ParameterPage::SwitchedOn(TableSwitch table_switch) const {
-  switch (table_switch) {
-    case TableSwitch::Always:
-      return true;
-    case TableSwitch::InputType:
-      return InputTypeUsesTable();
-    case TableSwitch::TableOption:
-    case TableSwitch::LnrOption: {
-      const OptionGroup* options = SwitchOptions(table_switch);
-      return options == nullptr || options->Selected() != 0;
-    }
-    case TableSwitch::None:
-    case TableSwitch::AsItStands:
-      break;
-  }
-  return false;
-}
-
-bool ParameterPage::LnrActive() const {
-  for (const TableSwitch table_switch : {TableSwitch::TableOption, TableSwitch::LnrOption}) {
-    const OptionGroup* options = SwitchOptions(table_switch);
-    if (options != nullptr && options->Selected() == 1) {
-      return true;
-    }
-  }
-  const TableSwitch own = Traits().table_on_choice;
-  return (own == TableSwitch::Always || own == TableSwitch::InputType) && SwitchedOn(own);
-}
-
-bool ParameterPage::LnrSwitchedOff() const {
-  const auto off = [this](TableSwitch table_switch) {
-    const OptionGroup* options = SwitchOptions(table_switch);
-    return options != nullptr && options->Selected() == 0;
-  };
-  return !LnrActive() && (off(TableSwitch::TableOption) || off(TableSwitch::LnrOption));
 }
 
 void ParameterPage::KeepTabState(int tab, bool enabled) {

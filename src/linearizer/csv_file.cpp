@@ -1,7 +1,6 @@
 #include "linearizer/csv_file.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "core/numbers.h"
@@ -15,24 +14,6 @@ constexpr StringView kSizeWord = u"Siz";
 constexpr StringView kTwoDecimals = u"0.00";
 constexpr StringView kLineEnd = u"\r\n";
 constexpr char16_t kNoCharacter = u'\uFFFD';
-
-constexpr CsvReader kByLines = {};
-constexpr CsvReader kSkippingSize = {.size_records = SizeRecords::SkipOne};
-constexpr CsvReader kTakingSize = {
-    .size_records = SizeRecords::TakeAll, .ends_at_blank = true, .two_decimals = true};
-constexpr CsvReader kToBlank = {.ends_at_blank = true};
-constexpr CsvReader kNumbersToBlank = {.passes_over_text = true, .ends_at_blank = true};
-
-constexpr std::array kFamilies = {
-    CsvFamily{.family = u"First", .reader = kByLines},
-    CsvFamily{.family = u"Third", .reader = kByLines, .saves = true},
-    CsvFamily{.family = u"QXI", .reader = kByLines},
-    CsvFamily{.family = u"LiteThird", .reader = kByLines},
-    CsvFamily{.family = u"Lite", .reader = kSkippingSize, .saves = true},
-    CsvFamily{.family = u"LiteSecond", .reader = kTakingSize, .saves = true, .writes_size = true},
-    CsvFamily{.family = u"LiteForth", .reader = kToBlank, .cancels_edit = true, .saves = true},
-    CsvFamily{.family = u"LiteFifth", .reader = kNumbersToBlank, .cancels_edit = true, .saves = true},
-};
 
 bool IsSize(const CsvPoint& record) { return record.x.starts_with(kSizeWord); }
 
@@ -96,14 +77,6 @@ void PassSizeRecords(Records& records, SizeRecords rule, CsvTable& table) {
 }
 
 }  // namespace
-
-const CsvFamily* FindCsvFamily(const Family& family) {
-  const auto* const found = std::find_if(kFamilies.begin(), kFamilies.end(),
-                                         [&](const CsvFamily& one) { return one.family == family.word; });
-  return found == kFamilies.end() ? nullptr : found;
-}
-
-std::span<const CsvFamily> CsvFamilies() { return kFamilies; }
 
 std::optional<CsvTable> ReadCsv(LineReader& lines, int handle, const CsvReader& reader, int limit) {
   Records records(lines, handle);

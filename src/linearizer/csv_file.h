@@ -1,11 +1,9 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <vector>
 
 #include "core/control.h"
-#include "core/family.h"
 #include "core/line_reader.h"
 
 namespace korva {
@@ -25,20 +23,13 @@ struct CsvReader {
   bool two_decimals = false;      ///< numbers are shown with two decimals, those of the first point apart
 };
 
-/// A family's exchange of tables with files. Families without a row have none; those whose files hold
-/// temperature tables as well have none here.
+/// A family's exchange of tables with files that hold nothing else.
 struct CsvFamily {
-  StringView family;
   CsvReader reader;
   bool cancels_edit = false;  ///< opening a file drops an open cell edit first
   bool saves = false;         ///< the page can save
   bool writes_size = false;   ///< a file begins with the number of points
 };
-
-/// The family's row; nullptr when it has none.
-const CsvFamily* FindCsvFamily(const Family& family);
-/// All rows.
-std::span<const CsvFamily> CsvFamilies();
 
 /// The texts of one point.
 struct CsvPoint {

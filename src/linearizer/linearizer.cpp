@@ -1,5 +1,7 @@
 #include "linearizer/linearizer.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 
 #include "core/program.h"
@@ -10,6 +12,7 @@ namespace korva {
 namespace {
 
 constexpr int kCsvHandle = 4;
+constexpr int kTypeItem = 10;  ///< the input type
 
 String NotText(const String& path) { return path + u"\nテキストファイルではありません。"; }
 
@@ -30,36 +33,146 @@ String LackedCharacter(const CodePage& code_page, const Grid& grid) {
 
 }  // namespace
 
-Linearizer::Linearizer(ParameterPage& page)
+Linearizer::Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv)
     : page_(page),
-      family_(*FindLnrFamily(page.ItsFamily())),
-      csv_(*FindCsvFamily(page.ItsFamily())),
-      table_(page.GroupItem, page.LnrFlexGrid, family_.quantities.front().heads),
+      family_(family),
+      csv_(csv),
+      table_(page.GroupItem, LnrFlexGrid, family_.quantities.front().heads),
       editor_(page, table_),
-      transfer_(page, table_) {
-  page_.LnrFlexGrid.OnCellClick = [this](int row, int column) {
+      transfer_(page, table_, LnrProgressBar) {
+  page_.Add(*this);
+  page_.RegisterAll<Control>({&LnrProgressBar, &LnrFlexGrid, &lbl_LnrUnsaved});
+  if (csv_.Has()) {
+    page_.Register(cmd_csvFileOpen);
+  }
+  if (csv_.Has() && csv_.Value().saves) {
+    page_.Register(cmd_csvFileSave);
+  }
+  LnrFlexGrid.Resize(kLnrShortPoints + 1, kLnrColumns);
+  lbl_LnrUnsaved.SetVisible(false);
+  ListenToControls();
+}
+
+void Linearizer::ListenToControls() {
+  LnrFlexGrid.OnCellClick = [this](int row, int column) {
     if (!Refused()) {
       editor_.Select(row, column);
     }
   };
-  page_.cmdLnrChangeOK.OnClick = [this] {
+  editor_.cmdLnrChangeOK.OnClick = [this] {
     if (!Refused()) {
       editor_.Ok();
     }
   };
-  page_.cmdLnrChangeCancel.OnClick = [this] { editor_.Cancel(); };
-  page_.txtLnrNewValue.OnKey = [this](Key key) {
+  editor_.cmdLnrChangeCancel.OnClick = [this] { editor_.Cancel(); };
+  editor_.txtLnrNewValue.OnKey = [this](Key key) {
     if (key == Key::Enter) {
-      page_.cmdLnrChangeOK.Click();
+      editor_.cmdLnrChangeOK.Click();
     }
     return key == Key::Enter;
   };
-  page_.cmd_csvFileOpen.OnClick = [this] { OpenCsv(); };
-  page_.cmd_csvFileSave.OnClick = [this] { SaveCsv(); };
+  cmd_csvFileOpen.OnClick = [this] { OpenCsv(); };
+  cmd_csvFileSave.OnClick = [this] { SaveCsv(); };
 }
 
+void Linearizer::SetCaptions(Language language) {
+  editor_.SetCaptions(language);
+  cmd_csvFileOpen.SetCaption(CaptionText(TextKey::OpenCsv, language));
+  cmd_csvFileSave.SetCaption(CaptionText(TextKey::SaveCsv, language));
+  lbl_LnrUnsaved.SetCaption(CaptionText(TextKey::TableUnsaved, language));
+  for (OptionGroup* options : {&Opt_Table, &Opt_Lnr}) {
+    (*options)[0].SetCaption(CaptionText(TextKey::OptionNo, language));
+    (*options)[1].SetCaption(CaptionText(TextKey::OptionYes, language));
+  }
+}
+
+void Linearizer::SetLocked(bool locked) {
+  for (Control* control : std::initializer_list<Control*>{&LnrFlexGrid, &editor_.fraLnrChange,
+                                                          &cmd_csvFileOpen, &cmd_csvFileSave}) {
+    control->SetEnabled(!locked);
+  }
+}
+
+void Linearizer::PageCleared() {
+  LnrFlexGrid.Resize(PointsOf(Model().points) + 1, kLnrColumns);
+  editor_.Reset();
+  table_.ClearGrid();
+}
+
+void Linearizer::ChoiceMade(const Choice& choice) {
+  if (choice.options == &Opt_Table || choice.options == &Opt_Lnr) {
+    page_.Tabs.SetTabEnabled(Tab(), choice.place != 0);
+  }
+}
+
+void Linearizer::SettleTabs(TabMoment moment) {
+  const LnrModel& model = Model();
+  const bool flag = page_.Def[u"$SSTab"].At(0, Tab()) == u"True";
+  switch (moment) {
+    case TabMoment::ModelChosen:
+      SettleTab(flag ? model.on_choice : TableSwitch::None, flag ? model.points : kLnrShortPoints);
+      break;
+    case TabMoment::FileOpened:
+      SettleTab(flag ? model.on_opening.value_or(model.on_choice) : model.without_flag, model.points);
+      SetTableUnsaved(false);
+      break;
+    case TabMoment::Uploaded:
+      SettleTab(model.after_upload, model.points);
+      break;
+  }
+}
+
+void Linearizer::SettleTab(TableSwitch table_switch, int points) {
+  SetUp(points);
+  if (table_switch != TableSwitch::AsItStands) {
+    page_.Tabs.SetTabEnabled(Tab(), SwitchedOn(table_switch));
+  }
+}
+
+const OptionGroup* Linearizer::OptionsOf(TableSwitch table_switch) const {
+  switch (table_switch) {
+    case TableSwitch::TableOption:
+      return &Opt_Table;
+    case TableSwitch::LnrOption:
+      return &Opt_Lnr;
+    default:
+      return nullptr;
+  }
+}
+
+bool Linearizer::SwitchedOn(TableSwitch table_switch) const {
+  switch (table_switch) {
+    case TableSwitch::Always:
+      return true;
+    case TableSwitch::InputType:
+      return std::find(family_.table_types.begin(), family_.table_types.end(), page_.Item(kTypeItem)) !=
+             family_.table_types.end();
+    case TableSwitch::TableOption:
+    case TableSwitch::LnrOption:
+      return OptionsOf(table_switch)->Selected() != 0;
+    case TableSwitch::None:
+    case TableSwitch::AsItStands:
+      break;
+  }
+  return false;
+}
+
+bool Linearizer::LnrActive() const {
+  if (Opt_Table.Selected() == 1 || Opt_Lnr.Selected() == 1) {
+    return true;
+  }
+  const TableSwitch own = Model().on_choice;
+  return (own == TableSwitch::Always || own == TableSwitch::InputType) && SwitchedOn(own);
+}
+
+bool Linearizer::LnrSwitchedOff() const {
+  return !LnrActive() && (Opt_Table.Selected() == 0 || Opt_Lnr.Selected() == 0);
+}
+
+bool Linearizer::InUse() const { return page_.KeptTabEnabled(Tab()) && LnrActive(); }
+
 bool Linearizer::Refused() const {
-  if (page_.LnrSwitchedOff()) {
+  if (LnrSwitchedOff()) {
     page_.Box().Show(BoxKey::LinearizerSwitchedOff);
     return true;
   }
@@ -71,21 +184,45 @@ void Linearizer::SetUp(int points) {
   table_.SetUp(PointsOf(points));
 }
 
-void Linearizer::Clear() {
-  editor_.Reset();
-  table_.ClearGrid();
-}
-
 bool Linearizer::CheckLnrTable() {
   const LnrQuantity& quantity = family_.quantities.front();
   const bool good = family_.rule == LnrRule::Range
                         ? CheckLnrRange(table_)
-                        : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, page_.LnrProgressBar);
+                        : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, LnrProgressBar);
   editor_.TakeMarks();
   return good;
 }
 
-bool Linearizer::Upload(int points, const ParameterSet& before) {
+Finding Linearizer::Check() {
+  if (!InUse()) {
+    return Finding::Good;
+  }
+  if (table_.IsBlank()) {
+    return Finding::Blank;  // it would make the device's curve a flat zero
+  }
+  return CheckLnrTable() ? Finding::Good : Finding::Bad;
+}
+
+void Linearizer::Upload() {
+  const LnrModel& model = Model();
+  const bool read = OpenTabForUpload(model.after_upload);
+  const bool kept = read && !UploadPoints(model.points);
+  SetTableUnsaved(kept && TableUnsaved());
+  if (model.after_upload != TableSwitch::None) {
+    SetUp(model.points);
+  }
+  before_.reset();
+}
+
+bool Linearizer::OpenTabForUpload(TableSwitch table_switch) {
+  if (OptionsOf(table_switch) == nullptr) {
+    return table_switch == TableSwitch::AsItStands || SwitchedOn(table_switch);
+  }
+  page_.Tabs.SetTabEnabled(Tab(), SwitchedOn(table_switch));
+  return SwitchedOn(table_switch);
+}
+
+bool Linearizer::UploadPoints(int points) {
   SetUp(points);
   if (transfer_.Upload()) {
     return true;
@@ -93,10 +230,18 @@ bool Linearizer::Upload(int points, const ParameterSet& before) {
   for (int row = 1; row <= table_.Points(); ++row) {
     for (int column = 1; column < kLnrColumns; ++column) {
       const PointPlace place = PointItem(table_.Points(), row, column).value();
-      table_.Store(row, column, before.At(place.group, place.item));
+      table_.Store(row, column, before_->At(place.group, place.item));
     }
   }
   return false;
+}
+
+bool Linearizer::Download() {
+  const bool good = !InUse() || transfer_.DownloadLnr();
+  if (!good) {
+    LnrProgressBar.SetValue(0);
+  }
+  return good;
 }
 
 std::optional<String> Linearizer::ChooseCsvFile(bool save) const {
@@ -106,14 +251,14 @@ std::optional<String> Linearizer::ChooseCsvFile(bool save) const {
   return path && path->empty() ? std::nullopt : path;
 }
 
-std::optional<CsvTable> Linearizer::ReadFile(const String& path) const {
+std::optional<CsvTable> Linearizer::ReadFile(const String& path, const CsvReader& reader) const {
   LineReader& lines = page_.ItsProgram().Lines();
   String reason;
   if (!lines.TryOpenTextFile(path, kCsvHandle, reason)) {
     page_.Box().Show(BoxKey::CsvOpenFailed, {path + u"\n" + reason});
     return std::nullopt;
   }
-  std::optional<CsvTable> read = ReadCsv(lines, kCsvHandle, csv_.reader, table_.Points());
+  std::optional<CsvTable> read = ReadCsv(lines, kCsvHandle, reader, table_.Points());
   lines.CloseTextFile(kCsvHandle);
   if (!read) {
     page_.Box().Show(BoxKey::CsvOpenFailed, {NotText(path)});
@@ -122,10 +267,11 @@ std::optional<CsvTable> Linearizer::ReadFile(const String& path) const {
 }
 
 void Linearizer::OpenCsv() {
-  if (Refused()) {
+  if (!csv_.Has() || Refused()) {
     return;
   }
-  if (csv_.cancels_edit) {
+  const CsvFamily& csv = csv_.Value();
+  if (csv.cancels_edit) {
     editor_.Cancel();
   }
   const std::optional<String> path = ChooseCsvFile(false);
@@ -136,7 +282,7 @@ void Linearizer::OpenCsv() {
     page_.Box().Show(BoxKey::CsvFileNotFound);
     return;
   }
-  const std::optional<CsvTable> read = ReadFile(*path);
+  const std::optional<CsvTable> read = ReadFile(*path, csv.reader);
   if (!read) {
     return;
   }
@@ -149,11 +295,11 @@ void Linearizer::OpenCsv() {
   }
   table_.ShowLnrTable();
   editor_.GoToTop();
-  page_.SetTableUnsaved(true);
+  SetTableUnsaved(true);
 }
 
 bool Linearizer::SaveCsv() {
-  if (Refused()) {
+  if (!csv_.Has() || Refused()) {
     return false;
   }
   const std::optional<String> path = ChooseCsvFile(true);
@@ -161,7 +307,7 @@ bool Linearizer::SaveCsv() {
     return false;
   }
   const Platform& platform = page_.ItsProgram().Surroundings();
-  const String text = CsvText(table_.Shown(), table_.Points(), csv_.writes_size);
+  const String text = CsvText(table_.Shown(), table_.Points(), csv_.Value().writes_size);
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
   String reason;
   if (bytes && platform.files.Replace(*path, *bytes, reason)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/or_none.h"
 #include "linearizer/csv_file.h"
 #include "linearizer/lnr_editor.h"
 #include "linearizer/lnr_family.h"
@@ -7,31 +8,40 @@
 
 namespace korva {
 
-/// The linearizer of a page: its table, cell editor, files and transfer, behind the controls of its tab.
+/// The linearizer of a page: its table, cell editor, files and transfer, behind the controls of its tab. The
+/// table rides with upload and download; an option switches it on, Opt_Table or Opt_Lnr, whichever the
+/// model's definition has.
 ///
 /// While the model's switch stands at none the tab is disabled. What reaches the table all the same, such as
 /// a click that was under way, is refused with a box.
-class Linearizer {
+class Linearizer final : public PagePart {
  public:
-  /// Takes the page's grid and the buttons of the cell editor and of the table's files. The page outlives
-  /// this; its family has a linearizer.
-  explicit Linearizer(ParameterPage& page);
-  Linearizer(const Linearizer&) = delete;
-  Linearizer& operator=(const Linearizer&) = delete;
-  ~Linearizer() = default;
+  /// Adds itself and its controls to the page; without `csv` the table has no files. All outlive this.
+  Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv);
 
+  void SetCaptions(Language language) override;
+  /// The table, its editor and its files: an upload enables their tab before it reads the table.
+  void SetLocked(bool locked) override;
+  void ResetBars() override { LnrProgressBar.SetValue(0); }
+  void PageCleared() override;
+  void ChoiceMade(const Choice& choice) override;
+  /// Enables or disables the tab, and sets the table up, as the model and its set say.
+  void SettleTabs(TabMoment moment) override;
+  void SetCleared() override { SetTableUnsaved(false); }
+  void SetSaved() override { SetTableUnsaved(false); }
+  void UploadBegins() override { before_ = page_.GroupItem; }
+  /// Reads the device's table into the set, where the model has one in use, and shows it. Where the user
+  /// doesn't want the 100 points the table is that from before the upload.
+  void Upload() override;
+  [[nodiscard]] Finding Check() override;
+  bool Download() override;
+
+  /// True when the model's linearizer is in use.
+  [[nodiscard]] bool LnrActive() const;
+  /// True when the switch of the model's linearizer stands at none.
+  [[nodiscard]] bool LnrSwitchedOff() const;
   /// Takes the shape of `points`, which a family with one shape only overrules, and shows the set's points.
   void SetUp(int points);
-  /// Empties the grid and its editor; the set stays.
-  void Clear();
-  /// Marks the bad cells; true when the table may go to the device.
-  bool CheckLnrTable();
-  [[nodiscard]] bool IsBlank() const { return table_.IsBlank(); }
-
-  /// Reads the device's table into the set, for a page that will show it. False when the user doesn't want
-  /// the 100 points: the table is then that of `before`.
-  bool Upload(int points, const ParameterSet& before);
-  bool DownloadLnr() { return transfer_.DownloadLnr(); }
 
   /// cmd_csvFileOpen: puts the points of a file into the table. A file that can't be read, or isn't text,
   /// leaves the table as it is, after a box that tells why.
@@ -40,24 +50,50 @@ class Linearizer {
   /// system's reason and leaves a former file of that name as it was.
   bool SaveCsv();
 
+  /// Tells in the status area that the table was read from a file and would be lost unless the set is saved.
+  /// Such a table is no edit: nothing asks about it.
+  void SetTableUnsaved(bool unsaved) { lbl_LnrUnsaved.SetVisible(unsaved); }
+  [[nodiscard]] bool TableUnsaved() const { return lbl_LnrUnsaved.Visible(); }
+
   String CsvFilePath;  ///< of the table file written last
   String CsvFileName;  ///< its bare name
+
+  ProgressBar LnrProgressBar{"LnrProgressBar"};
+  Grid LnrFlexGrid{"LnrFlexGrid"};
+  Button cmd_csvFileOpen{"cmd_csvFileOpen"};
+  Button cmd_csvFileSave{"cmd_csvFileSave"};  ///< of families that save tables
+  Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};
+  OptionGroup Opt_Table{"Opt_Table", 2};
+  OptionGroup Opt_Lnr{"Opt_Lnr", 2};
 
   LnrTable& Table() { return table_; }
   LnrEditor& Editor() { return editor_; }
 
  private:
+  void ListenToControls();
+  [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }
+  [[nodiscard]] const LnrModel& Model() const { return ModelRow(family_.models, page_.DefFile); }
+  [[nodiscard]] bool InUse() const;
+  [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
+  /// The options behind a switch; nullptr for a switch of another kind.
+  [[nodiscard]] const OptionGroup* OptionsOf(TableSwitch table_switch) const;
+  void SettleTab(TableSwitch table_switch, int points);
+  bool UploadPoints(int points);
+  /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.
+  bool OpenTabForUpload(TableSwitch table_switch);
+  bool CheckLnrTable();
   [[nodiscard]] bool Refused() const;
   [[nodiscard]] int PointsOf(int points) const { return family_.points != 0 ? family_.points : points; }
   std::optional<String> ChooseCsvFile(bool save) const;
-  std::optional<CsvTable> ReadFile(const String& path) const;
+  [[nodiscard]] std::optional<CsvTable> ReadFile(const String& path, const CsvReader& reader) const;
 
   ParameterPage& page_;
   const LnrFamily& family_;
-  const CsvFamily& csv_;
+  const OrNone<CsvFamily>& csv_;
   LnrTable table_;
   LnrEditor editor_;
   LnrTransfer transfer_;
+  std::optional<ParameterSet> before_;  ///< the set as it was when the upload began
 };
 
 }  // namespace korva

@@ -7,14 +7,26 @@
 namespace korva {
 
 LnrEditor::LnrEditor(Page& page, LnrTable& table) : page_(page), table_(table) {
-  for (TextField* field : {&page_.txtLnrRow, &page_.txtLnrCol}) {
+  page_.RegisterAll<Control>({&fraLnrChange, &lblLnrRow, &lblLnrCol, &lblLnrNewValue, &txtLnrRow, &txtLnrCol,
+                              &txtLnrNewValue, &cmdLnrChangeOK, &cmdLnrChangeCancel});
+  fraLnrChange.SetVisible(false);
+  for (TextField* field : {&txtLnrRow, &txtLnrCol}) {
     field->SetLocked(true);
     field->SetLook(Look::Grey);
   }
 }
 
+void LnrEditor::SetCaptions(Language language) {
+  fraLnrChange.SetCaption(CaptionText(TextKey::ChangeOfValue, language));
+  lblLnrRow.SetCaption(CaptionText(TextKey::Row, language));
+  lblLnrCol.SetCaption(CaptionText(TextKey::Column, language));
+  lblLnrNewValue.SetCaption(CaptionText(TextKey::NewValue, language));
+  cmdLnrChangeOK.SetCaption(CaptionText(TextKey::Modify, language));
+  cmdLnrChangeCancel.SetCaption(CaptionText(TextKey::Cancel, language));
+}
+
 void LnrEditor::Select(int row, int column) {
-  if (IsOpen() && page_.txtLnrNewValue.Text() != table_.Shown().At(LnrPrevRow, LnrPrevCol).text &&
+  if (IsOpen() && txtLnrNewValue.Text() != table_.Shown().At(LnrPrevRow, LnrPrevCol).text &&
       page_.Box().Ask(BoxKey::ChangeFormerCell)) {
     Ok();
   }
@@ -24,30 +36,30 @@ void LnrEditor::Select(int row, int column) {
   LnrPrevRow = row;
   LnrPrevCol = column;
   LnrRestoreDone = false;
-  page_.fraLnrChange.SetVisible(true);
-  page_.txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
-  page_.txtLnrRow.SetText(Ascii(std::to_string(row)));
-  page_.txtLnrCol.SetText(Ascii(std::to_string(column)));
-  page_.txtLnrNewValue.SetFocus();
+  fraLnrChange.SetVisible(true);
+  txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
+  txtLnrRow.SetText(Ascii(std::to_string(row)));
+  txtLnrCol.SetText(Ascii(std::to_string(column)));
+  txtLnrNewValue.SetFocus();
 }
 
 void LnrEditor::Ok() {
-  table_.Store(LnrPrevRow, LnrPrevCol, page_.txtLnrNewValue.Text());
+  table_.Store(LnrPrevRow, LnrPrevCol, txtLnrNewValue.Text());
   LnrPrevMarked = false;
   Close();
   page_.DataChanged = true;
 }
 
 void LnrEditor::Cancel() {
-  page_.txtLnrNewValue.SetText({});
+  txtLnrNewValue.SetText({});
   Close();
 }
 
 void LnrEditor::Close() {
-  page_.fraLnrChange.SetVisible(false);
+  fraLnrChange.SetVisible(false);
   RestoreColours();
-  page_.txtLnrRow.SetText({});
-  page_.txtLnrCol.SetText({});
+  txtLnrRow.SetText({});
+  txtLnrCol.SetText({});
 }
 
 void LnrEditor::RestoreColours() {
@@ -72,10 +84,10 @@ void LnrEditor::GoToTop() {
   LnrRestoreDone = !IsOpen();
   if (IsOpen()) {
     table_.SetLook(1, 1, Look::Selected);
-    page_.txtLnrNewValue.SetText(table_.Value(1, 1));
+    txtLnrNewValue.SetText(table_.Value(1, 1));
   }
-  page_.txtLnrRow.SetText(u"1");
-  page_.txtLnrCol.SetText(u"1");
+  txtLnrRow.SetText(u"1");
+  txtLnrCol.SetText(u"1");
   table_.ScrollToTop();
 }
 

@@ -14,7 +14,7 @@ namespace korva {
 /// locks nothing.
 class LnrEditor {
  public:
-  /// Both outlive the editor.
+  /// Adds its controls to the page. Both outlive the editor.
   LnrEditor(Page& page, LnrTable& table);
   LnrEditor(const LnrEditor&) = delete;
   LnrEditor& operator=(const LnrEditor&) = delete;
@@ -33,7 +33,18 @@ class LnrEditor {
   void GoToTop();
   /// The check coloured the cells anew: the open cell keeps its own colours and the mark for later.
   void TakeMarks();
-  [[nodiscard]] bool IsOpen() const { return page_.fraLnrChange.Visible(); }
+  [[nodiscard]] bool IsOpen() const { return fraLnrChange.Visible(); }
+  void SetCaptions(Language language);
+
+  Frame fraLnrChange{"fraLnrChange"};
+  Label lblLnrRow{"lblLnrRow"};
+  Label lblLnrCol{"lblLnrCol"};
+  Label lblLnrNewValue{"lblLnrNewValue"};
+  TextField txtLnrRow{"txtLnrRow"};
+  TextField txtLnrCol{"txtLnrCol"};
+  TextField txtLnrNewValue{"txtLnrNewValue"};
+  Button cmdLnrChangeOK{"cmdLnrChangeOK"};
+  Button cmdLnrChangeCancel{"cmdLnrChangeCancel"};
 
   int LnrPrevRow = 0;  ///< the cell selected last; 0 when none
   int LnrPrevCol = 0;

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <array>
 #include <span>
 
-#include "core/family.h"
 #include "linearizer/lnr_check.h"
+#include "linearizer/lnr_model.h"
 #include "linearizer/lnr_table.h"
 
 namespace korva {
@@ -22,18 +23,23 @@ enum class LnrRule {
   Curve,  ///< CheckLnrCurve
 };
 
-/// What sets a family's linearizer apart. Family Second has none, and no row.
+/// What sets a family's linearizer apart.
 struct LnrFamily {
-  StringView family;
   int points = 0;  ///< of every table of the family; 0: as the model's traits say
   LnrRule rule = LnrRule::Curve;
   std::span<const LnrQuantity> quantities;  ///< the first is the one of a new page
+  std::span<const LnrModel> models = {};    ///< those that differ from the defaults
+  /// The input types whose table is in use, as the devices spell them.
+  std::span<const StringView> table_types = {};
 };
 
-/// The family's row; nullptr for a family without a linearizer.
-const LnrFamily* FindLnrFamily(const Family& family);
+/// Points without a unit.
+inline constexpr std::array kPlainQuantity = {LnrQuantity{.heads = {u"k", u"X(k)", u"Y(k)"}}};
+/// Points in percent.
+inline constexpr std::array kPercentQuantity = {
+    LnrQuantity{.heads = {u"  k", u"  X(k)        %", u"  Y(k)        %"}}};
 
-/// All ten rows.
-std::span<const LnrFamily> LnrFamilies();
+// The linearizers of several families.
+inline constexpr LnrFamily kPercentTable = {.points = kLnrLongPoints, .quantities = kPercentQuantity};
 
 }  // namespace korva

@@ -13,7 +13,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kRepeats = 3;
 constexpr std::size_t kHead = 6;  ///< "X(05):", before each value
 constexpr double kDeviceRounding = 0.01;
 constexpr StringView kLongGroup = u"02";
@@ -31,6 +30,9 @@ struct LnrTransfer::Block {
   int first = 0;
   int last = 0;
 
+  [[nodiscard]] WireItem Wire(int item) const {
+    return {.group = FormatMask(group, u"00"), .item = FormatMask(item, u"00")};
+  }
   /// Share of the block that is done when `item` is.
   [[nodiscard]] float Share(int item) const {
     return static_cast<float>(item - first + 1) / static_cast<float>(last - first + 1);
@@ -70,17 +72,16 @@ bool LnrTransfer::Upload() {
 }
 
 void LnrTransfer::UploadBlock(const Block& block) {
-  const String group = FormatMask(block.group, u"00");
   for (int item = block.first; item <= block.last; ++item) {
-    const String reply = page_.Items().ReadRetry(kRepeats, group, FormatMask(item, u"00"));
+    const String reply = page_.Items().ReadRetry(kItemRepeats, block.Wire(item));
     page_.GroupItem.Set(block.group, item, ValueOf(reply));
-    page_.LnrProgressBar.SetValue(block.Share(item) * 100);
+    bar_.SetValue(block.Share(item) * 100);
   }
 }
 
 bool LnrTransfer::DownloadLnr() {
   if (IsLong()) {
-    page_.LnrProgressBar.SetValue(5);
+    bar_.SetValue(5);
     if (!page_.Box().Ask(BoxKey::DownloadLinearizer)) {
       return true;
     }
@@ -103,30 +104,29 @@ bool LnrTransfer::DownloadBlock(const Block& block) {
       page_.Box().Show(IsLong() ? BoxKey::LinearizerDataMismatch : BoxKey::Linearizer16DataMismatch);
       return false;
     }
-    page_.LnrProgressBar.SetValue(block.Share(item) * 90 + 10);
+    bar_.SetValue(block.Share(item) * 90 + 10);
   }
   return true;
 }
 
 bool LnrTransfer::WriteItem(const Block& block, int item) {
-  const String group = FormatMask(block.group, u"00");
-  const String number = FormatMask(item, u"00");
+  const WireItem wire = block.Wire(item);
   // What was checked is what is sent: not the unit that a user typed behind a number.
   const String cell = ValueFromLnrCell(page_.GroupItem.At(block.group, item));
   const String data = cell.empty() ? String(u"0") : cell;
-  String reply = WriteLnrItem(group, number, data);
+  String reply = WriteLnrItem(wire, data);
   if (reply.empty()) {
-    reply = page_.Items().ReadRetry(kRepeats, group, number);
+    reply = page_.Items().ReadRetry(kItemRepeats, wire);
   }
   return LnrReplyMatches(data, reply);
 }
 
-String LnrTransfer::WriteLnrItem(const String& group, const String& item, const String& data) {
+String LnrTransfer::WriteLnrItem(const WireItem& item, const String& data) {
   // A device that can't be read in the long table's first group has no such table and is sent nothing.
-  if (page_.Items().ReadRetry(kRepeats, group, item).empty() && group == kLongGroup) {
+  if (page_.Items().ReadRetry(kItemRepeats, item).empty() && item.group == kLongGroup) {
     return {};
   }
-  return page_.Items().WriteRetry(kRepeats, group, item, data);
+  return page_.Items().WriteRetry(kItemRepeats, item, data);
 }
 
 }  // namespace korva

@@ -10,8 +10,9 @@ namespace korva {
 /// once for each half of the table.
 class LnrTransfer {
  public:
-  /// Both outlive this.
-  LnrTransfer(ParameterPage& page, LnrTable& table) : page_(page), table_(table) {}
+  /// `bar` is LnrProgressBar. All outlive this.
+  LnrTransfer(ParameterPage& page, LnrTable& table, ProgressBar& bar)
+      : page_(page), table_(table), bar_(bar) {}
 
   /// Reads the whole table into the set. A value that the device doesn't give is empty. False when the user
   /// doesn't want the 100 points: nothing was read then.
@@ -28,11 +29,12 @@ class LnrTransfer {
   void UploadBlock(const Block& block);
   bool DownloadBlock(const Block& block);
   bool WriteItem(const Block& block, int item);
-  String WriteLnrItem(const String& group, const String& item, const String& data);
+  String WriteLnrItem(const WireItem& item, const String& data);
   [[nodiscard]] bool IsLong() const { return table_.Points() == kLnrLongPoints; }
 
   ParameterPage& page_;
   LnrTable& table_;
+  ProgressBar& bar_;
 };
 
 /// True when the device's reply to a write of `sent` tells the same value, give or take 0.01, to which

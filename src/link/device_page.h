@@ -15,15 +15,24 @@ struct DeviceLink {
   EnterItemDialect enter_item;
 };
 
+/// Where a device has its system text: in the value of the item, or in the title with which it answers the
+/// selection.
+enum class SystemText { Value, Title };
+
 /// How a family's devices take the link test and the mode commands.
-struct DeviceTraits;
+struct DeviceTraits {
+  SystemText system_text;
+  StringView mode_item = u"01";  ///< in group "01"
+  int mode_repeats = 3;
+};
 
 /// A page with a device behind it: the port at the family's speed, the link test and the device's modes.
 ///
 /// The program does not track the device's mode: it sends the command that the next step needs.
 class DevicePage : public Page {
  public:
-  DevicePage(Program& program, const PageKind& kind, DeviceLink& link);
+  /// All outlive the page.
+  DevicePage(Program& program, const PageKind& kind, const DeviceTraits& traits, DeviceLink& link);
 
   /// Reads the device's system text. False, with CommFailed set and the box of a failed link shown, when
   /// there is no answer. Puts the progress bar to 5.

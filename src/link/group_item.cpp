@@ -36,11 +36,11 @@ String FirstText(int count, Try attempt) {
 
 }  // namespace
 
-String CokDialect::ReadItem(const String& group, const String& item) {
-  if (link_.SendCommandTrimmed(Command(u'G', group)) != u"COK") {
+String CokDialect::ReadItem(const WireItem& item) {
+  if (link_.SendCommandTrimmed(Command(u'G', item.group)) != u"COK") {
     return {};
   }
-  const String reply = link_.SendCommandTrimmed(Command(u'I', item));
+  const String reply = link_.SendCommandTrimmed(Command(u'I', item.item));
   if (reply.empty()) {
     return {};
   }
@@ -50,13 +50,13 @@ String CokDialect::ReadItem(const String& group, const String& item) {
   return reply == kNotUsable ? String(u"NEEDLESS") : WithoutFirst(reply);
 }
 
-String CokDialect::WriteItem(const String& group, const String& item, const String& data) {
-  String reply = link_.SendCommandTrimmed(Command(u'G', group));
+String CokDialect::WriteItem(const WireItem& item, const String& data) {
+  String reply = link_.SendCommandTrimmed(Command(u'G', item.group));
   if (reply != u"COK") {
     shared_.LastItemReply = reply;
     return {};
   }
-  reply = link_.SendCommandTrimmed(Command(u'I', item));
+  reply = link_.SendCommandTrimmed(Command(u'I', item.item));
   if (!StopsWrite(reply)) {
     reply = link_.SendCommandTrimmed(Command(u'D', data));
   }
@@ -67,23 +67,23 @@ String CokDialect::WriteItem(const String& group, const String& item, const Stri
   return WithoutFirst(reply);
 }
 
-String CokDialect::ReadItemRetry(int count, const String& group, const String& item) {
-  return FirstText(count, [&] { return Trimmed(ReadItem(group, item)); });
+String CokDialect::ReadItemRetry(int count, const WireItem& item) {
+  return FirstText(count, [&] { return Trimmed(ReadItem(item)); });
 }
 
-String CokDialect::WriteItemRetry(int count, const String& group, const String& item, const String& data) {
+String CokDialect::WriteItemRetry(int count, const WireItem& item, const String& data) {
   return FirstText(count, [&] {
-    const String echo = WriteItem(group, item, data);
+    const String echo = WriteItem(item, data);
     return echo == kEmptyTag ? echo : Trimmed(echo);
   });
 }
 
-bool EnterItemDialect::SelectItem(const String& group, const String& item) {
-  const String reply = link_.SendCommandStripped(Command(u'G', group));
+bool EnterItemDialect::SelectItem(const WireItem& item) {
+  const String reply = link_.SendCommandStripped(Command(u'G', item.group));
   if (reply != u"Enter item" && reply != u"enter item") {
     return false;
   }
-  String title = link_.SendCommandStripped(Command(u'I', item));
+  String title = link_.SendCommandStripped(Command(u'I', item.item));
   if (StringView(title).substr(0, title.empty() ? 0 : title.size() - 1).ends_with(u"Type")) {
     title.pop_back();
   }
@@ -97,42 +97,40 @@ bool EnterItemDialect::IsKnownItemName(const String& name) const {
   return !name.empty() && (among(kFixedItemNames) || among(shared_.KnownItemNames));
 }
 
-String EnterItemDialect::ReadParam(const String& group, const String& item) {
-  return SelectItem(group, item) ? link_.SendCommandStripped(u"D\r") : String();
+String EnterItemDialect::ReadParam(const WireItem& item) {
+  return SelectItem(item) ? link_.SendCommandStripped(u"D\r") : String();
 }
 
-String EnterItemDialect::WriteParam(const String& group, const String& item, const String& data) {
-  return SelectItem(group, item) ? link_.SendCommandStripped(Command(u'D', data)) : String();
+String EnterItemDialect::WriteParam(const WireItem& item, const String& data) {
+  return SelectItem(item) ? link_.SendCommandStripped(Command(u'D', data)) : String();
 }
 
-String EnterItemDialect::WriteParamPair(const String& group, const String& item, const String& tail,
-                                        const String& head) {
-  return WriteParam(group, item, head + tail);
+String EnterItemDialect::WriteParamPair(const WireItem& item, const String& tail, const String& head) {
+  return WriteParam(item, head + tail);
 }
 
-String EnterItemDialect::ReadParamRetry(int count, const String& group, const String& item) {
-  return FirstText(count, [&] { return ReadParam(group, item); });
+String EnterItemDialect::ReadParamRetry(int count, const WireItem& item) {
+  return FirstText(count, [&] { return ReadParam(item); });
 }
 
-String EnterItemDialect::WriteParamRetry(int count, const String& group, const String& item,
-                                         const String& data) {
-  return FirstText(count, [&] { return WriteParam(group, item, data); });
+String EnterItemDialect::WriteParamRetry(int count, const WireItem& item, const String& data) {
+  return FirstText(count, [&] { return WriteParam(item, data); });
 }
 
-String EnterItemDialect::WriteParamPairRetry(int count, const String& group, const String& item,
-                                             const String& tail, const String& head) {
-  return FirstText(count, [&] { return WriteParamPair(group, item, tail, head); });
+String EnterItemDialect::WriteParamPairRetry(int count, const WireItem& item, const String& tail,
+                                             const String& head) {
+  return FirstText(count, [&] { return WriteParamPair(item, tail, head); });
 }
 
-String EnterItemDialect::ReadItemName(const String& group, const String& item) {
-  if (link_.SendCommandStripped(Command(u'G', group)) != u"enter item") {
+String EnterItemDialect::ReadItemName(const WireItem& item) {
+  if (link_.SendCommandStripped(Command(u'G', item.group)) != u"enter item") {
     return {};
   }
-  return link_.SendCommandStripped(Command(u'I', item));
+  return link_.SendCommandStripped(Command(u'I', item.item));
 }
 
-String EnterItemDialect::ReadItemNameRetry(int count, const String& group, const String& item) {
-  return FirstText(count, [&] { return Trimmed(ReadItemName(group, item)); });
+String EnterItemDialect::ReadItemNameRetry(int count, const WireItem& item) {
+  return FirstText(count, [&] { return Trimmed(ReadItemName(item)); });
 }
 
 }  // namespace korva

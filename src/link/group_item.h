@@ -5,9 +5,18 @@
 
 namespace korva {
 
-/// Access to the items of a device, whatever dialect it speaks. Group and item are the texts of the
-/// definition file ("01", "99"), sent as they stand. `count` is the number of repeats: count + 1 tries at
-/// most, each a whole exchange from the group on, without a pause, until one gives a text.
+/// An item as it is selected on the wire, both texts sent as they stand: "01", "99". An item of the page may
+/// be another text (ItemKey).
+struct WireItem {
+  String group;
+  String item;
+};
+
+/// Repeats of an item's exchange, unless something else is said.
+inline constexpr int kItemRepeats = 3;
+
+/// Access to the items of a device, whatever dialect it speaks. `count` is the number of repeats: count + 1
+/// tries at most, each a whole exchange from the group on, without a pause, until one gives a text.
 class ItemAccess {
  public:
   ItemAccess() = default;
@@ -16,9 +25,9 @@ class ItemAccess {
   virtual ~ItemAccess() = default;
 
   /// The item's text, or empty when no try gave one.
-  virtual String ReadRetry(int count, const String& group, const String& item) = 0;
+  virtual String ReadRetry(int count, const WireItem& item) = 0;
   /// The device's echo, or empty when no try gave one.
-  virtual String WriteRetry(int count, const String& group, const String& item, const String& data) = 0;
+  virtual String WriteRetry(int count, const WireItem& item, const String& data) = 0;
 };
 
 /// The dialect whose devices answer a group selection with "COK".
@@ -28,17 +37,15 @@ class CokDialect : public ItemAccess {
 
   /// One read: the data, "ERROR" when the device refused ("CNG"), "NEEDLESS" when the item is of no use in
   /// its present configuration ("CNU"), or empty.
-  String ReadItem(const String& group, const String& item);
+  String ReadItem(const WireItem& item);
   /// One write: the echo, or empty; the reply that stopped it then stands in LastItemReply.
-  String WriteItem(const String& group, const String& item, const String& data);
-  String ReadItemRetry(int count, const String& group, const String& item);
-  String WriteItemRetry(int count, const String& group, const String& item, const String& data);
+  String WriteItem(const WireItem& item, const String& data);
+  String ReadItemRetry(int count, const WireItem& item);
+  String WriteItemRetry(int count, const WireItem& item, const String& data);
 
-  String ReadRetry(int count, const String& group, const String& item) override {
-    return ReadItemRetry(count, group, item);
-  }
-  String WriteRetry(int count, const String& group, const String& item, const String& data) override {
-    return WriteItemRetry(count, group, item, data);
+  String ReadRetry(int count, const WireItem& item) override { return ReadItemRetry(count, item); }
+  String WriteRetry(int count, const WireItem& item, const String& data) override {
+    return WriteItemRetry(count, item, data);
   }
 
  private:
@@ -54,28 +61,25 @@ class EnterItemDialect : public ItemAccess {
 
   /// Selects the item; true when the device answers with a title that the program knows, so that a device in
   /// another menu is noticed before any data goes out.
-  bool SelectItem(const String& group, const String& item);
+  bool SelectItem(const WireItem& item);
   /// True for the fixed titles and for those that the page in use has loaded into KnownItemNames. An empty
   /// title is none: entries of that list that no item fills must not let data go out to a silent device.
   [[nodiscard]] bool IsKnownItemName(const String& name) const;
 
-  String ReadParam(const String& group, const String& item);
-  String WriteParam(const String& group, const String& item, const String& data);
+  String ReadParam(const WireItem& item);
+  String WriteParam(const WireItem& item, const String& data);
   /// Sends `head` and then `tail`, whatever the order of the arguments.
-  String WriteParamPair(const String& group, const String& item, const String& tail, const String& head);
-  String ReadParamRetry(int count, const String& group, const String& item);
-  String WriteParamRetry(int count, const String& group, const String& item, const String& data);
-  String WriteParamPairRetry(int count, const String& group, const String& item, const String& tail,
-                             const String& head);
+  String WriteParamPair(const WireItem& item, const String& tail, const String& head);
+  String ReadParamRetry(int count, const WireItem& item);
+  String WriteParamRetry(int count, const WireItem& item, const String& data);
+  String WriteParamPairRetry(int count, const WireItem& item, const String& tail, const String& head);
   /// The item's reply to its selection, after a group answered exactly with "enter item".
-  String ReadItemName(const String& group, const String& item);
-  String ReadItemNameRetry(int count, const String& group, const String& item);
+  String ReadItemName(const WireItem& item);
+  String ReadItemNameRetry(int count, const WireItem& item);
 
-  String ReadRetry(int count, const String& group, const String& item) override {
-    return ReadParamRetry(count, group, item);
-  }
-  String WriteRetry(int count, const String& group, const String& item, const String& data) override {
-    return WriteParamRetry(count, group, item, data);
+  String ReadRetry(int count, const WireItem& item) override { return ReadParamRetry(count, item); }
+  String WriteRetry(int count, const WireItem& item, const String& data) override {
+    return WriteParamRetry(count, item, data);
   }
 
  private:

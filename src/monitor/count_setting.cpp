@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/numbers.h"
+#include "core/program.h"
 #include "core/text_utilities.h"
 #include "monitor/answer_cleaning.h"
 #include "monitor/held_exchange.h"
@@ -13,8 +14,6 @@
 namespace korva {
 
 namespace {
-
-constexpr int kRepeats = 3;
 
 constexpr std::array kWideCount = {ModelRange{.low = u"0", .high = u"4294967295"}};
 
@@ -40,19 +39,61 @@ bool IsWholeNumber(StringView text) {
 constexpr CountItem kCount03 = {.set_key = u"03_set",
                                 .monitor_key = u"03_mon",
                                 .ranges = kWideCount,
-                                .models = {.names = kWithoutOutput}};
-constexpr CountItem kCount04 = {.set_key = u"04_set", .monitor_key = u"04_mon", .ranges = kWideCount};
-constexpr CountItem kCount06 = {.set_key = u"06_set", .monitor_key = u"06", .ranges = kUpDownCount};
+                                .models = {.names = kWithoutOutput},
+                                .timer = "Item03_MonitorTimer"};
+constexpr CountItem kCount04 = {.set_key = u"04_set",
+                                .monitor_key = u"04_mon",
+                                .ranges = kWideCount,
+                                .timer = "Item04_MonitorTimer",
+                                .button = "cmdSet2"};
+constexpr CountItem kCount06 = {.set_key = u"06_set",
+                                .monitor_key = u"06",
+                                .ranges = kUpDownCount,
+                                .timer = "Item06_MonitorTimer",
+                                .button = "cmdSet3"};
+
+CountSetting::CountSetting(ParameterPage& page, const CountItem& item, StatusMonitor& monitor,
+                           OutputSetting& output)
+    : PressButton(item.button),
+      BlinkTimer(item.timer, page.ItsProgram().Loop(), kBlinkPeriod),
+      page_(page),
+      item_(item),
+      monitor_(monitor),
+      output_(output) {
+  page_.Add(*this);
+  if (HasOwnButton()) {
+    page_.Register(PressButton);
+    PressButton.OnClick = [this] { Set(); };
+  } else {
+    output_.cmdSet.OnClick = [this] { Serves() ? Set() : output_.Set(); };
+  }
+}
+
+void CountSetting::SetCaptions(Language language) {
+  PressButton.SetCaption(CaptionText(TextKey::OutputButton, language));
+}
+
+std::optional<String> CountSetting::ShownText(int row) const {
+  return Serves() && page_.DataCell(row, kItem) == item_.set_key ? std::optional(String()) : std::nullopt;
+}
+
+void CountSetting::PageBuilt() {
+  if (HasOwnButton()) {
+    PressButton.SetVisible(Serves());
+  } else if (Serves()) {
+    output_.cmdStatusMonOFF.SetVisible(false);  // it ends a forced output, which a counter has not
+  }
+}
 
 bool CountSetting::Serves() const {
-  return item_.models.IsAllOrHas(page_.DefFile) && page_.FindTextIndex(u"01", String(item_.set_key)) >= 0;
+  return item_.models.IsAllOrHas(page_.DefFile) && page_.FindTextIndex(item_.set_key) >= 0;
 }
 
 void CountSetting::Set() {
   if (!Serves()) {
     return;
   }
-  TextField& set_box = *page_.FindField(String(item_.set_key));
+  TextField& set_box = *page_.FindField(item_.set_key);
   if (!CheckCount(Trimmed(set_box.Text()))) {
     return;
   }
@@ -80,17 +121,17 @@ bool CountSetting::CheckCount(const String& text) const {
 }
 
 bool CountSetting::Write(const TextField& set_box) {
-  TextField* shown = page_.FindField(String(item_.monitor_key));
+  TextField* shown = page_.FindField(item_.monitor_key);
   std::optional<Blinking<TextField>> blinking;
   if (shown != nullptr) {
-    blinking.emplace(*shown, blink_);
+    blinking.emplace(*shown, BlinkTimer);
   }
   monitor_.ResetMonitorColours();
   if (!page_.EnterProgrammingMode()) {
     return false;
   }
   const String count = TrimNumericHead(set_box.Text(), {});
-  const String answer = page_.Items().WriteRetry(kRepeats, u"01", WireItem(item_.set_key), count);
+  const String answer = page_.Items().WriteRetry(kItemRepeats, ItemKey(item_.set_key).OnWire(), count);
   if (shown != nullptr) {
     shown->SetText(TrimNumericHead(answer, {}));
   }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "monitor/model_set.h"
-#include "monitor/status_monitor.h"
+#include "monitor/output_setting.h"
 
 namespace korva {
 
@@ -11,6 +10,10 @@ struct CountItem {
   StringView monitor_key;  ///< row that shows the count that the device took
   std::span<const ModelRange> ranges;
   ModelSet models = {};  ///< the models whose row holds a count; empty: all that have the row
+  std::string_view timer;
+  /// Its own button; empty: that of the output setting, since its models have either an output there or a
+  /// count.
+  std::string_view button = {};
 };
 
 // The counts of items 03, 04 and 06. On models that are not named, item 03 is an output.
@@ -24,32 +27,36 @@ extern const CountItem kCount06;
 /// A text that is no whole number within the range is refused with its box, and nothing is sent. A device
 /// that doesn't take programming mode leaves the typed count in its box. A close request made meanwhile ends
 /// the program once the device is back in monitor mode; when it isn't, the window stays.
-class CountSetting {
+class CountSetting final : public PagePart {
  public:
-  /// `monitor` is the page's, whose boxes are put to rest; `blink` blinks the box of the count taken. All
-  /// outlive this.
-  CountSetting(ParameterPage& page, const CountItem& item, StatusMonitor& monitor, Timer& blink)
-      : page_(page), item_(item), monitor_(monitor), blink_(blink) {}
-  CountSetting(const CountSetting&) = delete;
-  CountSetting& operator=(const CountSetting&) = delete;
-  ~CountSetting() = default;
+  /// Adds itself and its button to the page. `monitor`, whose boxes are put to rest, and `output` are the
+  /// page's, added before. All outlive this.
+  CountSetting(ParameterPage& page, const CountItem& item, StatusMonitor& monitor, OutputSetting& output);
+
+  void SetCaptions(Language language) override;
+  void SetLocked(bool locked) override { PressButton.SetEnabled(!locked); }
+  /// The box for a count starts empty: the set keeps the count that the device showed last.
+  [[nodiscard]] std::optional<String> ShownText(int row) const override;
+  void PageBuilt() override;
 
   /// True when the chosen model has this count.
   [[nodiscard]] bool Serves() const;
-  /// Key of the row of the count to send.
-  [[nodiscard]] StringView SetKey() const { return item_.set_key; }
   /// The press of its button. Does nothing on a model without this count. Afterwards the box of a count that
   /// was sent is empty and has the focus.
   void Set();
 
+  Button PressButton;  ///< named after the item
+  Timer BlinkTimer;
+
  private:
+  [[nodiscard]] bool HasOwnButton() const { return !item_.button.empty(); }
   [[nodiscard]] bool CheckCount(const String& text) const;
   bool Write(const TextField& set_box);
 
   ParameterPage& page_;
   const CountItem& item_;
   StatusMonitor& monitor_;
-  Timer& blink_;
+  OutputSetting& output_;
 };
 
 }  // namespace korva

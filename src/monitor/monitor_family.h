@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "core/family.h"
+#include "core/or_none.h"
 #include "monitor/answer_cleaning.h"
 #include "monitor/unit_reader.h"
 
@@ -26,11 +26,10 @@ struct TemperatureOffset {
 /// What a family's status monitor reads and shows, and in what order. All items are of group "01". The mode
 /// item and the dialect are the device page's.
 struct MonitorFamily {
-  StringView family;
   /// The monitor works on models that show at least one of these on the page.
   std::span<const StringView> presence;
   std::span<const CycleItem> cycle;
-  Cleaner clean = nullptr;
+  Cleaner clean;
 
   /// The frame is locked before the change to monitor mode, not after it.
   bool locks_first = false;
@@ -50,12 +49,9 @@ struct MonitorFamily {
   std::span<const UnitStep> units = {};
   ModelSet models_without_units = {};  ///< their labels stay as the definition says
   bool hidden_rows_keep_unit = false;  ///< a row that isn't on the page ("N") keeps its unit
-  const TemperatureOffset* offset = nullptr;
+  OrNone<TemperatureOffset> offset = kNone;
+  /// Their pages show no controls of the monitor.
+  ModelSet models_without_monitor = {};
 };
-
-const MonitorFamily& MonitorFamilyOf(const Family& family);
-
-/// All eleven rows.
-std::span<const MonitorFamily> MonitorFamilies();
 
 }  // namespace korva

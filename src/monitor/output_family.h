@@ -1,10 +1,10 @@
 #pragma once
 
+#include <array>
 #include <span>
 
-#include "core/family.h"
+#include "files/model_set.h"
 #include "monitor/answer_cleaning.h"
-#include "monitor/model_set.h"
 #include "platform/event_loop.h"
 
 namespace korva {
@@ -12,21 +12,22 @@ namespace korva {
 /// How a family's output is forced. All items are of group "01". The mode item and the dialect are the device
 /// page's.
 struct OutputFamily {
-  StringView family;
   StringView set_key = u"03_set";      ///< row of the value to send
   StringView monitor_key = u"03_mon";  ///< row of the value that the device took
   std::span<const ModelRange> ranges;  ///< of the output, in percent
-  Cleaner clean_sent = nullptr;
-  Cleaner clean_answer = nullptr;
+  Cleaner clean_sent;
+  Cleaner clean_answer;
   Milliseconds settling{0};    ///< between the change to programming mode and the look at its result
   bool resets_colours = true;  ///< the monitored boxes are put to rest before the mode change
   int further_box = -1;        ///< index of a Text that shows the value too
   ModelSet models_without_set_box = {};
 };
 
-const OutputFamily& OutputFamilyOf(const Family& family);
+/// The range of most outputs.
+inline constexpr std::array kUsualOutputRange = {ModelRange{.low = u"-15.00", .high = u"115.00"}};
 
-/// All eleven rows.
-std::span<const OutputFamily> OutputFamilies();
+/// The output of most devices that report a value with its unit behind it.
+inline constexpr OutputFamily kTrimmedOutput = {
+    .ranges = kUsualOutputRange, .clean_sent = TrimNumericTail, .clean_answer = TrimNumericTail};
 
 }  // namespace korva

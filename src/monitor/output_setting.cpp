@@ -1,22 +1,47 @@
 #include "monitor/output_setting.h"
 
+#include <initializer_list>
 #include <optional>
 
 #include "core/numbers.h"
+#include "core/program.h"
 #include "core/text_utilities.h"
 #include "monitor/held_exchange.h"
 #include "monitor/updated_control.h"
 
 namespace korva {
 
-namespace {
+OutputSetting::OutputSetting(ParameterPage& page, const OutputFamily& family, StatusMonitor& monitor)
+    : Item03_MonitorTimer("Item03_MonitorTimer", page.ItsProgram().Loop(), kBlinkPeriod),
+      page_(page),
+      family_(family),
+      monitor_(monitor) {
+  page_.Add(*this);
+  page_.RegisterAll<Control>({&cmdSet, &cmdStatusMonOFF, &IO_lblSet});
+  cmdSet.OnClick = [this] { Set(); };
+  cmdStatusMonOFF.OnClick = [this] { Off(); };
+}
 
-constexpr int kRepeats = 3;
+void OutputSetting::SetCaptions(Language language) {
+  cmdSet.SetCaption(CaptionText(TextKey::OutputButton, language));
+  cmdStatusMonOFF.SetCaption(CaptionText(TextKey::Off, language));
+  IO_lblSet.SetCaption(CaptionText(TextKey::Setting, language));
+}
 
-}  // namespace
+void OutputSetting::SetLocked(bool locked) {
+  cmdSet.SetEnabled(!locked);
+  cmdStatusMonOFF.SetEnabled(!locked);
+}
+
+void OutputSetting::PageBuilt() {
+  const bool has_box = page_.FindTextIndex(family_.set_key) >= 0;
+  for (Control* control : std::initializer_list<Control*>{&IO_lblSet, &cmdSet, &cmdStatusMonOFF}) {
+    control->SetVisible(has_box);
+  }
+}
 
 void OutputSetting::Set() {
-  TextField* set_box = page_.FindField(String(family_.set_key));
+  TextField* set_box = page_.FindField(family_.set_key);
   if (set_box == nullptr || !CheckOutputSet(*set_box)) {
     return;
   }
@@ -44,7 +69,7 @@ void OutputSetting::Force(TextField& set_box) {
   const std::vector<TextField*> shown = MonitorBoxes();
   std::optional<Blinking<TextField>> blinking;
   if (!shown.empty()) {
-    blinking.emplace(*shown.front(), page_.Item03_MonitorTimer);
+    blinking.emplace(*shown.front(), Item03_MonitorTimer);
   }
   for (TextField* box : shown) {
     PaintHighlight(*box);
@@ -54,9 +79,9 @@ void OutputSetting::Force(TextField& set_box) {
   }
   const bool forced = EnterForcingMode();
   if (forced) {
-    const String item = WireItem(family_.set_key);
+    const WireItem item = ItemKey(family_.set_key).OnWire();
     const String value = family_.clean_sent(set_box.Text(), PrefixOf(family_.set_key));
-    const String answer = page_.Items().WriteRetry(kRepeats, u"01", item, value);
+    const String answer = page_.Items().WriteRetry(kItemRepeats, item, value);
     const String taken = family_.clean_answer(answer, PrefixOf(family_.monitor_key));
     for (TextField* box : shown) {
       box->SetText(taken);
@@ -67,8 +92,8 @@ void OutputSetting::Force(TextField& set_box) {
     PaintRest(*box);
   }
   if (forced) {
-    KeepInReach(page_, page_.cmdStatusMonOFF);
-    page_.cmdStatusMonOFF.SetFocus();
+    KeepInReach(page_, cmdStatusMonOFF);
+    cmdStatusMonOFF.SetFocus();
     return;
   }
   set_box.SetEnabled(true);
@@ -81,7 +106,7 @@ bool OutputSetting::EnterForcingMode() {
     return page_.EnterProgrammingMode();
   }
   // The user hears of a failure only when the device has had its time to settle.
-  const bool taken = !page_.Items().WriteRetry(kRepeats, u"01", u"01", u"1").empty();
+  const bool taken = !page_.Items().WriteRetry(kItemRepeats, {.group = u"01", .item = u"01"}, u"1").empty();
   page_.Line().WaitFor(static_cast<int>(family_.settling.count()));
   if (!taken) {
     page_.Box().Show(BoxKey::NotProgrammingMode);
@@ -91,7 +116,7 @@ bool OutputSetting::EnterForcingMode() {
 
 void OutputSetting::Off() {
   if (page_.Shared().CommBusy) {
-    page_.cmdStatusMonOFF.SetEnabled(false);
+    cmdStatusMonOFF.SetEnabled(false);
   } else {
     // Pressed without a forced output. Nothing else may start during the exchange in this case either.
     page_.BeginOperation();
@@ -99,7 +124,7 @@ void OutputSetting::Off() {
   }
   page_.Shared().DownloadBusy = true;  // no wait of the exchange may end the program
   EndHeldExchange(page_, page_.EnterMonitorMode());
-  TextField* set_box = page_.FindField(String(family_.set_key));
+  TextField* set_box = page_.FindField(family_.set_key);
   if (set_box != nullptr && !family_.models_without_set_box.Has(page_.DefFile)) {
     set_box->SetEnabled(true);
     set_box->SetFocus();
@@ -108,7 +133,7 @@ void OutputSetting::Off() {
 
 std::vector<TextField*> OutputSetting::MonitorBoxes() const {
   std::vector<TextField*> boxes;
-  if (TextField* box = page_.FindField(String(family_.monitor_key))) {
+  if (TextField* box = page_.FindField(family_.monitor_key)) {
     boxes.push_back(box);
   }
   if (page_.Text.Has(family_.further_box)) {
@@ -118,7 +143,7 @@ std::vector<TextField*> OutputSetting::MonitorBoxes() const {
 }
 
 String OutputSetting::PrefixOf(StringView key) const {
-  const int row = page_.FindDataRow(u"01", String(key));
+  const int row = page_.FindDataRow(key);
   return row < 0 ? String() : page_.DataCell(row, kReplyPrefix);
 }
 

@@ -17,20 +17,26 @@ namespace korva {
 /// leave the plant with an output that nobody controls any more. Off ends the program once the device is back
 /// in monitor mode. When the device doesn't take monitor mode the window stays, since the output may still be
 /// forced, and the user, who has seen the box of the failure, can press cmdStatusMonOFF again.
-class OutputSetting {
+class OutputSetting final : public PagePart {
  public:
-  /// `monitor` is the page's, whose boxes are put to rest. All outlive this.
-  OutputSetting(ParameterPage& page, const OutputFamily& family, StatusMonitor& monitor)
-      : page_(page), family_(family), monitor_(monitor) {}
-  OutputSetting(const OutputSetting&) = delete;
-  OutputSetting& operator=(const OutputSetting&) = delete;
-  ~OutputSetting() = default;
+  /// Adds itself and its controls to the page. `monitor` is the page's, whose boxes are put to rest. All
+  /// outlive this.
+  OutputSetting(ParameterPage& page, const OutputFamily& family, StatusMonitor& monitor);
+
+  void SetCaptions(Language language) override;
+  void SetLocked(bool locked) override;
+  void PageBuilt() override;  ///< shows the controls to models that have a box for the value
 
   /// cmdSet. Does nothing on a model without a box for the value.
   void Set();
   /// cmdStatusMonOFF: returns the device to monitor mode, then ends the program if the user wanted to close
   /// it meanwhile. The box for the value gets the focus.
   void Off();
+
+  Button cmdSet{"cmdSet"};
+  Button cmdStatusMonOFF{"cmdStatusMonOFF"};
+  Label IO_lblSet{"IO_lblSet"};
+  Timer Item03_MonitorTimer;
 
  private:
   bool CheckOutputSet(const TextField& set_box) const;

@@ -1,6 +1,7 @@
 #include "monitor/status_monitor.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 #include "core/numbers.h"
@@ -11,18 +12,44 @@ namespace korva {
 
 namespace {
 
-constexpr Milliseconds kBlink{200};
 constexpr int kShowTime = 500;  ///< ms for which a new value is highlighted, the pace of the loop
 constexpr int kNoRepeats = 0;
 
 }  // namespace
 
 StatusMonitor::StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras)
-    : page_(page),
+    : Item04_lblUnitTimer("Item04_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod),
+      Item06_lblUnitTimer("Item06_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod),
+      page_(page),
       family_(family),
       extras_(std::move(extras)),
       units_(page_, extras_),
-      Item07_lblUnitTimer("Item07_lblUnitTimer", page.ItsProgram().Loop(), kBlink) {}
+      Item07_lblUnitTimer("Item07_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod) {
+  page_.Add(*this);
+  page_.RegisterAll<Control>({&cmdMonitorON, &cmdMonitorOFF, &fraMonitoring, &IO_lblShow});
+  cmdMonitorON.OnClick = [this] { Start(); };
+  cmdMonitorOFF.OnClick = [this] { RequestStop(); };
+}
+
+void StatusMonitor::SetCaptions(Language language) {
+  cmdMonitorON.SetCaption(CaptionText(TextKey::On, language));
+  cmdMonitorOFF.SetCaption(CaptionText(TextKey::Off, language));
+  fraMonitoring.SetCaption(CaptionText(TextKey::Monitoring, language));
+  IO_lblShow.SetCaption(CaptionText(TextKey::Monitor, language));
+}
+
+void StatusMonitor::SetLocked(bool locked) {
+  cmdMonitorON.SetEnabled(!locked);
+  cmdMonitorOFF.SetEnabled(!locked);
+}
+
+void StatusMonitor::PageBuilt() {
+  const bool has_monitor = !family_.models_without_monitor.Has(page_.DefFile);
+  for (Control* control :
+       std::initializer_list<Control*>{&fraMonitoring, &IO_lblShow, &cmdMonitorON, &cmdMonitorOFF}) {
+    control->SetVisible(has_monitor);
+  }
+}
 
 void StatusMonitor::Start() {
   // A second press during the mode change must not start an exchange inside the first one's.
@@ -34,10 +61,10 @@ void StatusMonitor::Start() {
   if (!EnterFirstMode()) {
     return;
   }
-  KeepInReach(page_, page_.cmdMonitorOFF);
+  KeepInReach(page_, cmdMonitorOFF);
   ShowMonitorUnits();
   if (family_.focuses_stop) {
-    page_.cmdMonitorOFF.SetFocus();
+    cmdMonitorOFF.SetFocus();
   }
   if (family_.resets_colours) {
     ResetMonitorColours();
@@ -84,7 +111,7 @@ void StatusMonitor::RequestStop() {
 
 bool StatusMonitor::HasNoMonitorItems() const {
   return std::none_of(family_.presence.begin(), family_.presence.end(), [this](StringView key) {
-    const int row = page_.FindDataRow(u"01", String(key));
+    const int row = page_.FindDataRow(key);
     return row >= 0 && page_.DataCell(row, kOnPage) == u"Y";
   });
 }
@@ -95,7 +122,7 @@ void StatusMonitor::ResetMonitorColours() {
     if (row < 0 || !item.models.IsAllOrHas(page_.DefFile)) {
       continue;
     }
-    if (TextField* box = page_.FindField(String(item.key))) {
+    if (TextField* box = page_.FindField(item.key)) {
       PaintRest(*box);
     }
     if (Label* label = units_.LabelOf(row)) {
@@ -148,9 +175,9 @@ Label* StatusMonitor::UnitLabelOf(const UnitStep& step, const UnitRule& rule) co
 Timer* StatusMonitor::TimerOf(UnitTimer timer) {
   switch (timer) {
     case UnitTimer::Item04:
-      return &page_.Item04_lblUnitTimer;
+      return &Item04_lblUnitTimer;
     case UnitTimer::Item06:
-      return &page_.Item06_lblUnitTimer;
+      return &Item06_lblUnitTimer;
     case UnitTimer::Item07:
       return &Item07_lblUnitTimer;
     case UnitTimer::None:
@@ -160,7 +187,7 @@ Timer* StatusMonitor::TimerOf(UnitTimer timer) {
 }
 
 int StatusMonitor::LiveRow(StringView key) const {
-  const int row = page_.FindDataRow(u"01", String(key));
+  const int row = page_.FindDataRow(key);
   return row >= 0 && page_.IsWritten(row) ? -1 : row;
 }
 
@@ -180,7 +207,7 @@ void StatusMonitor::MonitorCycle() {
 
 bool StatusMonitor::MonitorReadItem(StringView key) {
   const int row = LiveRow(key);
-  TextField* box = row < 0 ? nullptr : page_.FindField(String(key));
+  TextField* box = row < 0 ? nullptr : page_.FindField(key);
   if (box == nullptr || !box->Visible()) {
     return false;
   }
@@ -191,7 +218,7 @@ bool StatusMonitor::MonitorReadItem(StringView key) {
   if (family_.needs_unit && unit != nullptr && unit->Caption().empty()) {
     return false;
   }
-  const String item = WireItem(key);
+  const String item = ItemKey(key).OnWire().item;
   if (extras_.BeforeRead) {
     extras_.BeforeRead(item);
   }
@@ -217,11 +244,11 @@ bool StatusMonitor::Refused(const String& answer) const {
 
 String StatusMonitor::ShownValue(int row, const String& answer) const {
   const String value = family_.clean(answer, page_.DataCell(row, kReplyPrefix));
-  return family_.offset == nullptr ? value : WithoutOffset(page_.DataCell(row, kItem), value);
+  return family_.offset.Has() ? WithoutOffset(page_.DataCell(row, kItem), value) : value;
 }
 
 String StatusMonitor::WithoutOffset(const String& item, const String& value) const {
-  const TemperatureOffset& offset = *family_.offset;
+  const TemperatureOffset& offset = family_.offset.Value();
   if (!offset.models.Has(page_.DefFile)) {
     return value;
   }

@@ -12,12 +12,14 @@ namespace korva {
 /// set and the frame is locked, so that nothing else can start an exchange; cmdMonitorOFF alone is in reach.
 /// A stop is honoured between cycles only: each cycle that began reads all its items. The loop never ends by
 /// itself: a read without an answer empties its box, and the next item is read.
-class StatusMonitor {
+class StatusMonitor final : public PagePart {
  public:
+  /// Adds itself and its controls to the page, which outlives this.
   StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras = {});
-  StatusMonitor(const StatusMonitor&) = delete;
-  StatusMonitor& operator=(const StatusMonitor&) = delete;
-  ~StatusMonitor() = default;
+
+  void SetCaptions(Language language) override;
+  void SetLocked(bool locked) override;
+  void PageBuilt() override;  ///< shows the controls to models that have a monitor
 
   /// cmdMonitorON. Does nothing on a model without monitor items, or while an operation runs. Returns, after
   /// the box of the mode change, when the device doesn't take monitor mode; else when it was stopped.
@@ -26,6 +28,13 @@ class StatusMonitor {
   void RequestStop();
   /// Puts the boxes of the cycle and their unit labels to rest.
   void ResetMonitorColours();
+
+  Button cmdMonitorON{"cmdMonitorON"};
+  Button cmdMonitorOFF{"cmdMonitorOFF"};
+  Frame fraMonitoring{"fraMonitoring"};
+  Label IO_lblShow{"IO_lblShow"};
+  Timer Item04_lblUnitTimer;
+  Timer Item06_lblUnitTimer;
 
  private:
   [[nodiscard]] bool HasNoMonitorItems() const;

@@ -2,15 +2,7 @@
 
 #include <algorithm>
 
-#include "core/numbers.h"
-
 namespace korva {
-
-namespace {
-
-constexpr int kTextColumn = 1;
-
-}  // namespace
 
 const UnitRule* UnitReader::FindRule(std::span<const UnitRule> rules) const {
   const String kind = extras_.InputKind ? extras_.InputKind() : String();
@@ -25,7 +17,7 @@ String UnitReader::UnitFrom(const UnitSource& source, const String& item) const 
     case UnitKind::Text:
       return String(source.text);
     case UnitKind::Row: {
-      const int row = page_.FindDataRow(u"01", item);
+      const int row = page_.FindDataRow(item);
       return row < 0 ? String() : page_.DataCell(row, kUnitText);
     }
     case UnitKind::Caption:
@@ -45,21 +37,13 @@ String UnitReader::UnitFrom(const UnitSource& source, const String& item) const 
 }
 
 String UnitReader::Read(StringView item, int repeats) const {
-  return page_.Items().ReadRetry(repeats, u"01", String(item));
+  return page_.Items().ReadRetry(repeats, ItemKey(item).OnWire());
 }
 
 String UnitReader::LookUp(const UnitTable& table, const String& text) const {
-  const StringTable& units = page_.Def[table.table];
-  const int row = text.empty() ? -1 : units.FindRow(kTextColumn, text, table.first_row);
-  return row < 0 ? String() : units.At(row, table.unit_column);
-}
-
-Label* UnitReader::LabelOf(int row) const {
-  if (row < 0 || page_.DataCell(row, kUnitLabel).empty()) {
-    return nullptr;
-  }
-  const int index = LeadingInteger(page_.DataCell(row, kUnitLabel));
-  return page_.lbl_unit.Has(index) ? &page_.lbl_unit[index] : nullptr;
+  const ChoiceList units = page_.Def.ListOf(table.table);
+  const int row = text.empty() ? -1 : units.FindText(text, table.first_row);
+  return row < 0 ? String() : units.Cell(row, &ListColumns::unit);
 }
 
 }  // namespace korva

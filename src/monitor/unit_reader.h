@@ -3,8 +3,8 @@
 #include <functional>
 #include <span>
 
+#include "files/model_set.h"
 #include "files/parameter_page.h"
-#include "monitor/model_set.h"
 
 namespace korva {
 
@@ -18,13 +18,13 @@ struct MonitorExtras {
   Label* unitMeasFreq = nullptr;
 };
 
-/// A unit that the device tells: the text of an item of group "01", looked up in a table of the definition.
+/// A unit that the device tells: the text of an item of group "01", looked up in a list of the definition
+/// that has units.
 struct UnitTable {
   StringView item;
   int repeats = 0;
   StringView table;
   int first_row = 0;
-  int unit_column = 2;
 };
 
 class UnitReader;
@@ -81,10 +81,8 @@ class UnitReader {
   [[nodiscard]] String LookUp(const UnitTable& table, const String& text) const;
 
   /// The unit label of a row of $Data; nullptr when it has none, or there is no such row (-1).
-  [[nodiscard]] Label* LabelOf(int row) const;
-  [[nodiscard]] Label* LabelOf(StringView item) const {
-    return LabelOf(page_.FindDataRow(u"01", String(item)));
-  }
+  [[nodiscard]] Label* LabelOf(int row) const { return page_.UnitLabelOf(row); }
+  [[nodiscard]] Label* LabelOf(StringView item) const { return LabelOf(page_.FindDataRow(item)); }
 
  private:
   ParameterPage& page_;

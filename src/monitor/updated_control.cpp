@@ -30,6 +30,4 @@ void KeepInReach(Page& page, Button& button) {
   }
 }
 
-String WireItem(StringView key) { return String(key.substr(0, 2)); }
-
 }  // namespace korva

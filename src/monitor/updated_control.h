@@ -13,12 +13,12 @@ void PaintRest(Label& label);
 void ToggleTextColour(TextField& field);
 void ToggleLabelColour(Label& label);
 
+/// Period of the colours of a control under update.
+inline constexpr Milliseconds kBlinkPeriod{200};
+
 /// Enables a button that ends what has locked the frame, and the tab on which it stands, so that the user can
 /// reach it; the other tabs stay locked.
 void KeepInReach(Page& page, Button& button);
-
-/// Number of an item on the wire: a key of the page may carry a role behind it ("03_mon" is item "03").
-String WireItem(StringView key);
 
 /// A field or label blinks while an exchange about it runs: painted in the highlight and toggled with each
 /// tick of the timer as long as this lives; then the timer is stopped and the control is at rest.

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "transfer/value_check.h"
+#include "transfer/field_checks.h"
 
 namespace korva {
 

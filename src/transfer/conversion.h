@@ -1,8 +1,5 @@
 #pragma once
 
-#include <array>
-#include <span>
-
 #include "platform/string.h"
 
 namespace korva {
@@ -24,15 +21,6 @@ double ConvertTemperature(StringView from, StringView to, double value);
 double LimitInUnit(double limit, StringView unit);
 /// A difference of two temperatures in deg C, in `unit`: without the offset.
 double SpanInUnit(double span, StringView unit);
-
-/// How a device spells its input types, in the order of the definition's list.
-inline constexpr int kSensorTexts = 17;
-using SensorTexts = std::array<StringView, kSensorTexts>;
-/// The texts of devices whose version text is exactly "SYSVER   1.00", and those of all others.
-const SensorTexts& ShortSensorTexts();
-const SensorTexts& LongSensorTexts();
-/// Those of the device with this version text.
-const SensorTexts& SensorTextsOf(StringView version);
 
 /// A value as the devices report it: a number, and behind it its unit. Both empty for a text that begins with
 /// no number.

@@ -1,76 +1,87 @@
+#include "transfer/download.h"
+
 #include <algorithm>
+#include <string>
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
-#include "transfer/columns.h"
-#include "transfer/transfer_page.h"
+#include "transfer/known_items.h"
+#include "transfer/upload.h"
 
 namespace korva {
 
-void TransferPage::DownloadCommand() {
-  if (!Box().Ask(BoxKey::StartDownload)) {
+bool DownloadSteps::Collate() { return CollateInputType(page_); }
+
+Download::Download(ParameterPage& page, const RowForm& form, ValueCheck& check, DownloadSteps& steps)
+    : page_(page), form_(form), check_(check), steps_(steps) {
+  page_.cmdDownload.OnClick = [this] { Run(); };
+}
+
+void Download::Run() {
+  if (!page_.Box().Ask(BoxKey::StartDownload)) {
     return;
   }
-  BeginDownload();
-  LockFrame();
+  page_.BeginDownload();
+  page_.LockFrame();
   if (DownloadValues()) {
-    Box().Show(BoxKey::DownloadDone);
-    CheckPendingQuit();
+    page_.Box().Show(BoxKey::DownloadDone);
+    page_.CheckPendingQuit();
   } else {
-    EndDownload();
+    page_.EndDownload();
   }
-  UnlockFrame();
+  page_.UnlockFrame();
 }
 
-bool TransferPage::DownloadValues() {
-  if (!LinkTest() || !ModelChosen() || !EnterMonitorMode() || !CheckInputType()) {
+bool Download::DownloadValues() {
+  if (!page_.LinkTest() || !ModelChosen(page_) || !page_.EnterMonitorMode() || !steps_.Collate()) {
     return false;
   }
-  RoundValues();
-  if (!CheckAllValues() || !CheckChoices() || !WriteAllItems()) {
+  steps_.RoundValues();
+  if (!check_.CheckAllValues() || !CheckChoices() || !WriteAllItems()) {
     return false;
   }
-  TransferBar.SetValue(0);
-  if (TableInUse() && !DownloadTable()) {
-    LnrProgressBar.SetValue(0);
-    return false;
-  }
-  return true;
+  page_.TransferBar.SetValue(0);
+  return DownloadParts();
 }
 
-bool TransferPage::CheckInputType() {
-  const StringTable& types = Def[u"$I10"];
-  const String in_device = Trimmed(Items().ReadRetry(kRepeats, u"01", u"10"));
-  const int device_row = FindI10Row(in_device);
+bool Download::DownloadParts() {
+  const auto& parts = page_.Parts();
+  return std::all_of(parts.begin(), parts.end(), [](PagePart* part) { return part->Download(); });
+}
+
+bool CollateInputType(const ParameterPage& page) {
+  const ChoiceList types = page.Def.ListOf(u"$I10");
+  const String in_device = Trimmed(page.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = u"10"}));
+  const int device_row = page.FindI10Row(in_device);
   if (device_row < 0) {
     return true;
   }
-  const String chosen = Trimmed(Item(kTypeItem));
-  if (types.At(device_row, kTypeSettable) != u"Y") {
+  const String chosen = Trimmed(page.Item(kTypeItem));
+  if (!types.Settable(device_row)) {
     if (chosen == in_device) {
       return true;
     }
-    const bool named = CaptionLabels.Has(device_row) && CaptionLabels[device_row].Visible();
-    Box().Show(BoxKey::InputTypeMismatch, {named ? CaptionLabels[device_row].Caption() : String()});
+    const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
+    page.Box().Show(BoxKey::InputTypeMismatch, {named ? page.CaptionLabels[device_row].Caption() : String()});
     return false;
   }
-  const int chosen_row = FindI10Row(chosen);
-  if (chosen_row >= 0 && types.At(chosen_row, kTypeSettable) == u"N") {
-    Box().Show(BoxKey::InputTypeNotSettable);
+  const int chosen_row = page.FindI10Row(chosen);
+  if (chosen_row >= 0 && types.Cell(chosen_row, &ListColumns::settable) == u"N") {
+    page.Box().Show(BoxKey::InputTypeNotSettable);
     return false;
   }
   return true;
 }
 
-bool TransferPage::CheckChoices() {
-  const StringTable& data = Def.Data();
+bool Download::CheckChoices() {
+  const StringTable& data = page_.Def.Data();
   bool good = true;
   for (int row = 0; row < data.Rows(); ++row) {
-    const int index = LeadingInteger(DataCell(row, kComboIndex));
-    if (!IsWritten(row) || DataCell(row, kComboIndex).empty() || !Combo.Has(index)) {
+    const int index = LeadingInteger(page_.DataCell(row, kComboIndex));
+    if (!page_.IsWritten(row) || page_.DataCell(row, kComboIndex).empty() || !page_.Combo.Has(index)) {
       continue;
     }
-    ComboBox& box = Combo[index];
+    ComboBox& box = page_.Combo[index];
     if (!HasCode(row)) {
       box.SetLook(Look::Bad);
       good = false;
@@ -79,209 +90,126 @@ bool TransferPage::CheckChoices() {
     }
   }
   if (!good) {
-    Box().Show(BoxKey::ValueBad);
+    page_.Box().Show(BoxKey::ValueBad);
   }
   return good;
 }
 
-bool TransferPage::HasCode(int row) const {
-  const std::optional<CodeTable> codes = CodesToSend(row);
-  const String& item = DataCell(row, kItem);
-  const String& cell = GroupItem.At(DataCell(row, kGroup), item);
-  if (!codes || Def[codes->key].FindRow(codes->text_column, cell) >= 0) {
-    return true;
-  }
-  // Either spelling will be brought into the device's own.
-  const auto spelt = [&](const SensorTexts& texts) {
-    return std::find(texts.begin(), texts.end(), Trimmed(cell)) != texts.end();
-  };
-  return Traits().spells_by_version && LeadingInteger(item) == kTypeItem &&
-         (spelt(ShortSensorTexts()) || spelt(LongSensorTexts()));
+bool Download::HasCode(int row) const {
+  const std::optional<CodeTable> codes = form_.CodesToSend(row);
+  return !codes || ListOf(*codes).FindText(page_.SetCell(row)) >= 0 || steps_.WillBeSpelt(row);
 }
 
-std::optional<CodeTable> TransferPage::CodesToSend(int row) const {
-  const String& group = DataCell(row, kGroup);
-  const String& item = DataCell(row, kItem);
-  const String& cell = GroupItem.At(group, item);
-  const bool choice = IsChoice(row) && group == u"01";
-  return choice && !cell.empty() && cell != kNeedless && IsToBeWritten(row) ? CodesOf(LeadingInteger(item))
-                                                                            : std::nullopt;
-}
-
-bool TransferPage::BeginWriting() {
-  if (!EnterProgrammingMode()) {
+bool Download::WriteAllItems() {
+  if (!steps_.BeginWriting()) {
     return false;
   }
-  if (Traits().spells_by_version) {
-    CollateSpelling();
-  }
-  return true;
-}
-
-void TransferPage::CollateSpelling() {
-  const SensorTexts& device_texts = SensorTextsOf(Items().ReadRetry(kRepeats, u"00", u"99"));
-  const SensorTexts& other_texts =
-      &device_texts == &ShortSensorTexts() ? LongSensorTexts() : ShortSensorTexts();
-  const String chosen = Trimmed(Item(kTypeItem));
-  for (const SensorTexts* texts : {&other_texts, &device_texts}) {
-    const auto* const found = std::find(texts->begin(), texts->end(), chosen);
-    if (found != texts->end()) {
-      SetItem(kTypeItem, String(device_texts[static_cast<std::size_t>(found - texts->begin())]));
-      break;
-    }
-  }
-  SpellInputTypes(device_texts);
-  BuildPage();
-}
-
-void TransferPage::AdaptDefinition() {
-  const String& version = GroupItem.At(0, kVersionItem);
-  if (Traits().spells_by_version && !version.empty()) {
-    SpellInputTypes(SensorTextsOf(version));
-  }
-}
-
-void TransferPage::SpellInputTypes(const SensorTexts& texts) {
-  StringTable& types = Def[u"$I10"];
-  for (int row = 0; row < kSensorTexts; ++row) {
-    types.Set(row, kTypeText, String(texts[static_cast<std::size_t>(row)]));
-  }
-}
-
-bool TransferPage::WriteAllItems() {
-  if (!BeginWriting()) {
-    return false;
-  }
-  WriteList list;
-  BuildWriteList(list);
+  WriteList list = BuildWriteList();
   const bool written = WriteVerifyList(list);
-  EnterMonitorMode();
-  TransferBar.SetValue(written ? 100 : 0);
+  page_.EnterMonitorMode();
+  page_.TransferBar.SetValue(written ? 100 : 0);
   return written;
 }
 
-void TransferPage::BuildWriteList(WriteList& list) {
-  TransferBar.SetValue(15);
-  const StringTable& data = Def.Data();
+WriteList Download::BuildWriteList() {
+  page_.TransferBar.SetValue(15);
+  const StringTable& data = page_.Def.Data();
+  WriteList list(static_cast<std::size_t>(data.Rows()));
   for (int row = 0; row < data.Rows(); ++row) {
-    if (!IsWritten(row)) {
+    if (!page_.IsWritten(row)) {
       continue;
     }
-    const String& position = DataCell(row, kWritePosition);
+    const String& position = page_.DataCell(row, kWritePosition);
     const int place = LeadingInteger(position);
-    if (place < 0 || place >= kWritePositions) {
-      throw RuntimeFailure(u"定義ファイル " + DefFile + u" の Item" + data.At(row, kItem) +
-                           u" の書込み順 \"" + position + u"\" は 0 から 20 の範囲外です。");
+    if (place < 0 || place >= data.Rows()) {
+      throw RuntimeFailure(u"定義ファイル " + page_.DefFile + u" の Item" + page_.DataCell(row, kItem) +
+                           u" の書込み順 \"" + position + u"\" は 0 から " +
+                           Ascii(std::to_string(data.Rows() - 1)) + u" の範囲外です。");
     }
     list[static_cast<std::size_t>(place)] = EntryOf(row);
   }
-  TransferBar.SetValue(20);
+  page_.TransferBar.SetValue(20);
+  return list;
 }
 
-WriteEntry TransferPage::EntryOf(int row) const {
-  WriteEntry entry{.group = DataCell(row, kGroup), .item = DataCell(row, kItem), .prefix = ReplyPrefix(row)};
-  const String& cell = GroupItem.At(entry.group, entry.item);
-  if (cell.empty() || !IsToBeWritten(row)) {
+WriteEntry Download::EntryOf(int row) const {
+  WriteEntry entry{.row = row, .item = page_.WireOf(row), .prefix = form_.ReplyPrefix(row)};
+  const String& cell = page_.SetCell(row);
+  if (cell.empty() || !form_.IsToBeWritten(row)) {
     return entry;
   }
   entry.source = cell;
   if (cell == kNeedless) {
     entry.data = cell;
-  } else if (!IsChoice(row)) {
-    entry.data = DataOf(row, cell);
-  } else if (const std::optional<CodeTable> codes = CodesToSend(row)) {
-    entry.data = CodeOf(*codes, entry.item, cell);
+  } else if (!form_.IsChoice(row)) {
+    entry.data = form_.DataOf(row, cell);
+  } else if (const std::optional<CodeTable> codes = form_.CodesToSend(row)) {
+    entry.data = CodeOf(*codes, entry.item.item, cell);
   }
   return entry;
 }
 
-String TransferPage::DataOf(int /*row*/, const String& cell) const {
-  return cell == kEmptyTag ? cell : Trimmed(cell);
+ChoiceList Download::ListOf(const CodeTable& codes) const {
+  return page_.Def.ListOf(codes.key).UnderTitle(codes.title);
 }
 
-bool TransferPage::IsToBeWritten(int row) const {
-  const String& condition = DataCell(row, kWriteCondition);
-  if (!Applies(row)) {
-    return false;
-  }
-  if (condition == u"Y") {
-    return true;
-  }
-  const int type = InputTypeRow();
-  if (type < 0) {
-    return false;
-  }
-  const StringTable& types = Def[u"$I10"];
-  return (condition == u"$I10" && types.At(type, kTypeSettable) == u"Y") ||
-         (condition == u"$I10_CNECTI11" && !types.At(type, kTypeTitle).empty());
-}
-
-String TransferPage::CodeOf(const CodeTable& codes, const String& item, const String& text) const {
-  const StringTable& table = Def[codes.key];
-  const int row = table.FindRow(codes.text_column, text);
+String Download::CodeOf(const CodeTable& codes, const String& item, const String& text) const {
+  const ChoiceList list = ListOf(codes);
+  const int row = list.FindText(text);
   if (row < 0) {
     throw RuntimeFailure(u"Item" + item + u" の設定値 \"" + text + u"\" に対応するコードが定義ファイル " +
-                         DefFile + u" の " + String(codes.key) + u" にありません。");
+                         page_.DefFile + u" の " + String(codes.key) + u" にありません。");
   }
-  return table.At(row, 0);
+  return list.Code(row);
 }
 
-std::optional<CodeTable> TransferPage::RangeCodesUnderTitle() const {
-  const int title = TitleIndex(InputTypeRow());
-  if (title < 1 || title > kRangeTitles) {
-    return std::nullopt;
-  }
-  return CodeTable{.key = u"$I11Body", .text_column = title};
-}
-
-bool TransferPage::WriteVerifyList(WriteList& list) {
-  for (int position = 0; position < kWritePositions; ++position) {
-    WriteEntry& entry = list[static_cast<std::size_t>(position)];
+bool Download::WriteVerifyList(WriteList& list) {
+  const int last = steps_.LastPosition();
+  int position = 0;
+  for (WriteEntry& entry : list) {
     if (!entry.data.empty() && entry.data != kNeedless && !WriteVerified(entry)) {
       return false;
     }
-    TransferBar.SetValue(static_cast<float>(position * 70.0 / (kWritePositions - 1) + 20));
+    page_.TransferBar.SetValue(static_cast<float>(std::min(position, last) * 70.0 / last + 20));
+    ++position;
   }
   return true;
 }
 
-bool TransferPage::WriteVerified(WriteEntry& entry) {
-  const bool tag = LeadingInteger(entry.item) == kTagItem;
-  if (Traits().drops_trailing_point && !tag && entry.data.back() == u'.') {
-    entry.data = ShortestText(LeadingNumber(entry.data));
-  }
-  String reply = WriteChecked(entry);
-  AfterWrite();
-  if (entry.item == u"14" || entry.item == u"15") {
+bool Download::WriteVerified(WriteEntry& entry) {
+  entry.data = steps_.FinalData(entry);
+  String reply = steps_.WriteChecked(entry);
+  steps_.AfterWrite();
+  if (entry.item.item == u"14" || entry.item.item == u"15") {
     // The device moves zero and span within limits of its own, so what it holds counts and not its echo.
-    reply = Items().ReadRetry(kRepeats, entry.group, entry.item);
+    reply = page_.Items().ReadRetry(kItemRepeats, entry.item);
     if (reply == u"ERROR" || reply == kNeedless) {
       reply.clear();
     }
   }
-  if (reply.empty() || !CompareReply(entry, reply)) {
-    ShowWriteFailure(entry, reply);
+  if (reply.empty() || !steps_.CompareReply(entry, reply)) {
+    steps_.ShowWriteFailure(entry, reply);
     return false;
   }
   entry.reply = reply;
   return true;
 }
 
-String TransferPage::WriteChecked(const WriteEntry& entry) {
+String DownloadSteps::WriteChecked(const WriteEntry& entry) {
   // The tag is written even where it can't be read.
-  if (Items().ReadRetry(kRepeats, entry.group, entry.item).empty() &&
-      LeadingInteger(entry.item) != kTagItem) {
+  if (page_.Items().ReadRetry(kItemRepeats, entry.item).empty() &&
+      LeadingInteger(entry.item.item) != kTagItem) {
     return {};
   }
   return WriteData(entry);
 }
 
-String TransferPage::WriteData(const WriteEntry& entry) {
-  return Items().WriteRetry(kRepeats, entry.group, entry.item, entry.data);
+String DownloadSteps::WriteData(const WriteEntry& entry) {
+  return page_.Items().WriteRetry(kItemRepeats, entry.item, entry.data);
 }
 
-void TransferPage::ShowWriteFailure(const WriteEntry& /*entry*/, const String& /*reply*/) {
-  Box().Show(BoxKey::DownloadDataMismatch);
+void DownloadSteps::ShowWriteFailure(const WriteEntry& /*entry*/, const String& /*reply*/) {
+  page_.Box().Show(BoxKey::DownloadDataMismatch);
 }
 
 }  // namespace korva

@@ -1,128 +1,99 @@
-#include <array>
+#include "transfer/upload.h"
 
 #include "core/text_utilities.h"
-#include "transfer/columns.h"
-#include "transfer/transfer_page.h"
+#include "transfer/known_items.h"
 
 namespace korva {
 
-TransferPage::TransferPage(Program& program, const PageKind& kind, DeviceLink& link,
-                           const FieldArrays& arrays, int groups)
-    : ParameterPage(program, kind, link, arrays, groups) {
-  cmdUpload.OnClick = [this] { UploadCommand(); };
-  cmdDownload.OnClick = [this] { DownloadCommand(); };
-  cmdCheck.OnClick = [this] { CheckCommand(); };
-}
-
-void TransferPage::SetCaptions(Language language) {
-  ParameterPage::SetCaptions(language);
-  constexpr std::array kUnits = {kDegC, kDegF, kKelvin};
-  for (std::size_t place = 0; place < kUnits.size(); ++place) {
-    optTempUnit[static_cast<int>(place)].SetCaption(String(kUnits.at(place)));
-  }
-}
-
-void TransferPage::UploadCommand() {
-  if (ConfirmDiscard()) {
-    return;
-  }
-  BeginOperation();
-  LockFrame();
-  const bool uploaded = LinkTest() && ConfirmModel();
-  if (uploaded) {
-    UploadValues();
-  }
-  EndOperation();
-  UnlockFrame();
-  if (uploaded) {
-    DataChanged = true;  // the page now differs from any file
-    SettleLnrTab(TabMoment::Uploaded);
-  }
-}
-
-void TransferPage::UploadValues() {
-  UploadBusy = true;
-  const ParameterSet before = GroupItem;
-  ReadAllItems();
-  BuildPage();
-  for (TextField* field : {&txtAuthor, &txtMemo, &txtFileTitle}) {
-    field->SetText({});
-  }
-  UploadBusy = false;
-  TransferBar.SetValue(100);
-  TableStep(before);
-  Box().Show(BoxKey::UploadDone);
-}
-
-bool TransferPage::ModelChosen() {
-  if (lst_TypeSelect.Text().empty()) {
-    Box().Show(BoxKey::NoModelChosen);
+bool ModelChosen(const Page& page) {
+  if (page.lst_TypeSelect.Text().empty()) {
+    page.Box().Show(BoxKey::NoModelChosen);
     return false;
   }
   return true;
 }
 
-bool TransferPage::ConfirmModel() { return ModelChosen() && Box().ConfirmUpload(); }
+bool UploadSteps::ConfirmModel() { return ModelChosen(page_) && page_.Box().ConfirmUpload(); }
 
-void TransferPage::ReadAllItems() {
-  GroupItem.ClearItems();
-  TransferBar.SetValue(0);
-  EnterMonitorMode();  // a device that doesn't take it is read all the same
-  const StringTable& data = Def.Data();
-  for (int row = 0; row < data.Rows(); ++row) {
-    if (data.At(row, kUploaded) != u"Y") {
-      continue;
-    }
-    const String& group = data.At(row, kGroup);
-    const String& item = data.At(row, kItem);
-    const String reply = Items().ReadRetry(kRepeats, group, item);
-    GroupItem.Set(group, item, StripReplyPrefix(row, reply));
-    if (!reply.empty()) {
-      AfterItemRead(row);
-    }
-    TransferBar.SetValue(static_cast<float>(row + 1) / static_cast<float>(data.Rows()) * 100);
+Upload::Upload(ParameterPage& page, const RowForm& form, UploadSteps& steps)
+    : page_(page), form_(form), steps_(steps) {
+  page_.cmdUpload.OnClick = [this] { Run(); };
+}
+
+void Upload::Run() {
+  if (page_.ConfirmDiscard()) {
+    return;
   }
-  TransferBar.SetValue(100);
-  if (Traits().spells_by_version) {
-    SpellInputTypes(SensorTextsOf(GroupItem.At(0, kVersionItem)));
+  page_.BeginOperation();
+  page_.LockFrame();
+  const bool begun = page_.LinkTest() && steps_.ConfirmModel();
+  if (begun && UploadValues()) {
+    for (PagePart* part : page_.Parts()) {
+      part->Upload();
+    }
+    page_.Box().Show(BoxKey::UploadDone);
+  }
+  page_.EndOperation();
+  page_.UnlockFrame();
+  if (begun) {
+    page_.DataChanged = true;  // the page now differs from any file
+    page_.SettleTabs(TabMoment::Uploaded);
   }
 }
 
-String TransferPage::ReplyPrefix(int row) const { return DataCell(row, kReplyPrefix); }
+bool Upload::UploadValues() {
+  page_.UploadBusy = true;
+  for (PagePart* part : page_.Parts()) {
+    part->UploadBegins();
+  }
+  const bool complete = ReadAllItems();
+  page_.BuildPage();
+  for (TextField* field : {&page_.txtAuthor, &page_.txtMemo, &page_.txtFileTitle}) {
+    field->SetText({});
+  }
+  page_.UploadBusy = false;
+  page_.TransferBar.SetValue(100);
+  return complete;
+}
 
-String TransferPage::StripReplyPrefix(int row, const String& reply) const {
-  const String prefix = ReplyPrefix(row);
+bool Upload::ReadAllItems() {
+  page_.GroupItem.ClearItems();
+  page_.TransferBar.SetValue(0);
+  page_.EnterMonitorMode();  // a device that doesn't take it is read all the same
+  const int rows = page_.Def.Data().Rows();
+  for (int row = 0; row < rows; ++row) {
+    if (page_.DataCell(row, kUploaded) != u"Y") {
+      continue;
+    }
+    if (ReadRow(row) == RowRead::Stop) {
+      return false;
+    }
+    page_.TransferBar.SetValue(static_cast<float>(row + 1) / static_cast<float>(rows) * 100);
+  }
+  page_.TransferBar.SetValue(100);
+  steps_.AfterAllRead();
+  return true;
+}
+
+RowRead Upload::ReadRow(int row) {
+  const String answer = page_.Items().ReadRetry(kItemRepeats, page_.WireOf(row));
+  const RowRead read = steps_.Judge(answer);
+  if (read == RowRead::Stop) {
+    return read;
+  }
+  page_.GroupItem.Set(page_.DataCell(row, kGroup), page_.DataCell(row, kItem), StripReplyPrefix(row, answer));
+  if (read == RowRead::Read) {
+    steps_.AfterItemRead(row);
+  }
+  return read;
+}
+
+String Upload::StripReplyPrefix(int row, const String& reply) const {
+  const String prefix = form_.ReplyPrefix(row);
   if (reply == u"ERROR" || reply == kNeedless || prefix.empty()) {
     return Trimmed(reply);
   }
   return Trimmed(WithoutPrefix(reply, prefix));
-}
-
-void TransferPage::TableStep(const ParameterSet& before) {
-  const ModelTraits& traits = Traits();
-  bool kept = false;
-  switch (traits.table_after_upload) {
-    case TableSwitch::None:
-      SetTableUnsaved(false);
-      return;
-    case TableSwitch::Always:
-    case TableSwitch::AsItStands:
-      kept = !UploadTable(before);
-      break;
-    case TableSwitch::InputType:
-      kept = InputTypeUsesTable() && !UploadTable(before);
-      break;
-    case TableSwitch::TableOption:
-    case TableSwitch::LnrOption: {
-      const OptionGroup* options = SwitchOptions(traits.table_after_upload);
-      const bool switched_off = options != nullptr && options->Selected() == 0;
-      Tabs.SetTabEnabled(LnrTab(), !switched_off);
-      kept = !switched_off && !UploadTable(before);
-      break;
-    }
-  }
-  SetTableUnsaved(kept && TableUnsaved());
-  SetUpTable(traits.table_points);
 }
 
 }  // namespace korva

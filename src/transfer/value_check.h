@@ -1,57 +1,52 @@
 #pragma once
 
+#include <optional>
 #include <span>
 
-#include "platform/string.h"
+#include "files/parameter_page.h"
 
 namespace korva {
 
-// The tables of a page's value check. Items are those of group "01"; all limits are inclusive and in the unit
-// of the field.
+/// What a family checks its own way.
+class CheckSteps {
+ public:
+  CheckSteps() = default;
+  CheckSteps(const CheckSteps&) = delete;
+  CheckSteps& operator=(const CheckSteps&) = delete;
+  virtual ~CheckSteps() = default;
 
-/// The range of one item's field.
-struct ItemRange {
-  int item = 0;  ///< 0 to 99
-  double low = 0;
-  double high = 0;
-  StringView def_file = {};  ///< the only model that the row serves; empty: every model
+  /// The items of group "01" that show live values on models that don't write them, and whose fields may be
+  /// blank: "03_set", "03_mon", "04" to "08".
+  [[nodiscard]] virtual std::span<const StringView> LiveItems() const;
+  /// Colours the fields, good or bad; false when one is bad.
+  virtual bool CheckValues() = 0;
 };
 
-/// Which fields a range check asks for before it judges anything; where they are not as asked, it passes.
-enum class RangeCondition {
-  NoneMissing,  ///< every item of the table has a field
-  NoneLocked,   ///< no item of the table has a locked field; items without one are passed over
-  AllOpen,      ///< every item of the table has a field and none of them is locked
-  OpenInOrder,  ///< item after item, up to the first that has no field or a locked one
-};
+/// The check of a page's values, before anything is written and with cmdCheck: blank fields, then the values,
+/// then the parts of the page.
+class ValueCheck {
+ public:
+  /// Takes the page's button. Both outlive this.
+  ValueCheck(ParameterPage& page, CheckSteps& steps);
+  ValueCheck(const ValueCheck&) = delete;
+  ValueCheck& operator=(const ValueCheck&) = delete;
+  ~ValueCheck() = default;
 
-/// The range of an item that follows the code of another item's choice.
-struct CodeRange {
-  StringView code;  ///< column 0 of the choice's table
-  double low = 0;
-  double high = 0;
-};
+  /// cmdCheck: marks every bad value, and tells the result.
+  void Run();
+  /// False after the box that tells what is wrong. Bad fields are marked; a field that was corrected loses
+  /// its mark. For a locked frame, whose kept tab states tell whether a table can be reached and so is to be
+  /// checked.
+  bool CheckAllValues();
 
-/// The check of a model whose limits follow the sensor chosen in item 11.
-struct SensorCheck {
-  StringView table;  ///< of the sensors: code, text as reported, unit, base of the span
-  int code_item = 18;
-  std::span<const CodeRange> code_ranges = {};  ///< of `code_item` by the sensor's code; no row: no limits
-  int span_item = 15;
-  double span_factor = 1.5;  ///< `span_item` may be at most this many times the sensor's base
-  ItemRange percent = {.item = 13, .low = 0, .high = 100};
-};
+ private:
+  bool CheckBlankFields();
+  [[nodiscard]] bool IsLiveField(int index) const;
+  Finding CheckParts();
+  Finding FindFault();
 
-/// The value check of one model.
-struct ModelCheck {
-  StringView def_file;
-  bool beginning = false;  ///< `def_file` is the beginning of the names
-  std::span<const ItemRange> ranges = {};
-  RangeCondition condition = RangeCondition::AllOpen;
-  const SensorCheck* sensor = nullptr;  ///< beside the ranges
+  ParameterPage& page_;
+  CheckSteps& steps_;
 };
-
-/// The row that serves the definition file, the first in the table's order; nullptr when there is none.
-const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file);
 
 }  // namespace korva

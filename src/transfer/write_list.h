@@ -1,30 +1,29 @@
 #pragma once
 
-#include <array>
+#include <vector>
 
-#include "files/definition.h"
+#include "link/group_item.h"
 #include "platform/string.h"
 
 namespace korva {
 
 /// One item of a download, at its position in the order of writing.
 struct WriteEntry {
-  String group{};   ///< as sent on the wire
-  String item{};    ///< as sent on the wire
+  int row = -1;  ///< of $Data
+  WireItem item{};
   String source{};  ///< the text of the parameter set, which the device must report back
   String data{};    ///< what is sent; empty or NEEDLESS: the item is not written
   String reply{};   ///< the device's reply after a good comparison
   String prefix{};  ///< what the device puts before a plain value; empty for a choice, which goes as its code
 };
 
-/// The items of a download in the order of writing.
-inline constexpr int kWritePositions = 21;
-using WriteList = std::array<WriteEntry, kWritePositions>;
+/// The items of a download in the order of writing: as many positions as the family's $Data has rows.
+using WriteList = std::vector<WriteEntry>;
 
-/// Where the code of a choice stands: the row whose `text_column` is the text has the code in column 0.
+/// Where the code of a choice stands: the list, under a title where it has several.
 struct CodeTable {
   StringView key;  ///< of the definition's section
-  int text_column = 1;
+  int title = 1;
 };
 
 /// True when the device's reply to a write, or its answer to the read that followed, proves the entry: a

@@ -13,6 +13,9 @@
 #include <QToolTip>
 #include <iostream>
 
+#include "linearizer/linearizer.h"
+#include "monitor/status_monitor.h"
+#include "support/page_parts.h"
 #include "window_bench.h"
 
 namespace korva {
@@ -255,7 +258,7 @@ TEST(CurveViewTest, OnThePageItFollowsEachCell) {
   test::WindowBench bench("QHW");
   auto* curve = bench.Find<CurveView>("LnrFlexGrid curve");
   EXPECT_TRUE(curve->Points().empty());
-  Grid& grid = bench.Page().LnrFlexGrid;
+  Grid& grid = test::Part<Linearizer>(bench.Page()).LnrFlexGrid;
   grid.SetText(1, 1, u"0");
   grid.SetText(1, 2, u"0");
   grid.SetText(16, 1, u"100");
@@ -274,7 +277,7 @@ TEST(CurveViewTest, OnThePageItFollowsEachCell) {
 TEST(CurveViewTest, OnThePageAHundredPointsAreDrawnFasterThanASingleFrame) {
   test::WindowBench bench("QHW1");
   auto* curve = bench.Find<CurveView>("LnrFlexGrid curve");
-  Grid& grid = bench.Page().LnrFlexGrid;
+  Grid& grid = test::Part<Linearizer>(bench.Page()).LnrFlexGrid;
   ASSERT_EQ(grid.Rows(), 101);
   for (int row = 1; row <= 100; ++row) {
     grid.SetText(row, 1, FromQt(QString::number(row)));
@@ -304,9 +307,9 @@ TEST(CurveViewTest, TheOpeningOfTheCellEditorMovesNeitherTableNorCurve) {
     return std::pair(QRect(curve->mapTo(&bench.window, QPoint()), curve->size()),
                      QRect(table->mapTo(&bench.window, QPoint()), table->size()));
   };
-  bench.Page().fraLnrChange.SetVisible(false);
+  test::Part<Linearizer>(bench.Page()).Editor().fraLnrChange.SetVisible(false);
   const auto closed = places();
-  bench.Page().fraLnrChange.SetVisible(true);
+  test::Part<Linearizer>(bench.Page()).Editor().fraLnrChange.SetVisible(true);
   EXPECT_EQ(places(), closed);
   EXPECT_TRUE(bench.Find<QWidget>("cmdLnrChangeOK")->isVisible());
 }

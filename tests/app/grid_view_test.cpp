@@ -7,6 +7,9 @@
 #include <QScrollBar>
 #include <QTableWidget>
 
+#include "linearizer/linearizer.h"
+#include "monitor/status_monitor.h"
+#include "support/page_parts.h"
 #include "window_bench.h"
 
 namespace korva {
@@ -27,7 +30,7 @@ struct GridBench : test::WindowBench {
   }
   [[nodiscard]] Cell Current() const { return {table->currentRow(), table->currentColumn()}; }
 
-  Grid& grid = Page().LnrFlexGrid;
+  Grid& grid = test::Part<Linearizer>(Page()).LnrFlexGrid;
   QTableWidget* table = Find<QTableWidget>("LnrFlexGrid");
   std::vector<Cell> clicks;
 };

@@ -11,7 +11,10 @@
 #include <map>
 #include <set>
 
+#include "linearizer/linearizer.h"
 #include "linearizer/lnr_table.h"
+#include "monitor/status_monitor.h"
+#include "support/page_parts.h"
 #include "window_bench.h"
 
 namespace korva {
@@ -71,7 +74,7 @@ struct MonitorBench : WindowBench {
       EXPECT_TRUE(device.device.Set("01", item, "12.5"));
     }
     Upload();
-    window.Current()->ShowTab(Page().TabOf(Page().cmdMonitorON));
+    window.Current()->ShowTab(Page().TabOf(test::Part<StatusMonitor>(Page()).cmdMonitorON));
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
     PaintOnAndOn();
   }
@@ -110,7 +113,7 @@ std::map<std::string, int> PaintsOfACycle(MonitorBench& bench, Paints& paints,
     } else if (cycle == 4) {
       painted = paints.of;
       beyond = paints.beyond;
-      bench.Page().cmdMonitorOFF.Click();
+      test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click();
     }
   });
   bench.Press("cmdMonitorON");
@@ -147,7 +150,7 @@ TEST(RepaintTest, AChangedValueIsPaintedWithItsHighlight) {
 TEST(RepaintTest, ATableThatIsBuiltAgainWithTheSameValuesIsNotPainted) {
   WindowBench bench("QHW");
   bench.Show(3);
-  Grid& grid = bench.Page().LnrFlexGrid;
+  Grid& grid = test::Part<Linearizer>(bench.Page()).LnrFlexGrid;
   ParameterSet& set = bench.Page().GroupItem;
   for (int row = 1; row <= 16; ++row) {
     for (int column = 1; column <= 2; ++column) {
@@ -175,7 +178,7 @@ TEST(RepaintTest, AMarkedCellPaintsItselfAndItsCurveOnly) {
   const QRect cell = table->visualItemRect(table->item(5, 2)).translated(AreaOf(table->viewport()).topLeft());
   paints.allowed += cell.adjusted(-1, -1, 1, 1);
   paints.allowed += AreaOf(bench.Find<QWidget>("LnrFlexGrid curve"));
-  bench.Page().LnrFlexGrid.SetLook(5, 2, Look::Bad);
+  test::Part<Linearizer>(bench.Page()).LnrFlexGrid.SetLook(5, 2, Look::Bad);
   EXPECT_GT(paints.Painted(), 0U);
   EXPECT_EQ(paints.beyond, std::set<std::string>{});
 }

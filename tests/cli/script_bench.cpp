@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/design.h"
+#include "pages/registry.h"
 
 namespace korva::cli::test {
 
@@ -41,6 +42,9 @@ BenchPage::BenchPage(Program& program, const Family& family, SerialLink& link)
   Register(Combo);
   Register(Frames);
   Register(Opt_Table);
+  Register(LnrFlexGrid);
+  Register(LnrProgressBar);
+  LnrFlexGrid.Resize(17, 3);
   ApplyDesign();
 }
 
@@ -50,7 +54,7 @@ void BenchPage::ReopenPort() {
 }
 
 ScriptBench::ScriptBench(ScriptRunner::Options options)
-    : program(platform, u"/k",
+    : program(platform, u"/k", AllFamilies(),
               [this](Program& owner, const Family& family) -> std::unique_ptr<korva::Page> {
                 return std::make_unique<BenchPage>(owner, family, link);
               }),

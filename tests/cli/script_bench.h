@@ -39,6 +39,8 @@ class BenchPage final : public Page {
   ControlArray<ComboBox> Combo{"Combo", 0};
   ControlArray<Frame> Frames{"Frame", 0};
   OptionGroup Opt_Table{"Opt_Table", 2};
+  Grid LnrFlexGrid{"LnrFlexGrid"};
+  ProgressBar LnrProgressBar{"LnrProgressBar"};
 
  protected:
   void PreparePort() override { link_.OpenAtStart(String(ItsFamily().settings)); }

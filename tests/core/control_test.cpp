@@ -393,8 +393,12 @@ TEST(TabControl, HasACaptionAndAStateForEachTab) {
   ChangeCounter changes(tabs);
   tabs.SetTabCaption(3, u"ﾘﾆｱﾗｲｻﾞ");
   tabs.SetTabEnabled(3, false);
+  std::vector<int> entered;
+  tabs.OnEntered = [&](int tab) { entered.push_back(tab); };
+  tabs.SetCurrent(2);
   tabs.SetCurrent(2);
   EXPECT_EQ(changes.Take(), 3);
+  EXPECT_EQ(entered, std::vector<int>{2});
   EXPECT_EQ(tabs.Count(), 7);
   EXPECT_EQ(tabs.TabCaption(3), u"ﾘﾆｱﾗｲｻﾞ");
   EXPECT_FALSE(tabs.TabEnabled(3));

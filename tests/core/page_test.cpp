@@ -35,7 +35,8 @@ TEST_F(PageTest, LoadsItsFoldersCatalogueAndCaptions) {
   EXPECT_EQ(Page().cmdUpload.Caption(), u"アップロード");
   EXPECT_EQ(Page().Tabs.TabCaption(1), u"ﾘﾆｱﾗｲｻﾞ");
   EXPECT_EQ(Page().OptCom[3].Caption(), u"COM 4");
-  EXPECT_FALSE(Page().fraLnrChange.Visible());
+  EXPECT_EQ(Page().first.button.Caption(), u"日本語で");
+  EXPECT_EQ(Page().second.button.Caption(), u"日本語で");
   EXPECT_FALSE(Page().flaMsg_CannotEnd.Visible());
 }
 
@@ -153,12 +154,14 @@ TEST_F(PageTest, EmptiesTheSetOnNoAndShowsIt) {
 
 TEST_F(PageTest, IsBusyDuringAnOperationAndNotToBeCutOffDuringADownload) {
   Page().TransferBar.SetValue(100);
-  Page().LnrProgressBar.SetValue(100);
+  Page().first.bar.SetValue(100);
+  Page().second.bar.SetValue(50);
   Page().BeginOperation();
   EXPECT_TRUE(Shared().CommBusy);
   EXPECT_FALSE(Shared().DownloadBusy);
   EXPECT_EQ(Page().TransferBar.Value(), 0.0F);
-  EXPECT_EQ(Page().LnrProgressBar.Value(), 0.0F);
+  EXPECT_EQ(Page().first.bar.Value(), 0.0F);
+  EXPECT_EQ(Page().second.bar.Value(), 0.0F);
   Page().BeginDownload();
   EXPECT_TRUE(Shared().CommBusy);
   EXPECT_TRUE(Shared().DownloadBusy);
@@ -190,8 +193,7 @@ TEST_F(PageTest, DisablesButtonsListAndTabsWhileLockedAndPutsTheTabsBackAsTheyWe
   Page().LockFrame();
   for (const Control* control : std::initializer_list<const Control*>{
            &Page().cmdUpload, &Page().cmdDownload, &Page().cmdOpen, &Page().cmdSave, &Page().cmdNew,
-           &Page().cmdCheck, &Page().cmdExit, &Page().cmdSet, &Page().cmdStatusMonOFF, &Page().cmdMonitorON,
-           &Page().cmdMonitorOFF}) {
+           &Page().cmdCheck, &Page().cmdExit, &Page().first.button, &Page().second.button}) {
     EXPECT_FALSE(control->Enabled()) << control->FullName();
   }
   for (int tab = 0; tab < 3; ++tab) {
@@ -199,6 +201,8 @@ TEST_F(PageTest, DisablesButtonsListAndTabsWhileLockedAndPutsTheTabsBackAsTheyWe
   }
   Page().UnlockFrame();
   EXPECT_TRUE(Page().cmdUpload.Enabled());
+  EXPECT_TRUE(Page().first.button.Enabled());
+  EXPECT_TRUE(Page().second.button.Enabled());
   EXPECT_TRUE(Page().Tabs.TabEnabled(0));
   EXPECT_FALSE(Page().Tabs.TabEnabled(1));
   EXPECT_TRUE(Page().Tabs.TabEnabled(2));
@@ -305,15 +309,38 @@ TEST_F(PageTest, FindsItsTabsByCaption) {
 }
 
 TEST_F(PageTest, TellsWhyTheUserCanNotReachAControl) {
-  EXPECT_EQ(Page().TabOf(Page().cmdMonitorON), 2);
+  EXPECT_EQ(Page().TabOf(Page().first.button), 2);
   EXPECT_EQ(Page().TabOf(Page().cmdUpload), -1);
-  EXPECT_EQ(Page().WhyRefused(Page().cmdMonitorON), "");
+  EXPECT_EQ(Page().WhyRefused(Page().first.button), "");
   Page().Tabs.SetTabEnabled(2, false);
-  EXPECT_EQ(Page().WhyRefused(Page().cmdMonitorON), "tab disabled");
+  EXPECT_EQ(Page().WhyRefused(Page().first.button), "tab disabled");
   EXPECT_EQ(Page().WhyRefused(Page().txtFileTitle), "locked");
-  EXPECT_EQ(Page().WhyRefused(Page().fraLnrChange), "hidden");
+  EXPECT_EQ(Page().WhyRefused(Page().lbl_Waitfor), "hidden");
   Page().cmdUpload.SetEnabled(false);
   EXPECT_EQ(Page().WhyRefused(Page().cmdUpload), "disabled");
+}
+
+TEST_F(PageTest, TellsEachPartOfATabThatComesToTheFront) {
+  Page().first.notes.clear();
+  Page().second.notes.clear();
+  Page().Tabs.SetCurrent(2);
+  Page().Tabs.SetCurrent(2);  // it is there already
+  Page().Tabs.SetCurrent(0);
+  EXPECT_EQ(Page().first.notes, (Steps{"tab 2", "tab 0"}));
+  EXPECT_EQ(Page().second.notes, (Steps{"tab 2", "tab 0"}));
+}
+
+TEST_F(PageTest, CaptionsItsPartsInTheLanguageOfTheFrame) {
+  Page().SetCaptions(Language::English);
+  EXPECT_EQ(Page().cmdUpload.Caption(), u"UPLOAD");
+  EXPECT_EQ(Page().first.button.Caption(), u"in English");
+  EXPECT_EQ(Page().second.button.Caption(), u"in English");
+}
+
+TEST_F(PageTest, AsksItsPartsInTheOrderInWhichTheyWereAdded) {
+  ASSERT_EQ(Page().Parts().size(), 2U);
+  EXPECT_EQ(Page().Parts()[0], &Page().first);
+  EXPECT_EQ(Page().Parts()[1], &Page().second);
 }
 
 TEST_F(PageTest, RefusesTheUserOnAPageThatIsHidden) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/program.h"
+#include "pages/registry.h"
 #include "platform/native/native_code_page.h"
 #include "platform/virtual/virtual_dialogs.h"
 #include "platform/virtual/virtual_event_loop.h"
@@ -16,7 +17,7 @@
 
 namespace korva::test {
 
-inline constexpr std::array kFrameRows = {DesignRow{.field = "cmdMonitorON cmdMonitorOFF"}};
+inline constexpr std::array kFrameRows = {DesignRow{.field = "cmdFirst cmdSecond"}};
 inline constexpr std::array kFrameGroups = {DesignGroup{.heading = TextKey::Monitoring, .rows = kFrameRows}};
 inline constexpr auto kFrameTabs = std::to_array<DesignTab>({
     {.caption = TextKey::File},
@@ -25,7 +26,28 @@ inline constexpr auto kFrameTabs = std::to_array<DesignTab>({
 });
 inline constexpr Design kFrameDesign = {.tabs = kFrameTabs};
 
-/// A page with the frame and nothing behind it: it notes what its steps were called for.
+/// A part with a button and a bar, which notes what of the frame it takes part in.
+class FramePart final : public PagePart {
+ public:
+  FramePart(Page& page, const std::string& name) : button("cmd" + name), bar("Bar" + name) {
+    page.Add(*this);
+    page.RegisterAll<Control>({&button, &bar});
+  }
+
+  void SetCaptions(Language language) override {
+    button.SetCaption(language == Language::English ? u"in English" : u"日本語で");
+    notes.emplace_back("captions");
+  }
+  void SetLocked(bool locked) override { button.SetEnabled(!locked); }
+  void ResetBars() override { bar.SetValue(0); }
+  void TabEntered(int tab) override { notes.emplace_back("tab " + std::to_string(tab)); }
+
+  Button button;
+  ProgressBar bar;
+  std::vector<std::string> notes;
+};
+
+/// A page with the frame, two parts, and nothing behind them: it notes what its steps were called for.
 class FramePage final : public Page {
  public:
   FramePage(Program& program, const Family& family, std::vector<std::string>& journal)
@@ -49,6 +71,8 @@ class FramePage final : public Page {
 
   bool SaveSucceeds = true;
   String Rescued;
+  FramePart first{*this, "First"};
+  FramePart second{*this, "Second"};
 
  protected:
   void PreparePort() override { Note("prepare port"); }
@@ -80,7 +104,8 @@ class FramePage final : public Page {
 
 /// A program with frame pages for every family, in virtual time, with its files in memory.
 struct ProgramHost {
-  explicit ProgramHost(const String& folder = u"/korva") : program(platform, folder, Factory()) {
+  explicit ProgramHost(const String& folder = u"/korva")
+      : program(platform, folder, AllFamilies(), Factory()) {
     program.OnEnded([this](int exit_status) { status = exit_status; });
     program.OnPageUnloaded([this](Page& page) { unloaded.emplace_back(page.ItsFamily().word); });
     PutCatalogue("QHW,QHW.def,First\r\nQC,QC.def,First\r\nZ2,Z2.def,Lite\r\nZ8,Z8.def,Nano\r\nA, B\r\n");
@@ -101,7 +126,7 @@ struct ProgramHost {
   }
   [[nodiscard]] FramePage& Showing() const { return static_cast<FramePage&>(*program.Showing()); }
   [[nodiscard]] FramePage* Loaded(StringView word) const {
-    return static_cast<FramePage*>(program.Loaded(*FindFamily(word)));
+    return static_cast<FramePage*>(program.Loaded(*program.FindFamily(word)));
   }
   /// Steps noted since the last call.
   std::vector<std::string> TakeJournal() { return std::exchange(journal, {}); }

@@ -63,10 +63,10 @@ TEST_F(ProgramTest, EndsWhenTheShowingPageIsClosed) {
 
 TEST_F(ProgramTest, UnloadsTheOtherPagesButThoseOfThirdLiteForthAndLiteFifth) {
   Start();
-  for (const Family& family : Families()) {
-    host_.Do([&] { host_.program.Show(family); });
+  for (const Family* family : AllFamilies().all) {
+    host_.Do([&] { host_.program.Show(*family); });
   }
-  host_.Do([&] { host_.program.Show(*FindFamily(u"First")); });
+  host_.Do([&] { host_.program.Show(AllFamilies().root); });
   host_.program.PressClose();
   EXPECT_EQ(host_.unloaded,
             (Words{u"QXI", u"Second", u"Lite", u"LiteSecond", u"LiteThird", u"LiteUniv", u"Nano"}));

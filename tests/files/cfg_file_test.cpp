@@ -13,7 +13,7 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-constexpr const char16_t* kPath = u"/data/a.cfg";
+constexpr const char16_t* kCfgPath = u"/data/a.cfg";
 constexpr StringView kFormat = u"ﾌｧｲﾙを開く: cfgﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。";
 constexpr StringView kDataFormat = u"ﾌｧｲﾙを開く: cfgﾌｧｲﾙ(GroupItem$)のﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。";
 
@@ -27,18 +27,18 @@ class CfgFile : public testing::Test {
   }
 
   void Read(StringView text) {
-    host.PutText(kPath, text);
-    model = ReadCfgFile(lines, boxes, models, kPath, set);
+    host.PutText(kCfgPath, text);
+    model = ReadCfgFile(lines, boxes, models, kCfgPath, set, {});
   }
   void ReadBytes(std::string_view bytes) {
-    host.files.Put(kPath, bytes);
-    model = ReadCfgFile(lines, boxes, models, kPath, set);
+    host.files.Put(kCfgPath, bytes);
+    model = ReadCfgFile(lines, boxes, models, kCfgPath, set, {});
   }
   /// Writes the set and reads it back into another.
   ParameterSet RoundTrip() {
-    host.files.Put(kPath, host.code_page.Encode(CfgText(u"QH.def", set)).value());
+    host.files.Put(kCfgPath, host.code_page.Encode(CfgText(u"QH.def", set, {})).value());
     ParameterSet other(set.Groups());
-    (void)ReadCfgFile(lines, boxes, models, kPath, other);
+    (void)ReadCfgFile(lines, boxes, models, kCfgPath, other, {});
     return other;
   }
   [[nodiscard]] bool Clean() const { return host.dialogs.Boxes().empty(); }
@@ -61,7 +61,7 @@ TEST_F(CfgFile, IsWrittenByteForByteInItsLayout) {
   set.Set(1, 21, u"NEEDLESS");
   set.Author = u"author";
   set.Memo = u"first line\r\nsecond line";
-  EXPECT_EQ(CfgText(u"QH.def", set),
+  EXPECT_EQ(CfgText(u"QH.def", set, {}),
             u"$DefFile\r\n\"QH.def\"\r\n$Data\r\n"
             u"\"0\",\"99\",\"SYSVER   1.00\"\r\n\"1\",\"2\",\"TAG-1\"\r\n\"1\",\"10\",\"Tc-2:K(CA)\"\r\n"
             u"\"1\",\"14\",\"0\"\r\n\"1\",\"15\",\"1200\"\r\n\"1\",\"21\",\"NEEDLESS\"\r\n"
@@ -69,7 +69,7 @@ TEST_F(CfgFile, IsWrittenByteForByteInItsLayout) {
 }
 
 TEST_F(CfgFile, OfAnEmptySetHasNoValues) {
-  EXPECT_EQ(CfgText(u"QH.def", set),
+  EXPECT_EQ(CfgText(u"QH.def", set, {}),
             u"$DefFile\r\n\"QH.def\"\r\n$Data\r\n$Memo\r\n\"0\",\"\"\r\n\"1\",\"\"\r\n$End\r\n");
 }
 
@@ -77,13 +77,13 @@ TEST_F(CfgFile, IsSortedByGroupThenItem) {
   set.Set(3, 0, u"c");
   set.Set(2, 99, u"b");
   set.Set(0, 5, u"a");
-  EXPECT_NE(CfgText(u"X", set).find(u"\"0\",\"5\",\"a\"\r\n\"2\",\"99\",\"b\"\r\n\"3\",\"0\",\"c\"\r\n"),
+  EXPECT_NE(CfgText(u"X", set, {}).find(u"\"0\",\"5\",\"a\"\r\n\"2\",\"99\",\"b\"\r\n\"3\",\"0\",\"c\"\r\n"),
             String::npos);
 }
 
 TEST_F(CfgFile, AQuoteInsideAValueIsWrittenAsItStands) {
   set.Set(1, 2, u"a\"b");
-  EXPECT_NE(CfgText(u"X", set).find(u"\"1\",\"2\",\"a\"b\"\r\n"), String::npos);
+  EXPECT_NE(CfgText(u"X", set, {}).find(u"\"1\",\"2\",\"a\"b\"\r\n"), String::npos);
   EXPECT_EQ(RoundTrip().At(1, 2), u"a\"b");
 }
 
@@ -175,7 +175,7 @@ TEST_F(CfgFile, TheSetIsEmptiedBeforeAnythingIsRead) {
 
 TEST_F(CfgFile, ATagOfTenBlanksIsSavedAsSuchAndComesBackEmpty) {
   set.Set(1, 2, String(kEmptyTag));
-  EXPECT_NE(CfgText(u"X", set).find(u"\"1\",\"2\",\"          \"\r\n"), String::npos);
+  EXPECT_NE(CfgText(u"X", set, {}).find(u"\"1\",\"2\",\"          \"\r\n"), String::npos);
   EXPECT_EQ(RoundTrip().At(1, 2), u"");
 }
 
@@ -213,7 +213,7 @@ TEST_F(CfgFile, AGroupOrItemOutsideTheSetEndsTheProgramNamingFileAndPlace) {
       Read(u"$Data\n" + String(record) + u"\n$End\n");
       ADD_FAILURE() << "read on";
     } catch (const RuntimeFailure& failure) {
-      EXPECT_NE(failure.Text().find(kPath), String::npos);
+      EXPECT_NE(failure.Text().find(kCfgPath), String::npos);
       EXPECT_NE(failure.Text().find(u"Group"), String::npos);
     }
   }
@@ -222,7 +222,7 @@ TEST_F(CfgFile, AGroupOrItemOutsideTheSetEndsTheProgramNamingFileAndPlace) {
 TEST_F(CfgFile, OfATwoGroupFamilyHasNoThirdGroup) {
   set = ParameterSet(2);
   set.Set(1, 99, u"x");
-  EXPECT_NE(CfgText(u"X", set).find(u"\"1\",\"99\",\"x\""), String::npos);
+  EXPECT_NE(CfgText(u"X", set, {}).find(u"\"1\",\"99\",\"x\""), String::npos);
   EXPECT_THROW(Read(u"$Data\n\"2\",\"0\",\"x\"\n$End\n"), RuntimeFailure);
 }
 
@@ -306,7 +306,7 @@ TEST_F(CfgFile, NulBytesAndForeignBytesAreRead) {
 }
 
 TEST_F(CfgFile, AMissingFileEndsTheProgram) {
-  EXPECT_THROW((void)ReadCfgFile(lines, boxes, models, u"/nowhere.cfg", set), RuntimeFailure);
+  EXPECT_THROW((void)ReadCfgFile(lines, boxes, models, u"/nowhere.cfg", set, {}), RuntimeFailure);
 }
 
 }  // namespace

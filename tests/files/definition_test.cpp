@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "core/text_utilities.h"
 #include "page_host.h"
@@ -14,20 +15,21 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-constexpr const char16_t* kPath = u"/korva/system/Kv_1/TEST.def";
+constexpr const char16_t* kDefPath = u"/korva/system/Kv_1/TEST.def";
 constexpr StringView kFaulty = u"ﾌｧｲﾙを開く: defﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。ﾌﾟﾛｸﾞﾗﾑを再ｲﾝｽﾄｰﾙしてください。";
 
 class DefFile : public testing::Test {
  protected:
-  explicit DefFile(StringView family = u"First") : definition(*FindFamily(family)) {}
+  explicit DefFile(StringView family = u"First")
+      : definition(EntryOf(family).record.family, EntryOf(family).record.definition) {}
 
   void Read(StringView text) {
-    host.PutText(kPath, text);
-    ReadDefFile(lines, boxes, kPath, definition);
+    host.PutText(kDefPath, text);
+    ReadDefFile(lines, boxes, kDefPath, definition);
   }
   void ReadBytes(std::string_view bytes) {
-    host.files.Put(kPath, bytes);
-    ReadDefFile(lines, boxes, kPath, definition);
+    host.files.Put(kDefPath, bytes);
+    ReadDefFile(lines, boxes, kDefPath, definition);
   }
   /// The failure's text when the file ends the program, else empty.
   String FailureOf(StringView text) {
@@ -38,6 +40,7 @@ class DefFile : public testing::Test {
     }
     return {};
   }
+  const String& Cell(int row, DataColumn column) { return definition.Cell(row, column); }
   const String& Cell(StringView key, int row, int column) { return definition[key].At(row, column); }
   [[nodiscard]] bool Clean() const { return host.dialogs.Boxes().empty(); }
 
@@ -70,12 +73,12 @@ TEST_F(DefFile, ReadsEachSectionIntoItsTable) {
       u"True, True, True, False, False, True, True\n"
       u"$End\n");
   EXPECT_TRUE(Clean());
-  EXPECT_EQ(Cell(u"$Data", 0, kGroup), u"01");
-  EXPECT_EQ(Cell(u"$Data", 0, kCaption), u"入力");
-  EXPECT_EQ(Cell(u"$Data", 0, kTextIndex), u"");
-  EXPECT_EQ(Cell(u"$Data", 0, kReplyPrefix), u"TG:");
-  EXPECT_EQ(Cell(u"$Data", 0, kWritePosition), u"2");
-  EXPECT_EQ(Cell(u"$Data", 1, kGroup), u"");
+  EXPECT_EQ(Cell(0, kGroup), u"01");
+  EXPECT_EQ(Cell(0, kCaption), u"入力");
+  EXPECT_EQ(Cell(0, kTextIndex), u"");
+  EXPECT_EQ(Cell(0, kReplyPrefix), u"TG:");
+  EXPECT_EQ(Cell(0, kWritePosition), u"2");
+  EXPECT_EQ(Cell(1, kGroup), u"");
   EXPECT_EQ(Cell(u"$I10", 0, 8), u"deg C");
   EXPECT_EQ(Cell(u"$SSTab", 0, 3), u"False");
   EXPECT_EQ(Cell(u"$SSTab", 0, 6), u"True");
@@ -84,14 +87,14 @@ TEST_F(DefFile, ReadsEachSectionIntoItsTable) {
 TEST_F(DefFile, FieldsReadAlikeWithBlanksTabsAndQuotesAroundThem) {
   Read(u"$Data\n01, 10\n\"01\",\"10\"\n01 ,\t10\n$End\n");
   for (int row = 0; row < 3; ++row) {
-    EXPECT_EQ(Cell(u"$Data", row, kGroup), u"01") << row;
-    EXPECT_EQ(Cell(u"$Data", row, kItem), u"10") << row;
+    EXPECT_EQ(Cell(row, kGroup), u"01") << row;
+    EXPECT_EQ(Cell(row, kItem), u"10") << row;
   }
 }
 
 TEST_F(DefFile, AQuoteInsideAFieldStays) {
   Read(u"$Data\n01, \"a\" b, c\n$End\n");
-  EXPECT_EQ(Cell(u"$Data", 0, kItem), u"a\" b");
+  EXPECT_EQ(Cell(0, kItem), u"a\" b");
 }
 
 TEST_F(DefFile, AShortRowLeavesTheRemainingColumnsEmpty) {
@@ -135,7 +138,7 @@ TEST_F(DefFile, TakesAllRowsOfItemsAndReportsOneMore) {
   }
   Read(text + u"$End\n");
   EXPECT_TRUE(Clean());
-  EXPECT_EQ(Cell(u"$Data", 31, kItem), u"31");
+  EXPECT_EQ(Cell(31, kItem), u"31");
   Read(text + u"01,32\n$End\n");
   EXPECT_EQ(host.BoxTexts(), std::vector<String>{String(kFaulty)});
 }
@@ -160,14 +163,14 @@ TEST_F(DefFile, AListMayEndWithoutALineEnd) {
 
 TEST_F(DefFile, AMissingEndAfterATableEndsTheProgramNamingFileAndLine) {
   const String text = FailureOf(u"$I10\n1,one\n2,two\n");
-  EXPECT_NE(text.find(kPath), String::npos);
+  EXPECT_NE(text.find(kDefPath), String::npos);
   EXPECT_NE(text.find(u"4行目"), String::npos);
   EXPECT_EQ(Cell(u"$I10", 1, 1), u"two");
 }
 
 TEST_F(DefFile, AFileWithoutAnyKeyEndsTheProgram) {
-  EXPECT_NE(FailureOf(u"01,10\nno key\n").find(kPath), String::npos);
-  EXPECT_NE(FailureOf(u"").find(kPath), String::npos);
+  EXPECT_NE(FailureOf(u"01,10\nno key\n").find(kDefPath), String::npos);
+  EXPECT_NE(FailureOf(u"").find(kDefPath), String::npos);
 }
 
 TEST_F(DefFile, AMissingFileEndsTheProgram) {
@@ -219,13 +222,13 @@ TEST_F(DefFile, ASectionOfTheBlockIsNoKeyOutsideIt) {
 TEST_F(DefFile, KeysAreComparedWithTheirCase) {
   Read(u"$data\n01,10\n$End\n");
   EXPECT_EQ(host.BoxTexts(), std::vector<String>{String(kFaulty)});
-  EXPECT_EQ(Cell(u"$Data", 0, 0), u"");
+  EXPECT_EQ(Cell(0, kGroup), u"");
 }
 
 TEST_F(SecondDefFile, InputTypesAreAnUnknownKeyToTheSecondFamily) {
   Read(u"$Data\n01,08\n$I10\n1,one\n$SSTab\nTrue\n$End\n");
   EXPECT_EQ(host.BoxTexts(), std::vector<String>{String(kFaulty)});
-  EXPECT_EQ(Cell(u"$Data", 0, kItem), u"08");
+  EXPECT_EQ(Cell(0, kItem), u"08");
   EXPECT_EQ(Cell(u"$SSTab", 0, 0), u"");
 }
 
@@ -257,10 +260,80 @@ TEST_F(DefFile, FindsTheFirstRowFromAGivenOneOn) {
   EXPECT_EQ(definition[u"$I21"].FindRow(1, u"c"), -1);
 }
 
+TEST_F(DefFile, AListIsReadByWhatItsColumnsHold) {
+  Read(u"$I10\nT1,One,0,100,10,N,Y,DCV,deg C\nT2,Two,-5,5,1,Y,N,,mV\nT3,Two\n$End\n");
+  const ChoiceList types = definition.ListOf(u"$I10");
+  EXPECT_EQ(types.Rows(), 17);
+  EXPECT_EQ(types.Code(1), u"T2");
+  EXPECT_EQ(types.Text(1), u"Two");
+  EXPECT_EQ(types.Cell(1, &ListColumns::low), u"-5");
+  EXPECT_EQ(types.Cell(0, &ListColumns::high), u"100");
+  EXPECT_EQ(types.Cell(0, &ListColumns::title), u"DCV");
+  EXPECT_EQ(types.Cell(0, &ListColumns::unit), u"deg C");
+  EXPECT_EQ(types.Cell(0, &ListColumns::fixed), u"N");
+  EXPECT_TRUE(types.Settable(0));
+  EXPECT_FALSE(types.Settable(1));
+  EXPECT_FALSE(types.Settable(2));
+  EXPECT_EQ(types.FindText(u"Two"), 1);
+  EXPECT_EQ(types.FindText(u"Two", 2), 2);
+  EXPECT_EQ(types.FindText(u"T1"), -1);
+  EXPECT_EQ(types.FindCode(u"T3"), 2);
+  EXPECT_EQ(types.Find(&ListColumns::fixed, u"Y"), 1);
+}
+
+TEST_F(DefFile, AColumnThatAListLacksIsEmptyAndHoldsNothing) {
+  Read(u"$I23\n0,none\n1,one\n$End\n");
+  const ChoiceList list = definition.ListOf(u"$I23");
+  EXPECT_TRUE(list.Has(&ListColumns::text));
+  EXPECT_FALSE(list.Has(&ListColumns::unit));
+  EXPECT_EQ(list.Cell(0, &ListColumns::unit), u"");
+  EXPECT_EQ(list.Find(&ListColumns::unit, u""), -1);
+  EXPECT_FALSE(list.Settable(0));
+}
+
+TEST_F(DefFile, EachTitleOfTheRangesHasItsTextsAndLimits) {
+  Read(u"$I11\n$I11Body\n1,a,b,c,10,11,20,21,30,31\n2,d,e,f,12,13,22,23,32,33\n$End\n");
+  const ChoiceList ranges = definition.ListOf(u"$I11Body");
+  for (const auto& [title, text, low, high] :
+       {std::tuple{1, u"d", u"12", u"13"}, std::tuple{2, u"e", u"22", u"23"},
+        std::tuple{3, u"f", u"32", u"33"}}) {
+    const ChoiceList under = ranges.UnderTitle(title);
+    EXPECT_EQ(under.FindText(text), 1);
+    EXPECT_EQ(under.Code(1), u"2");
+    EXPECT_EQ(under.Cell(1, &ListColumns::low), low);
+    EXPECT_EQ(under.Cell(1, &ListColumns::high), high);
+    EXPECT_EQ(under.Cell(1, &ListColumns::preset_high), high);
+  }
+  EXPECT_THROW((void)ranges.UnderTitle(0), RuntimeFailure);
+  EXPECT_THROW((void)ranges.UnderTitle(4), RuntimeFailure);
+}
+
+TEST_F(DefFile, ARowOutsideAListEndsTheProgramWhateverTheColumn) {
+  const ChoiceList list = definition.ListOf(u"$I23");
+  for (const ListColumn column : {&ListColumns::code, &ListColumns::text, &ListColumns::unit}) {
+    EXPECT_THROW((void)list.Cell(2, column), RuntimeFailure);
+    EXPECT_THROW((void)list.Cell(-1, column), RuntimeFailure);
+  }
+  EXPECT_THROW((void)definition.ListOf(u"$I99"), RuntimeFailure);
+}
+
+TEST_F(SecondDefFile, ItemsAreReadWhereTheFamilyHasTheirColumns) {
+  Read(u"$Data\n01,05,,,,,,,,,,,,3,2,Hz,,,0,1,Y,Y,TG:,,7,Lift Factor\n$End\n");
+  EXPECT_EQ(Cell(0, kUnitBox), u"2");
+  EXPECT_EQ(Cell(0, kUnitText), u"Hz");
+  EXPECT_EQ(Cell(0, kDefaultOption), u"1");
+  EXPECT_EQ(Cell(0, kWritePosition), u"7");
+  EXPECT_EQ(Cell(0, kItemTitle), u"Lift Factor");
+  EXPECT_EQ(Cell(0, kUnitKey), u"");
+  EXPECT_FALSE(definition.HasColumn(kTemperature));
+  EXPECT_EQ(definition.FindRow(kWritePosition, u"7"), 0);
+  EXPECT_EQ(definition.FindRow(kWritePosition, u"7", 1), -1);
+}
+
 TEST_F(DefFile, ALineOfAMegabyteReadsAsOneField) {
   Read(u"$Data\n01," + String(1 << 20, u'x') + u",3\n$End\n");
-  EXPECT_EQ(Cell(u"$Data", 0, kItem).size(), std::size_t{1} << 20);
-  EXPECT_EQ(Cell(u"$Data", 0, kNumberLabel), u"3");
+  EXPECT_EQ(Cell(0, kItem).size(), std::size_t{1} << 20);
+  EXPECT_EQ(Cell(0, kNumberLabel), u"3");
 }
 
 TEST_F(DefFile, NulBytesStayInTheirField) {
@@ -277,7 +350,7 @@ TEST_F(DefFile, BytesOfAnotherCodePageBecomeReplacementCharacters) {
 /// "$Data 32x26, $I11 block, $SSTab 7" and so on.
 String ShapesOf(StringView family) {
   String text;
-  for (const SectionShape& shape : SectionsOf(*FindFamily(family))) {
+  for (const SectionShape& shape : EntryOf(family).record.definition.sections) {
     text += (text.empty() ? u"" : u" ") + String(shape.block) + String(shape.key);
     const String columns = Ascii(std::to_string(shape.columns));
     switch (shape.kind) {
@@ -326,23 +399,24 @@ TEST(DefSections, EachFamilyHasItsOwn) {
 }
 
 TEST(DefSections, EverySectionOfEveryFamilyIsReadAndTheFileEndsClean) {
-  for (const Family& family : Families()) {
+  for (const RegistryEntry& entry : Registry()) {
+    const FamilyRecord& record = entry.record;
     test::MemoryHost host;
     SharedState shared;
     LineReader lines(host.files, host.code_page, shared);
     const Boxes boxes(host.dialogs);
-    Definition definition(family);
+    Definition definition(record.family, record.definition);
     String text;
-    for (const SectionShape& shape : SectionsOf(family)) {
+    for (const SectionShape& shape : record.definition.sections) {
       text += String(shape.key) + u"\n";
       if (shape.kind != SectionKind::Block) {
         text += String(shape.key).substr(1) + u" first," + String(shape.key).substr(1) + u" second\n";
       }
     }
-    host.PutText(kPath, text + u"$End\n");
-    ReadDefFile(lines, boxes, kPath, definition);
-    EXPECT_TRUE(host.dialogs.Boxes().empty()) << ToUtf8(family.word);
-    for (const SectionShape& shape : SectionsOf(family)) {
+    host.PutText(kDefPath, text + u"$End\n");
+    ReadDefFile(lines, boxes, kDefPath, definition);
+    EXPECT_TRUE(host.dialogs.Boxes().empty()) << ToUtf8(record.family.word);
+    for (const SectionShape& shape : record.definition.sections) {
       if (shape.kind != SectionKind::Block) {
         EXPECT_EQ(definition[shape.key].At(0, 1), String(shape.key).substr(1) + u" second");
       }
@@ -350,19 +424,22 @@ TEST(DefSections, EverySectionOfEveryFamilyIsReadAndTheFileEndsClean) {
   }
 }
 
+String PathOf(const String& app_path, StringView family, const String& def_file, char16_t separator) {
+  const FamilyRecord& record = EntryOf(family).record;
+  return DefFilePath(app_path, record.family, record.definition, def_file, separator);
+}
+
 TEST(DefFilePath, LiesInTheFolderOfTheFamily) {
-  EXPECT_EQ(DefFilePath(u"C:\\KORVA", *FindFamily(u"First"), u"QH.def", u'\\'),
-            u"C:\\KORVA\\system\\Kv_1\\QH.def");
-  EXPECT_EQ(DefFilePath(u"/opt/korva", *FindFamily(u"LiteFifth"), u"X.def", u'/'),
-            u"/opt/korva/system/z2Kv_5/X.def");
+  EXPECT_EQ(PathOf(u"C:\\KORVA", u"First", u"QH.def", u'\\'), u"C:\\KORVA\\system\\Kv_1\\QH.def");
+  EXPECT_EQ(PathOf(u"/opt/korva", u"LiteFifth", u"X.def", u'/'), u"/opt/korva/system/z2Kv_5/X.def");
 }
 
 TEST(DefFilePath, ARootFolderGetsNoSecondSeparator) {
-  EXPECT_EQ(DefFilePath(u"C:\\", *FindFamily(u"Third"), u"X.def", u'\\'), u"C:\\system\\Kv_3\\X.def");
+  EXPECT_EQ(PathOf(u"C:\\", u"Third", u"X.def", u'\\'), u"C:\\system\\Kv_3\\X.def");
 }
 
 TEST(DefFilePath, TheUniversalFamilyHasOneFileWhateverTheModel) {
-  EXPECT_EQ(DefFilePath(u"/k", *FindFamily(u"QXI"), u"QXI-7.def", u'/'), u"/k/system/Univ/Univ.def");
+  EXPECT_EQ(PathOf(u"/k", u"QXI", u"QXI-7.def", u'/'), u"/k/system/Univ/Univ.def");
 }
 
 }  // namespace

@@ -7,14 +7,13 @@ namespace {
 class ModelChoice : public FileCommands {};
 
 TEST_F(ModelChoice, AModelChoiceBuildsThePageWithItsDefaultsAndSettlesTheTabs) {
-  Page().tables_cleared = 0;
-  Page().tables.clear();
+  Page().probe.cleared = 0;
+  Page().linearizer.SetUp(100);
   host.Choose(u"OTHER");
   EXPECT_EQ(Page().DefFile, u"OTHER.def");
   EXPECT_EQ(Page().CaptionLabels[1].Caption(), u"other");
-  EXPECT_EQ(Page().tables_cleared, 1);
-  EXPECT_EQ(Page().tables, std::vector<int>{16});
-  EXPECT_EQ(Page().LnrFlexGrid.Rows(), 17);
+  EXPECT_EQ(Page().probe.cleared, 1);
+  EXPECT_EQ(Page().linearizer.LnrFlexGrid.Rows(), 17);
   EXPECT_TRUE(Page().Tabs.TabEnabled(3));
   EXPECT_FALSE(Page().Tabs.TabEnabled(4));
   EXPECT_EQ(Page().Item(10), u"on");
@@ -25,9 +24,9 @@ TEST_F(ModelChoice, AModelChoiceBuildsThePageWithItsDefaultsAndSettlesTheTabs) {
 TEST_F(ModelChoice, AModelWithAHundredPointsHasAGridForThem) {
   for (const String model : {u"QHNY1", u"QHNY2", u"QHW1"}) {
     host.Choose(model, Definition(u"hundred"));
-    EXPECT_EQ(Page().LnrFlexGrid.Rows(), 101) << ToUtf8(model);
+    EXPECT_EQ(Page().linearizer.LnrFlexGrid.Rows(), 101) << ToUtf8(model);
     host.Choose(u"OTHER");
-    EXPECT_EQ(Page().LnrFlexGrid.Rows(), 17);
+    EXPECT_EQ(Page().linearizer.LnrFlexGrid.Rows(), 17);
   }
 }
 

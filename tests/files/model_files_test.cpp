@@ -51,7 +51,7 @@ TEST_F(ModelFiles, EveryModelIsReadAndBuiltWithoutAFault) {
     EXPECT_EQ(host.Page().Models.At(row, ModelTable::kDefFile), model);
     EXPECT_TRUE(host.dialogs.Boxes().empty()) << ToUtf8(model);
     EXPECT_TRUE(host.Page().Text[0].Visible()) << ToUtf8(model) << " has no tag";
-    EXPECT_EQ(host.Page().LnrFlexGrid.Rows() == 101,
+    EXPECT_EQ(host.Page().linearizer.LnrFlexGrid.Rows() == 101,
               model == u"QHNY1.def" || model == u"QHNY2.def" || model == u"QHW1.def")
         << ToUtf8(model);
   }

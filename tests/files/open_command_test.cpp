@@ -17,7 +17,7 @@ TEST_F(OpenCommand, OpeningChoosesTheModelAndShowsValuesAndTexts) {
   EXPECT_EQ(Page().lbl_unit[9].Caption(), u"deg F");
   EXPECT_EQ(Page().txtAuthor.Text(), u"author");
   EXPECT_EQ(Page().txtMemo.Text(), u"one\r\ntwo");
-  EXPECT_EQ(Page().units_chosen.size(), 1U) << "only the default of the first model";
+  EXPECT_EQ(Page().probe.units_chosen.size(), 1U) << "only the default of the first model";
   EXPECT_FALSE(Page().DataChanged);
   EXPECT_TRUE(host.dialogs.Boxes().empty());
 }
@@ -39,7 +39,7 @@ TEST_F(OpenCommand, OpeningEnablesTheTabOfAModelThatStartsWithoutIt) {
 }
 
 TEST_F(OpenCommand, TheFilesValuesStandAgainstADefaultThatConvertsThem) {
-  Page().on_unit = [this] { Page().SetItem(14, u"0"); };
+  Page().probe.on_unit = [this] { Page().SetItem(14, u"0"); };
   Open(u"$DefFile\n\"OTHER.def\"\n$Data\n\"1\",\"14\",\"12\"\n$End\n");
   EXPECT_EQ(Page().Item(21), u"deg C");
   EXPECT_EQ(Page().Item(14), u"12");

@@ -91,9 +91,9 @@ TEST_F(PageBuilder, ShowsAuthorAndMemoOfTheSet) {
 
 TEST_F(PageBuilder, EndsWithTheModelsOwnControls) {
   TestPage& page = Show(DefText({{.item = u"02", .text = u"5"}}));
-  const int before = page.model_controls_shown;
+  const int before = page.probe.built;
   page.BuildPage();
-  EXPECT_EQ(page.model_controls_shown, before + 1);
+  EXPECT_EQ(page.probe.built, before + 1);
   EXPECT_FALSE(page.Building());
 }
 
@@ -156,59 +156,18 @@ TEST_F(PageBuilder, AnItemOutsideTheSetEndsTheProgram) {
   EXPECT_THROW(host.Page().BuildPage(), RuntimeFailure);
 }
 
-const DataRow kFilter = {.item = u"23", .combo = u"2", .key = u"$I23"};
-const DataRow kConstant = {.item = u"24", .text = u"30"};
-const DataRow kCount = {.item = u"25", .text = u"31"};
-constexpr StringView kFilters = u"$I23\n0,0:NO FILTER\n1,1:MOVING AVERAGE\n";
-
-TEST_F(PageBuilder, WithoutAFilterItsFieldsAreEmptiedAndClosedAndTheSetKeepsThem) {
-  host.Start().SetItem(24, u"0.5");
-  TestPage& page = ShowWith(23, u"0:NO FILTER", DefText({kConstant, kCount, kFilter}, kFilters), u"QHN1");
-  for (const int field : {30, 31}) {
-    EXPECT_EQ(page.Text[field].Text(), u"");
-    EXPECT_TRUE(page.Text[field].Locked());
-    EXPECT_EQ(page.Text[field].ShownLook(), Look::Grey);
-  }
-  EXPECT_EQ(page.Item(24), u"0.5");
-  EXPECT_FALSE(page.DataChanged);
-}
-
-TEST_F(PageBuilder, WithAFilterItsFieldsAreOpen) {
-  host.Start().SetItem(24, u"0.5");
-  TestPage& page =
-      ShowWith(23, u"1:MOVING AVERAGE", DefText({kConstant, kCount, kFilter}, kFilters), u"QHN1");
-  EXPECT_EQ(page.Text[30].Text(), u"0.5");
-  EXPECT_FALSE(page.Text[30].Locked());
-  EXPECT_EQ(page.Text[31].ShownLook(), Look::Normal);
-}
-
-TEST_F(PageBuilder, AFixedFieldStaysClosedWithAFilter) {
-  DataRow fixed = kConstant;
-  fixed.rule = u"Y";
-  TestPage& page = ShowWith(23, u"1:MOVING AVERAGE", DefText({fixed, kCount, kFilter}, kFilters), u"QHN1");
-  EXPECT_TRUE(page.Text[30].Locked());
-  EXPECT_FALSE(page.Text[31].Locked());
-}
-
-TEST_F(PageBuilder, OtherModelsKnowNoFilterRuleWhenTheyAreBuilt) {
-  host.Start().SetItem(24, u"0.5");
-  TestPage& page = ShowWith(23, u"0:NO FILTER", DefText({kConstant, kFilter}, kFilters), u"QD");
-  EXPECT_EQ(page.Text[30].Text(), u"0.5");
-  EXPECT_FALSE(page.Text[30].Locked());
-}
-
 TEST_F(PageBuilder, FindsTheFieldOfAnItem) {
   TestPage& page = Show(DefText({{.group = u"00", .item = u"02", .text = u"9"},
                                  {.item = u"02", .text = u"5"},
                                  {.item = u"03_set", .text = u"6"},
                                  {.item = u"10", .combo = u"0"}}));
-  EXPECT_EQ(page.FindTextIndex(u"01", u"02"), 5);
-  EXPECT_EQ(page.FindTextIndex(u"1", u"2"), 5);
-  EXPECT_EQ(page.FindTextIndex(u"0", u"2"), 9);
-  EXPECT_EQ(page.FindTextIndex(u"01", u"03_set"), 6);
-  EXPECT_EQ(page.FindTextIndex(u"01", u"03"), -1);
-  EXPECT_EQ(page.FindTextIndex(u"01", u"10"), -1);
-  EXPECT_EQ(page.FindTextIndex(u"02", u"02"), -1);
+  EXPECT_EQ(page.FindTextIndex(u"02"), 5);
+  EXPECT_EQ(page.FindTextIndex({u"1", u"2"}), 5);
+  EXPECT_EQ(page.FindTextIndex({u"0", u"2"}), 9);
+  EXPECT_EQ(page.FindTextIndex(u"03_set"), 6);
+  EXPECT_EQ(page.FindTextIndex(u"03"), -1);
+  EXPECT_EQ(page.FindTextIndex(u"10"), -1);
+  EXPECT_EQ(page.FindTextIndex({u"02", u"02"}), -1);
   EXPECT_EQ(page.FindField(u"02"), &page.Text[5]);
   EXPECT_EQ(page.FindField(u"10"), nullptr);
 }
@@ -240,8 +199,8 @@ TEST_F(PageBuilder, TellsTheTitleOfAnInputType) {
 
 TEST_F(PageBuilder, ColoursTheFieldOfAnItem) {
   TestPage& page = Show(DefText({{.item = u"14", .text = u"9"}}));
-  page.SetFieldColor(u"01", u"14", Look::Bad);
-  page.SetFieldColor(u"01", u"15", Look::Bad);
+  page.SetFieldColor(u"14", Look::Bad);
+  page.SetFieldColor(u"15", Look::Bad);
   EXPECT_EQ(page.Text[9].ShownLook(), Look::Bad);
 }
 

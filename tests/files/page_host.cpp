@@ -3,61 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "pages/kv_config/family.h"
 #include "support/tabs.h"
 
 namespace korva::test {
 
 namespace {
 
-constexpr FieldArrays kArrays = {
-    .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
-
-constexpr std::array kLists = {
-    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::InputType},
-    ListRule{.key = u"$I11", .table = u"$I11Body", .fill = ListFill::Range},
-    ListRule{.key = u"$I23", .table = u"$I23"},
-    ListRule{.key = u"$I11QEI", .table = u"$I11QEI"},
-};
-
-/// How the models of family First are known to their page, as far as fields and the linearizer's tab go.
-constexpr std::array kTraits = {
-    ModelTraits{.def_file = u"QHNY1.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true,
-                .filter_follows_type = true},
-    ModelTraits{.def_file = u"QHNY2.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true,
-                .filter_follows_type = true},
-    ModelTraits{.def_file = u"QHW1.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true},
-    ModelTraits{.def_file = u"QHN", .beginning = true, .filter_follows_type = true},
-    ModelTraits{.def_file = u"QHW.def",
-                .table_on_choice = TableSwitch::Always,
-                .table_after_upload = TableSwitch::AsItStands},
-    ModelTraits{.def_file = u"QUO.def",
-                .table_on_choice = TableSwitch::InputType,
-                .table_after_upload = TableSwitch::InputType,
-                .table_on_opening = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::InputType},
-    ModelTraits{.def_file = u"QY.def",
-                .table_after_upload = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"QEI.def",
-                .table_after_upload = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"QZ.def", .table_after_upload = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"10QCE.def", .table_after_upload = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"QH.def", .range_options_are_root = true},
-    ModelTraits{.def_file = u"QHG.def", .range_options_are_root = true},
-};
+constexpr std::array<StringView, 2> kRootModels = {u"QH.def", u"QHG.def"};
 
 constexpr StringView kCatalogue =
     u"models of the tests\n"
@@ -79,10 +32,6 @@ constexpr StringView kCatalogue =
     u"QD,QD.def,First\n"
     u"$End\n";
 
-PageKind KindOf(const Family& family) {
-  return {.family = family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign};
-}
-
 }  // namespace
 
 void MemoryHost::PutText(const String& path, StringView text) {
@@ -103,80 +52,52 @@ std::vector<String> MemoryHost::BoxTexts() const {
   return texts;
 }
 
-String DefText(std::initializer_list<DataRow> rows, StringView sections) {
-  String text = u"$Data\n";
-  for (const DataRow& row : rows) {
-    const std::array<const String*, 20> columns = {
-        &row.group,    &row.item,        &row.number_label, &row.number,     &row.uploaded,
-        &row.on_page,  &row.label,       &row.caption,      &row.caption,    &row.text,
-        &row.combo,    &row.key,         &row.frame,        &row.unit_label, &row.unit,
-        &row.unit_key, &row.temperature, &row.last,         &row.preset,     &row.rule};
-    for (const String* column : columns) {
-      text += *column + u",";
+Probe::Probe(ParameterPage& page) : page_(page) { page_.Add(*this); }
+
+void Probe::ChoiceMade(const Choice& choice) {
+  const auto call = [](const std::function<void()>& listener) {
+    if (listener) {
+      listener();
     }
-    text += u"\n";
+  };
+  if (choice.options == nullptr) {
+    model_rules.push_back(choice.item);
+    call(on_model_rules);
+  } else if (choice.options == &page_.optTempUnit) {
+    units_chosen.push_back(choice.place);
+    call(on_unit);
+  } else {
+    options_set.push_back(choice.key);
   }
-  return text.append(sections).append(u"$End\n");
 }
 
-std::span<const ModelTraits> PageHostTraits() { return kTraits; }
-
-TestPage::TestPage(Program& program, const Family& family, DeviceLink& link)
-    : ParameterPage(program, KindOf(family), link, kArrays, family.word == u"Third" ? 2 : 4) {
-  for (OptionGroup* options : {&Opt_Table, &Opt_Lnr, &Opt_Root, &Opt_Backup}) {
-    Register(*options);
-  }
+TestPage::TestPage(Program& program, const FamilyRecord& record, DeviceLink& link)
+    : ParameterPage(program, {.family = record.family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign},
+                    FormsOf(record), link),
+      linearizer(*this, kKvConfigRecord.table.Value(), kKvConfigRecord.csv),
+      probe(*this) {
+  AddAllOptions();
   ApplyDesign();
 }
 
-std::span<const ListRule> TestPage::Lists() const { return kLists; }
-
-std::vector<OptionRule> TestPage::Options() {
-  const bool root = Traits().range_options_are_root;
-  std::vector<OptionRule> rules = {
-      {.key = u"$I10", .table = u"$I10", .item = u"10", .options = &Opt_Table},
-      {.key = u"$I11", .table = u"$I11Body", .item = u"11", .options = root ? &Opt_Root : &Opt_Lnr},
-      {.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit, .captions_from_table = true},
-      {.key = u"$I21QD",
-       .table = u"$I21QD",
-       .item = u"21",
-       .options = &Opt_Backup,
-       .captions_from_table = true}};
-  return rules;
-}
-
-void TestPage::ApplyModelRules(const String& item) {
-  model_rules.push_back(item);
-  if (on_model_rules) {
-    on_model_rules();
-  }
-}
-
-void TestPage::AfterOption(const OptionRule& rule, int place) {
-  options_set.emplace_back(rule.key);
-  Tabs.SetTabEnabled(LnrTab(), place != 0);
-}
-
-void TestPage::ChangeTemperatureUnit(int place) {
-  units_chosen.push_back(place);
-  if (on_unit) {
-    on_unit();
-  }
-}
-
-bool TestPage::InputTypeUsesTable() const {
-  return Item(10) == u"FX: Linearizer" || Item(10) == u"Fx:linearizer";
-}
-
-const OptionGroup* TestPage::SwitchOptions(TableSwitch table_switch) const {
-  switch (table_switch) {
-    case TableSwitch::TableOption:
-      return &Opt_Table;
-    case TableSwitch::LnrOption:
-      return &Opt_Lnr;
-    default:
-      return nullptr;
-  }
+void TestPage::AddAllOptions() {
+  AddOptions({.key = u"$I10", .table = u"$I10", .item = u"10", .options = &linearizer.Opt_Table});
+  AddOptions({.key = u"$I11",
+              .table = u"$I11Body",
+              .item = u"11",
+              .options = &Opt_Root,
+              .models = {.names = kRootModels}});
+  AddOptions({.key = u"$I11", .table = u"$I11Body", .item = u"11", .options = &linearizer.Opt_Lnr});
+  AddOptions({.key = u"$I21",
+              .table = u"$I21",
+              .item = u"21",
+              .options = &optTempUnit,
+              .captions_from_table = true});
+  AddOptions({.key = u"$I21QD",
+              .table = u"$I21QD",
+              .item = u"21",
+              .options = &Opt_Backup,
+              .captions_from_table = true});
 }
 
 PageHost::PageHost() {
@@ -205,7 +126,7 @@ TestPage& PageHost::Choose(const String& model) const {
 }
 
 std::unique_ptr<korva::Page> PageHost::MakePage(Program& made_for, const Family& family) {
-  auto page = std::make_unique<TestPage>(made_for, family, link);
+  auto page = std::make_unique<TestPage>(made_for, EntryOf(family.word).record, link);
   (family.word == u"Third" ? third : first) = page.get();
   return page;
 }

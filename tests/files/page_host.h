@@ -1,15 +1,18 @@
 #pragma once
 
-#include <initializer_list>
+#include <functional>
 #include <memory>
 #include <vector>
 
 #include "core/program.h"
 #include "files/parameter_page.h"
+#include "linearizer/linearizer.h"
+#include "pages/registry.h"
 #include "platform/native/native_code_page.h"
 #include "platform/virtual/virtual_dialogs.h"
 #include "platform/virtual/virtual_event_loop.h"
 #include "platform/virtual/virtual_port.h"
+#include "support/def_text.h"
 #include "support/memory_files.h"
 
 namespace korva::test {
@@ -31,74 +34,46 @@ struct MemoryHost {
   [[nodiscard]] std::vector<String> BoxTexts() const;
 };
 
-/// One line of $Data by its columns.
-struct DataRow {
-  String group = u"01";
-  String item = {};
-  String number_label = {};
-  String number = {};
-  String uploaded = u"Y";
-  String on_page = u"Y";
-  String label = {};
-  String caption = {};
-  String text = {};
-  String combo = {};
-  String key = {};
-  String frame = {};
-  String unit_label = {};
-  String unit = {};
-  String unit_key = {};
-  String temperature = {};
-  String last = {};
-  String preset = {};
-  String rule = {};
-};
-
-/// The text of a definition file: $Data with the rows, then `sections`, then $End.
-String DefText(std::initializer_list<DataRow> rows, StringView sections = {});
-
-/// What the page tells of the models of its family.
-std::span<const ModelTraits> PageHostTraits();
-
-/// A page of family First or Third with all its fields and nothing behind them; it keeps what was asked of
-/// it.
-class TestPage final : public ParameterPage {
+/// Notes what its page asks of it.
+class Probe final : public PagePart {
  public:
-  TestPage(Program& program, const Family& family, DeviceLink& link);
+  /// Adds itself to the page, which outlives this.
+  explicit Probe(ParameterPage& page);
 
-  bool EnterMonitorMode() override { return true; }
-  [[nodiscard]] int LnrTab() const override { return 3; }
-  void SetUpTable(int points) override { tables.push_back(points); }
-  void ClearTable() override { ++tables_cleared; }
-  using ParameterPage::ApplyFilterRule;
-  using ParameterPage::Building;
-  using ParameterPage::FillRangeList;
+  void PageCleared() override { ++cleared; }
+  void PageBuilt() override { ++built; }
+  void ChoiceMade(const Choice& choice) override;
 
-  OptionGroup Opt_Table{"Opt_Table", 2};
-  OptionGroup Opt_Lnr{"Opt_Lnr", 2};
-  OptionGroup Opt_Root{"Opt_Root", 2};
-  OptionGroup Opt_Backup{"Opt_Backup", 3};
-
-  std::vector<int> tables;  ///< points of each table that was set up
-  int tables_cleared = 0;
-  std::vector<String> model_rules;  ///< items whose rules ran
+  int cleared = 0;
+  int built = 0;
+  std::vector<String> model_rules;  ///< items of the choices in combo boxes
   std::vector<int> units_chosen;    ///< places of the temperature option
-  std::vector<String> options_set;  ///< keys of the options that were pressed
-  int model_controls_shown = 0;
+  std::vector<String> options_set;  ///< keys of the other options that were pressed
   std::function<void()> on_model_rules;
   std::function<void()> on_unit;
 
+ private:
+  ParameterPage& page_;
+};
+
+/// A page of family First or Third with all its fields, a linearizer of family First and a probe.
+class TestPage final : public ParameterPage {
+ public:
+  TestPage(Program& program, const FamilyRecord& record, DeviceLink& link);
+
+  bool EnterMonitorMode() override { return true; }
+
+  OptionGroup Opt_Root{"Opt_Root", 2};
+  OptionGroup Opt_Backup{"Opt_Backup", 3};
+
+  Linearizer linearizer;
+  Probe probe;
+
  protected:
   void ReopenPort() override {}
-  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return PageHostTraits(); }
-  [[nodiscard]] std::span<const ListRule> Lists() const override;
-  [[nodiscard]] std::vector<OptionRule> Options() override;
-  void ApplyModelRules(const String& item) override;
-  void AfterOption(const OptionRule& rule, int place) override;
-  void ShowModelControls() override { ++model_controls_shown; }
-  void ChangeTemperatureUnit(int place) override;
-  [[nodiscard]] bool InputTypeUsesTable() const override;
-  [[nodiscard]] const OptionGroup* SwitchOptions(TableSwitch table_switch) const override;
+
+ private:
+  void AddAllOptions();
 };
 
 /// The program with a catalogue of made-up and known model names, whose definition files a test writes.
@@ -114,7 +89,7 @@ class PageHost : public MemoryHost {
   TestPage& Choose(const String& model) const;
   [[nodiscard]] TestPage& Page() const { return *first; }
 
-  Program program{platform, u"/korva",
+  Program program{platform, u"/korva", AllFamilies(),
                   [this](Program& made_for, const Family& family) { return MakePage(made_for, family); }};
   DeviceLink link{platform, program.Shared()};
   TestPage* first = nullptr;

@@ -16,17 +16,6 @@ TEST_F(PageLists, AFixedInputTypeHasNoListAndIsLocked) {
   EXPECT_EQ(page.Combo[0].ShownLook(), Look::Grey);
 }
 
-TEST_F(PageLists, AFixedInputTypeOfTheHundredPointModelsShowsItsFirstRow) {
-  for (const String model : {u"QHNY1", u"QHNY2", u"QHW1"}) {
-    TestPage& page = ShowWith(10, u"Type B", DefText({TypeRow(u"Y")}, kTypes), model);
-    EXPECT_EQ(page.Combo[0].Entries(), Entries{u"Type A"});
-    EXPECT_EQ(page.Combo[0].Text(), u"Type A");
-    EXPECT_TRUE(page.Combo[0].Locked());
-    EXPECT_EQ(page.Combo[0].ShownLook(), Look::Grey);
-    EXPECT_EQ(page.Item(10), u"Type B");
-  }
-}
-
 TEST_F(PageLists, TheRuleNListsAllInputTypesLocked) {
   TestPage& page = ShowWith(10, u"Type B", DefText({TypeRow(u"N")}, kTypes));
   EXPECT_EQ(page.Combo[0].Entries().size(), 17U);

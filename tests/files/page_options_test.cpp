@@ -21,7 +21,7 @@ TEST_F(PageOptions, SelectingTheUnitConvertsNothingAndLeavesTheFlagClear) {
   TestPage& page = ShowWith(21, u"deg F", DefText({kUnitRow}, kUnits));
   page.BuildPage();
   EXPECT_FALSE(page.UploadBusy);
-  EXPECT_TRUE(page.units_chosen.empty());
+  EXPECT_TRUE(page.probe.units_chosen.empty());
   EXPECT_FALSE(page.DataChanged);
 }
 
@@ -46,8 +46,8 @@ TEST_F(PageOptions, SelectingAnOptionTellsThePageNothing) {
       DefText({{.item = u"10", .key = u"$I10", .frame = u"0", .last = u"1"}}, u"$I10\n0,off\n1,on\n2,on\n"));
   page.SetItem(10, u"off");
   page.BuildPage();
-  EXPECT_EQ(page.Opt_Table.Selected(), 0);
-  EXPECT_TRUE(page.options_set.empty());
+  EXPECT_EQ(page.linearizer.Opt_Table.Selected(), 0);
+  EXPECT_TRUE(page.probe.options_set.empty());
 }
 
 TEST_F(PageOptions, AValueInNoListSelectsNoOption) {
@@ -70,7 +70,7 @@ TEST_F(PageOptions, ATextWithoutAButtonSelectsNoOption) {
   TestPage& page = ShowWith(10, u"Type D",
                             DefText({{.item = u"10", .key = u"$I10", .frame = u"0", .last = u"1"}},
                                     u"$I10\n0,Type A\n1,Type B\n2,Type C\n3,Type D\n"));
-  EXPECT_EQ(page.Opt_Table.Selected(), -1);
+  EXPECT_EQ(page.linearizer.Opt_Table.Selected(), -1);
 }
 
 TEST_F(PageOptions, ButtonsWithoutARowStayHiddenWhereTheTableCaptionsThem) {
@@ -85,12 +85,12 @@ TEST_F(PageOptions, ButtonsWithoutARowStayHiddenWhereTheTableCaptionsThem) {
 
 TEST_F(PageOptions, CaptionsOfThePageStay) {
   host.Start();
-  host.Page().Opt_Table[0].SetCaption(u"無");
+  host.Page().linearizer.Opt_Table[0].SetCaption(u"無");
   TestPage& page = ShowWith(
       10, u"B", DefText({{.item = u"10", .key = u"$I10", .frame = u"0", .last = u"1"}}, u"$I10\n0,A\n1,B\n"));
-  EXPECT_EQ(page.Opt_Table[0].Caption(), u"無");
-  EXPECT_TRUE(page.Opt_Table[0].Visible());
-  EXPECT_EQ(page.Opt_Table.Selected(), 1);
+  EXPECT_EQ(page.linearizer.Opt_Table[0].Caption(), u"無");
+  EXPECT_TRUE(page.linearizer.Opt_Table[0].Visible());
+  EXPECT_EQ(page.linearizer.Opt_Table.Selected(), 1);
 }
 
 TEST_F(PageOptions, OfAFixedGroupOnlyTheSelectedButtonStaysEnabled) {
@@ -115,12 +115,12 @@ TEST_F(PageOptions, TheRangeIsSetByTheRootOptionsOnTheModelsThatHaveThem) {
   const String definition = DefText({{.item = u"11", .key = u"$I11", .frame = u"1", .last = u"1"}},
                                     u"$I11\n$I11Body\n0,OFF\n1,ON\n");
   TestPage& lnr = ShowWith(11, u"ON", definition);
-  EXPECT_EQ(lnr.Opt_Lnr.Selected(), 1);
+  EXPECT_EQ(lnr.linearizer.Opt_Lnr.Selected(), 1);
   EXPECT_EQ(lnr.Opt_Root.Selected(), -1);
   TestPage& root = ShowWith(11, u"ON", definition, u"QH");
   EXPECT_EQ(root.Opt_Root.Selected(), 1);
-  EXPECT_EQ(root.Opt_Lnr.Selected(), -1);
-  EXPECT_FALSE(root.Opt_Lnr[0].Visible());
+  EXPECT_EQ(root.linearizer.Opt_Lnr.Selected(), -1);
+  EXPECT_FALSE(root.linearizer.Opt_Lnr[0].Visible());
 }
 
 DataRow UnitRowWithDefault(const String& place) {
@@ -133,7 +133,7 @@ TEST_F(PageOptions, AnEmptyCellTakesItsDefaultOption) {
   TestPage& page = host.Choose(u"OTHER", DefText({UnitRowWithDefault(u"2")}, kUnits));
   EXPECT_EQ(page.optTempUnit.Selected(), 2);
   EXPECT_EQ(page.Item(21), u"K");
-  EXPECT_EQ(page.units_chosen, std::vector<int>{2});
+  EXPECT_EQ(page.probe.units_chosen, std::vector<int>{2});
   EXPECT_FALSE(page.DataChanged);
 }
 
@@ -142,7 +142,7 @@ TEST_F(PageOptions, ACellWithAValueKeepsIt) {
     host.Start().SetItem(21, value);
     TestPage& page = host.Choose(u"OTHER", DefText({UnitRowWithDefault(u"2")}, kUnits));
     EXPECT_EQ(page.Item(21), value);
-    EXPECT_TRUE(page.units_chosen.empty());
+    EXPECT_TRUE(page.probe.units_chosen.empty());
   }
 }
 

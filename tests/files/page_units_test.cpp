@@ -72,31 +72,5 @@ TEST_F(PageUnits, AUnitThatOthersSetStaysOnBuildingAgain) {
   EXPECT_EQ(page.lbl_unit[5].Caption(), u"kHz");
 }
 
-TEST_F(PageUnits, RangesInMillivoltsTurnTheUnitOfTheInputTypeIntoVoltsButForTheLast) {
-  const DataRow zero = {.item = u"14", .text = u"9", .unit_label = u"9", .unit_key = u"$I10"};
-  TestPage& page = ShowWith(10, u"Millivolts", DefText({zero, TypeRow(u"$I10"), kRangeRow}, kRanges));
-  page.SetItem(11, u"m5");
-  page.BuildPage();
-  EXPECT_EQ(page.lbl_unit[9].Caption(), u"mV");
-  page.SetItem(11, u"m2");
-  page.BuildPage();
-  EXPECT_EQ(page.lbl_unit[9].Caption(), u"V");
-  page.SetItem(10, u"Volts");
-  page.SetItem(11, u"v5");
-  page.BuildPage();
-  EXPECT_EQ(page.lbl_unit[9].Caption(), u"V");
-}
-
-TEST_F(PageUnits, OneDifferentRangeLeavesTheUnitOfTheInputType) {
-  const DataRow zero = {.item = u"14", .text = u"9", .unit_label = u"9", .unit_key = u"$I10"};
-  TestPage& page = ShowWith(10, u"Volts",
-                            DefText({zero, TypeRow(u"$I10"), kRangeRow},
-                                    u"$I10\n2,Volts,0,5,1,N,Y,DCV,mA\n$I11\n$I11Title\nNONE,DCV,DCMV\n"
-                                    u"$I11Body\n1,a,a\n2,b,b\n3,c,c\n4,d,x\n5,e,e\n"));
-  page.SetItem(11, u"e");
-  page.BuildPage();
-  EXPECT_EQ(page.lbl_unit[9].Caption(), u"mA");
-}
-
 }  // namespace
 }  // namespace korva::test

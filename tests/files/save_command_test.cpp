@@ -150,10 +150,10 @@ TEST_F(SaveCommand, TheRescueFileHoldsTheSetWithAMarkForWhatTheCodePageLacks) {
 
 TEST_F(SaveCommand, NewEmptiesSetAndTextsAndTakesTheDefaults) {
   Open(kOther);
-  Page().tables.clear();
-  Page().tables_cleared = 0;
+  Page().linearizer.SetUp(100);
+  Page().probe.cleared = 0;
   Page().TransferBar.SetValue(40);
-  Page().LnrProgressBar.SetValue(40);
+  Page().linearizer.LnrProgressBar.SetValue(40);
   Page().cmdNew.Click();
   EXPECT_EQ(Page().Item(2), u"");
   EXPECT_EQ(Page().Text[0].Text(), u"");
@@ -164,11 +164,11 @@ TEST_F(SaveCommand, NewEmptiesSetAndTextsAndTakesTheDefaults) {
   EXPECT_EQ(Page().Item(10), u"on");
   EXPECT_EQ(Page().Item(21), u"deg C");
   EXPECT_EQ(Page().optTempUnit.Selected(), 0);
-  EXPECT_EQ(Page().tables_cleared, 1);
-  EXPECT_EQ(Page().tables, std::vector<int>{16});
+  EXPECT_EQ(Page().probe.cleared, 1);
+  EXPECT_EQ(Page().linearizer.LnrFlexGrid.Rows(), 17);
   EXPECT_TRUE(Page().Tabs.TabEnabled(3));
   EXPECT_EQ(Page().TransferBar.Value(), 0);
-  EXPECT_EQ(Page().LnrProgressBar.Value(), 0);
+  EXPECT_EQ(Page().linearizer.LnrProgressBar.Value(), 0);
   EXPECT_FALSE(Page().DataChanged);
   EXPECT_EQ(Page().DefFile, u"OTHER.def");
 }

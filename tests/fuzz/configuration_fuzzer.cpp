@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int time = 0; time < 2; ++time) {
     bench.dialogs.QueueFile(path);
     bench.Do([&] { bench.Page().OpenCommand(); });
-    bench.Do([&] { bench.Page().CheckCommand(); });
+    bench.Do([&] { bench.Page().cmdCheck.Click(); });
     bench.dialogs.QueueFile(path);
     bench.Do([&] { bench.Page().SaveCfgFile(); });
   }

@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <string_view>
 
+#include "linearizer/csv_cases.h"
 #include "linearizer/csv_file.h"
 #include "pages/page_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -24,10 +26,10 @@ void Demand(bool holds) {
 void ReadWithEachFamily(const test::PageBench& bench) {
   SharedState shared;
   LineReader lines(bench.files, bench.code_page, shared);
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     for (const int limit : {kLnrShortPoints, kLnrLongPoints}) {
       lines.OpenTextFile(kFile, kHandle);
-      const auto table = ReadCsv(lines, kHandle, family.reader, limit);
+      const auto table = ReadCsv(lines, kHandle, family.csv.reader, limit);
       Demand(!table || static_cast<int>(table->points.size()) <= limit);
     }
   }
@@ -35,11 +37,12 @@ void ReadWithEachFamily(const test::PageBench& bench) {
 
 /// The grid has the table's size and shows what the set holds.
 void ExpectTable(KvConfig& page, int points) {
-  Demand(page.LnrFlexGrid.Rows() == points + 1);
+  Demand(test::Part<Linearizer>(page).LnrFlexGrid.Rows() == points + 1);
   for (int row = 1; row <= points; ++row) {
     for (int column = 1; column < kLnrColumns; ++column) {
       const PointPlace place = PointItem(points, row, column).value();
-      Demand(page.LnrFlexGrid.At(row, column).text == page.GroupItem.At(place.group, place.item));
+      Demand(test::Part<Linearizer>(page).LnrFlexGrid.At(row, column).text ==
+             page.GroupItem.At(place.group, place.item));
     }
   }
 }
@@ -47,13 +50,17 @@ void ExpectTable(KvConfig& page, int points) {
 void OpenOnPage(test::PageBench& bench, const String& model, int points) {
   bench.Choose(model);
   KvConfig& page = bench.First();
-  bench.Press(points == kLnrShortPoints ? page.Opt_Table : page.Opt_Lnr, 1);
+  bench.Press(points == kLnrShortPoints ? test::Part<Linearizer>(page).Opt_Table
+                                        : test::Part<Linearizer>(page).Opt_Lnr,
+              1);
   bench.dialogs.QueueFile(kFile);
-  bench.Click(page.cmd_csvFileOpen);
+  bench.Click(test::Part<Linearizer>(page).cmd_csvFileOpen);
   ExpectTable(page, points);
-  bench.Do([&] { page.CheckCommand(); });
-  for (const CsvFamily& family : CsvFamilies()) {
-    Demand(bench.code_page.Encode(CsvText(page.LnrFlexGrid, points, family.writes_size)).has_value());
+  bench.Do([&] { page.cmdCheck.Click(); });
+  for (const test::CsvCase& family : test::CsvCases()) {
+    Demand(bench.code_page
+               .Encode(CsvText(test::Part<Linearizer>(page).LnrFlexGrid, points, family.csv.writes_size))
+               .has_value());
   }
   Demand(!bench.status);
 }

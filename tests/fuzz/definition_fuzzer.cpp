@@ -15,8 +15,8 @@ void ReadWithEachFamily(test::PageBench& bench) {
   SharedState shared;
   LineReader lines(bench.files, bench.code_page, shared);
   const Boxes boxes(bench.dialogs);
-  for (const Family& family : Families()) {
-    Definition definition(family);
+  for (const RegistryEntry& entry : Registry()) {
+    Definition definition(entry.record.family, entry.record.definition);
     try {
       ReadDefFile(lines, boxes, test::DefPath(u"QL"), definition);
     } catch (const RuntimeFailure&) {
@@ -46,11 +46,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     });
   }
   bench.Do([&] { page.optTempUnit[1].Click(); });
-  bench.Do([&] { page.CheckCommand(); });
-  bench.Do([&] { page.DownloadCommand(); });
+  bench.Do([&] { page.cmdCheck.Click(); });
+  bench.Do([&] { page.cmdDownload.Click(); });
   page.DataChanged = false;
-  bench.Do([&] { page.UploadCommand(); });
-  bench.Do([&] { page.DownloadCommand(); });
+  bench.Do([&] { page.cmdUpload.Click(); });
+  bench.Do([&] { page.cmdDownload.Click(); });
   page.DataChanged = false;
   bench.Do([&] { page.NewCommand(); });
   return 0;

@@ -11,21 +11,21 @@ namespace korva {
 namespace {
 
 void TransferWholeSet(test::PageBench& bench) {
-  TransferPage& page = bench.Page();
-  bench.Do([&] { page.UploadCommand(); });
+  ParameterPage& page = bench.Page();
+  bench.Do([&] { page.cmdUpload.Click(); });
   page.DataChanged = false;
-  bench.Do([&] { page.DownloadCommand(); });
+  bench.Do([&] { page.cmdDownload.Click(); });
   page.DataChanged = false;
 }
 
 void SpeakBothDialects(DeviceLink& link) {
   for (ItemAccess* items :
        {static_cast<ItemAccess*>(&link.cok), static_cast<ItemAccess*>(&link.enter_item)}) {
-    items->ReadRetry(1, u"01", u"14");
-    items->WriteRetry(1, u"01", u"14", u"12.5");
+    items->ReadRetry(1, {u"01", u"14"});
+    items->WriteRetry(1, {u"01", u"14"}, u"12.5");
   }
-  link.enter_item.WriteParamPairRetry(1, u"01", u"14", u"1", u"2");
-  link.enter_item.ReadItemNameRetry(1, u"00", u"99");
+  link.enter_item.WriteParamPairRetry(1, {u"01", u"14"}, u"1", u"2");
+  link.enter_item.ReadItemNameRetry(1, {u"00", u"99"});
   link.line.RcvMsg();
   link.line.SendCommandStripped(u"D\r");
 }

@@ -8,6 +8,7 @@
 #include "linearizer/lnr_table.h"
 #include "pages/kv_config/design.h"
 #include "pages/page_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -20,22 +21,22 @@ constexpr const char16_t* kFile = u"/korva/data/table.csv";
 constexpr const char16_t* kSet = u"/korva/data/table.cfg";
 
 /// A model with a linearizer, and how the user switches that on.
-struct LnrModel {
+struct TableKind {
   String name;
   int points = kLnrShortPoints;
   std::function<void(PageBench&)> switch_on = [](PageBench&) {};
 };
 
-void PressTable(PageBench& bench) { bench.Press(bench.First().Opt_Table, 1); }
-void PressLnr(PageBench& bench) { bench.Press(bench.First().Opt_Lnr, 1); }
+void PressTable(PageBench& bench) { bench.Press(test::Part<Linearizer>(bench.First()).Opt_Table, 1); }
+void PressLnr(PageBench& bench) { bench.Press(test::Part<Linearizer>(bench.First()).Opt_Lnr, 1); }
 void PickLinearizer(PageBench& bench) {
   KvConfig& page = bench.First();
-  const int row = page.FindDataRow(u"01", u"10");
+  const int row = page.FindDataRow(u"10");
   bench.Pick(page.Combo[std::stoi(ToUtf8(page.DataCell(row, kComboIndex)))], u"FX: Linearizer");
 }
 
 struct CsvBench : PageBench {
-  void Choose(const LnrModel& model) {
+  void Choose(const TableKind& model) {
     PageBench::Choose(model.name);
     model.switch_on(*this);
   }
@@ -43,12 +44,14 @@ struct CsvBench : PageBench {
   void OpenTable(const std::string& bytes) {
     files.Put(kFile, bytes);
     dialogs.QueueFile(kFile);
-    Click(Page().cmd_csvFileOpen);
+    Click(test::Part<Linearizer>(Page()).cmd_csvFileOpen);
   }
   void ClickCell(int row, int column) {
-    Do([&] { Page().LnrFlexGrid.UserClicks(row, column); });
+    Do([&] { test::Part<Linearizer>(Page()).LnrFlexGrid.UserClicks(row, column); });
   }
-  std::string Cell(int row, int column) { return ToUtf8(Page().LnrFlexGrid.At(row, column).text); }
+  std::string Cell(int row, int column) {
+    return ToUtf8(test::Part<Linearizer>(Page()).LnrFlexGrid.At(row, column).text);
+  }
 };
 
 /// The points k, k + 100.5 for k = 1 up to `points`, each on a line.
@@ -63,14 +66,16 @@ std::string Numbered(int points) {
 /// Everything that opening a table may change.
 struct Seen {
   explicit Seen(KvConfig& page)
-      : fields{page.txtLnrRow.Text(), page.txtLnrCol.Text(), page.txtLnrNewValue.Text()},
-        editor_open(page.fraLnrChange.Visible()),
-        top_row(page.LnrFlexGrid.TopRow()),
+      : fields{test::Part<Linearizer>(page).Editor().txtLnrRow.Text(),
+               test::Part<Linearizer>(page).Editor().txtLnrCol.Text(),
+               test::Part<Linearizer>(page).Editor().txtLnrNewValue.Text()},
+        editor_open(test::Part<Linearizer>(page).Editor().fraLnrChange.Visible()),
+        top_row(test::Part<Linearizer>(page).LnrFlexGrid.TopRow()),
         changed(page.DataChanged),
-        unsaved(page.lbl_LnrUnsaved.Visible()) {
-    for (int row = 0; row < page.LnrFlexGrid.Rows(); ++row) {
-      for (int column = 0; column < page.LnrFlexGrid.Columns(); ++column) {
-        cells.push_back(page.LnrFlexGrid.At(row, column));
+        unsaved(test::Part<Linearizer>(page).lbl_LnrUnsaved.Visible()) {
+    for (int row = 0; row < test::Part<Linearizer>(page).LnrFlexGrid.Rows(); ++row) {
+      for (int column = 0; column < test::Part<Linearizer>(page).LnrFlexGrid.Columns(); ++column) {
+        cells.push_back(test::Part<Linearizer>(page).LnrFlexGrid.At(row, column));
       }
     }
     for (int group = 0; group < page.GroupItem.Groups(); ++group) {
@@ -90,7 +95,7 @@ struct Seen {
   bool unsaved;
 };
 
-class OpenTableTest : public testing::TestWithParam<LnrModel> {
+class OpenTableTest : public testing::TestWithParam<TableKind> {
  protected:
   OpenTableTest() { bench_.Choose(GetParam()); }
   KvConfig& Page() { return bench_.First(); }
@@ -99,8 +104,8 @@ class OpenTableTest : public testing::TestWithParam<LnrModel> {
   void Prepare() {
     bench_.OpenTable(Numbered(Points()));
     bench_.ClickCell(3, 2);
-    bench_.Type(Page().txtLnrNewValue, u"77");
-    Page().LnrFlexGrid.SetTopRow(2);
+    bench_.Type(test::Part<Linearizer>(Page()).Editor().txtLnrNewValue, u"77");
+    test::Part<Linearizer>(Page()).LnrFlexGrid.SetTopRow(2);
   }
   String Item(int row, int column) {
     const PointPlace place = PointItem(Points(), row, column).value();
@@ -109,7 +114,7 @@ class OpenTableTest : public testing::TestWithParam<LnrModel> {
   /// Presses the button; nothing but these boxes may come of it.
   void ExpectOnlyBoxes(const std::vector<std::string>& boxes) {
     const Seen before(Page());
-    bench_.Click(Page().cmd_csvFileOpen);
+    bench_.Click(test::Part<Linearizer>(Page()).cmd_csvFileOpen);
     EXPECT_EQ(bench_.TakeBoxes(), boxes);
     EXPECT_TRUE(Seen(Page()) == before);
     EXPECT_EQ(bench_.dialogs.Unused(), 0U);
@@ -189,7 +194,7 @@ TEST_P(OpenTableTest, AnEmptyFileEmptiesTheTableWithoutABox) {
 TEST_P(OpenTableTest, PointsBeyondTheTableAreIgnored) {
   bench_.OpenTable(Numbered(Points() + 4));
   EXPECT_EQ(Item(Points(), 1), Ascii(std::to_string(Points())));
-  EXPECT_EQ(Page().LnrFlexGrid.Rows(), Points() + 1);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.Rows(), Points() + 1);
   EXPECT_TRUE(bench_.TakeBoxes().empty());
 }
 
@@ -216,12 +221,13 @@ TEST_P(OpenTableTest, NoItemBesidesTheTablesIsTouched) {
 
 TEST_P(OpenTableTest, HeadsAndPointNumbersStayAndAllMarksGo) {
   bench_.OpenTable("0,0\r\n999,1\r\n");
-  Page().LnrFlexGrid.SetLook(2, 1, Look::Bad);
+  test::Part<Linearizer>(Page()).LnrFlexGrid.SetLook(2, 1, Look::Bad);
   bench_.OpenTable("0,0\r\n999,1\r\n");
   EXPECT_EQ(bench_.Cell(0, 0) + bench_.Cell(0, 1) + bench_.Cell(0, 2), "kX(k)Y(k)");
   for (int row = 0; row <= Points(); ++row) {
     for (int column = 0; column < kLnrColumns; ++column) {
-      EXPECT_EQ(Page().LnrFlexGrid.At(row, column).look, Look::Normal) << row << " " << column;
+      EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(row, column).look, Look::Normal)
+          << row << " " << column;
     }
     const std::string digits = std::to_string(row);
     EXPECT_EQ(bench_.Cell(row, 0), row == 0 ? "k" : row < 10 ? "0" + digits : digits);
@@ -237,38 +243,43 @@ TEST_P(OpenTableTest, ItIsNoEditThatAnythingAsksAbout) {
 }
 
 TEST_P(OpenTableTest, TheFirstCellIsTheCurrentOneAndTheTopIsInView) {
-  EXPECT_EQ(Page().txtLnrRow.Text(), u"");
-  Page().LnrFlexGrid.SetTopRow(9);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Editor().txtLnrRow.Text(), u"");
+  test::Part<Linearizer>(Page()).LnrFlexGrid.SetTopRow(9);
   bench_.OpenTable(Numbered(3));
-  EXPECT_EQ(Page().txtLnrRow.Text(), u"1");
-  EXPECT_EQ(Page().txtLnrCol.Text(), u"1");
-  EXPECT_EQ(Page().LnrFlexGrid.TopRow(), 1);
-  EXPECT_FALSE(Page().fraLnrChange.Visible());
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Editor().txtLnrRow.Text(), u"1");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Editor().txtLnrCol.Text(), u"1");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.TopRow(), 1);
+  EXPECT_FALSE(test::Part<Linearizer>(Page()).Editor().fraLnrChange.Visible());
 }
 
 TEST_P(OpenTableTest, AnOpenEditGoesOnWithTheFirstPointOfTheFile) {
   Prepare();
   bench_.OpenTable("40,41\r\n50,51\r\n60,61\r\n");
-  EXPECT_TRUE(Page().fraLnrChange.Visible());
-  EXPECT_EQ(Page().txtLnrNewValue.Text(), u"40");
-  EXPECT_EQ(Page().txtLnrRow.Text() + Page().txtLnrCol.Text(), u"11");
-  EXPECT_EQ(Page().LnrFlexGrid.At(1, 1).look, Look::Selected);
-  EXPECT_EQ(Page().LnrFlexGrid.At(3, 2), (Grid::Cell{.text = u"61", .look = Look::Normal}));
-  bench_.Type(Page().txtLnrNewValue, u"44");
-  bench_.Click(Page().cmdLnrChangeOK);
+  EXPECT_TRUE(test::Part<Linearizer>(Page()).Editor().fraLnrChange.Visible());
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Editor().txtLnrNewValue.Text(), u"40");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Editor().txtLnrRow.Text() +
+                test::Part<Linearizer>(Page()).Editor().txtLnrCol.Text(),
+            u"11");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(1, 1).look, Look::Selected);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(3, 2),
+            (Grid::Cell{.text = u"61", .look = Look::Normal}));
+  bench_.Type(test::Part<Linearizer>(Page()).Editor().txtLnrNewValue, u"44");
+  bench_.Click(test::Part<Linearizer>(Page()).Editor().cmdLnrChangeOK);
   EXPECT_EQ(Item(1, 1), u"44");
   EXPECT_EQ(Item(3, 2), u"61");
-  EXPECT_EQ(Page().LnrFlexGrid.At(1, 1).look, Look::Normal);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(1, 1).look, Look::Normal);
 }
 
 TEST_P(OpenTableTest, AnEditThatWasOpenOnTheHeadOrAPointNumberLeavesNoColourThere) {
   for (const auto& [row, column] : {std::pair(0, 1), std::pair(2, 0)}) {
     bench_.ClickCell(row, column);
-    ASSERT_EQ(Page().LnrFlexGrid.At(row, column).look, Look::Selected);
+    ASSERT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(row, column).look, Look::Selected);
     bench_.OpenTable(Numbered(3));
-    EXPECT_EQ(Page().LnrFlexGrid.At(row, column).look, Look::Normal) << row << " " << column;
-    EXPECT_EQ(Page().LnrFlexGrid.At(1, 1), (Grid::Cell{.text = u"1", .look = Look::Selected}));
-    bench_.Click(Page().cmdLnrChangeCancel);
+    EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(row, column).look, Look::Normal)
+        << row << " " << column;
+    EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(1, 1),
+              (Grid::Cell{.text = u"1", .look = Look::Selected}));
+    bench_.Click(test::Part<Linearizer>(Page()).Editor().cmdLnrChangeCancel);
   }
 }
 
@@ -297,7 +308,7 @@ TEST_P(OpenTableTest, TheTableIsTheOneThatIsSavedAndOpenedWithTheSet) {
 }
 
 TEST_P(OpenTableTest, TheStatusAreaTellsOfATableThatIsNotSavedUntilTheSetIs) {
-  const Label& notice = Page().lbl_LnrUnsaved;
+  const Label& notice = test::Part<Linearizer>(Page()).lbl_LnrUnsaved;
   EXPECT_FALSE(notice.Visible());
   bench_.OpenTable(Numbered(2));
   EXPECT_TRUE(notice.Visible());
@@ -314,22 +325,22 @@ TEST_P(OpenTableTest, TheNoticeIsGoneAfterOpeningASetAndAfterNew) {
   bench_.Save(kSet);
   bench_.OpenTable(Numbered(2));
   bench_.Open(kSet);
-  EXPECT_FALSE(Page().lbl_LnrUnsaved.Visible());
+  EXPECT_FALSE(test::Part<Linearizer>(Page()).lbl_LnrUnsaved.Visible());
   GetParam().switch_on(bench_);
   bench_.OpenTable(Numbered(2));
-  EXPECT_TRUE(Page().lbl_LnrUnsaved.Visible());
+  EXPECT_TRUE(test::Part<Linearizer>(Page()).lbl_LnrUnsaved.Visible());
   Page().DataChanged = false;
   bench_.New();
-  EXPECT_FALSE(Page().lbl_LnrUnsaved.Visible());
+  EXPECT_FALSE(test::Part<Linearizer>(Page()).lbl_LnrUnsaved.Visible());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Models, OpenTableTest,
-    testing::Values(LnrModel{.name = u"QZ", .switch_on = PressTable}, LnrModel{.name = u"QHW"},
-                    LnrModel{.name = u"QUO", .switch_on = PickLinearizer},
-                    LnrModel{.name = u"QHNY1", .points = kLnrLongPoints, .switch_on = PressLnr},
-                    LnrModel{.name = u"QHW1", .points = kLnrLongPoints, .switch_on = PressLnr},
-                    LnrModel{.name = u"QHNY2", .points = kLnrLongPoints, .switch_on = PressLnr}),
+    testing::Values(TableKind{.name = u"QZ", .switch_on = PressTable}, TableKind{.name = u"QHW"},
+                    TableKind{.name = u"QUO", .switch_on = PickLinearizer},
+                    TableKind{.name = u"QHNY1", .points = kLnrLongPoints, .switch_on = PressLnr},
+                    TableKind{.name = u"QHW1", .points = kLnrLongPoints, .switch_on = PressLnr},
+                    TableKind{.name = u"QHNY2", .points = kLnrLongPoints, .switch_on = PressLnr}),
     [](const auto& instance) { return ToUtf8(instance.param.name); });
 
 /// A user at a device whose linearizer is on.
@@ -339,7 +350,7 @@ struct ConnectedBench : CsvBench {
     EXPECT_TRUE(device.Set("01", "11", "1") || device.Set("01", "10", "1"));
     PageBench::Choose(model);
   }
-  bool Notice() { return Page().lbl_LnrUnsaved.Visible(); }
+  bool Notice() { return test::Part<Linearizer>(Page()).lbl_LnrUnsaved.Visible(); }
   /// Uploads; a table of 100 points only if the user wants it.
   void Upload(std::optional<Answer> table) {
     Page().DataChanged = false;
@@ -382,19 +393,22 @@ TEST(TableNoticeTest, StaysWithTheTableWhenTheUserWantsNoneOfTheDevice) {
 
 /// A press that was under way when the switch went to none, where the screen is too late to refuse it.
 TEST(SwitchedOffTableTest, OpeningAFileIsRefusedWithAWarningAndNoDialog) {
-  for (const LnrModel& model : {LnrModel{.name = u"QZ", .switch_on = PressTable},
-                                LnrModel{.name = u"QHNY1", .points = 100, .switch_on = PressLnr},
-                                LnrModel{.name = u"QHW1", .points = 100, .switch_on = PressLnr},
-                                LnrModel{.name = u"QHNY2", .points = 100, .switch_on = PressLnr}}) {
+  for (const TableKind& model : {TableKind{.name = u"QZ", .switch_on = PressTable},
+                                 TableKind{.name = u"QHNY1", .points = 100, .switch_on = PressLnr},
+                                 TableKind{.name = u"QHW1", .points = 100, .switch_on = PressLnr},
+                                 TableKind{.name = u"QHNY2", .points = 100, .switch_on = PressLnr}}) {
     CsvBench bench;
     bench.Choose(model);
     bench.OpenTable(Numbered(3));
     KvConfig& page = bench.First();
-    bench.Press(page.Opt_Table.Selected() == 1 ? page.Opt_Table : page.Opt_Lnr, 0);
-    EXPECT_EQ(page.WhyRefused(page.cmd_csvFileOpen), "tab disabled");
+    bench.Press(test::Part<Linearizer>(page).Opt_Table.Selected() == 1
+                    ? test::Part<Linearizer>(page).Opt_Table
+                    : test::Part<Linearizer>(page).Opt_Lnr,
+                0);
+    EXPECT_EQ(page.WhyRefused(test::Part<Linearizer>(page).cmd_csvFileOpen), "tab disabled");
     const Seen before(page);
     const std::size_t dialogs = bench.dialogs.FileDialogs().size();
-    bench.Do([&] { page.cmd_csvFileOpen.Click(); });
+    bench.Do([&] { test::Part<Linearizer>(page).cmd_csvFileOpen.Click(); });
     EXPECT_EQ(bench.TakeBoxes(),
               std::vector<std::string>{"ﾘﾆｱﾗｲｻﾞ: リニアライズ機能スイッチが無になっています。"});
     EXPECT_EQ(bench.dialogs.Boxes().back().box.icon, BoxIcon::Warning);

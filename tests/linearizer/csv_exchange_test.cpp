@@ -7,6 +7,7 @@
 #include <set>
 
 #include "core/text_utilities.h"
+#include "csv_cases.h"
 #include "linearizer/csv_file.h"
 #include "linearizer/lnr_table.h"
 #include "platform/native/native_code_page.h"
@@ -124,17 +125,17 @@ class CsvExchangeTest : public CsvTextTest {
 TEST_F(CsvExchangeTest, WhatAnyFamilyWritesEachFamilyReadsBackTheSame) {
   // The others take a head line as their first point.
   const std::set<StringView> know_size = {u"Lite", u"LiteSecond", u"LiteFifth"};
-  for (const CsvFamily& writer : CsvFamilies()) {
+  for (const test::CsvCase& writer : test::CsvCases()) {
     for (const int written : ShapesOf(writer.family)) {
-      const String text = CsvText(grid_, written, writer.writes_size);
-      for (const CsvFamily& reader : CsvFamilies()) {
+      const String text = CsvText(grid_, written, writer.csv.writes_size);
+      for (const test::CsvCase& reader : test::CsvCases()) {
         const bool head = writer.family == u"LiteSecond" && !know_size.contains(reader.family);
         for (const int limit : ShapesOf(reader.family)) {
           std::vector<CsvPoint> expected = Points(std::min(written, head ? limit - 1 : limit));
           if (head) {
             expected.insert(expected.begin(), CsvPoint{.x = u"Size", .y = u"100"});
           }
-          EXPECT_EQ(Read(reader, text, limit), expected)
+          EXPECT_EQ(Read(reader.csv, text, limit), expected)
               << ToUtf8(writer.family) << " " << written << " to " << ToUtf8(reader.family) << " " << limit;
         }
       }
@@ -143,14 +144,14 @@ TEST_F(CsvExchangeTest, WhatAnyFamilyWritesEachFamilyReadsBackTheSame) {
 }
 
 TEST_F(CsvExchangeTest, ATableOfAnyLengthComesBackInItsOwnFamily) {
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     for (const int limit : ShapesOf(family.family)) {
       Fill();
       for (const int points : {limit, limit - 1, 2, 1, 0}) {
         if (points < limit) {
           Put(points + 1, u"", u"1.00");
         }
-        EXPECT_EQ(Read(family, CsvText(grid_, limit, family.writes_size), limit), Points(points))
+        EXPECT_EQ(Read(family.csv, CsvText(grid_, limit, family.csv.writes_size), limit), Points(points))
             << ToUtf8(family.family) << " " << points;
       }
     }

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "core/text_utilities.h"
+#include "csv_cases.h"
 #include "linearizer/lnr_table.h"
 #include "platform/native/native_code_page.h"
 #include "support/memory_files.h"
@@ -17,20 +18,20 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr int kHandle = 4;
+constexpr int kTableHandle = 4;
 constexpr std::size_t kMegabyte = 1024UL * 1024UL;
 const std::string kNoText = "no text";
 
-const CsvFamily& FamilyOf(StringView word) { return *FindCsvFamily(*FindFamily(word)); }
+const CsvFamily& FamilyOf(StringView word) { return EntryOf(word).record.csv.Value(); }
 
 class CsvFileTest : public testing::Test {
  protected:
   std::optional<CsvTable> Read(StringView family, const std::string& bytes, int limit) {
     files_.Put(u"table.csv", bytes);
     String reason;
-    EXPECT_TRUE(lines_.TryOpenTextFile(u"table.csv", kHandle, reason));
-    std::optional<CsvTable> table = ReadCsv(lines_, kHandle, FamilyOf(family).reader, limit);
-    lines_.CloseTextFile(kHandle);
+    EXPECT_TRUE(lines_.TryOpenTextFile(u"table.csv", kTableHandle, reason));
+    std::optional<CsvTable> table = ReadCsv(lines_, kTableHandle, FamilyOf(family).reader, limit);
+    lines_.CloseTextFile(kTableHandle);
     return table;
   }
   /// The points read, as "X,Y" with a bar between them.
@@ -88,7 +89,7 @@ TEST_P(CsvReadersTest, TakeTheirPoints) {
 }
 
 TEST_P(CsvReadersTest, TellTheSizeOnLiteSecondOnly) {
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     const auto table = Read(family.family, GetParam().bytes, kLnrLongPoints);
     const auto size = table ? table->size : std::nullopt;
     EXPECT_EQ(size, family.family == u"LiteSecond" ? GetParam().size : std::nullopt) << ToUtf8(family.family);
@@ -252,14 +253,14 @@ TEST_F(CsvFileTest, WhatLiesBehindTheTableIsNotLookedAt) {
   for (const char16_t* family : {u"LiteSecond", u"LiteForth", u"LiteFifth"}) {
     EXPECT_EQ(Points(family, "0,1\r\n,\r\n\0\0"s), "0,1") << ToUtf8(family);
   }
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     EXPECT_EQ(Points(family.family, "0,1\r\n\0\0"s, 1), "0,1") << ToUtf8(family.family);
   }
 }
 
 TEST_F(CsvFileTest, ALineOfAMegabyteIsReadAsItStands) {
   const std::string word(kMegabyte, 'x');
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     EXPECT_EQ(Points(family.family, "0," + word + "\r\n50.00,60.00\r\n"), "0," + word + "|50.00,60.00");
     EXPECT_EQ(Points(family.family, "0,1" + std::string(kMegabyte, ',') + "\r\n50.00,60.00"),
               "0,1|50.00,60.00");
@@ -267,7 +268,7 @@ TEST_F(CsvFileTest, ALineOfAMegabyteIsReadAsItStands) {
 }
 
 /// The points k,k+0.50 for k = 1 up to `points`, each on a line.
-std::string Numbered(int points) {
+std::string FinelyNumbered(int points) {
   std::string bytes;
   for (int k = 1; k <= points; ++k) {
     bytes += std::to_string(k) + ".00," + std::to_string(k) + ".50\r\n";
@@ -276,10 +277,10 @@ std::string Numbered(int points) {
 }
 
 TEST_F(CsvFileTest, PointsUpToTheTablesAreReadAndTheRestIsIgnored) {
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     for (const int limit : {kLnrShortPoints, kLnrLongPoints}) {
       for (const int points : {limit - 1, limit, limit + 1, limit + 4}) {
-        const auto table = Read(family.family, Numbered(points), limit);
+        const auto table = Read(family.family, FinelyNumbered(points), limit);
         ASSERT_TRUE(table);
         ASSERT_EQ(table->points.size(), static_cast<std::size_t>(std::min(points, limit)))
             << ToUtf8(family.family) << " " << points;
@@ -293,12 +294,12 @@ TEST_F(CsvFileTest, PointsUpToTheTablesAreReadAndTheRestIsIgnored) {
 
 TEST_F(CsvFileTest, LinesThatAreNoPointTakeNoPlaceOfTheTable) {
   for (const char16_t* family : {u"Lite", u"LiteSecond", u"LiteFifth"}) {
-    const auto table = Read(family, "Size, 16 \r\n" + Numbered(17), kLnrShortPoints);
+    const auto table = Read(family, "Size, 16 \r\n" + FinelyNumbered(17), kLnrShortPoints);
     ASSERT_EQ(table->points.size(), 16U) << ToUtf8(family);
     EXPECT_EQ(table->points.back().x, u"16.00");
   }
   for (const char16_t* family : {u"First", u"LiteForth"}) {
-    const auto table = Read(family, "Size, 16 \r\n" + Numbered(17), kLnrShortPoints);
+    const auto table = Read(family, "Size, 16 \r\n" + FinelyNumbered(17), kLnrShortPoints);
     ASSERT_EQ(table->points.size(), 16U) << ToUtf8(family);
     EXPECT_EQ(table->points.back().x, u"15.00");
   }
@@ -318,27 +319,25 @@ TEST_F(CsvFileTest, ReadsAgainFromTheBeginningAndHeedsNoLineThatWasPushedBackBef
 TEST(CsvFamilies, EachFamilyWithFilesOfItsTableOnlyHasARow) {
   const std::set<StringView> known = {u"First", u"Third",      u"QXI",       u"LiteThird",
                                       u"Lite",  u"LiteSecond", u"LiteForth", u"LiteFifth"};
-  for (const Family& family : Families()) {
-    const CsvFamily* row = FindCsvFamily(family);
-    EXPECT_EQ(row != nullptr, known.contains(family.word)) << ToUtf8(family.word);
-    EXPECT_TRUE(row == nullptr || row->family == family.word);
+  for (const RegistryEntry& entry : Registry()) {
+    EXPECT_EQ(entry.record.csv.Has(), known.contains(entry.record.family.word))
+        << ToUtf8(entry.record.family.word);
   }
-  EXPECT_EQ(CsvFamilies().size(), known.size());
 }
 
 TEST(CsvFamilies, SomeSaveOneTellsTheSizeAndTwoDropAnOpenEdit) {
   std::set<StringView> save;
   std::set<StringView> tell;
   std::set<StringView> drop;
-  for (const CsvFamily& family : CsvFamilies()) {
+  for (const test::CsvCase& family : test::CsvCases()) {
     const auto note = [&](std::set<StringView>& words, bool column) {
       if (column) {
         words.insert(family.family);
       }
     };
-    note(save, family.saves);
-    note(tell, family.writes_size);
-    note(drop, family.cancels_edit);
+    note(save, family.csv.saves);
+    note(tell, family.csv.writes_size);
+    note(drop, family.csv.cancels_edit);
   }
   EXPECT_EQ(save, (std::set<StringView>{u"Third", u"Lite", u"LiteSecond", u"LiteForth", u"LiteFifth"}));
   EXPECT_EQ(tell, (std::set<StringView>{u"LiteSecond"}));

@@ -7,6 +7,7 @@
 
 #include "core/text_utilities.h"
 #include "pages/kv_config/design.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 #include "table_bench.h"
 
@@ -66,10 +67,10 @@ void ExpectAtRest(TableBench& bench) {
   const SharedState& shared = bench.app.program.Shared();
   EXPECT_FALSE(bench.status.has_value());
   EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || bench.Page().UploadBusy);
-  EXPECT_EQ(bench.Page().LnrProgressBar.Value(), 0.0F);
+  EXPECT_EQ(Part<Linearizer>(bench.Page()).LnrProgressBar.Value(), 0.0F);
   EXPECT_EQ(bench.Page().TransferBar.Value(), 0.0F);
   EXPECT_TRUE(bench.Page().cmdUpload.Enabled() && bench.Page().cmdDownload.Enabled());
-  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "");
+  EXPECT_EQ(bench.Page().WhyRefused(Part<Linearizer>(bench.Page()).LnrFlexGrid), "");
   EXPECT_EQ(bench.device.Mode(), '0');
   EXPECT_EQ(bench.dialogs.Unused(), 0U);
 }
@@ -102,7 +103,7 @@ TEST_P(TableTest, AnUploadPutsEveryValueIntoTheSetAndTheGrid) {
   TableBench bench(GetParam());
   const std::vector<String> values = bench.OwnTable();
   ASSERT_TRUE(bench.SetDeviceTable(values));
-  bench.Page().SetTableUnsaved(true);
+  Part<Linearizer>(bench.Page()).SetTableUnsaved(true);
   bench.while_box = [&](const std::string& box) {
     if (box == Shown(BoxKey::UploadDone)) {
       EXPECT_EQ(bench.GridTable(), values) << "the grid shows the table when the box says so";
@@ -116,26 +117,27 @@ TEST_P(TableTest, AnUploadPutsEveryValueIntoTheSetAndTheGrid) {
   EXPECT_EQ(Tail(bench.commands, reads.size()), reads);
   EXPECT_EQ(bench.bar, BarOf(bench, 0));
   EXPECT_TRUE(bench.Page().DataChanged);
-  EXPECT_FALSE(bench.Page().TableUnsaved());
+  EXPECT_FALSE(Part<Linearizer>(bench.Page()).TableUnsaved());
   ExpectAtRest(bench);
 }
 
 TEST_P(TableTest, TheTableCannotBeTouchedWhileItIsUploadedOrDownloaded) {
   TableBench bench(GetParam());
   bench.PutTable(bench.OwnTable());
-  TransferPage& page = bench.Page();
+  ParameterPage& page = bench.Page();
   bool edited = true;
   bench.loop.OnPump([&] {
-    edited = page.fraLnrChange.Visible();
-    for (const Control* control :
-         {static_cast<Control*>(&page.LnrFlexGrid), static_cast<Control*>(&page.cmd_csvFileOpen),
-          static_cast<Control*>(&page.cmdLnrChangeOK), static_cast<Control*>(&page.txtLnrNewValue)}) {
+    edited = Part<Linearizer>(page).Editor().fraLnrChange.Visible();
+    for (const Control* control : {static_cast<Control*>(&Part<Linearizer>(page).LnrFlexGrid),
+                                   static_cast<Control*>(&Part<Linearizer>(page).cmd_csvFileOpen),
+                                   static_cast<Control*>(&Part<Linearizer>(page).Editor().cmdLnrChangeOK),
+                                   static_cast<Control*>(&Part<Linearizer>(page).Editor().txtLnrNewValue)}) {
       EXPECT_NE(page.WhyRefused(*control), "") << control->FullName();
     }
   });
-  page.LnrFlexGrid.UserClicks(1, 1);  // an edit is open
+  Part<Linearizer>(page).LnrFlexGrid.UserClicks(1, 1);  // an edit is open
   bench.DownloadAll();
-  EXPECT_EQ(page.WhyRefused(page.cmdLnrChangeOK), "");
+  EXPECT_EQ(page.WhyRefused(Part<Linearizer>(page).Editor().cmdLnrChangeOK), "");
   EXPECT_TRUE(edited) << "a download leaves the edit open";
   bench.UploadAll();
   EXPECT_FALSE(edited) << "the cell under edit went with the table that an upload replaces";
@@ -205,7 +207,7 @@ TEST_P(TableTest, WithItsSwitchOffNothingIsAskedAndNothingOfTheTableGoesOverTheW
   EXPECT_EQ(bench.TakeBoxes(),
             (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload), Shown(BoxKey::UploadDone)}));
   EXPECT_FALSE(TabOpen(bench.Page(), TextKey::Linearizer));
-  EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), GetParam().points + 1);
+  EXPECT_EQ(Part<Linearizer>(bench.Page()).LnrFlexGrid.Rows(), GetParam().points + 1);
   bench.Check();
   EXPECT_EQ(bench.TakeBoxes(), Texts{Shown(BoxKey::CheckDone)}) << "a blank table is no fault";
   bench.PutTable({u"1000"});
@@ -349,7 +351,7 @@ TEST_P(TableTest, ABlankTableIsRefusedAndOneWithOneEmptyCellIsNot) {
     bench.PutTable(values);
     act();
     EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::ValueBad));
-    EXPECT_EQ(bench.Page().LnrFlexGrid.At(4, 2).look, Look::Bad);
+    EXPECT_EQ(Part<Linearizer>(bench.Page()).LnrFlexGrid.At(4, 2).look, Look::Bad);
   }
 }
 
@@ -365,7 +367,7 @@ TEST_P(LongTableTest, AnsweredNoAnUploadLeavesTheTableAsItWas) {
   TableBench bench(GetParam());
   const std::vector<String> values = bench.OwnTable();
   bench.PutTable(values);
-  bench.Page().SetTableUnsaved(true);
+  Part<Linearizer>(bench.Page()).SetTableUnsaved(true);
   ASSERT_TRUE(bench.device.Set("01", "02", "PUMP 7"));
   bench.UploadAll(Answer::No);
   EXPECT_EQ(bench.TakeBoxes(), UploadBoxes());
@@ -374,7 +376,7 @@ TEST_P(LongTableTest, AnsweredNoAnUploadLeavesTheTableAsItWas) {
   EXPECT_EQ(bench.Page().Item(2), u"PUMP 7");
   EXPECT_TRUE(bench.bar.empty());
   EXPECT_EQ(std::count(bench.commands.begin(), bench.commands.end(), "G02"), 0);
-  EXPECT_TRUE(bench.Page().TableUnsaved()) << "it still stands in no file";
+  EXPECT_TRUE(Part<Linearizer>(bench.Page()).TableUnsaved()) << "it still stands in no file";
   EXPECT_TRUE(TabOpen(bench.Page(), TextKey::Linearizer));
   ExpectAtRest(bench);
 }

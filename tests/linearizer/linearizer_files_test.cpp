@@ -9,11 +9,13 @@
 #include "core/program.h"
 #include "core/text_utilities.h"
 #include "linearizer/linearizer.h"
+#include "pages/registry.h"
 #include "platform/native/native_code_page.h"
 #include "platform/virtual/virtual_dialogs.h"
 #include "platform/virtual/virtual_event_loop.h"
 #include "platform/virtual/virtual_port.h"
 #include "support/memory_files.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva {
@@ -21,43 +23,37 @@ namespace {
 
 using test::MemoryFiles;
 
-constexpr const char16_t* kFile = u"/korva/data/table.csv";
-constexpr FieldArrays kArrays = {.lbl_item = 1, .label = 1, .text = 1, .frame = 1, .combo = 1, .lbl_unit = 1};
+constexpr const char16_t* kTableFile = u"/korva/data/table.csv";
+constexpr FieldForm kFields = {
+    .arrays = {.lbl_item = 1, .label = 1, .text = 1, .frame = 1, .combo = 1, .lbl_unit = 1},
+    .groups = 4,
+    .lists = {},
+    .unit_lists = {}};
 
 /// A page of any family: its frame and linearizer, and nothing else.
 class LnrPage final : public ParameterPage {
  public:
-  LnrPage(Program& program, const Family& family, DeviceLink& link)
+  LnrPage(Program& program, const FamilyRecord& record, DeviceLink& link)
       : ParameterPage(program,
-                      {.family = family,
+                      {.family = record.family,
                        .tab_control = "Tabs",
                        .design = test::kBareDesign<TextKey::File, TextKey::Port, TextKey::Linearizer>},
-                      link, kArrays, 4) {}
+                      {.device = record.device, .definition = record.definition, .fields = kFields}, link),
+        linearizer(*this, record.table.Value(), record.csv) {}
 
-  void SetUpTable(int points) override { linearizer.SetUp(points); }
-  void ClearTable() override { linearizer.Clear(); }
-
-  Linearizer linearizer{*this};
-
- protected:
-  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return {}; }
-  [[nodiscard]] std::span<const ListRule> Lists() const override { return {}; }
-  [[nodiscard]] std::vector<OptionRule> Options() override { return {}; }
-  void ApplyModelRules(const String& /*item*/) override {}
-  void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
-  void ChangeTemperatureUnit(int /*place*/) override {}
+  Linearizer linearizer;
 };
 
 /// The page of a family, with a table of as many points as the family's have at most.
 struct LnrBench {
   explicit LnrBench(StringView word)
-      : link(platform, program.Shared()), page(program, *FindFamily(word), link) {
-    page.SetUpTable(kLnrShortPoints);
+      : link(platform, program.Shared()), page(program, EntryOf(word).record, link) {
+    page.linearizer.SetUp(kLnrShortPoints);
   }
   void Open(const std::string& bytes) {
-    files.Put(kFile, bytes);
-    dialogs.QueueFile(kFile);
-    page.cmd_csvFileOpen.Click();
+    files.Put(kTableFile, bytes);
+    dialogs.QueueFile(kTableFile);
+    test::Part<Linearizer>(page).cmd_csvFileOpen.Click();
   }
   bool Save(const std::optional<String>& path) {
     dialogs.QueueFile(path);
@@ -68,7 +64,7 @@ struct LnrBench {
     page.linearizer.Table().Store(row, 2, y);
   }
   [[nodiscard]] std::string Cell(int row, int column) const {
-    return ToUtf8(page.LnrFlexGrid.At(row, column).text);
+    return ToUtf8(test::Part<Linearizer>(page).LnrFlexGrid.At(row, column).text);
   }
   [[nodiscard]] std::vector<std::string> Boxes() const {
     std::vector<std::string> texts;
@@ -84,7 +80,7 @@ struct LnrBench {
   MemoryFiles files;
   NativeCodePage code_page;
   Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
-  Program program{platform, u"/korva",
+  Program program{platform, u"/korva", AllFamilies(),
                   [](Program&, const Family&) -> std::unique_ptr<Page> { return nullptr; }};
   DeviceLink link;
   LnrPage page;
@@ -105,16 +101,16 @@ class SaveTableTest : public testing::TestWithParam<StringView> {
 };
 
 TEST_P(SaveTableTest, WritesThePointsUpToTheFirstWithoutAnX) {
-  EXPECT_TRUE(bench_.Save(kFile));
-  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+  EXPECT_TRUE(bench_.Save(kTableFile));
+  EXPECT_EQ(bench_.files.Bytes(kTableFile), Expected());
   EXPECT_TRUE(bench_.Boxes().empty());
   EXPECT_EQ(bench_.files.Replacements(), 1);
 }
 
 TEST_P(SaveTableTest, OverwritesAFile) {
-  bench_.files.Put(kFile, "an older and much longer table\r\nof several lines\r\nwith more in them\r\n");
-  EXPECT_TRUE(bench_.Save(kFile));
-  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+  bench_.files.Put(kTableFile, "an older and much longer table\r\nof several lines\r\nwith more in them\r\n");
+  EXPECT_TRUE(bench_.Save(kTableFile));
+  EXPECT_EQ(bench_.files.Bytes(kTableFile), Expected());
 }
 
 TEST_P(SaveTableTest, CancelAndAnEmptyPathWriteNothing) {
@@ -134,51 +130,51 @@ TEST_P(SaveTableTest, TheDialogIsTheOneThatAsksBeforeItOverwrites) {
 }
 
 TEST_P(SaveTableTest, AFileThatCantBeWrittenIsToldWithTheSystemsReasonAndTheOldOneStaysWhole) {
-  bench_.files.Put(kFile, "old");
+  bench_.files.Put(kTableFile, "old");
   for (const auto fault : {MemoryFiles::Fault::DiskFull, MemoryFiles::Fault::NotPermitted}) {
     bench_.files.FailWrites(fault);
-    EXPECT_FALSE(bench_.Save(kFile));
+    EXPECT_FALSE(bench_.Save(kTableFile));
     EXPECT_EQ(bench_.Boxes().back(), "csvファイル保存: " + ToUtf8(MemoryFiles::ReasonOf(fault)));
-    EXPECT_EQ(bench_.files.Bytes(kFile), "old");
+    EXPECT_EQ(bench_.files.Bytes(kTableFile), "old");
   }
   EXPECT_EQ(bench_.Boxes().size(), 2U);
   EXPECT_EQ(bench_.Cell(2, 1), "100.00");
 }
 
 TEST_P(SaveTableTest, ACharacterThatFilesCantHoldIsToldAndTheOldFileStaysWhole) {
-  bench_.files.Put(kFile, "old");
+  bench_.files.Put(kTableFile, "old");
   bench_.Put(2, u"100.00", u"5 \u20AC");
-  EXPECT_FALSE(bench_.Save(kFile));
+  EXPECT_FALSE(bench_.Save(kTableFile));
   ASSERT_EQ(bench_.Boxes().size(), 1U);
   EXPECT_EQ(bench_.Boxes().front(),
             "csvファイル保存: 行 2、列 2の「5 "
             "\u20AC」にファイルの文字コードに無い文字があるので、保存できません。");
-  EXPECT_EQ(bench_.files.Bytes(kFile), "old");
+  EXPECT_EQ(bench_.files.Bytes(kTableFile), "old");
   EXPECT_EQ(bench_.files.Replacements(), 0);
   EXPECT_EQ(bench_.Cell(2, 2), "5 \u20AC");
 }
 
 TEST_P(SaveTableTest, ATextThatIsNotWrittenNeedsNoCodePage) {
   bench_.Put(5, u"\u20AC", u"");
-  EXPECT_TRUE(bench_.Save(kFile));
-  EXPECT_EQ(bench_.files.Bytes(kFile), Expected());
+  EXPECT_TRUE(bench_.Save(kTableFile));
+  EXPECT_EQ(bench_.files.Bytes(kTableFile), Expected());
 }
 
 TEST_P(SaveTableTest, JapaneseTextIsWrittenInTheCodePage) {
   bench_.Put(1, u"ｱ", u"表");
   bench_.Put(2, u"", u"");
-  EXPECT_TRUE(bench_.Save(kFile));
-  EXPECT_TRUE(bench_.files.Bytes(kFile)->ends_with("\xB1,\x95\x5C\r\n"));
+  EXPECT_TRUE(bench_.Save(kTableFile));
+  EXPECT_TRUE(bench_.files.Bytes(kTableFile)->ends_with("\xB1,\x95\x5C\r\n"));
 }
 
 TEST_P(SaveTableTest, AFullTableHasAsManyLinesAsPointsAndComesBack) {
-  const int points = bench_.page.LnrFlexGrid.Rows() - 1;
+  const int points = test::Part<Linearizer>(bench_.page).LnrFlexGrid.Rows() - 1;
   EXPECT_EQ(points, GetParam() == u"LiteForth" || GetParam() == u"Third" ? 16 : 100);
   for (int row = 1; row <= points; ++row) {
     bench_.Put(row, Ascii(std::to_string(row)) + u".00", Ascii(std::to_string(2 * row)) + u".00");
   }
-  ASSERT_TRUE(bench_.Save(kFile));
-  const std::string bytes = bench_.files.Bytes(kFile).value();
+  ASSERT_TRUE(bench_.Save(kTableFile));
+  const std::string bytes = bench_.files.Bytes(kTableFile).value();
   const auto lines = static_cast<int>(std::count(bytes.begin(), bytes.end(), '\n'));
   EXPECT_EQ(lines, GetParam() == u"LiteSecond" ? points + 1 : points);
   LnrBench other(GetParam());
@@ -216,16 +212,19 @@ TEST_P(OpenOtherTableTest, AFileReplacesTheWholeTableInSetAndGrid) {
 
 TEST_P(OpenOtherTableTest, AnOpenEditIsDroppedFirstWhereTheFamilyDoesSo) {
   const bool drops = GetParam() == u"LiteForth" || GetParam() == u"LiteFifth";
-  bench_.page.LnrFlexGrid.UserClicks(2, 2);
-  bench_.page.txtLnrNewValue.UserTypes(u"77");
+  test::Part<Linearizer>(bench_.page).LnrFlexGrid.UserClicks(2, 2);
+  test::Part<Linearizer>(bench_.page).Editor().txtLnrNewValue.UserTypes(u"77");
   bench_.dialogs.QueueFile(std::nullopt);
-  bench_.page.cmd_csvFileOpen.Click();
-  EXPECT_EQ(bench_.page.fraLnrChange.Visible(), !drops);
-  EXPECT_EQ(bench_.page.txtLnrNewValue.Text(), drops ? u"" : u"77");
-  EXPECT_EQ(bench_.page.LnrFlexGrid.At(2, 2).look, drops ? Look::Normal : Look::Selected);
+  test::Part<Linearizer>(bench_.page).cmd_csvFileOpen.Click();
+  EXPECT_EQ(test::Part<Linearizer>(bench_.page).Editor().fraLnrChange.Visible(), !drops);
+  EXPECT_EQ(test::Part<Linearizer>(bench_.page).Editor().txtLnrNewValue.Text(), drops ? u"" : u"77");
+  EXPECT_EQ(test::Part<Linearizer>(bench_.page).LnrFlexGrid.At(2, 2).look,
+            drops ? Look::Normal : Look::Selected);
   bench_.Open("1,2\r\n");
-  EXPECT_EQ(bench_.page.fraLnrChange.Visible(), !drops);
-  EXPECT_EQ(bench_.page.txtLnrRow.Text() + bench_.page.txtLnrCol.Text(), u"11");
+  EXPECT_EQ(test::Part<Linearizer>(bench_.page).Editor().fraLnrChange.Visible(), !drops);
+  EXPECT_EQ(test::Part<Linearizer>(bench_.page).Editor().txtLnrRow.Text() +
+                test::Part<Linearizer>(bench_.page).Editor().txtLnrCol.Text(),
+            u"11");
   EXPECT_EQ(bench_.Cell(2, 2), "");
 }
 

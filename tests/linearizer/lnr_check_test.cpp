@@ -9,6 +9,7 @@
 
 #include "core/text_utilities.h"
 #include "linearizer/lnr_family.h"
+#include "pages/registry.h"
 
 namespace korva {
 namespace {
@@ -243,18 +244,15 @@ TEST(LnrFamilies, EachHasItsShapeItsHeadsAndItsCheck) {
         FamilyCase{u"LiteFifth", 100, LnrRule::Curve, u"  X(k)        %"},
         FamilyCase{u"LiteUniv", 100, LnrRule::Curve, u"  X(k)        %"},
         FamilyCase{u"Nano", 100, LnrRule::Curve, u"  X(k)        %"}}) {
-    const LnrFamily* family = FindLnrFamily(*FindFamily(one.word));
-    ASSERT_TRUE(family != nullptr) << ToUtf8(one.word);
-    EXPECT_EQ(family->points, one.points) << ToUtf8(one.word);
-    EXPECT_EQ(family->rule, one.rule) << ToUtf8(one.word);
-    EXPECT_EQ(family->quantities.front().heads.at(1), one.x_head) << ToUtf8(one.word);
+    const LnrFamily& family = EntryOf(one.word).record.table.Value();
+    EXPECT_EQ(family.points, one.points) << ToUtf8(one.word);
+    EXPECT_EQ(family.rule, one.rule) << ToUtf8(one.word);
+    EXPECT_EQ(family.quantities.front().heads.at(1), one.x_head) << ToUtf8(one.word);
   }
-  EXPECT_TRUE(FindLnrFamily(*FindFamily(u"Second")) == nullptr);
-  EXPECT_EQ(LnrFamilies().size(), 10U);
 }
 
 TEST(LnrFamilies, TheUniversalPagesTableIsOneOfPercentOrOfASensor) {
-  const auto quantities = FindLnrFamily(*FindFamily(u"QXI"))->quantities;
+  const auto quantities = EntryOf(u"QXI").record.table.Value().quantities;
   ASSERT_EQ(quantities.size(), 3U);
   EXPECT_EQ(quantities[0].kind, u"L");
   EXPECT_EQ(quantities[0].x_limits.low, -15);

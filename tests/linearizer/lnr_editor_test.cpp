@@ -7,6 +7,7 @@
 
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -24,34 +25,37 @@ struct EditorBench : test::PageBench {
     TakeBoxes();
   }
   void ClickCell(int row, int column) {
-    ASSERT_EQ(Page().WhyRefused(Page().LnrFlexGrid), "");
-    Do([&] { Page().LnrFlexGrid.UserClicks(row, column); });
+    ASSERT_EQ(Page().WhyRefused(test::Part<Linearizer>(Page()).LnrFlexGrid), "");
+    Do([&] { test::Part<Linearizer>(Page()).LnrFlexGrid.UserClicks(row, column); });
   }
-  void TypeValue(const String& text) { Type(Page().txtLnrNewValue, text); }
-  void Ok() { Click(Page().cmdLnrChangeOK); }
-  void Cancel() { Click(Page().cmdLnrChangeCancel); }
-  const Grid::Cell& Cell(int row, int column) { return Page().LnrFlexGrid.At(row, column); }
+  void TypeValue(const String& text) { Type(test::Part<Linearizer>(Page()).Editor().txtLnrNewValue, text); }
+  void Ok() { Click(test::Part<Linearizer>(Page()).Editor().cmdLnrChangeOK); }
+  void Cancel() { Click(test::Part<Linearizer>(Page()).Editor().cmdLnrChangeCancel); }
+  const Grid::Cell& Cell(int row, int column) {
+    return test::Part<Linearizer>(Page()).LnrFlexGrid.At(row, column);
+  }
   /// Row, column and text that the editor shows; empty when it is closed.
   Texts Editor() {
-    if (!Page().fraLnrChange.Visible()) {
+    if (!test::Part<Linearizer>(Page()).Editor().fraLnrChange.Visible()) {
       return {};
     }
-    return {ToUtf8(Page().txtLnrRow.Text()), ToUtf8(Page().txtLnrCol.Text()),
-            ToUtf8(Page().txtLnrNewValue.Text())};
+    return {ToUtf8(test::Part<Linearizer>(Page()).Editor().txtLnrRow.Text()),
+            ToUtf8(test::Part<Linearizer>(Page()).Editor().txtLnrCol.Text()),
+            ToUtf8(test::Part<Linearizer>(Page()).Editor().txtLnrNewValue.Text())};
   }
 };
 
 TEST(LnrEditorTest, AClickOnACellSelectsItAndShowsItsPlaceAndText) {
   EditorBench bench;
   int focused = 0;
-  bench.Page().txtLnrNewValue.ObserveFocus([&] { ++focused; });
+  test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue.ObserveFocus([&] { ++focused; });
   EXPECT_EQ(bench.Editor(), Texts());
   bench.ClickCell(3, 2);
   EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "13.33"}));
   EXPECT_EQ(bench.Cell(3, 2), (Grid::Cell{.text = u"13.33", .look = Look::Selected}));
   EXPECT_EQ(focused, 1);
-  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().txtLnrRow), "locked");
-  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().txtLnrCol), "locked");
+  EXPECT_EQ(bench.Page().WhyRefused(test::Part<Linearizer>(bench.Page()).Editor().txtLnrRow), "locked");
+  EXPECT_EQ(bench.Page().WhyRefused(test::Part<Linearizer>(bench.Page()).Editor().txtLnrCol), "locked");
   EXPECT_FALSE(bench.Page().DataChanged);
 }
 
@@ -64,8 +68,8 @@ TEST(LnrEditorTest, OkPutsTheTextIntoTheCellAndTheSetAsItStands) {
   EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u" 1e2 %");
   EXPECT_TRUE(bench.Page().DataChanged);
   EXPECT_EQ(bench.Editor(), Texts());
-  EXPECT_EQ(bench.Page().txtLnrRow.Text(), u"");
-  EXPECT_EQ(bench.Page().txtLnrCol.Text(), u"");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).Editor().txtLnrRow.Text(), u"");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).Editor().txtLnrCol.Text(), u"");
 }
 
 TEST(LnrEditorTest, CancelLeavesCellSetAndUnsavedMarkAsTheyWere) {
@@ -77,8 +81,8 @@ TEST(LnrEditorTest, CancelLeavesCellSetAndUnsavedMarkAsTheyWere) {
   EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u"13.33");
   EXPECT_FALSE(bench.Page().DataChanged);
   EXPECT_EQ(bench.Editor(), Texts());
-  EXPECT_EQ(bench.Page().txtLnrNewValue.Text(), u"");
-  EXPECT_EQ(bench.Page().txtLnrRow.Text(), u"");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue.Text(), u"");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).Editor().txtLnrRow.Text(), u"");
 }
 
 TEST(LnrEditorTest, AClickOnAnotherCellWithAnUnchangedTextAsksNothing) {
@@ -184,10 +188,10 @@ TEST(LnrEditorTest, EnterTakesTheTextAndOtherKeysAreTheFieldsOwn) {
   bench.ClickCell(3, 2);
   bench.TypeValue(u"42");
   for (const Key key : {Key::Up, Key::Down, Key::Left, Key::Right}) {
-    EXPECT_FALSE(bench.Page().txtLnrNewValue.UserPresses(key));
+    EXPECT_FALSE(test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue.UserPresses(key));
   }
   EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "42"}));
-  EXPECT_TRUE(bench.Page().txtLnrNewValue.UserPresses(Key::Enter));
+  EXPECT_TRUE(test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue.UserPresses(Key::Enter));
   EXPECT_EQ(bench.Cell(3, 2).text, u"42");
   EXPECT_EQ(bench.Editor(), Texts());
 }
@@ -200,7 +204,7 @@ TEST(LnrEditorTest, AnOpenEditorLocksNothing) {
     EXPECT_EQ(page.Tabs.TabEnabled(tab), tab != 4) << "the model has no filter; tab " << tab;
   }
   EXPECT_EQ(page.WhyRefused(page.cmdUpload), "");
-  EXPECT_EQ(page.WhyRefused(page.cmd_csvFileOpen), "");
+  EXPECT_EQ(page.WhyRefused(test::Part<Linearizer>(page).cmd_csvFileOpen), "");
 }
 
 TEST(LnrEditorTest, ANewTableClosesTheEditor) {
@@ -223,12 +227,12 @@ TEST(LnrEditorTest, AnOpenedConfigurationClosesTheEditorAndASmallerTableIsNoTrap
   EditorBench bench;
   bench.Save(u"/korva/data/short.cfg");
   bench.Choose(u"QHW1");
-  bench.Do([&] { bench.First().Opt_Lnr[1].Click(); });
+  bench.Do([&] { test::Part<Linearizer>(bench.First()).Opt_Lnr[1].Click(); });
   bench.ClickCell(100, 2);
   bench.TypeValue(u"99");
   bench.Open(u"/korva/data/short.cfg");
   EXPECT_EQ(bench.Editor(), Texts());
-  EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), 17);
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.Rows(), 17);
   bench.ClickCell(1, 1);
   EXPECT_EQ(bench.Editor(), (Texts{"1", "1", "0.00"}));
   EXPECT_FALSE(bench.status.has_value());
@@ -238,16 +242,16 @@ TEST(LnrEditorTest, WhileTheSwitchStandsAtNoneNoCellIsSelectedOrChanged) {
   EditorBench bench;
   bench.ClickCell(3, 2);
   bench.TypeValue(u"99");
-  bench.Do([&] { bench.First().Opt_Table[0].Click(); });
-  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "tab disabled");
-  bench.Do([&] { bench.Page().cmdLnrChangeOK.Click(); });
+  bench.Do([&] { test::Part<Linearizer>(bench.First()).Opt_Table[0].Click(); });
+  EXPECT_EQ(bench.Page().WhyRefused(test::Part<Linearizer>(bench.Page()).LnrFlexGrid), "tab disabled");
+  bench.Do([&] { test::Part<Linearizer>(bench.Page()).Editor().cmdLnrChangeOK.Click(); });
   EXPECT_EQ(bench.Cell(3, 2).text, u"13.33");
-  bench.Do([&] { bench.Page().LnrFlexGrid.UserClicks(4, 1); });
+  bench.Do([&] { test::Part<Linearizer>(bench.Page()).LnrFlexGrid.UserClicks(4, 1); });
   EXPECT_EQ(bench.Cell(4, 1).look, Look::Normal);
   EXPECT_EQ(bench.TakeBoxes(),
             (Texts{Shown(BoxKey::LinearizerSwitchedOff), Shown(BoxKey::LinearizerSwitchedOff)}));
   EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "99"})) << "what was typed is still there";
-  bench.Do([&] { bench.Page().cmdLnrChangeCancel.Click(); });
+  bench.Do([&] { test::Part<Linearizer>(bench.Page()).Editor().cmdLnrChangeCancel.Click(); });
   EXPECT_EQ(bench.Editor(), Texts());
 }
 
@@ -256,7 +260,7 @@ TEST(LnrEditorTest, DuringAnUploadTheGridIsOutOfReach) {
   bool tried = false;
   bench.loop.After(std::chrono::seconds(2), [&] {
     tried = true;
-    EXPECT_EQ(bench.Page().WhyRefused(bench.Page().LnrFlexGrid), "disabled");
+    EXPECT_EQ(bench.Page().WhyRefused(test::Part<Linearizer>(bench.Page()).LnrFlexGrid), "disabled");
   });
   bench.Upload();
   EXPECT_TRUE(tried);
@@ -265,15 +269,14 @@ TEST(LnrEditorTest, DuringAnUploadTheGridIsOutOfReach) {
 TEST(LnrEditorTest, EachCellOfALongTableGoesToItsOwnPlace) {
   EditorBench bench;
   bench.Choose(u"QHNY1");
-  bench.Do([&] { bench.First().Opt_Lnr[1].Click(); });
-  struct Place {
+  bench.Do([&] { test::Part<Linearizer>(bench.First()).Opt_Lnr[1].Click(); });
+  struct Spot {
     int row;
     int column;
     int group;
     int item;
   };
-  for (const Place& place :
-       {Place{1, 1, 2, 0}, Place{50, 2, 2, 99}, Place{51, 1, 3, 0}, Place{100, 2, 3, 99}}) {
+  for (const Spot& place : {Spot{1, 1, 2, 0}, Spot{50, 2, 2, 99}, Spot{51, 1, 3, 0}, Spot{100, 2, 3, 99}}) {
     EXPECT_EQ(bench.Cell(place.row, place.column).text, u"");
     bench.ClickCell(place.row, place.column);
     bench.TypeValue(u"7.5");

@@ -6,6 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
+#include "support/page_parts.h"
 #include "support/scripted_line.h"
 
 namespace korva::test {
@@ -64,7 +65,7 @@ class ScriptedTransfer : public PageBench {
   explicit ScriptedTransfer(const String& model) {
     port.Connect(1, &line);
     Choose(model);
-    table.SetUp(Page().Traits().table_points);
+    table.SetUp(Part<Linearizer>(Page()).LnrFlexGrid.Rows() - 1);
     for (const char* const group : {"G01", "G02", "G03"}) {
       line.Answer(group, "COK");
     }
@@ -94,8 +95,8 @@ class ScriptedTransfer : public PageBench {
   }
 
   ScriptedLine line{port};
-  LnrTable table{Page().GroupItem, Page().LnrFlexGrid, {u"k", u"X(k)", u"Y(k)"}};
-  LnrTransfer transfer{Page(), table};
+  LnrTable table{Page().GroupItem, Part<Linearizer>(Page()).LnrFlexGrid, {u"k", u"X(k)", u"Y(k)"}};
+  LnrTransfer transfer{Page(), table, Part<Linearizer>(Page()).LnrProgressBar};
 };
 
 TEST(LnrUploadTest, AReplyOfSixCharactersOrLessARefusalAndSilenceAreEmptyCellsAndTheUploadGoesOn) {

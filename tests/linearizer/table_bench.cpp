@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 
@@ -69,7 +70,8 @@ TableBench::TableBench(const TableModel& model, bool on)
       commands.push_back(ToUtf8(traffic.text));
     }
   };
-  Page().LnrProgressBar.Observe([this] { bar.push_back(Page().LnrProgressBar.Value()); });
+  Part<Linearizer>(Page()).LnrProgressBar.Observe(
+      [this] { bar.push_back(Part<Linearizer>(Page()).LnrProgressBar.Value()); });
 }
 
 void TableBench::UploadAll(Answer table) {
@@ -113,7 +115,7 @@ void TableBench::PutTable(const std::vector<String>& values) {
     const auto place = static_cast<std::size_t>(position);
     Page().GroupItem.Set(at.group, at.item, place < values.size() ? values[place] : String());
   }
-  Page().SetUpTable(model_.points);
+  Part<Linearizer>(Page()).SetUp(model_.points);
 }
 
 std::vector<String> TableBench::OwnTable() const {
@@ -142,7 +144,7 @@ std::vector<String> TableBench::GridTable() {
   std::vector<String> values;
   values.reserve(static_cast<std::size_t>(Count()));
   for (int position = 0; position < Count(); ++position) {
-    values.push_back(Page().LnrFlexGrid.At(1 + position / 2, 1 + position % 2).text);
+    values.push_back(Part<Linearizer>(Page()).LnrFlexGrid.At(1 + position / 2, 1 + position % 2).text);
   }
   return values;
 }

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 #include "support/sampled.h"
 #include "support/tabs.h"
 #include "table_bench.h"
@@ -90,17 +91,18 @@ void Start(TableBench& bench, const Break& line_break) {
 
 void ExpectUsable(TableBench& bench) {
   const SharedState& shared = bench.app.program.Shared();
-  const TransferPage& page = bench.Page();
+  const ParameterPage& page = bench.Page();
   EXPECT_FALSE(bench.status.has_value()) << "the program has ended";
   EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || page.UploadBusy ||
                page.CommFailed);
   EXPECT_EQ(page.TransferBar.Value(), 0.0F);
-  EXPECT_EQ(page.LnrProgressBar.Value(), 0.0F);
+  EXPECT_EQ(Part<Linearizer>(page).LnrProgressBar.Value(), 0.0F);
   EXPECT_FALSE(page.flaMsg_CannotEnd.Visible());
   for (const Control* control :
        {static_cast<const Control*>(&page.cmdUpload), static_cast<const Control*>(&page.cmdDownload),
         static_cast<const Control*>(&page.cmdSave), static_cast<const Control*>(&page.lst_TypeSelect),
-        static_cast<const Control*>(&page.LnrFlexGrid), static_cast<const Control*>(&page.cmd_csvFileOpen)}) {
+        static_cast<const Control*>(&Part<Linearizer>(page).LnrFlexGrid),
+        static_cast<const Control*>(&Part<Linearizer>(page).cmd_csvFileOpen)}) {
     EXPECT_EQ(page.WhyRefused(*control), "") << control->FullName();
   }
   for (const TextKey tab : {TextKey::File, TextKey::Input, TextKey::Output, TextKey::Linearizer,

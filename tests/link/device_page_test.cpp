@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,6 +9,7 @@
 
 #include "core/program.h"
 #include "core/text_utilities.h"
+#include "pages/registry.h"
 #include "support/scripted_line.h"
 #include "support/tabs.h"
 #include "support/virtual_host.h"
@@ -21,12 +21,12 @@ using namespace std::chrono_literals;
 
 /// A page that has nothing but its device.
 struct BarePage final : DevicePage {
-  BarePage(Program& program, const Family& family, DeviceLink& device)
+  BarePage(Program& program, const FamilyRecord& record, DeviceLink& device)
       : DevicePage(program,
-                   {.family = family,
+                   {.family = record.family,
                     .tab_control = "Tabs",
                     .design = test::kBareDesign<TextKey::File, TextKey::Port>},
-                   device) {}
+                   record.device, device) {}
   void ClearParameterSet() override {}
   void BuildPage() override {}
   bool SaveCfgFile() override { return false; }
@@ -38,7 +38,7 @@ struct BarePage final : DevicePage {
 };
 
 struct Bench {
-  explicit Bench(StringView word) : page(program, *FindFamily(word), device) {
+  explicit Bench(StringView word) : page(program, EntryOf(word).record, device) {
     host.port.Connect(1, &line);
     page.ReopenPort();
   }
@@ -59,7 +59,7 @@ struct Bench {
 
   test::VirtualHost host;
   test::ScriptedLine line{host.port};
-  Program program{host.platform, u"", nullptr};
+  Program program{host.platform, u"", AllFamilies(), nullptr};
   DeviceLink device{host.platform, program.Shared()};
   BarePage page;
 };

@@ -40,29 +40,29 @@ struct CokDialectTest : DialectTest {
 
 TEST_F(CokDialectTest, AReadSelectsGroupAndItemAndCutsTheLeadingLetter) {
   Replies({"COK", "DZERO:  12.5 "});
-  EXPECT_EQ(cok.ReadItem(u"01", u"14"), u"ZERO:  12.5");
+  EXPECT_EQ(cok.ReadItem({u"01", u"14"}), u"ZERO:  12.5");
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
 TEST_F(CokDialectTest, ARetriedReadIsTrimmed) {
   Replies({"COK", "D  12.5 "});
-  EXPECT_EQ(cok.ReadItem(u"01", u"14"), u"  12.5");
+  EXPECT_EQ(cok.ReadItem({u"01", u"14"}), u"  12.5");
   Replies({"COK", "D  12.5 "});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"14"), u"12.5");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"12.5");
 }
 
 TEST_F(CokDialectTest, AnItemOfNoUseReadsAsNeedlessAndIsNotReadAgain) {
   Replies({"COK", "CNU"});
-  EXPECT_EQ(cok.ReadItem(u"01", u"14"), u"NEEDLESS");
+  EXPECT_EQ(cok.ReadItem({u"01", u"14"}), u"NEEDLESS");
   line.ForgetCommands();
   Replies({"COK", "CNU"});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"14"), u"NEEDLESS");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"NEEDLESS");
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
 TEST_F(CokDialectTest, ARefusedItemReadsAsErrorAndIsNotReadAgain) {
   Replies({"COK", "CNG"});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"14"), u"ERROR");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"ERROR");
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
@@ -70,7 +70,7 @@ TEST_F(CokDialectTest, AnyOtherReplyToTheGroupIsAFailureEvenIfItIsPlainText) {
   for (const std::string reply : {"COK2", "cok", "CNG", "D      enter item", ""}) {
     line.ForgetCommands();
     line.AnswerNext(reply);
-    EXPECT_EQ(cok.ReadItem(u"01", u"14"), u"") << reply;
+    EXPECT_EQ(cok.ReadItem({u"01", u"14"}), u"") << reply;
     EXPECT_EQ(line.Sent(), "G01") << reply;
   }
 }
@@ -79,34 +79,34 @@ TEST_F(CokDialectTest, AReadWithoutAReplyIsRepeatedFromTheGroupOn) {
   Replies({"COK"});
   line.AnswerNext(kSilence);
   Replies({"COK", "D1"});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"14"), u"1");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"1");
   EXPECT_EQ(line.Sent(), "G01 I14 G01 I14");
   EXPECT_EQ(line.Unused(), 0U);
 }
 
 TEST_F(CokDialectTest, ASilentDeviceCostsTwelveSecondsAtThreeRepeats) {
-  EXPECT_EQ(cok.ReadItemRetry(3, u"00", u"99"), u"");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"00", u"99"}), u"");
   EXPECT_EQ(line.Sent(), "G00 G00 G00 G00");
   EXPECT_EQ(host.loop.Now(), Clock(12s));
 }
 
 TEST_F(CokDialectTest, NoRepeatsMeansExactlyOneTry) {
-  EXPECT_EQ(cok.ReadItemRetry(0, u"00", u"99"), u"");
+  EXPECT_EQ(cok.ReadItemRetry(0, {u"00", u"99"}), u"");
   EXPECT_EQ(line.Sent(), "G00");
   line.ForgetCommands();
-  EXPECT_EQ(cok.WriteItemRetry(0, u"01", u"01", u"0"), u"");
+  EXPECT_EQ(cok.WriteItemRetry(0, {u"01", u"01"}, u"0"), u"");
   EXPECT_EQ(line.Sent(), "G01");
 }
 
 TEST_F(CokDialectTest, AWriteGivesTheEcho) {
   Replies({"COK", "D 10", "DZERO: 12.50 "});
-  EXPECT_EQ(cok.WriteItem(u"01", u"14", u"12.5"), u"ZERO: 12.50");
+  EXPECT_EQ(cok.WriteItem({u"01", u"14"}, u"12.5"), u"ZERO: 12.50");
   EXPECT_EQ(line.Sent(), "G01 I14 D12.5");
 }
 
 TEST_F(CokDialectTest, ARetriedWriteTrimsTheEcho) {
   Replies({"COK", "D 10", "D   12.50 "});
-  EXPECT_EQ(cok.WriteItemRetry(3, u"01", u"14", u"12.5"), u"12.50");
+  EXPECT_EQ(cok.WriteItemRetry(3, {u"01", u"14"}, u"12.5"), u"12.50");
 }
 
 struct StopCase {
@@ -131,7 +131,7 @@ TEST_F(CokDialectTest, AWriteStopsAtARefusalAndKeepsItAsTheLastReply) {
     line.ForgetCommands();
     shared.LastItemReply = u"before";
     Replies(one.replies);
-    EXPECT_EQ(cok.WriteItem(u"01", u"14", u"12.5"), u"");
+    EXPECT_EQ(cok.WriteItem({u"01", u"14"}, u"12.5"), u"");
     EXPECT_EQ(line.Sent(), one.sent);
     EXPECT_EQ(shared.LastItemReply, one.last);
   }
@@ -140,38 +140,38 @@ TEST_F(CokDialectTest, AWriteStopsAtARefusalAndKeepsItAsTheLastReply) {
 TEST_F(CokDialectTest, AWriteThatGoesWellLeavesTheLastReplyAlone) {
   shared.LastItemReply = u"before";
   Replies({"COK", "D 10", "D 12.5"});
-  cok.WriteItem(u"01", u"14", u"12.5");
+  cok.WriteItem({u"01", u"14"}, u"12.5");
   EXPECT_EQ(shared.LastItemReply, u"before");
 }
 
 TEST_F(CokDialectTest, ARefusedWriteIsRepeatedFromTheGroupOn) {
   Replies({"COK", "D 10", "CNG", "COK", "D 10", "CNG"});
-  EXPECT_EQ(cok.WriteItemRetry(1, u"01", u"14", u"12.5"), u"");
+  EXPECT_EQ(cok.WriteItemRetry(1, {u"01", u"14"}, u"12.5"), u"");
   EXPECT_EQ(line.Sent(), "G01 I14 D12.5 G01 I14 D12.5");
   EXPECT_EQ(shared.LastItemReply, u"CNG");
 }
 
 TEST_F(CokDialectTest, AnEmptyTagComesBackAsItWasWrittenWithItsTenBlanks) {
   Replies({"COK", "DTG:PUMP1     ", "DTG:          "});
-  EXPECT_EQ(cok.WriteItemRetry(3, u"01", u"02", u"          "), u"TG:          ");
+  EXPECT_EQ(cok.WriteItemRetry(3, {u"01", u"02"}, u"          "), u"TG:          ");
   EXPECT_EQ(line.Commands().back().text, "D          ");
 }
 
 TEST_F(CokDialectTest, AnEmptyTagThatIsReadIsTrimmed) {
   Replies({"COK", "DTG:          "});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"02"), u"TG:");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"02"}), u"TG:");
 }
 
 TEST_F(CokDialectTest, AReplyOfTheLetterAloneIsNoTextAndReadAgain) {
   Replies({"COK", "D", "COK", "D", "COK", "D7"});
-  EXPECT_EQ(cok.ReadItemRetry(3, u"01", u"14"), u"7");
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"7");
 }
 
 TEST_F(CokDialectTest, ADialectIsItemAccess) {
   ItemAccess& items = cok;
   Replies({"COK", "D7", "COK", "D7", "D8"});
-  EXPECT_EQ(items.ReadRetry(0, u"01", u"14"), u"7");
-  EXPECT_EQ(items.WriteRetry(0, u"01", u"14", u"8"), u"8");
+  EXPECT_EQ(items.ReadRetry(0, {u"01", u"14"}), u"7");
+  EXPECT_EQ(items.WriteRetry(0, {u"01", u"14"}, u"8"), u"8");
 }
 
 struct EnterItemDialectTest : DialectTest {
@@ -184,17 +184,17 @@ TEST_F(EnterItemDialectTest, AnItemIsSelectedByItsTitle) {
   shared.KnownItemNames[0] = u"Zero Adjust";
   shared.KnownItemNames[33] = u"Last";
   Replies({kEnterItem, "D  Zero Adjust  "});
-  EXPECT_TRUE(enter_item.SelectItem(u"01", u"14"));
+  EXPECT_TRUE(enter_item.SelectItem({u"01", u"14"}));
   EXPECT_EQ(line.Sent(), "G01 I14");
   Replies({"D      Enter item", "DLast"});
-  EXPECT_TRUE(enter_item.SelectItem(u"01", u"15"));
+  EXPECT_TRUE(enter_item.SelectItem({u"01", u"15"}));
 }
 
 TEST_F(EnterItemDialectTest, AnotherReplyToTheGroupSelectsNothing) {
   for (const std::string reply : {"COK", "D   ENTER ITEM", "D enter items", "enter item", ""}) {
     line.ForgetCommands();
     line.AnswerNext(reply);
-    EXPECT_FALSE(enter_item.SelectItem(u"01", u"14")) << reply;
+    EXPECT_FALSE(enter_item.SelectItem({u"01", u"14"})) << reply;
     EXPECT_EQ(line.Sent(), "G01") << reply;
   }
 }
@@ -207,7 +207,7 @@ TEST_F(EnterItemDialectTest, ADigitBehindTheWordTypeIsNoPartOfATitle) {
                                                                               {"DInput Type12", false},
                                                                               {"DInput type1", false}}) {
     Replies({kEnterItem, title});
-    EXPECT_EQ(enter_item.SelectItem(u"01", u"10"), known) << title;
+    EXPECT_EQ(enter_item.SelectItem({u"01", u"10"}), known) << title;
   }
 }
 
@@ -225,69 +225,69 @@ TEST_F(EnterItemDialectTest, TheFixedTitlesAreKnownExactly) {
 
 TEST_F(EnterItemDialectTest, NoDataGoesOutToADeviceInAnotherMenu) {
   Replies({kEnterItem, "Dunknown title"});
-  EXPECT_EQ(enter_item.WriteParam(u"01", u"14", u"5"), u"");
+  EXPECT_EQ(enter_item.WriteParam({u"01", u"14"}, u"5"), u"");
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
 TEST_F(EnterItemDialectTest, NoDataGoesOutToADeviceThatDoesNotNameItsItem) {
   Replies({kEnterItem});
-  EXPECT_EQ(enter_item.WriteParam(u"01", u"14", u"5"), u"");
+  EXPECT_EQ(enter_item.WriteParam({u"01", u"14"}, u"5"), u"");
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
 TEST_F(EnterItemDialectTest, ALoneLetterReadsAnItem) {
   Replies({kEnterItem, "DStatus", "D   12.5  "});
-  EXPECT_EQ(enter_item.ReadParam(u"01", u"14"), u"12.5");
+  EXPECT_EQ(enter_item.ReadParam({u"01", u"14"}), u"12.5");
   EXPECT_EQ(line.Sent(), "G01 I14 D");
 }
 
 TEST_F(EnterItemDialectTest, ADeviceWithoutATagGivesTenBlanks) {
   Replies({kEnterItem, "DStatus", "DTAG not entered!"});
-  EXPECT_EQ(enter_item.ReadParamRetry(3, u"01", u"02"), u"          ");
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"02"}), u"          ");
 }
 
 TEST_F(EnterItemDialectTest, AWriteGivesTheReply) {
   Replies({kEnterItem, "DStatus", "D all prms default "});
-  EXPECT_EQ(enter_item.WriteParam(u"01", u"34", u"1"), u"all prms default");
+  EXPECT_EQ(enter_item.WriteParam({u"01", u"34"}, u"1"), u"all prms default");
   EXPECT_EQ(line.Sent(), "G01 I34 D1");
 }
 
 TEST_F(EnterItemDialectTest, APairGoesOutHeadFirst) {
   Replies({kEnterItem, "DStatus", "D1", kEnterItem, "DStatus", "D2"});
-  EXPECT_EQ(enter_item.WriteParamPair(u"01", u"60", u"", u"Z"), u"1");
+  EXPECT_EQ(enter_item.WriteParamPair({u"01", u"60"}, u"", u"Z"), u"1");
   EXPECT_EQ(line.Sent(), "G01 I60 DZ");
-  EXPECT_EQ(enter_item.WriteParamPair(u"01", u"60", u"12", u"P"), u"2");
+  EXPECT_EQ(enter_item.WriteParamPair({u"01", u"60"}, u"12", u"P"), u"2");
   EXPECT_EQ(line.Commands().back().text, "DP12");
 }
 
 TEST_F(EnterItemDialectTest, AnItemsNameIsItsReplyToTheSelection) {
   Replies({kEnterItem, "D   SYSVER   1.00 "});
-  EXPECT_EQ(enter_item.ReadItemName(u"00", u"99"), u"SYSVER   1.00");
+  EXPECT_EQ(enter_item.ReadItemName({u"00", u"99"}), u"SYSVER   1.00");
   EXPECT_EQ(line.Sent(), "G00 I99");
 }
 
 TEST_F(EnterItemDialectTest, AnItemsNameIsNotReadBehindACapitalisedReply) {
   Replies({"D      Enter item"});
-  EXPECT_EQ(enter_item.ReadItemName(u"00", u"99"), u"");
+  EXPECT_EQ(enter_item.ReadItemName({u"00", u"99"}), u"");
   EXPECT_EQ(line.Sent(), "G00");
 }
 
 TEST_F(EnterItemDialectTest, ANameOfBlanksIsReadAgain) {
   Replies({kEnterItem, "D", kEnterItem, "DSYSVER"});
-  EXPECT_EQ(enter_item.ReadItemNameRetry(1, u"00", u"99"), u"SYSVER");
+  EXPECT_EQ(enter_item.ReadItemNameRetry(1, {u"00", u"99"}), u"SYSVER");
 }
 
 TEST_F(EnterItemDialectTest, EveryWrapperTriesOnceMoreThanItRepeats) {
-  EXPECT_EQ(enter_item.ReadParamRetry(3, u"01", u"14"), u"");
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"14"}), u"");
   EXPECT_EQ(line.Sent(), "G01 G01 G01 G01");
   line.ForgetCommands();
-  EXPECT_EQ(enter_item.WriteParamRetry(1, u"01", u"14", u"5"), u"");
+  EXPECT_EQ(enter_item.WriteParamRetry(1, {u"01", u"14"}, u"5"), u"");
   EXPECT_EQ(line.Sent(), "G01 G01");
   line.ForgetCommands();
-  EXPECT_EQ(enter_item.WriteParamPairRetry(0, u"01", u"28", u"", u"Z"), u"");
+  EXPECT_EQ(enter_item.WriteParamPairRetry(0, {u"01", u"28"}, u"", u"Z"), u"");
   EXPECT_EQ(line.Sent(), "G01");
   line.ForgetCommands();
-  EXPECT_EQ(enter_item.ReadItemNameRetry(2, u"00", u"99"), u"");
+  EXPECT_EQ(enter_item.ReadItemNameRetry(2, {u"00", u"99"}), u"");
   EXPECT_EQ(line.Sent(), "G00 G00 G00");
 }
 
@@ -295,7 +295,7 @@ TEST_F(EnterItemDialectTest, AWriteMayReachTheDeviceMoreThanOnce) {
   Replies({kEnterItem, "DStatus"});
   line.AnswerNext(kSilence);
   Replies({kEnterItem, "DStatus", "D5"});
-  EXPECT_EQ(enter_item.WriteParamRetry(3, u"01", u"14", u"5"), u"5");
+  EXPECT_EQ(enter_item.WriteParamRetry(3, {u"01", u"14"}, u"5"), u"5");
   EXPECT_EQ(line.Sent(), "G01 I14 D5 G01 I14 D5");
 }
 
@@ -303,15 +303,15 @@ TEST_F(EnterItemDialectTest, TheDevicesOwnWordsPassThrough) {
   for (const std::string text : {"invalid data", "SET_user_TAG", "input number", "output number",
                                  "input num-data", "output num-data", "rest_linear", "CNG", "CNU"}) {
     Replies({kEnterItem, "DStatus", "D" + text});
-    EXPECT_EQ(ToUtf8(enter_item.ReadParam(u"01", u"42")), text);
+    EXPECT_EQ(ToUtf8(enter_item.ReadParam({u"01", u"42"})), text);
   }
 }
 
 TEST_F(EnterItemDialectTest, ADialectIsItemAccess) {
   ItemAccess& items = enter_item;
   Replies({kEnterItem, "DStatus", "D7", kEnterItem, "DStatus", "D8"});
-  EXPECT_EQ(items.ReadRetry(0, u"01", u"14"), u"7");
-  EXPECT_EQ(items.WriteRetry(0, u"01", u"14", u"8"), u"8");
+  EXPECT_EQ(items.ReadRetry(0, {u"01", u"14"}), u"7");
+  EXPECT_EQ(items.WriteRetry(0, {u"01", u"14"}, u"8"), u"8");
 }
 
 }  // namespace

@@ -20,13 +20,13 @@ sim::Device SampleOf(const std::string& family) {
           sim::Definition::Parse(sim::kSample)};
 }
 
-struct Bench : test::DeviceBench {
-  explicit Bench(const std::string& family) : DeviceBench(SampleOf(family)) {
+struct SampleBench : test::DeviceBench {
+  explicit SampleBench(const std::string& family) : DeviceBench(SampleOf(family)) {
     link.Reopen(FromUtf8(std::to_string(device.GetFamily().baud) + ",n,8,1"));
   }
 
   /// Whether the device's tag, "PUMP1", is read well.
-  bool ReadsTag() { return cok.ReadItemRetry(3, u"01", u"02") == u"TG:PUMP1"; }
+  bool ReadsTag() { return cok.ReadItemRetry(3, {u"01", u"02"}) == u"TG:PUMP1"; }
 
   SharedState shared;
   SerialLink link{platform, shared};
@@ -35,7 +35,7 @@ struct Bench : test::DeviceBench {
 };
 
 TEST(SimulatedDeviceTest, AnExchangeTakesTheTimeOfItsCharactersAndTheDevicesLatency) {
-  Bench bench("First");
+  SampleBench bench("First");
   ASSERT_TRUE(bench.device.Set("01", "02", "PUMP1"));
   EXPECT_TRUE(bench.ReadsTag());
   EXPECT_EQ(bench.line.Sent(), "G01 I02");
@@ -45,17 +45,17 @@ TEST(SimulatedDeviceTest, AnExchangeTakesTheTimeOfItsCharactersAndTheDevicesLate
 }
 
 TEST(SimulatedDeviceTest, ADeviceAtAnotherSpeedIsSilent) {
-  Bench bench("First");
+  SampleBench bench("First");
   bench.link.Reopen(u"9600,n,8,1");
   EXPECT_FALSE(bench.ReadsTag());
   EXPECT_EQ(bench.line.Sent(), "");
 }
 
 TEST(SimulatedDeviceTest, AWriteIsEchoed) {
-  Bench bench("First");
-  ASSERT_EQ(bench.cok.WriteItemRetry(3, u"01", u"01", u"1"), u"1");
-  EXPECT_EQ(bench.cok.WriteItemRetry(3, u"01", u"02", u"PUMP2"), u"TG:PUMP2");
-  EXPECT_EQ(bench.cok.WriteItemRetry(3, u"01", u"02", u"          "), u"TG:          ");
+  SampleBench bench("First");
+  ASSERT_EQ(bench.cok.WriteItemRetry(3, {u"01", u"01"}, u"1"), u"1");
+  EXPECT_EQ(bench.cok.WriteItemRetry(3, {u"01", u"02"}, u"PUMP2"), u"TG:PUMP2");
+  EXPECT_EQ(bench.cok.WriteItemRetry(3, {u"01", u"02"}, u"          "), u"TG:          ");
 }
 
 struct LateSecondEndTest : testing::TestWithParam<const char*> {};
@@ -63,7 +63,7 @@ struct LateSecondEndTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Family, LateSecondEndTest, testing::Values("First", "LiteForth"));
 
 TEST_P(LateSecondEndTest, NoReadIsDisturbedByASecondLineEndThatComesLate) {
-  Bench bench(GetParam());
+  SampleBench bench(GetParam());
   ASSERT_TRUE(bench.device.Set("01", "02", "PUMP1"));
   bench.device.AddFault(sim::ParseFault("late-second-line-end"));
   for (int i = 0; i < 50; ++i) {
@@ -73,10 +73,10 @@ TEST_P(LateSecondEndTest, NoReadIsDisturbedByASecondLineEndThatComesLate) {
 }
 
 TEST(SimulatedDeviceTest, TheFastestDevicesLateLineEndDisturbsNothingEither) {
-  Bench bench("LiteUniv");
+  SampleBench bench("LiteUniv");
   bench.device.AddFault(sim::ParseFault("late-second-line-end"));
   for (int i = 0; i < 50; ++i) {
-    ASSERT_EQ(bench.enter_item.ReadItemNameRetry(3, u"00", u"99"), u"Version");
+    ASSERT_EQ(bench.enter_item.ReadItemNameRetry(3, {u"00", u"99"}), u"Version");
   }
   EXPECT_EQ(bench.line.Commands().size(), 100U) << "no try was lost";
 }
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(Fault, FaultTest,
                                          FaultCase{"empty@2", true, 4}));
 
 TEST_P(FaultTest, AReadEndsAsItsRepeatsAllow) {
-  Bench bench("First");
+  SampleBench bench("First");
   ASSERT_TRUE(bench.device.Set("01", "02", "PUMP1"));
   bench.device.AddFault(sim::ParseFault(GetParam().rule));
   EXPECT_EQ(bench.ReadsTag(), GetParam().read);

@@ -6,18 +6,17 @@
 
 #include "core/text_utilities.h"
 #include "monitor_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
 
 using namespace std::chrono_literals;
+using test::kMonitorFailure;
+using test::kProgrammingFailure;
 using test::MonitorBench;
 using test::Spoilt;
 using Texts = std::vector<std::string>;
-
-const std::string kProgrammingFailure =
-    "ﾀﾞｳﾝﾛｰﾄﾞ: ﾌﾟﾛｸﾞﾗﾐﾝｸﾞﾓｰﾄﾞに変更できませんでした。ﾀﾞｳﾝﾛｰﾄﾞを中止します。";
-const std::string kMonitorFailure = "ﾀﾞｳﾝﾛｰﾄﾞ: ﾓﾆﾀﾓｰﾄﾞに変更できませんでした。";
 
 struct CountCase {
   const CountItem* count;
@@ -49,7 +48,7 @@ struct CountBench : MonitorBench {
                                    {.item = "05", .index = 3}})),
         set_box(Box(FromUtf8(one.set_key))),
         mon_box(Box(FromUtf8(one.monitor_key))),
-        setting(*page, *one.count, page->monitor, page->Item03_MonitorTimer) {}
+        setting(*page, *one.count, page->monitor, page->output) {}
 
   void Press() {
     Do([this] { setting.Set(); });
@@ -241,9 +240,11 @@ TEST(CountSettingTest, TheFrameIsLockedAndTheSetBoxDisabledDuringTheWholeExchang
     EXPECT_TRUE(page.Shared().CommBusy);
     EXPECT_TRUE(page.Shared().DownloadBusy);
     EXPECT_FALSE(bench.set_box.Enabled());
-    for (const Button* button :
-         {&page.cmdSet, &page.cmdStatusMonOFF, &page.cmdMonitorON, &page.cmdMonitorOFF, &page.cmdUpload,
-          &page.cmdDownload, &page.cmdOpen, &page.cmdSave, &page.cmdNew, &page.cmdCheck, &page.cmdExit}) {
+    for (const Button* button : std::initializer_list<const Button*>{
+             &test::Part<OutputSetting>(page).cmdSet, &test::Part<OutputSetting>(page).cmdStatusMonOFF,
+             &test::Part<StatusMonitor>(page).cmdMonitorON, &test::Part<StatusMonitor>(page).cmdMonitorOFF,
+             &page.cmdUpload, &page.cmdDownload, &page.cmdOpen, &page.cmdSave, &page.cmdNew, &page.cmdCheck,
+             &page.cmdExit}) {
       EXPECT_FALSE(button->Enabled()) << button->FullName();
     }
     EXPECT_FALSE(page.Tabs.TabEnabled(0));
@@ -287,7 +288,7 @@ TEST(CountSettingTest, TheMonitoredBoxesAreAtRestWhileACountIsSet) {
 
 TEST(CountSettingTest, WithoutABoxThatShowsItTheCountIsSetAllTheSame) {
   MonitorBench bench(u"Third", "QEC2.def", test::RowsOf({{.item = "04_set", .index = 1}}));
-  CountSetting setting(*bench.page, kCount04, bench.page->monitor, bench.page->Item03_MonitorTimer);
+  CountSetting setting(*bench.page, kCount04, bench.page->monitor, bench.page->output);
   bench.Box(u"04_set").SetText(u"5");
   bench.Do([&] { setting.Set(); });
   EXPECT_EQ(bench.line.writes, (Texts{"01=1", "04=5", "01=0"}));
@@ -311,7 +312,7 @@ TEST(CountSettingTest, Item03IsACountOnTwoModelsOnlyAndTheOthersWhereTheirRowIs)
                                            {"QEY3.def", &kCount06, "06_set", true},
                                            {"QEC2.def", &kCount06, "06", false}}) {
     MonitorBench bench(u"Third", one.def_file, test::RowsOf({{.item = one.row, .index = 1}}));
-    CountSetting setting(*bench.page, *one.count, bench.page->monitor, bench.page->Item03_MonitorTimer);
+    CountSetting setting(*bench.page, *one.count, bench.page->monitor, bench.page->output);
     EXPECT_EQ(setting.Serves(), one.serves) << one.def_file << ' ' << one.row;
     bench.Box(FromUtf8(one.row)).SetText(u"5");
     bench.Do([&] { setting.Set(); });

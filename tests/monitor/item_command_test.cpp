@@ -4,18 +4,22 @@
 
 #include "core/text_utilities.h"
 #include "monitor_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
 
 using namespace std::chrono_literals;
+using test::kMonitorFailure;
+using test::kProgrammingFailure;
 using test::MonitorBench;
 using test::Spoilt;
 using Texts = std::vector<std::string>;
 
-const std::string kProgrammingFailure =
-    "ﾀﾞｳﾝﾛｰﾄﾞ: ﾌﾟﾛｸﾞﾗﾐﾝｸﾞﾓｰﾄﾞに変更できませんでした。ﾀﾞｳﾝﾛｰﾄﾞを中止します。";
-const std::string kMonitorFailure = "ﾀﾞｳﾝﾛｰﾄﾞ: ﾓﾆﾀﾓｰﾄﾞに変更できませんでした。";
+constexpr CommandItem kReset12 = {
+    .item = u"12", .button = "Command_I12", .caption = TextKey::ResetFirst, .timer = "Item12_Timer"};
+constexpr CommandItem kReset13 = {
+    .item = u"13", .button = "Command_I13", .caption = TextKey::ResetSecond, .timer = "Item13_Timer"};
 
 constexpr std::size_t kNever = static_cast<std::size_t>(-1);
 
@@ -24,7 +28,7 @@ struct CommandBench : MonitorBench {
   explicit CommandBench(const std::string& item = "12")
       : MonitorBench(u"Third", "QEC2.def", test::RowsOf({{.item = item, .index = 8}})),
         box(Box(FromUtf8(item))),
-        command(*page, item == "12" ? u"12" : u"13", page->Item03_MonitorTimer) {
+        command(*page, item == "12" ? kReset12 : kReset13) {
     line.items[item] = "RESETA0";
     box.SetText(u"old");
     box.SetLook(Look::Grey);
@@ -58,7 +62,7 @@ TEST(ItemCommandTest, TheBoxBlinksFromThePressToTheReturn) {
   bench.box.Observe([&] { looks.emplace_back(bench.host.loop.Now(), bench.box.ShownLook()); });
   bool blinks = false;
   bench.line.on_command = [&](const std::string& text) {
-    blinks = text == "D0" && bench.page->Item03_MonitorTimer.Running();
+    blinks = text == "D0" && bench.command.BlinkTimer.Running();
   };
   bench.Run();
   ASSERT_GT(looks.size(), 10U);
@@ -78,8 +82,10 @@ TEST(ItemCommandTest, NothingElseCanStartMeanwhile) {
     ++looked;
     const test::MonitorPage& page = *bench.page;
     EXPECT_TRUE(page.Shared().CommBusy && page.Shared().DownloadBusy);
-    for (const Button* button : {&page.cmdSet, &page.cmdStatusMonOFF, &page.cmdMonitorON, &page.cmdMonitorOFF,
-                                 &page.cmdUpload, &page.cmdDownload, &page.cmdExit}) {
+    for (const Button* button : std::initializer_list<const Button*>{
+             &test::Part<OutputSetting>(page).cmdSet, &test::Part<OutputSetting>(page).cmdStatusMonOFF,
+             &test::Part<StatusMonitor>(page).cmdMonitorON, &test::Part<StatusMonitor>(page).cmdMonitorOFF,
+             &page.cmdUpload, &page.cmdDownload, &page.cmdExit}) {
       EXPECT_FALSE(button->Enabled()) << button->FullName();
     }
     EXPECT_FALSE(page.Tabs.TabEnabled(0));
@@ -175,7 +181,7 @@ TEST(ItemCommandTest, ARowWithoutABoxOrWithAParameterIsNoCommand) {
                                            {{.item = "13", .index = 9, .position = "3"}, false},
                                            {{.item = "12", .index = 9}, false}}) {
     MonitorBench bench(u"Third", "M.def", test::RowsOf({one.row}));
-    ItemCommand command(*bench.page, u"13", bench.page->Item03_MonitorTimer);
+    ItemCommand command(*bench.page, kReset13);
     bench.line.items["13"] = "0";
     EXPECT_EQ(command.Serves(), one.serves);
     bench.Do([&] { command.Run(); });

@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -23,13 +24,14 @@ struct IoBench : PageBench {
   /// has the buttons of the monitor hidden.
   void ClickAfter(Clock delay, Button& button) {
     loop.After(delay, [this, &button] {
-      EXPECT_EQ(Page().WhyRefused(button), Page().Traits().has_monitor ? "" : "hidden") << button.FullName();
+      EXPECT_EQ(Page().WhyRefused(button), !Page().DefFile.starts_with(u"QD") ? "" : "hidden")
+          << button.FullName();
       button.Click();
     });
   }
   void Monitor(Clock duration) {
-    ClickAfter(duration, Page().cmdMonitorOFF);
-    Do([this] { Page().cmdMonitorON.Click(); });
+    ClickAfter(duration, test::Part<StatusMonitor>(Page()).cmdMonitorOFF);
+    Do([this] { test::Part<StatusMonitor>(Page()).cmdMonitorON.Click(); });
   }
   sim::Device* device = nullptr;
 };
@@ -66,12 +68,13 @@ TEST(KvConfigMonitorTest, OnlyTheStopButtonIsInReachAndItsTabWithIt) {
   IoBench bench(u"QN");
   bench.loop.After(3s, [&] {
     const KvConfig& page = bench.First();
-    EXPECT_EQ(page.WhyRefused(page.cmdMonitorOFF), "");
-    EXPECT_EQ(page.WhyRefused(page.cmdMonitorON), "disabled");
-    EXPECT_EQ(page.WhyRefused(page.cmdSet), "disabled");
+    EXPECT_EQ(page.WhyRefused(test::Part<StatusMonitor>(page).cmdMonitorOFF), "");
+    EXPECT_EQ(page.WhyRefused(test::Part<StatusMonitor>(page).cmdMonitorON), "disabled");
+    EXPECT_EQ(page.WhyRefused(test::Part<OutputSetting>(page).cmdSet), "disabled");
     EXPECT_EQ(page.WhyRefused(page.lst_TypeSelect), "disabled");
     for (int tab = 0; tab < page.Tabs.Count(); ++tab) {
-      EXPECT_EQ(page.Tabs.TabEnabled(tab), tab == page.TabOf(page.cmdMonitorOFF)) << tab;
+      EXPECT_EQ(page.Tabs.TabEnabled(tab), tab == page.TabOf(test::Part<StatusMonitor>(page).cmdMonitorOFF))
+          << tab;
     }
   });
   bench.Monitor(5s);
@@ -145,7 +148,7 @@ TEST(KvConfigMonitorTest, ClosingTheWindowEndsTheProgramWithinHalfASecondOfAWait
     pressed = bench.loop.Now();
     bench.app.program.PressClose();
   });
-  bench.Do([&] { bench.Page().cmdMonitorON.Click(); });
+  bench.Do([&] { test::Part<StatusMonitor>(bench.Page()).cmdMonitorON.Click(); });
   EXPECT_EQ(bench.status, 0);
   EXPECT_LE(bench.loop.Now() - pressed, 510ms);
 }
@@ -157,12 +160,12 @@ TEST(KvConfigOutputTest, AForcedOutputIsHeldWithTheInputValuesFollowingUntilOff)
   EXPECT_EQ(bench.device->Mode(), '1');
   EXPECT_EQ(LeadingNumber(bench.Field(u"03_mon").Text()), 75.5);
   EXPECT_EQ(bench.device->Value("01", "07"), "75.50");
-  EXPECT_EQ(page.WhyRefused(page.cmdStatusMonOFF), "");
-  EXPECT_EQ(page.WhyRefused(page.cmdMonitorON), "disabled");
+  EXPECT_EQ(page.WhyRefused(test::Part<OutputSetting>(page).cmdStatusMonOFF), "");
+  EXPECT_EQ(page.WhyRefused(test::Part<StatusMonitor>(page).cmdMonitorON), "disabled");
   EXPECT_EQ(page.WhyRefused(bench.Field(u"03_set")), "disabled");
-  bench.Click(page.cmdStatusMonOFF);
+  bench.Click(test::Part<OutputSetting>(page).cmdStatusMonOFF);
   EXPECT_EQ(bench.device->Mode(), '0');
-  EXPECT_EQ(page.WhyRefused(page.cmdMonitorON), "");
+  EXPECT_EQ(page.WhyRefused(test::Part<StatusMonitor>(page).cmdMonitorON), "");
   EXPECT_EQ(page.WhyRefused(bench.Field(u"03_set")), "");
   EXPECT_TRUE(bench.TakeBoxes().empty());
 }
@@ -182,9 +185,9 @@ TEST(KvConfigOutputTest, CmdStatusMonOFFWithTheCablePulledShowsTheFailureAndUnlo
   IoBench bench(u"QN");
   bench.ForceOutput(u"50");
   bench.device->AddFault(sim::ParseFault("silent"));
-  bench.Click(bench.Page().cmdStatusMonOFF);
+  bench.Click(test::Part<OutputSetting>(bench.Page()).cmdStatusMonOFF);
   EXPECT_EQ(bench.TakeBoxes(), std::vector<std::string>{test::Shown(BoxKey::NotMonitorMode)});
-  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().cmdMonitorON), "");
+  EXPECT_EQ(bench.Page().WhyRefused(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON), "");
 }
 
 }  // namespace

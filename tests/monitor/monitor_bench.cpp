@@ -4,6 +4,9 @@
 #include <array>
 
 #include "core/text_utilities.h"
+#include "monitor/count_setting.h"
+#include "monitor/item_command.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva::test {
@@ -11,7 +14,7 @@ namespace {
 
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
-constexpr int kGroups = 4;
+constexpr FieldForm kFields = {.arrays = kArrays, .groups = 4, .lists = {}, .unit_lists = {}};
 constexpr Milliseconds kLateLatency{3500};
 
 }  // namespace
@@ -67,34 +70,36 @@ std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {
   return found == items.end() ? std::nullopt : std::optional("D" + found->second);
 }
 
-MonitorPage::MonitorPage(Program& program, const Family& family, DeviceLink& device,
+MonitorPage::MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device,
                          const MonitorExtras& extras)
     : ParameterPage(program,
-                    {.family = family,
+                    {.family = record.family,
                      .tab_control = "Tabs",
                      .design = kBareDesign<TextKey::File, TextKey::Port, TextKey::IoCheck>},
-                    device, kArrays, kGroups),
+                    {.device = record.device, .definition = record.definition, .fields = kFields}, device),
       monitor(
-          *this, MonitorFamilyOf(family),
+          *this, record.monitor,
           {.InputKind = extras.InputKind, .BeforeRead = extras.BeforeRead, .unitMeasFreq = &unitMeasFreq}),
-      output(*this, OutputFamilyOf(family), monitor) {
-  cmdMonitorOFF.OnClick = [this] { monitor.RequestStop(); };
-}
+      output(*this, record.output, monitor) {}
 
 std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
   std::string section = "$Data\r\n";
   for (const MonitorRow& row : rows) {
     const std::string index = row.index < 0 ? "" : std::to_string(row.index);
-    std::array<std::string, kWritePosition + 1> cells;
-    cells[kGroup] = "01";
-    cells[kItem] = row.item;
-    cells[kOnPage] = row.on_page;
-    cells[kTextIndex] = index;
-    cells[kUnitLabel] = index;
+    std::array<std::string, kDataWidth> cells;
+    const auto put = [&](DataColumn column, const std::string& cell) {
+      cells.at(static_cast<std::size_t>(kUsualLayout.*column)) = cell;
+    };
+    put(kGroup, "01");
+    put(kItem, row.item);
+    put(kOnPage, row.on_page);
+    put(kTextIndex, index);
+    put(kUnitLabel, index);
+    put(kWriteCondition, row.condition);
+    put(kReplyPrefix, row.prefix);
+    put(kWritePosition, row.position);
+    cells.back() = row.title;
     cells.at(static_cast<std::size_t>(unit_column)) = row.unit;
-    cells[kWriteCondition] = row.condition;
-    cells[kReplyPrefix] = row.prefix;
-    cells[kWritePosition] = row.position;
     for (const std::string& cell : cells) {
       section += cell;
       section += ',';
@@ -121,16 +126,17 @@ std::string TemperatureSection(int unit_column) {
 
 MonitorBench::MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
                            const MonitorExtras& extras)
-    : line(host.port, FindFamily(word)->dialect),
-      program(platform, u"/korva",
+    : record(EntryOf(word).record),
+      line(host.port, record.family.dialect),
+      program(platform, u"/korva", AllFamilies(),
               [this, extras](Program& owner, const Family& family) {
-                return std::make_unique<MonitorPage>(owner, family, link, extras);
+                return std::make_unique<MonitorPage>(owner, EntryOf(family.word).record, link, extras);
               }),
       link(platform, program.Shared()) {
-  const Family& family = *FindFamily(word);
   files.Put(u"/korva/system/MdlVTRMFx.jpn",
             "$Type\r\nModel," + def_file + "," + ToUtf8(word) + "\r\n$End\r\n");
-  files.Put(DefFilePath(u"/korva", family, FromUtf8(def_file), files.Separator()), definition + "$End\r\n");
+  files.Put(DefFilePath(u"/korva", record.family, record.definition, FromUtf8(def_file), files.Separator()),
+            definition + "$End\r\n");
   for (const char* item : {"00", "01", "03", "04", "05", "06", "07", "08", "22", "24", "32"}) {
     line.items[item] = "12.5";
   }
@@ -142,9 +148,8 @@ MonitorBench::MonitorBench(StringView word, const std::string& def_file, const s
 }
 
 void MonitorBench::Set(const String& value) {
-  const OutputFamily& family = OutputFamilyOf(page->ItsFamily());
   Do([&] {
-    Box(String(family.set_key)).UserTypes(value);
+    Box(String(record.output.set_key)).UserTypes(value);
     page->output.Set();
   });
 }
@@ -158,7 +163,7 @@ void MonitorBench::StopAt(const std::string& command) {
 }
 
 void MonitorBench::StopAfter(Clock delay) {
-  host.loop.After(delay, [this] { page->cmdMonitorOFF.Click(); });
+  host.loop.After(delay, [this] { Part<StatusMonitor>(*page).cmdMonitorOFF.Click(); });
 }
 
 void MonitorBench::RunCycle(const std::string& first_item) {
@@ -167,7 +172,7 @@ void MonitorBench::RunCycle(const std::string& first_item) {
 }
 
 Label& MonitorBench::UnitLabel(const String& item) const {
-  const int row = page->FindDataRow(u"01", item);
+  const int row = page->FindDataRow(item);
   return page->lbl_unit[std::stoi(ToUtf8(page->DataCell(row, kUnitLabel)))];
 }
 
@@ -182,15 +187,25 @@ std::vector<std::string> MonitorBench::Boxes() const {
 }
 
 bool MonitorBench::TimersStopped() const {
-  return !page->Item03_MonitorTimer.Running() && !page->Item04_lblUnitTimer.Running() &&
-         !page->Item06_lblUnitTimer.Running();
+  for (const PagePart* part : page->Parts()) {
+    const auto* const count = dynamic_cast<const CountSetting*>(part);
+    const auto* const command = dynamic_cast<const ItemCommand*>(part);
+    if ((count != nullptr && count->BlinkTimer.Running()) ||
+        (command != nullptr && command->BlinkTimer.Running())) {
+      return false;
+    }
+  }
+  return !Part<OutputSetting>(*page).Item03_MonitorTimer.Running() &&
+         !Part<StatusMonitor>(*page).Item04_lblUnitTimer.Running() &&
+         !Part<StatusMonitor>(*page).Item06_lblUnitTimer.Running();
 }
 
 bool MonitorBench::AtRest() const {
   const SharedState& shared = page->Shared();
   return !shared.CommBusy && !shared.DownloadBusy && TimersStopped() && !page->lbl_Waitfor.Visible() &&
-         page->cmdUpload.Enabled() && page->cmdMonitorON.Enabled() && page->cmdSet.Enabled() &&
-         page->Tabs.TabEnabled(0) && page->TransferBar.Value() == 0.0F;
+         page->cmdUpload.Enabled() && Part<StatusMonitor>(*page).cmdMonitorON.Enabled() &&
+         Part<OutputSetting>(*page).cmdSet.Enabled() && page->Tabs.TabEnabled(0) &&
+         page->TransferBar.Value() == 0.0F;
 }
 
 }  // namespace korva::test

@@ -12,11 +12,17 @@
 #include "files/parameter_page.h"
 #include "monitor/output_setting.h"
 #include "monitor/status_monitor.h"
+#include "pages/registry.h"
 #include "support/command_line.h"
 #include "support/memory_files.h"
 #include "support/virtual_host.h"
 
 namespace korva::test {
+
+// The boxes of a device that does not change its mode.
+inline const std::string kProgrammingFailure =
+    "ﾀﾞｳﾝﾛｰﾄﾞ: ﾌﾟﾛｸﾞﾗﾐﾝｸﾞﾓｰﾄﾞに変更できませんでした。ﾀﾞｳﾝﾛｰﾄﾞを中止します。";
+inline const std::string kMonitorFailure = "ﾀﾞｳﾝﾛｰﾄﾞ: ﾓﾆﾀﾓｰﾄﾞに変更できませんでした。";
 
 /// What becomes of one reply.
 enum class Spoilt { Silent, Refused, Garbled, Late };
@@ -50,22 +56,13 @@ class MonitorLine final : public CommandLine {
 /// A page of any family: its frame, fields, monitor and output setting, and nothing else.
 class MonitorPage final : public ParameterPage {
  public:
-  MonitorPage(Program& program, const Family& family, DeviceLink& device, const MonitorExtras& extras);
-
-  void SetUpTable(int /*points*/) override {}
-  void ClearTable() override {}
+  MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device, const MonitorExtras& extras);
 
   Label unitMeasFreq{"unitMeasFreq"};
   StatusMonitor monitor;
   OutputSetting output;
 
  protected:
-  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return {}; }
-  [[nodiscard]] std::span<const ListRule> Lists() const override { return {}; }
-  [[nodiscard]] std::vector<OptionRule> Options() override { return {}; }
-  void ApplyModelRules(const String& /*item*/) override {}
-  void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
-  void ChangeTemperatureUnit(int /*place*/) override {}
   // Not every family's definition files have a place for the tabs' states.
   void KeepTabState(int tab, bool enabled) override { kept_tabs_[tab] = enabled; }
   [[nodiscard]] bool KeptTabEnabled(int tab) const override { return kept_tabs_.at(tab); }
@@ -83,9 +80,10 @@ struct MonitorRow {
   std::string condition = {};
   std::string prefix = {};
   std::string position = {};
+  std::string title = {};
 };
 /// The section $Data of these rows.
-std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column = kUnitText);
+std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column = kUsualLayout.unit_text);
 /// Rows of every item that a monitor may read, in the order of their fields: 03_set 1, 03_mon 2, 04 3, 05 4,
 /// 06 5, 07 6, 08 7, 03 8, 04_mon 9, 32 10, 24_set 11, 24_mon 12, 22 13.
 std::string AllRows();
@@ -124,6 +122,7 @@ struct MonitorBench {
   [[nodiscard]] bool AtRest() const;
   [[nodiscard]] bool TimersStopped() const;
 
+  const FamilyRecord& record;
   VirtualHost host;
   MemoryFiles files;
   Platform platform{.loop = host.loop,

@@ -28,7 +28,7 @@ struct FamilyCase {
   const char* name = "";  ///< of the case
 };
 
-const std::vector<FamilyCase> kFamilies = {
+const std::vector<FamilyCase> kMonitorCases = {
     {u"First", "QZ.def", "03 04 05 06 07 08", "01", "04 05 06 07 08", "DS: 12.5", "12.5", "", "First"},
     {u"First", "QD.def", "03 04 05 06 07 08", "01", "03_mon 04 05 06 07 08", "DS: 12.5", "12.5", "",
      "FirstQD"},
@@ -76,7 +76,7 @@ struct FamilyBench : MonitorBench {
 };
 
 struct EveryFamilyTest : testing::TestWithParam<FamilyCase> {};
-INSTANTIATE_TEST_SUITE_P(Family, EveryFamilyTest, testing::ValuesIn(kFamilies),
+INSTANTIATE_TEST_SUITE_P(Family, EveryFamilyTest, testing::ValuesIn(kMonitorCases),
                          [](const auto& one) { return one.param.name; });
 
 TEST_P(EveryFamilyTest, ReadsItsCycleInOrderInItsDialectAfterTheModeChange) {
@@ -120,6 +120,25 @@ TEST_P(EveryFamilyTest, WithoutAPresenceItemOnThePageTheMonitorDoesNothingAndSen
   EXPECT_TRUE(bench.AtRest());
 }
 
+TEST_P(EveryFamilyTest, AChosenModelBringsTheTitlesOfItsDialectAndLeavesNoneOfTheModelBefore) {
+  const FamilyCase& one = GetParam();
+  MonitorBench bench(one.word, one.def_file,
+                     test::RowsOf({{.item = "05", .index = 1, .title = "Lift Factor"},
+                                   {.item = "06", .index = 2},
+                                   {.item = "07", .index = 3, .title = "Fall Factor"}}));
+  auto& names = bench.program.Shared().KnownItemNames;
+  const bool titled = bench.record.family.dialect == Dialect::EnterItem;
+  for (int time = 0; time < 2; ++time) {
+    SCOPED_TRACE(time);
+    EXPECT_EQ(names[0], titled ? u"Lift Factor" : u"");
+    EXPECT_EQ(names[1], u"");
+    EXPECT_EQ(names[2], titled ? u"Fall Factor" : u"");
+    EXPECT_TRUE(std::all_of(names.begin() + 3, names.end(), [](const String& name) { return name.empty(); }));
+    names.fill(u"of another model");
+    bench.Do([&] { bench.page->lst_TypeSelect.SetListIndex(0); });
+  }
+}
+
 TEST_P(EveryFamilyTest, EachPresenceItemAloneLetsTheMonitorStart) {
   const FamilyCase& one = GetParam();
   for (const std::string& item : Words(one.presence)) {
@@ -142,13 +161,6 @@ TEST_P(EveryFamilyTest, AnItemThatIsNoPresenceItemOfTheFamilyDoesNotLetItStart) 
   MonitorBench bench(one.word, one.def_file, test::RowsOf(rows));
   bench.Start();
   EXPECT_EQ(bench.line.Sent(), "");
-}
-
-TEST(MonitorFamilyTest, AllElevenFamiliesHaveTheirRow) {
-  EXPECT_EQ(MonitorFamilies().size(), Families().size());
-  for (const Family& family : Families()) {
-    EXPECT_EQ(MonitorFamilyOf(family).family, family.word);
-  }
 }
 
 }  // namespace

@@ -6,17 +6,16 @@
 
 #include "core/text_utilities.h"
 #include "monitor_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
 
 using namespace std::chrono_literals;
+using test::kMonitorFailure;
+using test::kProgrammingFailure;
 using test::MonitorBench;
 using test::Spoilt;
-
-const std::string kProgrammingFailure =
-    "ﾀﾞｳﾝﾛｰﾄﾞ: ﾌﾟﾛｸﾞﾗﾐﾝｸﾞﾓｰﾄﾞに変更できませんでした。ﾀﾞｳﾝﾛｰﾄﾞを中止します。";
-const std::string kMonitorFailure = "ﾀﾞｳﾝﾛｰﾄﾞ: ﾓﾆﾀﾓｰﾄﾞに変更できませんでした。";
 
 struct OutputCase {
   StringView word;
@@ -34,7 +33,7 @@ struct OutputCase {
   const char* name = "";
 };
 
-const std::vector<OutputCase> kFamilies = {
+const std::vector<OutputCase> kOutputCases = {
     {u"First", "QY.def", "-15.00", "115.00", u"-15.01", u"115.01", "50.5", "50.5", "DS: 50.5", "50.5", "01",
      "03", "First"},
     {u"Second", "M.def", "-15.00", "115.00", u"-15.01", u"115.01", "50.5 %", "50.5", "50.5 mA", "50.5", "01",
@@ -73,20 +72,22 @@ struct OutputBench : MonitorBench {
         mon_box(Box(FromUtf8(one.item + "_mon"))) {
     line.echo = one.echo;
   }
-  explicit OutputBench() : OutputBench(kFamilies[0]) { line.echo.clear(); }
+  explicit OutputBench() : OutputBench(kOutputCases[0]) { line.echo.clear(); }
   TextField& set_box;
   TextField& mon_box;
 
   /// True while the output is held: locked but for the button that ends it.
   [[nodiscard]] bool Forcing() const {
-    return page->Shared().CommBusy && page->cmdStatusMonOFF.Enabled() && !page->cmdSet.Enabled() &&
-           !page->cmdUpload.Enabled() && !page->cmdMonitorON.Enabled() && !page->cmdMonitorOFF.Enabled() &&
-           !page->cmdExit.Enabled() && !page->Tabs.TabEnabled(0) && !set_box.Enabled() && TimersStopped();
+    return page->Shared().CommBusy && test::Part<OutputSetting>(*page).cmdStatusMonOFF.Enabled() &&
+           !test::Part<OutputSetting>(*page).cmdSet.Enabled() && !page->cmdUpload.Enabled() &&
+           !test::Part<StatusMonitor>(*page).cmdMonitorON.Enabled() &&
+           !test::Part<StatusMonitor>(*page).cmdMonitorOFF.Enabled() && !page->cmdExit.Enabled() &&
+           !page->Tabs.TabEnabled(0) && !set_box.Enabled() && TimersStopped();
   }
 };
 
 struct EveryOutputTest : testing::TestWithParam<OutputCase> {};
-INSTANTIATE_TEST_SUITE_P(Family, EveryOutputTest, testing::ValuesIn(kFamilies),
+INSTANTIATE_TEST_SUITE_P(Family, EveryOutputTest, testing::ValuesIn(kOutputCases),
                          [](const auto& one) { return one.param.name; });
 
 TEST_P(EveryOutputTest, SendsTheCleanedValueInProgrammingModeShowsTheAnswerAndHoldsIt) {
@@ -120,7 +121,7 @@ TEST_P(EveryOutputTest, OffCanNotBePressedAgainDuringItsExchange) {
   bool looked = false;
   bench.host.loop.After(std::chrono::milliseconds(15), [&] {
     looked = true;
-    EXPECT_FALSE(bench.page->cmdStatusMonOFF.Enabled());
+    EXPECT_FALSE(test::Part<OutputSetting>(*bench.page).cmdStatusMonOFF.Enabled());
   });
   bench.Off();
   EXPECT_TRUE(looked);
@@ -265,7 +266,7 @@ TEST_P(EveryOutputTest, AClosePressedWhileTheOutputIsHeldLeavesTheWindowWhenOffF
 }
 
 TEST(OutputSettingTest, OnlySecondAndQXIWaitHalfASecondBeforeTheModeIsJudged) {
-  for (const OutputCase& one : kFamilies) {
+  for (const OutputCase& one : kOutputCases) {
     OutputBench bench(one);
     bench.Set(u"50");
     const auto& commands = bench.line.Commands();
@@ -276,7 +277,7 @@ TEST(OutputSettingTest, OnlySecondAndQXIWaitHalfASecondBeforeTheModeIsJudged) {
 }
 
 TEST(OutputSettingTest, TheFailureBoxComesAfterThatHalfSecond) {
-  OutputBench bench(kFamilies[1]);
+  OutputBench bench(kOutputCases[1]);
   bench.line.silent_from = 1;
   Clock shown{0};
   bench.host.dialogs.OnBox([&](const Box&) { shown = bench.host.loop.Now(); });
@@ -299,7 +300,7 @@ TEST(OutputSettingTest, TheMonitorBoxBlinksWhileTheExchangeRuns) {
 }
 
 TEST(OutputSettingTest, TheMonitoredBoxesAndTheirUnitsAreAtRestWhileTheOutputIsForcedButForLiteSecond) {
-  for (const OutputCase& one : {kFamilies[0], kFamilies[9], kFamilies[11]}) {
+  for (const OutputCase& one : {kOutputCases[0], kOutputCases[9], kOutputCases[11]}) {
     OutputBench bench(one);
     const bool second = one.item == "24";
     MonitorBench& base = bench;
@@ -314,7 +315,7 @@ TEST(OutputSettingTest, TheMonitoredBoxesAndTheirUnitsAreAtRestWhileTheOutputIsF
 }
 
 TEST(OutputSettingTest, NanoShowsTheAnswerInASecondBoxToo) {
-  OutputBench bench(kFamilies[8]);
+  OutputBench bench(kOutputCases[8]);
   TextField& further = bench.page->Text[22];
   std::vector<Look> looks;
   further.Observe([&] { looks.push_back(further.ShownLook()); });
@@ -326,7 +327,7 @@ TEST(OutputSettingTest, NanoShowsTheAnswerInASecondBoxToo) {
 TEST(OutputSettingTest, TheButtonThatEndsItGetsTheFocus) {
   OutputBench bench;
   int focus = 0;
-  bench.page->cmdStatusMonOFF.ObserveFocus([&] { ++focus; });
+  test::Part<OutputSetting>(*bench.page).cmdStatusMonOFF.ObserveFocus([&] { ++focus; });
   bench.Set(u"50");
   EXPECT_EQ(focus, 1);
 }
@@ -361,7 +362,7 @@ TEST(OutputSettingTest, ModelsWithoutABoxForTheValueGetNoFocusAtTheEnd) {
   for (const Case& one : cases) {
     MonitorBench bench(one.word, one.def_file, test::AllRows());
     int focus = 0;
-    bench.Box(OutputFamilyOf(bench.page->ItsFamily()).set_key.data()).ObserveFocus([&] { ++focus; });
+    bench.Box(bench.record.output.set_key.data()).ObserveFocus([&] { ++focus; });
     bench.Off();
     EXPECT_EQ(focus, one.focus) << one.def_file;
   }
@@ -374,13 +375,6 @@ TEST(OutputSettingTest, OffWithoutAForcedOutputSendsMonitorModeAndKeepsTheTabsAs
   EXPECT_EQ(bench.line.Sent(), "G01 I01 D0");
   EXPECT_TRUE(bench.AtRest());
   EXPECT_FALSE(bench.page->Tabs.TabEnabled(1));
-}
-
-TEST(OutputSettingTest, AllElevenFamiliesHaveTheirRow) {
-  EXPECT_EQ(OutputFamilies().size(), Families().size());
-  for (const Family& family : Families()) {
-    EXPECT_EQ(OutputFamilyOf(family).family, family.word);
-  }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "monitor_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -29,10 +30,12 @@ TEST(StatusMonitorTest, TheFrameIsLockedButForTheButtonThatStops) {
     const test::MonitorPage& page = *bench.page;
     EXPECT_TRUE(page.Shared().CommBusy);
     EXPECT_FALSE(page.Shared().DownloadBusy);
-    EXPECT_TRUE(page.cmdMonitorOFF.Enabled());
-    for (const Button* button :
-         {&page.cmdUpload, &page.cmdDownload, &page.cmdOpen, &page.cmdSave, &page.cmdNew, &page.cmdCheck,
-          &page.cmdExit, &page.cmdSet, &page.cmdStatusMonOFF, &page.cmdMonitorON}) {
+    EXPECT_TRUE(test::Part<StatusMonitor>(page).cmdMonitorOFF.Enabled());
+    for (const Button* button : std::initializer_list<const Button*>{
+             &page.cmdUpload, &page.cmdDownload, &page.cmdOpen, &page.cmdSave, &page.cmdNew, &page.cmdCheck,
+             &page.cmdExit, &test::Part<OutputSetting>(page).cmdSet,
+             &test::Part<OutputSetting>(page).cmdStatusMonOFF,
+             &test::Part<StatusMonitor>(page).cmdMonitorON}) {
       EXPECT_FALSE(button->Enabled()) << button->FullName();
     }
     EXPECT_FALSE(page.Tabs.TabEnabled(0));
@@ -42,7 +45,7 @@ TEST(StatusMonitorTest, TheFrameIsLockedButForTheButtonThatStops) {
   bench.Start();
   EXPECT_TRUE(looked);
   EXPECT_TRUE(bench.AtRest());
-  EXPECT_TRUE(bench.page->cmdMonitorOFF.Enabled());
+  EXPECT_TRUE(test::Part<StatusMonitor>(*bench.page).cmdMonitorOFF.Enabled());
 }
 
 TEST(StatusMonitorTest, TabsThatWereLockedBeforeStayLocked) {
@@ -68,7 +71,7 @@ TEST(StatusMonitorTest, AStopAtTheStartOfACycleStillReadsAllItsItemsWithTheWaitT
 
 TEST(StatusMonitorTest, AStopWhenNoDeviceOperationRunsDoesNothing) {
   FirstBench bench;
-  bench.Do([&] { bench.page->cmdMonitorOFF.Click(); });
+  bench.Do([&] { test::Part<StatusMonitor>(*bench.page).cmdMonitorOFF.Click(); });
   EXPECT_FALSE(bench.page->MonitorStop);
   EXPECT_FALSE(bench.page->lbl_Waitfor.Visible());
   EXPECT_EQ(bench.line.Sent(), "");
@@ -127,7 +130,7 @@ TEST(StatusMonitorTest, OnlyThirdGivesTheStopButtonTheFocus) {
   for (const auto& [word, focused] : {std::pair{u"Third", 1}, std::pair{u"Second", 0}}) {
     MonitorBench bench(word, "M.def", test::AllRows());
     int focus = 0;
-    bench.page->cmdMonitorOFF.ObserveFocus([&] { ++focus; });
+    test::Part<StatusMonitor>(*bench.page).cmdMonitorOFF.ObserveFocus([&] { ++focus; });
     bench.StopAfter(1s);
     bench.Start();
     EXPECT_EQ(focus, focused);

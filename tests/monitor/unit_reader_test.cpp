@@ -24,7 +24,7 @@ std::string RowsWithUnits(int unit_column) {
                        {.item = "12", .index = 2, .unit = "d02"}},
                       unit_column);
 }
-const std::string kRows = RowsWithUnits(kUnitText);
+const std::string kRows = RowsWithUnits(kUsualLayout.unit_text);
 
 /// Input types with their unit in `column`; row 0 is one, too.
 std::string Types(const std::string& key, int column) {
@@ -400,7 +400,8 @@ INSTANTIATE_TEST_SUITE_P(Unit, UnitTest, testing::ValuesIn(kCases),
 
 TEST_P(UnitTest, IsFoundWhereTheModelHasIt) {
   const UnitCase& one = GetParam();
-  const std::string rows = one.word == u"Second" ? RowsWithUnits(15) : kRows;
+  const bool has_boxes = one.word == u"Second" || one.word == u"LiteThird";  // of units, in the column before
+  const std::string rows = has_boxes ? RowsWithUnits(15) : kRows;
   MonitorBench bench(one.word, one.def_file, rows + one.sections,
                      {.InputKind = [&] { return FromUtf8(one.kind); }, .BeforeRead = nullptr});
   for (const auto& [item, answer] : one.answers) {

@@ -10,6 +10,7 @@
 
 #include "core/text_utilities.h"
 #include "page_bench.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 namespace {
@@ -42,8 +43,9 @@ class CloseBench : public PageBench {
     });
   }
   [[nodiscard]] bool Blinks() {
-    return Page().Item03_MonitorTimer.Running() || Page().Item04_lblUnitTimer.Running() ||
-           Page().Item06_lblUnitTimer.Running();
+    return Part<OutputSetting>(Page()).Item03_MonitorTimer.Running() ||
+           Part<StatusMonitor>(Page()).Item04_lblUnitTimer.Running() ||
+           Part<StatusMonitor>(Page()).Item06_lblUnitTimer.Running();
   }
   [[nodiscard]] std::size_t Pumps() const { return loop.PumpCount() + 1 - first_pump; }
 
@@ -131,8 +133,9 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond) {
   const auto monitor = [](CloseBench& bench) {
-    bench.loop.After(std::chrono::seconds(4), [&bench] { bench.Page().cmdMonitorOFF.Click(); });
-    bench.Click(bench.Page().cmdMonitorON);
+    bench.loop.After(std::chrono::seconds(4),
+                     [&bench] { Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
+    bench.Click(Part<StatusMonitor>(bench.Page()).cmdMonitorON);
   };
   CloseBench whole(GetParam());
   monitor(whole);
@@ -186,7 +189,7 @@ struct ForcedBench : CloseBench {
       device.AddFault(*fault);
     }
   }
-  void Off() { Click(Page().cmdStatusMonOFF); }
+  void Off() { Click(Part<OutputSetting>(Page()).cmdStatusMonOFF); }
 };
 
 TEST_P(CloseSweepTest, ClosedWhileTheOutputIsHeldTheProgramEndsWhenOffHasReleasedIt) {

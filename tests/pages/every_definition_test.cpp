@@ -21,24 +21,20 @@ namespace {
 using Faults = std::vector<std::string>;
 
 /// The table of texts and codes that a list or a group of options stands for; empty for an unknown key.
-std::optional<StringView> TableOf(TransferPage& page, const String& key, bool box) {
+std::optional<StringView> TableOf(ParameterPage& page, const String& key, bool box) {
   for (const ListRule& list : page.Lists()) {
     if (box && list.key == key) {
       return list.table;
     }
   }
-  for (const OptionRule& rule : page.Options()) {
-    if (!box && rule.key == key) {
-      return rule.table;
-    }
-  }
-  return std::nullopt;
+  const OptionRule* rule = box ? nullptr : page.FindOptionRule(key);
+  return rule == nullptr ? std::nullopt : std::optional(rule->table);
 }
 
 /// The faults of the definition that a page shows, each in a few words.
 class Examination {
  public:
-  explicit Examination(TransferPage& page) : page_(page) {}
+  explicit Examination(ParameterPage& page) : page_(page) {}
 
   Faults Run() {
     for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
@@ -74,7 +70,7 @@ class Examination {
       if (!IsNumeric(index) || LeadingInteger(index) < 0 || LeadingInteger(index) >= count) {
         Fault(row, "no control of this index");
       }
-      if (!used_.emplace(column, LeadingInteger(index)).second) {
+      if (!used_.emplace(page_.Def.ColumnOf(column), LeadingInteger(index)).second) {
         Fault(row, "shares a control");
       }
     }
@@ -119,11 +115,7 @@ class Examination {
     }
     Texts(row, page_.Def[*table]);
     if (group) {
-      for (const OptionRule& rule : page_.Options()) {
-        if (rule.key == key) {
-          OptionRange(row, *rule.options, page_.Def[*table]);
-        }
-      }
+      OptionRange(row, *page_.FindOptionRule(key)->options, page_.Def[*table]);
     }
   }
 
@@ -193,7 +185,7 @@ class Examination {
       const int tab = page_.TabOf(*control);
       if (tab < 0) {
         faults_.push_back(control->FullName() + ": without a tab");
-      } else if (tab != page_.LnrTab() && !page_.Tabs.TabEnabled(tab)) {
+      } else if (tab != page_.TabWith(TextKey::Linearizer) && !page_.Tabs.TabEnabled(tab)) {
         faults_.push_back(control->FullName() + ": on a tab that never opens");
       }
       const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
@@ -201,7 +193,7 @@ class Examination {
         faults_.push_back(control->FullName() + ": without a caption");
       }
     }
-    for (const OptionRule& rule : page_.Options()) {
+    for (const OptionRule& rule : page_.OptionRules()) {
       for (int place = 0; place < rule.options->Count(); ++place) {
         const OptionButton& button = (*rule.options)[place];
         if (button.Visible() && (button.Container() == nullptr || !button.Container()->Visible())) {
@@ -220,9 +212,9 @@ class Examination {
     return names.contains(control.Name());
   }
 
-  TransferPage& page_;
+  ParameterPage& page_;
   Faults faults_;
-  std::set<std::pair<DataColumn, int>> used_;
+  std::set<std::pair<int, int>> used_;  ///< column and index
   std::set<int> positions_;
 };
 
@@ -250,7 +242,7 @@ TEST_P(EveryDefinitionTest, BuildsItsPageWithoutAFault) {
 TEST_P(EveryDefinitionTest, ShowsEachItemOfThePageSomewhere) {
   test::PageBench bench;
   bench.Choose(GetParam());
-  const TransferPage& page = bench.Page();
+  const ParameterPage& page = bench.Page();
   for (int row = 0; row < page.Def.Data().Rows(); ++row) {
     if (page.DataCell(row, kOnPage) != u"Y") {
       continue;
@@ -313,8 +305,9 @@ String WithField(const String& text, const String& item, DataColumn column, cons
       at = comma + 1;
     }
     if (fields.size() > 1 && Trimmed(fields[1]) == item) {
-      fields.resize(std::max(fields.size(), static_cast<std::size_t>(column) + 1));
-      fields[static_cast<std::size_t>(column)] = value;
+      const auto place = static_cast<std::size_t>(kUsualLayout.*column);
+      fields.resize(std::max(fields.size(), place + 1));
+      fields[place] = value;
       String line;
       for (const String& field : fields) {
         line += (line.empty() ? u"" : u",") + field;

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char16_t* kFile = u"/korva/data/hostile.cfg";
+using test::kFile;
 constexpr std::size_t kMegabyte = 1024UL * 1024UL;
 
 class HostileConfigurationTest : public testing::Test {

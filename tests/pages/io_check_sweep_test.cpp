@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 #include "sweep_bench.h"
 
 namespace korva::test {
@@ -82,7 +83,7 @@ class IoSweep : public SweepBench {
       Record(key);
     }
     PutIntoMode('1');
-    Do([this] { Page().cmdMonitorON.Click(); });
+    Do([this] { Part<StatusMonitor>(Page()).cmdMonitorON.Click(); });
   }
 
   void Force() {
@@ -92,9 +93,10 @@ class IoSweep : public SweepBench {
   }
 
   [[nodiscard]] bool Forced() {
-    const bool reached = Page().WhyRefused(Page().cmdStatusMonOFF).empty();
+    const bool reached = Page().WhyRefused(Part<OutputSetting>(Page()).cmdStatusMonOFF).empty();
     for (const Button* button :
-         {&Page().cmdSet, &Page().cmdMonitorON, &Page().cmdMonitorOFF, &Page().cmdUpload, &Page().cmdExit}) {
+         {&Part<OutputSetting>(Page()).cmdSet, &Part<StatusMonitor>(Page()).cmdMonitorON,
+          &Part<StatusMonitor>(Page()).cmdMonitorOFF, &Page().cmdUpload, &Page().cmdExit}) {
       EXPECT_NE(button->Enabled(), app.program.Shared().CommBusy) << button->Name();
     }
     return reached && app.program.Shared().CommBusy;
@@ -103,7 +105,8 @@ class IoSweep : public SweepBench {
   void ExpectFree() {
     ExpectUsable();
     for (const Button* button :
-         {&Page().cmdMonitorON, &Page().cmdMonitorOFF, &Page().cmdSet, &Page().cmdStatusMonOFF}) {
+         {&Part<StatusMonitor>(Page()).cmdMonitorON, &Part<StatusMonitor>(Page()).cmdMonitorOFF,
+          &Part<OutputSetting>(Page()).cmdSet, &Part<OutputSetting>(Page()).cmdStatusMonOFF}) {
       EXPECT_TRUE(button->Enabled()) << button->Name();
     }
     if (TextField* set_box = Page().FindField(u"03_set")) {
@@ -115,9 +118,9 @@ class IoSweep : public SweepBench {
 
   /// No timer runs and nothing is highlighted.
   void ExpectStill() {
-    EXPECT_FALSE(Page().Item03_MonitorTimer.Running());
-    EXPECT_FALSE(Page().Item04_lblUnitTimer.Running());
-    EXPECT_FALSE(Page().Item06_lblUnitTimer.Running());
+    EXPECT_FALSE(Part<OutputSetting>(Page()).Item03_MonitorTimer.Running());
+    EXPECT_FALSE(Part<StatusMonitor>(Page()).Item04_lblUnitTimer.Running());
+    EXPECT_FALSE(Part<StatusMonitor>(Page()).Item06_lblUnitTimer.Running());
     for (const std::string& key : model.cycle) {
       EXPECT_EQ(LookOf(FromUtf8(key)), Look::Grey) << key;
       EXPECT_EQ(UnitLabel(key).ShownLook(), Look::Normal) << key;
@@ -136,7 +139,7 @@ class IoSweep : public SweepBench {
   }
 
   Label& UnitLabel(const std::string& key) {
-    const int row = Page().FindDataRow(u"01", FromUtf8(key));
+    const int row = Page().FindDataRow(FromUtf8(key));
     return Page().lbl_unit[std::stoi(ToUtf8(Page().DataCell(row, kUnitLabel)))];
   }
 
@@ -160,7 +163,7 @@ class IoSweep : public SweepBench {
       if (before == Look::Highlight && now != Look::Highlight) {
         shown[key].push_back(ToUtf8(box.Text()));
       } else if (before != now && key == model.cycle.front() && shown[key].size() == 1) {
-        loop.After(Clock(0), [this] { Page().cmdMonitorOFF.Click(); });
+        loop.After(Clock(0), [this] { Part<StatusMonitor>(Page()).cmdMonitorOFF.Click(); });
       }
       before = now;
     });
@@ -343,7 +346,7 @@ TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenRe
     EXPECT_TRUE(forced || refusal == Texts{Shown(BoxKey::NotProgrammingMode)});
     EXPECT_EQ(bench.Forced(), forced);
     EXPECT_EQ(bench.LookOf(u"03_mon"), Look::Grey);
-    EXPECT_FALSE(bench.Page().Item03_MonitorTimer.Running());
+    EXPECT_FALSE(Part<OutputSetting>(bench.Page()).Item03_MonitorTimer.Running());
     const bool entered = forced && !ModeIgnored(GetParam(), line_break, 0);
     if (TellsTheMode(GetParam(), line_break)) {
       EXPECT_EQ(bench.device.Mode(), entered ? '1' : '0');
@@ -353,7 +356,7 @@ TEST_P(ForcedSweepTest, AForcedOutputBrokenAtAnyExchangeIsHeldOrGivenUpAndThenRe
       EXPECT_EQ(ToUtf8(bench.Field(u"03_mon").Text()), expected.shown);
     }
     if (forced) {
-      bench.Click(bench.Page().cmdStatusMonOFF);
+      bench.Click(Part<OutputSetting>(bench.Page()).cmdStatusMonOFF);
       const Texts boxes = bench.TakeBoxes();
       const bool released = boxes.empty();
       EXPECT_TRUE(released || boxes == Texts{Shown(BoxKey::NotMonitorMode)});

@@ -7,6 +7,7 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "pages/kv_config/design.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva {
@@ -202,7 +203,7 @@ TEST_P(TypeWithoutRangeTest, ClosesZeroSpanAndUnitAndOpensTheLinearizerForItsTyp
   }
   EXPECT_FALSE(page.Frames[3].Enabled());
   EXPECT_EQ(test::TabOpen(page, TextKey::Linearizer), GetParam() == u"FX: Linearizer");
-  EXPECT_EQ(page.LnrActive(), GetParam() == u"FX: Linearizer");
+  EXPECT_EQ(test::Part<Linearizer>(page).LnrActive(), GetParam() == u"FX: Linearizer");
 
   bench.Pick(page.Combo[0], u"RB-1: Pt100");
   EXPECT_FALSE(bench.Field(u"14").Locked());

@@ -10,12 +10,13 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "pages/kv_config/design.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva {
 namespace {
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
+using test::kFile;
 
 /// What switches a model's linearizer table.
 enum class Switch { None, Always, Table, Lnr, InputType };
@@ -70,7 +71,10 @@ class ModelTest : public testing::TestWithParam<KnownModel> {
   static bool Switched() { return Model().lnr == Switch::Table || Model().lnr == Switch::Lnr; }
   KvConfig& Page() { return bench_.First(); }
   bool LnrTab() { return test::TabOpen(Page(), TextKey::Linearizer); }
-  OptionGroup& LnrSwitch() { return Model().lnr == Switch::Table ? Page().Opt_Table : Page().Opt_Lnr; }
+  OptionGroup& LnrSwitch() {
+    return Model().lnr == Switch::Table ? test::Part<Linearizer>(Page()).Opt_Table
+                                        : test::Part<Linearizer>(Page()).Opt_Lnr;
+  }
   /// The linearizer of the device, on or off, where the model has a switch.
   static void SwitchDevice(sim::Device& device, bool on) {
     if (Switched()) {
@@ -94,10 +98,11 @@ TEST_P(ModelTest, HasItsLinearizerTabClosedWhenChosenUnlessTheTableIsAlwaysInUse
 
 TEST_P(ModelTest, HasAGridOfItsTablesSizeAndShape) {
   bench_.Choose(Model().name);
-  EXPECT_EQ(Page().LnrFlexGrid.Rows(), Model().points + 1);
-  EXPECT_EQ(Page().LnrFlexGrid.Columns(), 3);
-  EXPECT_EQ(Page().LnrFlexGrid.At(0, 1).text, u"X(k)");
-  EXPECT_EQ(Page().LnrFlexGrid.At(Model().points, 0).text, Model().points == 16 ? u"16" : u"100");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.Rows(), Model().points + 1);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.Columns(), 3);
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(0, 1).text, u"X(k)");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(Model().points, 0).text,
+            Model().points == 16 ? u"16" : u"100");
 }
 
 TEST_P(ModelTest, HasItsFilterTabOpenExactlyWithAFilter) {
@@ -130,8 +135,9 @@ TEST_P(ModelTest, ShowsTheControlsOfTheStatusMonitorUnlessItIsABackupStation) {
   bench_.Choose(u"QL");
   bench_.Choose(Model().name);
   for (const Control* control :
-       {static_cast<const Control*>(&Page().fraMonitoring), static_cast<const Control*>(&Page().cmdMonitorON),
-        static_cast<const Control*>(&Page().cmdMonitorOFF)}) {
+       {static_cast<const Control*>(&test::Part<StatusMonitor>(Page()).fraMonitoring),
+        static_cast<const Control*>(&test::Part<StatusMonitor>(Page()).cmdMonitorON),
+        static_cast<const Control*>(&test::Part<StatusMonitor>(Page()).cmdMonitorOFF)}) {
     EXPECT_EQ(control->Visible(), Model().monitor) << control->FullName();
   }
 }
@@ -144,11 +150,11 @@ TEST_P(ModelTest, OpensAndClosesItsLinearizerTabWithItsSwitch) {
   }
   bench_.Press(LnrSwitch(), 1);
   EXPECT_TRUE(LnrTab());
-  EXPECT_TRUE(Page().LnrActive());
+  EXPECT_TRUE(test::Part<Linearizer>(Page()).LnrActive());
   EXPECT_FALSE(Page().DataChanged);  // a press of an option button is no edit
   bench_.Press(LnrSwitch(), 0);
   EXPECT_FALSE(LnrTab());
-  EXPECT_FALSE(Page().LnrActive());
+  EXPECT_FALSE(test::Part<Linearizer>(Page()).LnrActive());
 }
 
 TEST_P(ModelTest, HasItsLinearizerTabAsTheDevicesSwitchSaysAfterAnUpload) {
@@ -159,7 +165,7 @@ TEST_P(ModelTest, HasItsLinearizerTabAsTheDevicesSwitchSaysAfterAnUpload) {
     bench.Choose(Model().name);
     bench.Upload();
     EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
-    EXPECT_EQ(bench.Page().LnrActive(), Expected(on)) << on;
+    EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrActive(), Expected(on)) << on;
     // The state outlasts the lock of a further operation.
     bench.Check();
     EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
@@ -178,7 +184,7 @@ TEST_P(ModelTest, HasItsLinearizerTabAsTheFilesSwitchSaysAfterOpening) {
     bench.Open(kFile);
     EXPECT_EQ(bench.Page().DefFile, Model().name + u".def");
     EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Linearizer), Expected(on)) << on;
-    EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), Model().points + 1);
+    EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.Rows(), Model().points + 1);
   }
 }
 
@@ -199,10 +205,10 @@ TEST_P(ModelTest, ShowsThePointsOfAFileInItsGrid) {
                                       : u"\"2\",\"0\",\"1.5\"\n\"3\",\"99\",\"99\"\n") +
                             u"$End\n");
   bench_.Open(kFile);
-  EXPECT_EQ(Page().LnrFlexGrid.At(1, 1).text, u"1.5");
-  EXPECT_EQ(Page().LnrFlexGrid.At(Model().points, 2).text, u"99");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(1, 1).text, u"1.5");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(Model().points, 2).text, u"99");
   bench_.New();
-  EXPECT_EQ(Page().LnrFlexGrid.At(1, 1).text, u"");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).LnrFlexGrid.At(1, 1).text, u"");
 }
 
 INSTANTIATE_TEST_SUITE_P(FamilyFirst, ModelTest, testing::ValuesIn(KnownModels()),
@@ -227,10 +233,10 @@ class KvConfigTest : public testing::Test {
 // Options and their texts.
 
 TEST_F(KvConfigTest, CallsTheSwitchesOfTheTableAbsentAndPresent) {
-  EXPECT_EQ(Page().Opt_Table[0].Caption(), u"無");
-  EXPECT_EQ(Page().Opt_Table[1].Caption(), u"有");
-  EXPECT_EQ(Page().Opt_Lnr[0].Caption(), u"無");
-  EXPECT_EQ(Page().Opt_Lnr[1].Caption(), u"有");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Opt_Table[0].Caption(), u"無");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Opt_Table[1].Caption(), u"有");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Opt_Lnr[0].Caption(), u"無");
+  EXPECT_EQ(test::Part<Linearizer>(Page()).Opt_Lnr[1].Caption(), u"有");
 }
 
 TEST_F(KvConfigTest, CallsTheTemperatureUnitsAsTheDevicesDo) {

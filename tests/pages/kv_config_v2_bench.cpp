@@ -98,11 +98,6 @@ void V2Bench::ExpectDeviceHoldsTheSet() {
   }
 }
 
-std::string Shown(BoxKey key, std::initializer_list<String> arguments) {
-  const Box box = BoxOf(key, arguments);
-  return ToUtf8(box.title + u": " + box.text);
-}
-
 String WithDataField(const String& definition, const String& item, std::size_t column, const String& value) {
   std::size_t begin = definition.find(u"$Data\r\n");
   while (begin < definition.size()) {

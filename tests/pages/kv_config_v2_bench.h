@@ -48,9 +48,6 @@ struct V2Bench : PageBench {
   AlteredLine line;
 };
 
-/// "title: text" of a box with these arguments.
-std::string Shown(BoxKey key, std::initializer_list<String> arguments);
-
 /// The definition with field `column` (from 0) of the $Data row of `item` replaced.
 String WithDataField(const String& definition, const String& item, std::size_t column, const String& value);
 

@@ -167,14 +167,14 @@ TEST(V2GridOfTimesTest, HoldsEveryTimeOfTheDefinitionInItsOrderAndNothingElse) {
   bench.Upload();
   const auto times = {u"33", u"25", u"24", u"19", u"18", u"13", u"12", u"09", u"08"};
   for (const char16_t* item : times) {
-    if (bench.V2().FindTextIndex(u"01", item) >= 0) {
+    if (bench.V2().FindTextIndex(item) >= 0) {
       bench.Type(item, u"7");
     }
   }
   bench.Type(u"16", u"7");
   Texts expected;
   for (const char16_t* item : {u"08", u"09", u"12", u"13", u"18", u"19", u"24", u"25", u"33"}) {
-    if (bench.V2().FindTextIndex(u"01", item) >= 0) {
+    if (bench.V2().FindTextIndex(item) >= 0) {
       expected.push_back(Shown(BoxKey::RoundedTo5Msec, {item, u"7", u"5"}));
     }
   }
@@ -188,7 +188,7 @@ TEST(V2GridOfTimesTest, HasEachOfItsTimesInSomeModel) {
   std::vector<String> missing = {u"08", u"09", u"12", u"13", u"18", u"19", u"24", u"25", u"33"};
   for (const String& model : ModelsOf(u"Second")) {
     V2Bench bench(model);
-    std::erase_if(missing, [&](const String& item) { return bench.V2().FindTextIndex(u"01", item) >= 0; });
+    std::erase_if(missing, [&](const String& item) { return bench.V2().FindTextIndex(item) >= 0; });
   }
   EXPECT_TRUE(missing.empty());
 }

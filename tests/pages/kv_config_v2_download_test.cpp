@@ -41,7 +41,7 @@ TEST(V2DownloadTest, SendsItsCommandsOneByOneWithHalfASecondBehindEachWrite) {
   V2Bench bench(u"QIC");
   bench.BoxesOfUpload();
   bench.Type(u"10", u"12.5");
-  bench.Pick(bench.V2().cbo_unit[0], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"kHz");
   bench.Type(u"08", u"25");
   ASSERT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
 
@@ -85,8 +85,8 @@ TEST(V2DownloadTest, EachUnitGoesOutAsItsCodeBeforeItsNumber) {
   V2Bench bench(u"QEYZ");
   bench.BoxesOfUpload();
   bench.Type(u"10", u"12.5");
-  bench.Pick(bench.V2().cbo_unit[0], u"mHz");
-  bench.Pick(bench.V2().cbo_unit[1], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"mHz");
+  bench.Pick(bench.V2().units.cbo_unit[1], u"kHz");
   EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
   Texts frequencies;
   for (const std::string& write : bench.line.writes) {
@@ -104,7 +104,7 @@ TEST(V2DownloadTest, EachUnitGoesOutAsItsCodeBeforeItsNumber) {
 TEST(V2DownloadTest, AValueWithoutAUnitGoesOutInTheOneThatIsShown) {
   V2Bench bench(u"QIC");
   bench.BoxesOfUpload();
-  bench.Pick(bench.V2().cbo_unit[0], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"kHz");
   bench.Show(10, u"12.5");
   EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
   EXPECT_EQ(bench.device.Value("01", "10"), "12.50 kHz");
@@ -242,7 +242,7 @@ TEST_F(V2FailureTest, AUnitWithoutAnAnswerIsAFailedWriteAndTheNumberIsNotSent) {
 }
 
 TEST_F(V2FailureTest, ARefusedUnitIsFoundByTheNumbersAnswer) {
-  bench.Pick(bench.V2().cbo_unit[0], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"kHz");
   bench.device.AddFault(sim::ParseFault("refused=I11"));
   EXPECT_EQ(bench.BoxesOfDownload(), Mismatch(u"10", u"")) << "the refusal is no title that is known";
   bench.device.ClearFaults();

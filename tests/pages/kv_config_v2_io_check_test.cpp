@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "kv_config_v2_bench.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 namespace {
@@ -26,8 +27,8 @@ TEST(V2MonitorTest, ReadsPercentFrequencyAndOutputOverAndOver) {
   std::set<String> frequencies;
   TextField& box = bench.Field(u"06");
   box.Observe([&] { frequencies.insert(box.Text()); });
-  ClickAfter(bench, 20s, bench.V2().cmdMonitorOFF);
-  bench.Click(bench.V2().cmdMonitorON);
+  ClickAfter(bench, 20s, Part<StatusMonitor>(bench.V2()).cmdMonitorOFF);
+  bench.Click(Part<StatusMonitor>(bench.V2()).cmdMonitorON);
   EXPECT_GT(frequencies.size(), 3U);
   for (const char16_t* item : {u"05", u"06", u"07"}) {
     EXPECT_TRUE(IsNumeric(bench.Field(item).Text())) << ToUtf8(item);
@@ -50,7 +51,7 @@ TEST(V2MonitorTest, ForcesTheOutputAndReleasesIt) {
   EXPECT_EQ(bench.line.writes, (Texts{"01=1", "03=50.5"}));
   const auto& commands = bench.line.Commands();
   EXPECT_GE(commands[3].received - commands[2].received, 500ms);
-  bench.Click(bench.V2().cmdStatusMonOFF);
+  bench.Click(Part<OutputSetting>(bench.V2()).cmdStatusMonOFF);
   EXPECT_EQ(bench.device.Mode(), '0');
   EXPECT_TRUE(bench.Field(u"03_set").Enabled());
   bench.ExpectAtRest();

@@ -17,7 +17,7 @@ struct SweptBench : V2Bench {
     BoxesOfUpload();
     Type(u"02", u"SWEEP");
     Type(u"10", u"12.5");
-    Pick(V2().cbo_unit[0], u"kHz");
+    Pick(V2().units.cbo_unit[0], u"kHz");
     Type(u"08", u"25");
     Type(u"30", u"1.00");
     Pick(V2().Combo[0], u"3:CURRENT PULSE");

@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "kv_config_v2_bench.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 namespace {
@@ -56,8 +57,8 @@ TEST_P(V2ModelTest, ShowsEachItemOfThePageWithItsCaptionsOnATabThatIsOpen) {
       expect_shown(page.Text[place(kTextIndex)], false);
     }
     if (has(kUnitBox)) {
-      expect_shown(page.cbo_unit[place(kUnitBox)], true);
-      EXPECT_EQ(page.cbo_unit[place(kUnitBox)].Entries(), (std::vector<String>{u"Hz", u"kHz", u"mHz"}));
+      expect_shown(page.units.cbo_unit[place(kUnitBox)], true);
+      EXPECT_EQ(page.units.cbo_unit[place(kUnitBox)].Entries(), (std::vector<String>{u"Hz", u"kHz", u"mHz"}));
     }
     if (has(kUnitLabel)) {
       expect_shown(page.lbl_unit[place(kUnitLabel)], true);
@@ -76,11 +77,12 @@ TEST_P(V2ModelTest, ShowsEachItemOfThePageWithItsCaptionsOnATabThatIsOpen) {
 
 TEST_P(V2ModelTest, HasTheControlsOfTheMonitorAndNoneOfALinearizer) {
   const KvConfig_V2& page = bench_.V2();
-  EXPECT_TRUE(page.fraMonitoring.Visible() && page.cmdMonitorON.Visible() && page.cmdSet.Visible());
-  EXPECT_EQ(page.TabOf(page.cmdMonitorON), 5);
+  EXPECT_TRUE(Part<StatusMonitor>(page).fraMonitoring.Visible() &&
+              Part<StatusMonitor>(page).cmdMonitorON.Visible() && Part<OutputSetting>(page).cmdSet.Visible());
+  EXPECT_EQ(page.TabOf(Part<StatusMonitor>(page).cmdMonitorON), 5);
   EXPECT_EQ(page.FindControl("LnrFlexGrid"), nullptr);
   EXPECT_EQ(page.FindControl("LnrProgressBar"), nullptr);
-  EXPECT_EQ(page.LnrTab(), -1);
+  EXPECT_EQ(page.TabWith(TextKey::Linearizer), -1);
 }
 
 TEST_P(V2ModelTest, LeavesNothingOfTheModelBefore) {
@@ -134,8 +136,9 @@ TEST(KvConfigV2Test, HasCaptionsInBothLanguages) {
       texts.push_back(ToUtf8(page.Tabs.TabCaption(tab)));
     }
     for (const CaptionedControl* control : std::initializer_list<CaptionedControl*>{
-             &page.cmdUpload, &page.cmdDownload, &page.lblMemo, &page.fraMonitoring, &page.IO_lblShow,
-             &page.IO_lblSet, &page.lbl_Waitfor, &page.cmdSet}) {
+             &page.cmdUpload, &page.cmdDownload, &page.lblMemo, &Part<StatusMonitor>(page).fraMonitoring,
+             &Part<StatusMonitor>(page).IO_lblShow, &Part<OutputSetting>(page).IO_lblSet, &page.lbl_Waitfor,
+             &Part<OutputSetting>(page).cmdSet}) {
       texts.push_back(ToUtf8(control->Caption()));
     }
     return texts;

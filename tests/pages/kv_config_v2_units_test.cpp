@@ -8,8 +8,6 @@
 namespace korva::test {
 namespace {
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
-
 // How a value is shown.
 
 struct ShownValue {
@@ -24,14 +22,14 @@ class V2ShownValueTest : public testing::TestWithParam<ShownValue> {};
 
 TEST_P(V2ShownValueTest, IsSplitBehindItsNumberAndStaysAsItIs) {
   V2Bench bench(u"QEYZ");
-  bench.Pick(bench.V2().cbo_unit[0], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"kHz");
   bench.V2().DataChanged = false;
   bench.Show(10, GetParam().cell);
   EXPECT_EQ(ToUtf8(bench.Field(u"10").Text()), ToUtf8(GetParam().field));
-  EXPECT_EQ(ToUtf8(bench.V2().cbo_unit[0].Text()), ToUtf8(GetParam().unit));
+  EXPECT_EQ(ToUtf8(bench.V2().units.cbo_unit[0].Text()), ToUtf8(GetParam().unit));
   EXPECT_EQ(ToUtf8(bench.V2().Item(10)), ToUtf8(GetParam().cell));
   EXPECT_FALSE(bench.V2().DataChanged);
-  EXPECT_EQ(bench.V2().cbo_unit[1].Text(), u"Hz") << "the box of another value";
+  EXPECT_EQ(bench.V2().units.cbo_unit[1].Text(), u"Hz") << "the box of another value";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -46,10 +44,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(KvConfigV2Test, ABoxThatShowsNothingYetShowsHertz) {
   V2Bench bench(u"QEYZ");
   for (int index = 0; index < 3; ++index) {
-    EXPECT_EQ(bench.V2().cbo_unit[index].Text(), u"Hz") << index;
+    EXPECT_EQ(bench.V2().units.cbo_unit[index].Text(), u"Hz") << index;
   }
   bench.Show(10, u"12.5");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"Hz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"Hz");
 }
 
 TEST(KvConfigV2Test, AValueOfAFixedUnitShowsItsNumberAndKeepsItsOwnUnit) {
@@ -78,12 +76,12 @@ TEST(KvConfigV2Test, AValueOfNoUseIsBlankWithItsBoxClosed) {
   V2Bench bench(u"QEYZ");
   bench.Show(10, u"NEEDLESS");
   EXPECT_EQ(bench.Field(u"10").Text(), u"");
-  EXPECT_TRUE(bench.V2().cbo_unit[0].Locked());
-  EXPECT_EQ(bench.V2().cbo_unit[0].ShownLook(), Look::Grey);
+  EXPECT_TRUE(bench.V2().units.cbo_unit[0].Locked());
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].ShownLook(), Look::Grey);
   EXPECT_EQ(bench.V2().Item(10), u"NEEDLESS");
   bench.Show(10, u"5 Hz");
-  EXPECT_FALSE(bench.V2().cbo_unit[0].Locked());
-  EXPECT_EQ(bench.V2().cbo_unit[0].ShownLook(), Look::Normal);
+  EXPECT_FALSE(bench.V2().units.cbo_unit[0].Locked());
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].ShownLook(), Look::Normal);
 }
 
 TEST(KvConfigV2Test, LockedRowsLockTheirBoxes) {
@@ -95,13 +93,13 @@ TEST(KvConfigV2Test, LockedRowsLockTheirBoxes) {
   bench.files.Put(DefPath(u"QEYZ"), bench.code_page.Encode(definition).value());
   bench.Choose(u"QEYZ");
   auto& page = dynamic_cast<KvConfig_V2&>(bench.Page());
-  for (const Control* control : std::initializer_list<const Control*>{&bench.Field(u"10"), &page.cbo_unit[0],
-                                                                      &page.Combo[0], &bench.Field(u"08")}) {
+  for (const Control* control : std::initializer_list<const Control*>{
+           &bench.Field(u"10"), &page.units.cbo_unit[0], &page.Combo[0], &bench.Field(u"08")}) {
     EXPECT_TRUE(control->Locked()) << control->FullName();
     EXPECT_EQ(control->ShownLook(), Look::Grey) << control->FullName();
   }
-  for (const Control* control : std::initializer_list<const Control*>{&bench.Field(u"17"), &page.cbo_unit[1],
-                                                                      &page.Combo[1], &bench.Field(u"09")}) {
+  for (const Control* control : std::initializer_list<const Control*>{
+           &bench.Field(u"17"), &page.units.cbo_unit[1], &page.Combo[1], &bench.Field(u"09")}) {
     EXPECT_FALSE(control->Locked()) << control->FullName();
     EXPECT_EQ(control->ShownLook(), Look::Normal) << control->FullName();
   }
@@ -124,7 +122,7 @@ class V2TypedValueTest : public testing::TestWithParam<TypedValue> {};
 TEST_P(V2TypedValueTest, GoesIntoTheSetWithTheUnitThatIsShown) {
   V2Bench bench(u"QEYZ");
   bench.Upload();
-  bench.Pick(bench.V2().cbo_unit[1], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[1], u"kHz");
   bench.V2().DataChanged = false;
   bench.Type(GetParam().item, GetParam().text);
   EXPECT_EQ(ToUtf8(bench.V2().Item(std::stoi(ToUtf8(GetParam().item)))), ToUtf8(GetParam().cell));
@@ -156,22 +154,22 @@ TEST(KvConfigV2Test, AnEmptiedFieldKeepsItsUnitForTheNextNumber) {
 TEST(KvConfigV2Test, PickingAUnitStoresTheNumberWithItAndConvertsNothing) {
   V2Bench bench(u"QEYZ");
   bench.Show(20, u"12.50 kHz");
-  bench.Pick(bench.V2().cbo_unit[2], u"mHz");
+  bench.Pick(bench.V2().units.cbo_unit[2], u"mHz");
   EXPECT_EQ(bench.V2().Item(20), u"12.50 mHz");
   EXPECT_EQ(bench.Field(u"20").Text(), u"12.50");
-  EXPECT_EQ(bench.V2().cbo_unit[2].Text(), u"mHz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[2].Text(), u"mHz");
   EXPECT_TRUE(bench.V2().DataChanged);
   EXPECT_EQ(bench.V2().Item(10), u"");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"Hz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"Hz");
 }
 
 TEST(KvConfigV2Test, PickingAUnitGivesOneToAValueWithoutOrOfAnUnknownUnit) {
   V2Bench bench(u"QEYZ");
   bench.Show(10, u"12.5");
-  bench.Pick(bench.V2().cbo_unit[0], u"Hz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"Hz");
   EXPECT_EQ(bench.V2().Item(10), u"12.5 Hz");
   bench.Show(10, u"600 rpm");
-  bench.Pick(bench.V2().cbo_unit[0], u"Hz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"Hz");
   EXPECT_EQ(bench.V2().Item(10), u"600 Hz");
 }
 
@@ -180,7 +178,7 @@ TEST(KvConfigV2Test, PickingAUnitLeavesTheOtherValuesAsTheyAre) {
   bench.Show(10, u"5 Hz");
   bench.Show(17, u"600 rpm");
   bench.Show(8, u"10 ms");
-  bench.Pick(bench.V2().cbo_unit[0], u"mHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"mHz");
   EXPECT_EQ(bench.V2().Item(10), u"5 mHz");
   EXPECT_EQ(bench.V2().Item(17), u"600 rpm");
   EXPECT_EQ(bench.V2().Item(8), u"10 ms");
@@ -188,10 +186,10 @@ TEST(KvConfigV2Test, PickingAUnitLeavesTheOtherValuesAsTheyAre) {
 
 TEST(KvConfigV2Test, PickingAUnitInventsNoValue) {
   V2Bench bench(u"QEYZ");
-  bench.Pick(bench.V2().cbo_unit[0], u"kHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"kHz");
   EXPECT_EQ(bench.V2().Item(10), u"");
   bench.Type(u"10", u"fast");
-  bench.Pick(bench.V2().cbo_unit[0], u"mHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"mHz");
   EXPECT_EQ(bench.V2().Item(10), u"fast");
   bench.Type(u"10", u"5");
   EXPECT_EQ(bench.V2().Item(10), u"5 mHz");
@@ -213,7 +211,7 @@ TEST(KvConfigV2Test, ANewSetBeginsWithHertzAgain) {
   bench.New();
   EXPECT_EQ(bench.V2().Item(10), u"");
   EXPECT_EQ(bench.Field(u"10").Text(), u"");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"Hz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"Hz");
   EXPECT_EQ(bench.V2().Item(26), u"0:HIGH ALARM");
 }
 
@@ -227,8 +225,8 @@ TEST(KvConfigV2Test, ValuesOfAFileAreShownAndSavedAsTheyStandInIt) {
   bench.files.Put(kFile, bench.code_page.Encode(text).value());
   bench.Open(kFile);
   EXPECT_EQ(bench.Field(u"10").Text(), u"12.5");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"kHz");
-  EXPECT_EQ(bench.V2().cbo_unit[1].Text(), u"mHz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"kHz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[1].Text(), u"mHz");
   EXPECT_EQ(bench.V2().optAlarm.Selected(), 1);
   EXPECT_FALSE(bench.V2().DataChanged);
   bench.Save(kFile);

@@ -11,7 +11,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
 constexpr const char16_t* kSecondFile = u"/korva/data/again.cfg";
 
 // Each model's whole road.
@@ -34,7 +33,7 @@ class V2RoadTest : public testing::TestWithParam<String> {
         bench.Type(item, Ascii(fine ? "1.25" : std::to_string(place * 5)));
       }
       if (!page.DataCell(row, kUnitBox).empty()) {
-        bench.Pick(page.cbo_unit[LeadingInteger(page.DataCell(row, kUnitBox))],
+        bench.Pick(page.units.cbo_unit[LeadingInteger(page.DataCell(row, kUnitBox))],
                    std::vector<String>{u"kHz", u"mHz", u"Hz"}.at(static_cast<std::size_t>(place) % 3));
       }
       if (!page.DataCell(row, kComboIndex).empty()) {
@@ -117,7 +116,7 @@ TEST(V2UploadTest, KeepsNumberAndUnitAsTheDeviceReportsThem) {
   ASSERT_TRUE(bench.device.Set("01", "10", "12.5"));
   EXPECT_EQ(bench.BoxesOfUpload(), Texts{Shown(BoxKey::UploadDone)});
   EXPECT_EQ(bench.V2().Item(10), u"12.50 kHz");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"kHz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"kHz");
   EXPECT_EQ(bench.V2().Item(23), u"0:OPEN COLLECTOR") << "a form is no prefix: nothing is cut";
   EXPECT_EQ(bench.V2().Combo[0].Text(), u"0:OPEN COLLECTOR");
   EXPECT_EQ(bench.V2().Item(28), u"0:DIRECT");
@@ -146,12 +145,12 @@ TEST(V2UploadTest, AReplyNoLongerThanItsPrefixGivesAnEmptyCell) {
 
 TEST(V2UploadTest, AnItemThatDoesNotAnswerLeavesItsFieldBlankAndItsUnitShown) {
   V2Bench bench(u"QIC");
-  bench.Pick(bench.V2().cbo_unit[0], u"mHz");
+  bench.Pick(bench.V2().units.cbo_unit[0], u"mHz");
   bench.V2().DataChanged = false;
   bench.line.replies["10"] = std::nullopt;
   EXPECT_EQ(bench.BoxesOfUpload(), Texts{Shown(BoxKey::UploadDone)});
   EXPECT_EQ(bench.V2().Item(10), u"");
-  EXPECT_EQ(bench.V2().cbo_unit[0].Text(), u"mHz");
+  EXPECT_EQ(bench.V2().units.cbo_unit[0].Text(), u"mHz");
 }
 
 TEST(V2UploadTest, ADeviceThatFallsSilentBehindTheLinkTestGivesBlankFieldsAndIsDone) {

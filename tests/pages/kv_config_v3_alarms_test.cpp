@@ -10,7 +10,7 @@ namespace {
 
 using test::V3Bench;
 
-constexpr const char16_t* kFile = u"/korva/data/alarms.cfg";
+using test::kFile;
 constexpr const char16_t* kAlarmOn = u"ALARM";
 constexpr const char16_t* kAlarmOff = u"NO ALARM";
 
@@ -38,19 +38,19 @@ struct AlarmTest : testing::TestWithParam<AlarmItems> {
   static String Cell(V3Bench& bench, const String& item) { return bench.Page().GroupItem.At(u"01", item); }
 };
 
-const AlarmItems kFirst{u"25", u"22", u"23", u"24", "25", "27"};
-const AlarmItems kSecond{u"27", u"28", u"29", u"30", "27", "25"};
+const AlarmItems kFirstAlarm{u"25", u"22", u"23", u"24", "25", "27"};
+const AlarmItems kSecondAlarm{u"27", u"28", u"29", u"30", "27", "25"};
 const std::vector<bool> kAll = {true, true, true};
 const std::vector<bool> kNone = {false, false, false};
 
-INSTANTIATE_TEST_SUITE_P(Alarm, AlarmTest, testing::Values(kFirst, kSecond));
+INSTANTIATE_TEST_SUITE_P(Alarm, AlarmTest, testing::Values(kFirstAlarm, kSecondAlarm));
 
 TEST_P(AlarmTest, NoAlarmInTheDeviceDisablesItsRowsAfterAnUploadAndNoOther) {
   V3Bench bench(u"QNA2", {{Alarm().device_type, "0"}, {Alarm().other_type, "1"}});
   EXPECT_EQ(Enabled(bench), kAll) << "nothing chosen";
   bench.Read();
   EXPECT_EQ(Enabled(bench), kNone);
-  EXPECT_EQ(Enabled(bench, Alarm().type == u"25" ? kSecond : kFirst), kAll);
+  EXPECT_EQ(Enabled(bench, Alarm().type == u"25" ? kSecondAlarm : kFirstAlarm), kAll);
   EXPECT_TRUE(bench.BoxOf(Alarm().type).Enabled());
   EXPECT_TRUE(bench.Field(u"26").Enabled()) << "the hysteresis of both";
   EXPECT_TRUE(bench.Field(u"20").Enabled());

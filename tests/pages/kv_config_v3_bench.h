@@ -66,7 +66,7 @@ class V3Bench : public PageBench {
   }
   /// The combo box of an item of group "01".
   ComboBox& BoxOf(const String& item) {
-    const int row = Page().FindDataRow(u"01", item);
+    const int row = Page().FindDataRow(item);
     return Page().Combo[std::stoi(ToUtf8(Page().DataCell(row, kComboIndex)))];
   }
 

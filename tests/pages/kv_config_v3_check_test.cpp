@@ -4,6 +4,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v3_bench.h"
+#include "support/page_parts.h"
 
 namespace korva {
 namespace {
@@ -12,7 +13,7 @@ using test::V3Bench;
 using Settings = std::vector<std::pair<std::string, std::string>>;
 
 /// A field and its limits, with the nearest values on both sides of them.
-struct Limit {
+struct V3Limit {
   String model;
   String item;
   String below;  ///< empty: there is no lower limit
@@ -21,7 +22,7 @@ struct Limit {
   String above;
 };
 
-void PrintTo(const Limit& limit, std::ostream* out) {
+void PrintTo(const V3Limit& limit, std::ostream* out) {
   *out << ToUtf8(limit.model) << " item " << ToUtf8(limit.item);
 }
 
@@ -30,7 +31,7 @@ Settings SettingsOf(const String& model) {
   return model == u"QNA2" ? Settings{{"25", "1"}, {"27", "1"}} : Settings{};
 }
 
-struct V3LimitTest : testing::TestWithParam<Limit> {
+struct V3LimitTest : testing::TestWithParam<V3Limit> {
   V3LimitTest() { bench.Read(); }
   bool Passes(const String& value) {
     bench.Type(GetParam().item, value);
@@ -44,7 +45,7 @@ struct V3LimitTest : testing::TestWithParam<Limit> {
 };
 
 TEST_P(V3LimitTest, HoldsOnBothSides) {
-  const Limit& limit = GetParam();
+  const V3Limit& limit = GetParam();
   if (!limit.below.empty()) {
     EXPECT_FALSE(Passes(limit.below));
   }
@@ -53,8 +54,8 @@ TEST_P(V3LimitTest, HoldsOnBothSides) {
   EXPECT_TRUE(Passes(limit.high));
 }
 
-Limit Of(const String& model, const String& item, const String& below, const String& low, const String& high,
-         const String& above) {
+V3Limit Of(const String& model, const String& item, const String& below, const String& low,
+           const String& high, const String& above) {
   return {.model = model, .item = item, .below = below, .low = low, .high = high, .above = above};
 }
 
@@ -98,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(Others, V3LimitTest,
                                          Of(u"QNA2", u"30", u"-1", u"0", u"999", u"999.1")));
 
 /// A frequency range with its highest pulse averaging and span, and the nearest values above them.
-struct PulseRange {
+struct V3PulseRange {
   String model;
   String range;
   String averaging;
@@ -107,14 +108,14 @@ struct PulseRange {
   String span_above;
 };
 
-void PrintTo(const PulseRange& range, std::ostream* out) {
+void PrintTo(const V3PulseRange& range, std::ostream* out) {
   *out << ToUtf8(range.model) << ' ' << ToUtf8(range.range);
 }
 
-struct V3PulseRangeTest : testing::TestWithParam<PulseRange> {};
+struct V3PulseRangeTest : testing::TestWithParam<V3PulseRange> {};
 
 TEST_P(V3PulseRangeTest, LimitsTheAveragingAndTheSpanAndBringsTheUnit) {
-  const PulseRange& range = GetParam();
+  const V3PulseRange& range = GetParam();
   V3Bench bench(range.model);
   bench.Read();
   bench.Pick(bench.BoxOf(u"11"), range.range);
@@ -139,20 +140,20 @@ TEST_P(V3PulseRangeTest, LimitsTheAveragingAndTheSpanAndBringsTheUnit) {
 
 INSTANTIATE_TEST_SUITE_P(
     EachRange, V3PulseRangeTest,
-    testing::Values(PulseRange{u"QEI2", u"0:0-100 mHz", u"255", u"256", u"150", u"150.1"},
-                    PulseRange{u"QEI2", u"1:0-1 Hz", u"255", u"256", u"1.5", u"1.51"},
-                    PulseRange{u"QEI2", u"2:0-10 Hz", u"255", u"256", u"15", u"15.1"},
-                    PulseRange{u"QEI2", u"3:0-100 Hz", u"255", u"256", u"150", u"150.1"},
-                    PulseRange{u"QEI2", u"4:0-1 kHz", u"255", u"256", u"1.5", u"1.51"},
-                    PulseRange{u"QEI2", u"5:0-10 kHz", u"25", u"26", u"15", u"15.1"},
-                    PulseRange{u"QEI2", u"6:0-100 kHz", u"2", u"3", u"150", u"150.1"},
-                    PulseRange{u"QCE2", u"1:0-1 Hz", u"255", u"256", u"1.5", u"1.51"},
-                    PulseRange{u"QCE2", u"5:0-10 kHz", u"255", u"256", u"15", u"15.1"},
-                    PulseRange{u"QCE2", u"6:0-100 kHz", u"255", u"256", u"150", u"150.1"},
-                    PulseRange{u"QICE2", u"1:0-1 Hz", u"100", u"101", u"1.5", u"1.51"},
-                    PulseRange{u"QICE2", u"4:0-1 kHz", u"100", u"101", u"1.5", u"1.51"},
-                    PulseRange{u"QIEU2", u"1:0-100 Hz", u"100", u"101", u"150", u"150.1"},
-                    PulseRange{u"QIEU2", u"4:0-100 kHz", u"100", u"101", u"150", u"150.1"}));
+    testing::Values(V3PulseRange{u"QEI2", u"0:0-100 mHz", u"255", u"256", u"150", u"150.1"},
+                    V3PulseRange{u"QEI2", u"1:0-1 Hz", u"255", u"256", u"1.5", u"1.51"},
+                    V3PulseRange{u"QEI2", u"2:0-10 Hz", u"255", u"256", u"15", u"15.1"},
+                    V3PulseRange{u"QEI2", u"3:0-100 Hz", u"255", u"256", u"150", u"150.1"},
+                    V3PulseRange{u"QEI2", u"4:0-1 kHz", u"255", u"256", u"1.5", u"1.51"},
+                    V3PulseRange{u"QEI2", u"5:0-10 kHz", u"25", u"26", u"15", u"15.1"},
+                    V3PulseRange{u"QEI2", u"6:0-100 kHz", u"2", u"3", u"150", u"150.1"},
+                    V3PulseRange{u"QCE2", u"1:0-1 Hz", u"255", u"256", u"1.5", u"1.51"},
+                    V3PulseRange{u"QCE2", u"5:0-10 kHz", u"255", u"256", u"15", u"15.1"},
+                    V3PulseRange{u"QCE2", u"6:0-100 kHz", u"255", u"256", u"150", u"150.1"},
+                    V3PulseRange{u"QICE2", u"1:0-1 Hz", u"100", u"101", u"1.5", u"1.51"},
+                    V3PulseRange{u"QICE2", u"4:0-1 kHz", u"100", u"101", u"1.5", u"1.51"},
+                    V3PulseRange{u"QIEU2", u"1:0-100 Hz", u"100", u"101", u"150", u"150.1"},
+                    V3PulseRange{u"QIEU2", u"4:0-100 kHz", u"100", u"101", u"150", u"150.1"}));
 
 TEST(KvConfigV3CheckTest, WithoutAFrequencyRangeTheAveragingIsJudgedAllTheSame) {
   V3Bench bench(u"QCE2");
@@ -208,11 +209,11 @@ TEST(KvConfigV3CheckTest, RunsTheTagThenTheScaleThenTheModelThenTheTable) {
   bench.Type(u"19", u"100");
   bench.Type(u"22", u"116");
   bench.Page().SetItem(60, u"300");
-  bench.Page().SetUpTable(16);
+  test::Part<Linearizer>(bench.Page()).SetUp(16);
   const auto looks = [&] {
     EXPECT_EQ(bench.CheckResult(), test::Shown(BoxKey::ValueBad));
     return std::vector{bench.LookOf(u"02"), bench.LookOf(u"19"), bench.LookOf(u"22"),
-                       bench.Page().LnrFlexGrid.At(1, 1).look};
+                       test::Part<Linearizer>(bench.Page()).LnrFlexGrid.At(1, 1).look};
   };
   constexpr Look kGood = Look::Normal;
   constexpr Look kBad = Look::Bad;
@@ -224,7 +225,7 @@ TEST(KvConfigV3CheckTest, RunsTheTagThenTheScaleThenTheModelThenTheTable) {
   bench.Type(u"22", u"115");
   EXPECT_EQ(looks(), (std::vector{kGood, kGood, kGood, kBad}));
   bench.Page().SetItem(60, u"299.9");
-  bench.Page().SetUpTable(16);
+  test::Part<Linearizer>(bench.Page()).SetUp(16);
   EXPECT_TRUE(bench.Passes());
 }
 

@@ -5,6 +5,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v3_bench.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva {
@@ -49,13 +50,13 @@ TEST_P(V3IoCheckTest, TheButtonsShowForModelsThatHaveTheirRows) {
   V3Bench bench(u"QEC2");
   bench.Choose(u"QCB2");
   bench.Choose(shows.model);
-  EXPECT_TRUE(bench.Page().cmdSet.Visible());
-  EXPECT_TRUE(bench.Page().cmdMonitorON.Visible());
-  EXPECT_EQ(bench.Page().cmdStatusMonOFF.Visible(), shows.off);
-  EXPECT_EQ(bench.Page().cmdSet2.Visible(), shows.set2);
-  EXPECT_EQ(bench.Page().cmdSet3.Visible(), shows.set3);
-  EXPECT_EQ(bench.Page().Command_I12.Visible(), shows.command12);
-  EXPECT_EQ(bench.Page().Command_I13.Visible(), shows.command13);
+  EXPECT_TRUE(test::Part<OutputSetting>(bench.Page()).cmdSet.Visible());
+  EXPECT_TRUE(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON.Visible());
+  EXPECT_EQ(test::Part<OutputSetting>(bench.Page()).cmdStatusMonOFF.Visible(), shows.off);
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "cmdSet2").Visible(), shows.set2);
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "cmdSet3").Visible(), shows.set3);
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "Command_I12").Visible(), shows.command12);
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "Command_I13").Visible(), shows.command13);
 }
 
 TEST_P(V3IoCheckTest, AllOfThemAreLockedDuringAnOperation) {
@@ -64,16 +65,20 @@ TEST_P(V3IoCheckTest, AllOfThemAreLockedDuringAnOperation) {
   int looked = 0;
   bench.app.link.line.OnTraffic = [&](const SerialLink::Traffic&) {
     ++looked;
-    for (const Button* button : {&bench.Page().cmdSet, &bench.Page().cmdSet2, &bench.Page().cmdSet3,
-                                 &bench.Page().Command_I12, &bench.Page().Command_I13}) {
+    for (const Button* button :
+         {&test::Part<OutputSetting>(bench.Page()).cmdSet, &test::ButtonOf(bench.Page(), "cmdSet2"),
+          &test::ButtonOf(bench.Page(), "cmdSet3"), &test::ButtonOf(bench.Page(), "Command_I12"),
+          &test::ButtonOf(bench.Page(), "Command_I13")}) {
       EXPECT_FALSE(button->Enabled()) << button->Name();
     }
     EXPECT_FALSE(test::TabOpen(bench.Page(), TextKey::IoCheck));
   };
   EXPECT_TRUE(bench.Downloads());
   EXPECT_GT(looked, 10);
-  for (const Button* button : {&bench.Page().cmdSet, &bench.Page().cmdSet2, &bench.Page().cmdSet3,
-                               &bench.Page().Command_I12, &bench.Page().Command_I13}) {
+  for (const Button* button :
+       {&test::Part<OutputSetting>(bench.Page()).cmdSet, &test::ButtonOf(bench.Page(), "cmdSet2"),
+        &test::ButtonOf(bench.Page(), "cmdSet3"), &test::ButtonOf(bench.Page(), "Command_I12"),
+        &test::ButtonOf(bench.Page(), "Command_I13")}) {
     EXPECT_TRUE(button->Enabled()) << button->Name();
   }
 }
@@ -84,14 +89,14 @@ TEST_P(V3IoCheckTest, ThePressOfSetForcesAnOutputOrSetsACount) {
   bench.Type(u"03_set", u"50");
   const std::string set = "G01 I01 D1 G01 I03 D50";
   if (GetParam().off) {
-    EXPECT_EQ(bench.CommandsOf(bench.Page().cmdSet), set);
+    EXPECT_EQ(bench.CommandsOf(test::Part<OutputSetting>(bench.Page()).cmdSet), set);
     EXPECT_EQ(bench.Field(u"03_mon").Text(), u"50.00");
-    EXPECT_EQ(bench.CommandsOf(bench.Page().cmdStatusMonOFF), "G01 I01 D0");
+    EXPECT_EQ(bench.CommandsOf(test::Part<OutputSetting>(bench.Page()).cmdStatusMonOFF), "G01 I01 D0");
   } else {
-    EXPECT_EQ(bench.CommandsOf(bench.Page().cmdSet), set + " G01 I01 D0");
+    EXPECT_EQ(bench.CommandsOf(test::Part<OutputSetting>(bench.Page()).cmdSet), set + " G01 I01 D0");
     EXPECT_EQ(bench.Field(u"03_mon").Text(), u"50");
     EXPECT_EQ(bench.Field(u"03_set").Text(), u"");
-    EXPECT_TRUE(bench.Page().cmdSet.Enabled());
+    EXPECT_TRUE(test::Part<OutputSetting>(bench.Page()).cmdSet.Enabled());
   }
   EXPECT_EQ(bench.device.Mode(), '0');
   EXPECT_EQ(bench.TakeBoxes(), Texts{});
@@ -109,11 +114,32 @@ void PrintTo(const CountPress& press, std::ostream* out) {
   *out << ToUtf8(press.model) << ' ' << ToUtf8(press.item);
 }
 
+/// The timers of what the page's tab sets, as far as they blink.
+std::vector<const Timer*> TimersOf(const Page& page) {
+  std::vector<const Timer*> timers = {&test::Part<OutputSetting>(page).Item03_MonitorTimer};
+  for (const PagePart* part : page.Parts()) {
+    if (const auto* count = dynamic_cast<const CountSetting*>(part)) {
+      timers.push_back(&count->BlinkTimer);
+    } else if (const auto* command = dynamic_cast<const ItemCommand*>(part)) {
+      timers.push_back(&command->BlinkTimer);
+    }
+  }
+  return timers;
+}
+
+const Timer& TimerNamed(const Page& page, const std::string& name) {
+  const std::vector<const Timer*> timers = TimersOf(page);
+  return **std::find_if(timers.begin(), timers.end(),
+                        [&](const Timer* timer) { return timer->FullName() == name; });
+}
+
 struct V3CountTest : testing::TestWithParam<CountPress> {
   V3CountTest() { bench.Read(); }
   [[nodiscard]] Button& SetButton() {
     const String& item = GetParam().item;
-    return item == u"03" ? bench.Page().cmdSet : item == u"04" ? bench.Page().cmdSet2 : bench.Page().cmdSet3;
+    return item == u"03"   ? test::Part<OutputSetting>(bench.Page()).cmdSet
+           : item == u"04" ? test::ButtonOf(bench.Page(), "cmdSet2")
+                           : test::ButtonOf(bench.Page(), "cmdSet3");
   }
   [[nodiscard]] TextField& SetBox() { return bench.Field(GetParam().item + u"_set"); }
   [[nodiscard]] TextField& MonBox() {
@@ -121,9 +147,7 @@ struct V3CountTest : testing::TestWithParam<CountPress> {
   }
   [[nodiscard]] std::vector<std::string> Running() {
     std::vector<std::string> names;
-    for (const Timer* timer :
-         {&bench.Page().Item03_MonitorTimer, &bench.Page().Item04_MonitorTimer,
-          &bench.Page().Item06_MonitorTimer, &bench.Page().Item12_Timer, &bench.Page().Item13_Timer}) {
+    for (const Timer* timer : TimersOf(bench.Page())) {
       EXPECT_EQ(timer->Interval(), 200ms);
       if (timer->Running()) {
         names.push_back(timer->FullName());
@@ -197,9 +221,9 @@ TEST_P(V3CountTest, TheCloseBoxAtAnyPumpEndsTheProgramWithTheDeviceInMonitorMode
         closed.app.program.PressClose();
       }
     });
-    Button& button = GetParam().item == u"03"   ? closed.Page().cmdSet
-                     : GetParam().item == u"04" ? closed.Page().cmdSet2
-                                                : closed.Page().cmdSet3;
+    Button& button = GetParam().item == u"03"   ? test::Part<OutputSetting>(closed.Page()).cmdSet
+                     : GetParam().item == u"04" ? test::ButtonOf(closed.Page(), "cmdSet2")
+                                                : test::ButtonOf(closed.Page(), "cmdSet3");
     closed.Click(button);
     EXPECT_EQ(closed.status, 0) << at;
     EXPECT_EQ(closed.device.Mode(), '0') << at;
@@ -211,12 +235,12 @@ TEST(V3CountsTest, ANegativeCountIsRefusedOnQCB2AndTakenOnQEY3) {
   V3Bench up(u"QCB2");
   up.Read();
   up.Type(u"06_set", u"-1");
-  up.Click(up.Page().cmdSet3);
+  up.Click(test::ButtonOf(up.Page(), "cmdSet3"));
   EXPECT_EQ(up.TakeBoxes(), Texts{"設定値ﾁｪｯｸ: ｶｳﾝﾄ設定は、0 から 99999999 の範囲です。"});
   V3Bench both(u"QEY3");
   both.Read();
   both.Type(u"06_set", u"-99999999");
-  both.Click(both.Page().cmdSet3);
+  both.Click(test::ButtonOf(both.Page(), "cmdSet3"));
   EXPECT_EQ(both.device.Value("01", "06"), "-99999999");
 }
 
@@ -224,11 +248,11 @@ TEST(V3CountsTest, AShownCountNeverStandsInABoxToBeSet) {
   V3Bench bench(u"QCB2");
   bench.Read();
   bench.Type(u"06_set", u"77");
-  bench.Click(bench.Page().cmdSet3);
+  bench.Click(test::ButtonOf(bench.Page(), "cmdSet3"));
   bench.Type(u"04_set", u"78");
-  bench.Click(bench.Page().cmdSet2);
-  bench.loop.After(3s, [&] { bench.Page().cmdMonitorOFF.Click(); });
-  bench.Click(bench.Page().cmdMonitorON);
+  bench.Click(test::ButtonOf(bench.Page(), "cmdSet2"));
+  bench.loop.After(3s, [&] { test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
+  bench.Click(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON);
   EXPECT_NE(bench.Field(u"06").Text(), u"");
   bench.Save(u"/korva/data/counts.cfg");
   bench.Open(u"/korva/data/counts.cfg");
@@ -251,16 +275,17 @@ TEST(V3CommandTest, ResetsItsCounterAndShowsTheAnswerInWindowColours) {
     bench.Page().DataChanged = false;
     ASSERT_TRUE(bench.device.Set("01", one.counter, "500"));
     const bool first = one.item == u"12";
-    Button& button = first ? bench.Page().Command_I12 : bench.Page().Command_I13;
-    const Timer& timer = first ? bench.Page().Item12_Timer : bench.Page().Item13_Timer;
-    const Timer& other = first ? bench.Page().Item13_Timer : bench.Page().Item12_Timer;
+    Button& button =
+        first ? test::ButtonOf(bench.Page(), "Command_I12") : test::ButtonOf(bench.Page(), "Command_I13");
+    const Timer& timer = TimerNamed(bench.Page(), first ? "Item12_Timer" : "Item13_Timer");
+    const Timer& other = TimerNamed(bench.Page(), first ? "Item13_Timer" : "Item12_Timer");
     bool looked = false;
     bench.loop.After(100ms, [&] {
       looked = true;
       EXPECT_TRUE(timer.Running());
       EXPECT_FALSE(other.Running());
-      EXPECT_FALSE(bench.Page().Command_I12.Enabled());
-      EXPECT_FALSE(bench.Page().Command_I13.Enabled());
+      EXPECT_FALSE(test::ButtonOf(bench.Page(), "Command_I12").Enabled());
+      EXPECT_FALSE(test::ButtonOf(bench.Page(), "Command_I13").Enabled());
       EXPECT_EQ(bench.LookOf(one.item), Look::Highlight);
     });
     EXPECT_EQ(bench.CommandsOf(button), "G01 I01 D1 G01 I" + ToUtf8(one.item) + " D G01 I01 D0");
@@ -269,7 +294,8 @@ TEST(V3CommandTest, ResetsItsCounterAndShowsTheAnswerInWindowColours) {
     EXPECT_EQ(bench.Field(one.item).Text(), u"0");
     EXPECT_EQ(bench.LookOf(one.item), Look::Normal);
     EXPECT_FALSE(timer.Running());
-    EXPECT_TRUE(bench.Page().Command_I12.Enabled() && bench.Page().Command_I13.Enabled());
+    EXPECT_TRUE(test::ButtonOf(bench.Page(), "Command_I12").Enabled() &&
+                test::ButtonOf(bench.Page(), "Command_I13").Enabled());
     EXPECT_EQ(bench.device.Mode(), '0');
     EXPECT_FALSE(bench.Page().DataChanged) << "an answer is no edit";
   }
@@ -292,16 +318,18 @@ TEST(V3MonitorTest, ReadsTheLiveValuesOfEachModelAndNoParameter) {
         Monitored{u"QCB2", "G01 I03 G01 I04 G01 I05 G01 I06"}}) {
     V3Bench bench(one.model);
     bench.Read();
-    bench.loop.After(1s, [&] { bench.Page().cmdMonitorOFF.Click(); });
-    EXPECT_EQ(bench.CommandsOf(bench.Page().cmdMonitorON), "G01 I01 D0 " + one.cycle) << ToUtf8(one.model);
+    bench.loop.After(1s, [&] { test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
+    EXPECT_EQ(bench.CommandsOf(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON),
+              "G01 I01 D0 " + one.cycle)
+        << ToUtf8(one.model);
   }
 }
 
 TEST(V3MonitorTest, LeavesTheAlarmValuesOfACounterAlone) {
   V3Bench bench(u"QEC2", {{"06", "2000"}});
   bench.Read();
-  bench.loop.After(1s, [&] { bench.Page().cmdMonitorOFF.Click(); });
-  bench.Click(bench.Page().cmdMonitorON);
+  bench.loop.After(1s, [&] { test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
+  bench.Click(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON);
   EXPECT_EQ(bench.Field(u"06").Text(), u"2000");
   EXPECT_EQ(bench.Page().Item(6), u"2000");
   EXPECT_EQ(bench.UnitOf(u"06"), u"Hz");
@@ -321,13 +349,13 @@ TEST(V3MonitorTest, BringsTheUnitOfTheFrequencyRangeFromTheDevice) {
        {Case{u"QICE2", "4", u"kHz", 14}, Case{u"QIEU2", "0", u"Hz", 14}, Case{u"QCE2", "0", u"mHz", 7},
         Case{u"QEI2", "6", u"kHz", 7}, Case{u"QHC2", "6", u"rpm", 7}}) {
     V3Bench bench(one.model, {{"11", one.code}});
-    bench.loop.After(1s, [&] { bench.Page().cmdMonitorOFF.Click(); });
-    bench.Click(bench.Page().cmdMonitorON);
+    bench.loop.After(1s, [&] { test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
+    bench.Click(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON);
     EXPECT_EQ(bench.Page().lbl_unit[one.label].Caption(), one.unit) << ToUtf8(one.model);
   }
   V3Bench percent(u"QNA2");
-  percent.loop.After(1s, [&] { percent.Page().cmdMonitorOFF.Click(); });
-  percent.Click(percent.Page().cmdMonitorON);
+  percent.loop.After(1s, [&] { test::Part<StatusMonitor>(percent.Page()).cmdMonitorOFF.Click(); });
+  percent.Click(test::Part<StatusMonitor>(percent.Page()).cmdMonitorON);
   EXPECT_EQ(percent.Page().lbl_unit[7].Caption(), u"%");
 }
 

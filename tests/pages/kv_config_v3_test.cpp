@@ -6,6 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v3_bench.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 
 namespace korva {
@@ -14,7 +15,7 @@ namespace {
 using test::V3Bench;
 using Settings = std::vector<std::pair<std::string, std::string>>;
 
-constexpr const char16_t* kFile = u"/korva/data/third.cfg";
+using test::kFile;
 constexpr const char16_t* kCsv = u"/korva/data/third.csv";
 
 struct V3ModelTest : testing::TestWithParam<String> {
@@ -63,12 +64,9 @@ TEST_P(V3ModelTest, EveryChoiceOfItsListsGoesOutAsItsCodeAndComesBackAsItsText) 
       if (box) {
         bench.Pick(bench.BoxOf(item), table.At(entry, 1));
       } else {
-        for (const OptionRule& rule : bench.Page().Options()) {
-          if (rule.key == key) {
-            bench.Press(*rule.options, entry);
-            EXPECT_EQ((*rule.options)[entry].Caption(), table.At(entry, 1));
-          }
-        }
+        OptionGroup& options = *bench.Page().FindOptionRule(key)->options;
+        bench.Press(options, entry);
+        EXPECT_EQ(options[entry].Caption(), table.At(entry, 1));
       }
       EXPECT_TRUE(bench.Downloads());
       const auto selected = std::find(bench.commands.begin(), bench.commands.end(), "I" + ToUtf8(item)) + 3;
@@ -163,10 +161,10 @@ TEST_P(V3ModelTest, ATabOnWhichTheModelHasNothingIsClosed) {
 /// The switch of a model's table; nullptr when it has none.
 OptionGroup* SwitchOf(V3Bench& bench, const String& model) {
   if (model == u"QEB2") {
-    return &bench.Page().Opt_Lnr;
+    return &test::Part<Linearizer>(bench.Page()).Opt_Lnr;
   }
   const std::set<String> with_table = {u"QCE2", u"QEI2", u"QCB2", u"QNA2"};
-  return with_table.contains(model) ? &bench.Page().Opt_Table : nullptr;
+  return with_table.contains(model) ? &test::Part<Linearizer>(bench.Page()).Opt_Table : nullptr;
 }
 
 TEST_P(V3ModelTest, TheLinearizersTabFollowsItsSwitchAndItsTableTheTransfer) {
@@ -178,7 +176,8 @@ TEST_P(V3ModelTest, TheLinearizersTabFollowsItsSwitchAndItsTableTheTransfer) {
   EXPECT_FALSE(open());
   EXPECT_EQ(bench.Page().Item(60), u"");
   if (table_switch == nullptr) {
-    for (OptionGroup* options : {&bench.Page().Opt_Table, &bench.Page().Opt_Lnr}) {
+    for (OptionGroup* options :
+         {&test::Part<Linearizer>(bench.Page()).Opt_Table, &test::Part<Linearizer>(bench.Page()).Opt_Lnr}) {
       EXPECT_FALSE((*options)[0].Visible());
     }
     return;
@@ -188,7 +187,7 @@ TEST_P(V3ModelTest, TheLinearizersTabFollowsItsSwitchAndItsTableTheTransfer) {
   for (int item = 60; item <= 91; ++item) {
     bench.Page().SetItem(item, Ascii(std::to_string(item - 59)));
   }
-  bench.Page().SetUpTable(16);
+  test::Part<Linearizer>(bench.Page()).SetUp(16);
   EXPECT_TRUE(bench.Downloads());
   EXPECT_EQ(bench.device.Value("01", "91"), "32.00");
   bench.Save(kFile);
@@ -196,11 +195,11 @@ TEST_P(V3ModelTest, TheLinearizersTabFollowsItsSwitchAndItsTableTheTransfer) {
   EXPECT_FALSE(open());
   bench.Open(kFile);
   EXPECT_TRUE(open());
-  EXPECT_EQ(bench.Page().LnrFlexGrid.At(16, 2).text, u"32");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.At(16, 2).text, u"32");
   bench.Read();
   EXPECT_TRUE(open());
   EXPECT_EQ(bench.Page().Item(91), u"32.00");
-  EXPECT_EQ(bench.Page().LnrFlexGrid.Rows(), 17);
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.Rows(), 17);
   bench.Press(*table_switch, 0);
   EXPECT_FALSE(open());
   EXPECT_TRUE(bench.Downloads());
@@ -221,21 +220,21 @@ TEST(KvConfigV3Test, ATableIsSavedToAFileAndReadBackPointByPoint) {
   }
   bench.Read();
   bench.dialogs.QueueFile(kCsv);
-  bench.Click(bench.Page().cmd_csvFileSave);
+  bench.Click(test::Part<Linearizer>(bench.Page()).cmd_csvFileSave);
   const String text = bench.TextOf(kCsv);
   EXPECT_TRUE(text.starts_with(u"60.25,61.25\r\n62.25,63.25\r\n")) << ToUtf8(text);
   EXPECT_TRUE(text.ends_with(u"\r\n90.25,91.25\r\n")) << ToUtf8(text);
   for (int item = 60; item <= 91; ++item) {
     bench.Page().SetItem(item, u"");
   }
-  bench.Page().SetUpTable(16);
+  test::Part<Linearizer>(bench.Page()).SetUp(16);
   bench.dialogs.QueueFile(kCsv);
-  bench.Click(bench.Page().cmd_csvFileOpen);
+  bench.Click(test::Part<Linearizer>(bench.Page()).cmd_csvFileOpen);
   for (int item = 60; item <= 91; ++item) {
     EXPECT_EQ(bench.Page().Item(item), Ascii(std::to_string(item) + ".25"));
   }
-  EXPECT_EQ(bench.Page().LnrFlexGrid.At(1, 1).text, u"60.25");
-  EXPECT_EQ(bench.Page().LnrFlexGrid.At(16, 2).text, u"91.25");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.At(1, 1).text, u"60.25");
+  EXPECT_EQ(test::Part<Linearizer>(bench.Page()).LnrFlexGrid.At(16, 2).text, u"91.25");
 }
 
 TEST(KvConfigV3Test, HasTheSevenTabsInBothLanguages) {
@@ -259,25 +258,25 @@ TEST(KvConfigV3Test, HasTheSevenTabsInBothLanguages) {
 TEST_P(V3ModelTest, CountersHeadTheirColumnsInWordsOfTheirOwn) {
   const std::set<String> counters = {u"QCB2", u"QEC2", u"QEY3"};
   V3Bench bench(Model());
-  EXPECT_EQ(bench.Page().IO_lblSet.Caption(), u"設定");
-  EXPECT_EQ(bench.Page().IO_lblShow.Caption(), u"表示");
+  EXPECT_EQ(test::Part<OutputSetting>(bench.Page()).IO_lblSet.Caption(), u"設定");
+  EXPECT_EQ(test::Part<StatusMonitor>(bench.Page()).IO_lblShow.Caption(), u"表示");
   const bool counter = counters.contains(Model());
   bench.Page().SetCaptions(Language::English);
-  EXPECT_EQ(bench.Page().IO_lblSet.Caption(), counter ? u"COUNT SET" : u"Setting");
-  EXPECT_EQ(bench.Page().IO_lblShow.Caption(), counter ? u"MONITOR" : u"Monitor");
-  EXPECT_EQ(bench.Page().cmdSet2.Caption(), u"OUTPUT");
-  EXPECT_EQ(bench.Page().cmdSet3.Caption(), u"OUTPUT");
-  EXPECT_EQ(bench.Page().Command_I12.Caption(), u"RESET 1");
-  EXPECT_EQ(bench.Page().Command_I13.Caption(), u"RESET 2");
+  EXPECT_EQ(test::Part<OutputSetting>(bench.Page()).IO_lblSet.Caption(), counter ? u"COUNT SET" : u"Setting");
+  EXPECT_EQ(test::Part<StatusMonitor>(bench.Page()).IO_lblShow.Caption(), counter ? u"MONITOR" : u"Monitor");
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "cmdSet2").Caption(), u"OUTPUT");
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "cmdSet3").Caption(), u"OUTPUT");
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "Command_I12").Caption(), u"RESET 1");
+  EXPECT_EQ(test::ButtonOf(bench.Page(), "Command_I13").Caption(), u"RESET 2");
 }
 
 TEST(KvConfigV3Test, TheHeadsFollowTheModel) {
   V3Bench bench(u"QEC2");
   bench.Page().SetCaptions(Language::English);
   bench.Choose(u"QNA2");
-  EXPECT_EQ(bench.Page().IO_lblSet.Caption(), u"Setting");
+  EXPECT_EQ(test::Part<OutputSetting>(bench.Page()).IO_lblSet.Caption(), u"Setting");
   bench.Choose(u"QEY3");
-  EXPECT_EQ(bench.Page().IO_lblSet.Caption(), u"COUNT SET");
+  EXPECT_EQ(test::Part<OutputSetting>(bench.Page()).IO_lblSet.Caption(), u"COUNT SET");
 }
 
 // Port, modes and files.
@@ -301,7 +300,7 @@ TEST(KvConfigV3Test, AModeCommandIsTriedTwice) {
   V3Bench bench(u"QCE2");
   bench.Read();
   bench.device.AddFault({.fault = sim::Fault::Refused, .command = "D0"});
-  EXPECT_EQ(bench.CommandsOf(bench.Page().cmdMonitorON), "G01 I01 D0 G01 I01 D0");
+  EXPECT_EQ(bench.CommandsOf(test::Part<StatusMonitor>(bench.Page()).cmdMonitorON), "G01 I01 D0 G01 I01 D0");
   EXPECT_EQ(bench.TakeBoxes(), std::vector{test::Shown(BoxKey::NotMonitorMode)});
 }
 

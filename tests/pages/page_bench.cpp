@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 
@@ -89,10 +90,13 @@ std::vector<String> AllModels() {
 
 const Family& FamilyOf(const String& model) {
   const std::optional<int> row = FindModelByName(Catalogue(), model);
-  return *FindFamily(row ? FamilyOfRow(Catalogue(), *row) : String(u"First"));
+  return row ? *AllFamilies().Find(FamilyOfRow(Catalogue(), *row)) : AllFamilies().root;
 }
 
-String DefPath(const String& model) { return DefFilePath(u"/korva", FamilyOf(model), model + u".def", u'/'); }
+String DefPath(const String& model) {
+  const FamilyRecord& record = EntryOf(FamilyOf(model).word).record;
+  return DefFilePath(u"/korva", record.family, record.definition, model + u".def", u'/');
+}
 
 PageBench::PageBench() {
   port.Connect(1);
@@ -111,11 +115,11 @@ sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& o
 
 void PageBench::Start() { app.program.Start(); }
 
-TransferPage& PageBench::Page() {
+ParameterPage& PageBench::Page() {
   if (app.program.Showing() == nullptr) {
     Start();
   }
-  return dynamic_cast<TransferPage&>(*app.program.Showing());
+  return dynamic_cast<ParameterPage&>(*app.program.Showing());
 }
 
 void PageBench::Demand(const Control& control) {
@@ -184,7 +188,7 @@ void PageBench::Open(const String& path) {
 
 void PageBench::ForceOutput(const String& percent) {
   Type(u"03_set", percent);
-  Click(Page().cmdSet);
+  Click(Part<OutputSetting>(Page()).cmdSet);
 }
 
 TextField& PageBench::Field(const String& item) {
@@ -196,7 +200,7 @@ TextField& PageBench::Field(const String& item) {
 }
 
 String PageBench::UnitOf(const String& item) {
-  const int row = Page().FindDataRow(u"01", item);
+  const int row = Page().FindDataRow(item);
   return Page().lbl_unit[std::stoi(ToUtf8(Page().DataCell(row, kUnitLabel)))].Caption();
 }
 
@@ -207,11 +211,6 @@ std::vector<std::string> PageBench::TakeBoxes() {
     texts.push_back(ToUtf8(box.title + u": " + box.text));
   }
   return texts;
-}
-
-std::string Shown(BoxKey key) {
-  const Box box = BoxOf(key);
-  return ToUtf8(box.title + u": " + box.text);
 }
 
 }  // namespace korva::test

@@ -7,15 +7,20 @@
 
 #include "pages/application.h"
 #include "pages/kv_config/kv_config.h"
+#include "pages/registry.h"
 #include "platform/native/native_code_page.h"
 #include "platform/virtual/virtual_dialogs.h"
 #include "platform/virtual/virtual_event_loop.h"
 #include "platform/virtual/virtual_port.h"
 #include "sim/device.h"
+#include "support/box_text.h"
 #include "support/device_line.h"
 #include "support/memory_files.h"
 
 namespace korva::test {
+
+/// A configuration file, to be saved and opened.
+inline constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
 
 /// Surroundings in virtual time whose files lie in memory: the program's folder /korva with the catalogue and
 /// the definitions of this build, in code page 932 with CR LF as the programs read them.
@@ -57,7 +62,7 @@ class PageBench : public PageFolder {
 
   void Start();
   /// The showing page.
-  TransferPage& Page();
+  ParameterPage& Page();
   /// The showing page, which is that of family First.
   KvConfig& First() { return dynamic_cast<KvConfig&>(Page()); }
   /// Something inside an event of the program.
@@ -101,8 +106,5 @@ class PageBench : public PageFolder {
   std::optional<DeviceLine> line_;
   std::size_t boxes_taken_ = 0;
 };
-
-/// "title: text" of a box.
-std::string Shown(BoxKey key);
 
 }  // namespace korva::test

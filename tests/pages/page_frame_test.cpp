@@ -11,7 +11,7 @@
 namespace korva {
 namespace {
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
+using test::kFile;
 constexpr const char16_t* kCatalogue = u"/korva/system/MdlVTRMFx.jpn";
 
 class PageFrameTest : public testing::Test {

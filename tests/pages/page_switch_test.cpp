@@ -10,8 +10,6 @@
 namespace korva::test {
 namespace {
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
-
 /// A model of each family with a page.
 struct OfFamily {
   const char16_t* family;
@@ -124,7 +122,7 @@ TEST_P(PageSwitchTest, AFileOfTheOtherFamilyOpensWithItsValuesOnThatFamilysPage)
   bench.Type(u"02", u"PUMP 1");
   bench.Page().DataChanged = false;
   const ParameterSet former = bench.Page().GroupItem;
-  TransferPage& former_page = bench.Page();
+  ParameterPage& former_page = bench.Page();
   bench.Open(kFile);
   EXPECT_EQ(bench.Page().ItsFamily().page, To().page);
   EXPECT_EQ(bench.Page().DefFile, String(To().model) + u".def");

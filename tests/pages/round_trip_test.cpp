@@ -9,11 +9,11 @@
 namespace korva {
 namespace {
 
-constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
+using test::kFile;
 constexpr const char16_t* kSecondFile = u"/korva/data/again.cfg";
 
 /// Everything that the page keeps, a line for each value.
-std::vector<std::string> SetOf(const TransferPage& page) {
+std::vector<std::string> SetOf(const ParameterPage& page) {
   std::vector<std::string> lines;
   for (int group = 0; group < page.GroupItem.Groups(); ++group) {
     for (int item = 0; item < ParameterSet::kItems; ++item) {
@@ -28,7 +28,7 @@ std::vector<std::string> SetOf(const TransferPage& page) {
 }
 
 /// What the user sees in the fields and boxes that are shown, and on which option buttons.
-std::vector<std::string> Seen(const TransferPage& page) {
+std::vector<std::string> Seen(const ParameterPage& page) {
   std::vector<std::string> lines;
   for (const Control* control : page.Controls()) {
     const auto* const option = dynamic_cast<const OptionButton*>(control);
@@ -64,8 +64,8 @@ class RoundTripTest : public testing::TestWithParam<String> {
   }
 
   /// True when item 10 is a choice of an input type or of a switch.
-  static bool HasTypes(const TransferPage& page) {
-    const int row = page.FindDataRow(u"01", u"10");
+  static bool HasTypes(const ParameterPage& page) {
+    const int row = page.FindDataRow(u"10");
     return row >= 0 && page.DataCell(row, kChoiceKey) == u"$I10";
   }
 

@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 #include "support/sampled.h"
 
 namespace korva::test {
@@ -31,7 +32,7 @@ std::vector<Break> BreaksOf(std::size_t exchanges) {
   return Sampled(breaks);
 }
 
-void ExpectDeviceHolds(const TransferPage& page, const sim::Device& device) {
+void ExpectDeviceHolds(const ParameterPage& page, const sim::Device& device) {
   for (int row = 0; row < page.Def.Data().Rows(); ++row) {
     const String& group = page.DataCell(row, kGroup);
     const String& item = page.DataCell(row, kItem);
@@ -61,7 +62,7 @@ SweepBench::SweepBench(const String& model) : device(Connect(model)) {
   Upload();
   uploaded = SetOf();
   for (int tab = 0; tab < Page().Tabs.Count(); ++tab) {
-    if (tab != Page().LnrTab() && Page().Tabs.TabEnabled(tab)) {
+    if (tab != Page().TabWith(TextKey::Linearizer) && Page().Tabs.TabEnabled(tab)) {
       open_tabs_.push_back(tab);
     }
   }
@@ -92,7 +93,11 @@ void SweepBench::ExpectUsable() {
   EXPECT_FALSE(status.has_value()) << "the program has ended";
   EXPECT_FALSE(shared.CommBusy || shared.DownloadBusy || shared.QuitRequested || Page().UploadBusy);
   EXPECT_EQ(Page().TransferBar.Value(), 0.0F);
-  EXPECT_EQ(Page().LnrProgressBar.Value(), 0.0F);
+  for (const Control* control : Page().Controls()) {
+    if (const auto* bar = dynamic_cast<const ProgressBar*>(control)) {
+      EXPECT_EQ(bar->Value(), 0.0F) << bar->FullName();
+    }
+  }
   EXPECT_FALSE(Page().flaMsg_CannotEnd.Visible());
   for (const Button* button : {&Page().cmdUpload, &Page().cmdDownload, &Page().cmdCheck, &Page().cmdOpen,
                                &Page().cmdSave, &Page().cmdNew, &Page().cmdExit}) {

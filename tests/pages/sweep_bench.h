@@ -24,7 +24,7 @@ inline constexpr Clock kLongestRun = std::chrono::minutes(30);
 
 /// The device reports what the page keeps, item by item: a number as the same number, anything else to the
 /// letter.
-void ExpectDeviceHolds(const TransferPage& page, const sim::Device& device);
+void ExpectDeviceHolds(const ParameterPage& page, const sim::Device& device);
 
 /// A program with a device of the model, whose set has been uploaded. Exchanges are counted from there.
 class SweepBench : public PageBench {

@@ -1,18 +1,10 @@
 // Counters and alarm units: counts, the commands that reset them, alarm values with a unit and a direction.
 #include <gtest/gtest.h>
 
-#include "sample.h"
+#include "model_device.h"
 
 namespace korva::sim {
 namespace {
-
-const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
-
-Device ProgrammedDevice(const std::string& model) {
-  auto device = Device::ForModel(kHome, model);
-  EnterProgramming(device);
-  return device;
-}
 
 TEST(CounterTest, CountGoesOnWithEachReadInMonitorMode) {
   auto device = Device::ForModel(kHome, "QEC2");

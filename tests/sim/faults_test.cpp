@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "sample.h"
+#include "model_device.h"
 
 namespace korva::sim {
 namespace {
@@ -218,8 +218,6 @@ TEST(FaultsTest, EachDoesWhatItsNameSaysOnAForcedOutput) {
       },
       [](const Device& device) { return device.Value("01", "03") == "25.00"; });
 }
-
-const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
 
 TEST(FaultsTest, EachDoesWhatItsNameSaysOnAValueWithAUnit) {
   StrikeWithAllFaults(

@@ -5,13 +5,11 @@
 #include <map>
 #include <optional>
 
-#include "sample.h"
+#include "model_device.h"
 #include "sim/number.h"
 
 namespace korva::sim {
 namespace {
-
-const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
 
 class ModelsTest : public testing::TestWithParam<Model> {
  protected:

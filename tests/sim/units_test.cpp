@@ -1,18 +1,10 @@
 // Pulse instruments: devices that report their numbers with a unit, and take frequencies in a unit of choice.
 #include <gtest/gtest.h>
 
-#include "sample.h"
+#include "model_device.h"
 
 namespace korva::sim {
 namespace {
-
-const std::filesystem::path kHome = KORVA_SOURCE_DIR;  // the texts of the system folder lie there as they are
-
-Device ProgrammedDevice(const std::string& model) {
-  auto device = Device::ForModel(kHome, model);
-  EnterProgramming(device);
-  return device;
-}
 
 std::string ReadData(Device& device, const std::string& item) {
   Read(device, "01", item);

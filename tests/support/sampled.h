@@ -8,7 +8,7 @@ namespace korva::test {
 // What a sweep tries is tried in full where its outcomes are judged. Under sanitizers, which look for faults
 // of memory and take ten times as long, a sample does: one case in 127, an odd number, so that the eight
 // breaks of an exchange take turns.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KORVA_CHECKED
 inline constexpr std::size_t kSampleStep = 127;
 #else
 inline constexpr std::size_t kSampleStep = 1;

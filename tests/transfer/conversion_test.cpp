@@ -61,40 +61,6 @@ TEST(LimitTest, ASpanConvertsWithoutTheOffset) {
   EXPECT_EQ(SpanInUnit(50, u"deg C"), 50);
 }
 
-TEST(SensorTextsTest, TheExactVersionTextSelectsTheShortList) {
-  EXPECT_EQ(&SensorTextsOf(u"SYSVER   1.00"), &ShortSensorTexts());
-  for (const StringView version :
-       {u"SYSVER 1.00", u"SYSVER     1.00", u"SYSVER   1.01", u"SYSVER   2.00", u"ERROR", u""}) {
-    EXPECT_EQ(&SensorTextsOf(version), &LongSensorTexts());
-  }
-}
-
-TEST(SensorTextsTest, TheTwoListsSpellTheSameSensorsInTheSameOrder) {
-  const std::pair<StringView, StringView> rows[] = {
-      {u"Tc-1: (PR)", u"Tc-1:  (PR)"},
-      {u"Tc-2:K(CA)", u"Tc-2: K(CA)"},
-      {u"Tc-3:E(CRC)", u"Tc-3: E(CRC)"},
-      {u"Tc-4:J(IC)", u"Tc-4: J(IC)"},
-      {u"Tc-5:T(CC)", u"Tc-5: T(CC)"},
-      {u"Tc-6:B(RH)", u"Tc-6: B(RH)"},
-      {u"Tc-7:R", u"Tc-7: R"},
-      {u"Tc-8:S", u"Tc-8: S"},
-      {u"Tc-9:WRe5-26", u"Tc-9: WRe5-26"},
-      {u"DS:straight", u"PS: Straight"},
-      {u"Fx:linearizer", u"FX: Linearizer"},
-      {u"RB-1:Pt100", u"RB-1: Pt100"},
-      {u"RB-2:JPt100", u"RB-2: JPt100"},
-      {u"RB-3:Pt 50", u"RB-3: Pt 50"},
-      {u"RB-4:Ni508.4", u"RB-4: Ni508.4"},
-      {u"Sq-1:no drop", u"Sq-1:no drop"},
-      {u"Sq-2:drop out", u"Sq-2:drop out"},
-  };
-  for (std::size_t row = 0; row < ShortSensorTexts().size(); ++row) {
-    EXPECT_EQ(ShortSensorTexts()[row], rows[row].first);
-    EXPECT_EQ(LongSensorTexts()[row], rows[row].second);
-  }
-}
-
 struct RoundingCase {
   String text;
   String old_number;

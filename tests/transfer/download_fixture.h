@@ -25,7 +25,7 @@ inline const std::string kDownloadSections =
     "$I23\r\n0, 0:OFF\r\n1, 1:ON\r\n"
     "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
 
-inline const std::vector<DataRow> kDownloadRows = {
+inline const std::vector<TransferRow> kDownloadRows = {
     {.item = "02", .label = "0", .caption = "First", .text = "0", .prefix = "TG:", .position = "0"},
     {.item = "10",
      .label = "1",

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <map>
+
 #include "core/text_utilities.h"
 #include "download_fixture.h"
 
@@ -108,13 +111,49 @@ TEST(DownloadOrderTest, AnItemWithoutABoxWhoseTextHasNoCodeEndsTheProgramNamingI
 }
 
 TEST(DownloadOrderTest, APositionOutsideTheListEndsTheProgramNamingIt) {
-  TransferBench bench(DataSection({{.item = "14", .text = "2", .prefix = "INPZER", .position = "21"}}) +
+  for (const std::string position : {"32", "-1"}) {
+    TransferBench bench(DataSection({{.item = "14", .text = "2", .prefix = "INPZER", .position = position}}) +
+                        kDownloadSections);
+    bench.page->SetItem(14, u"1");
+    bench.page->BuildPage();
+    bench.Download();
+    ASSERT_EQ(bench.host.dialogs.Failures().size(), 1U);
+    EXPECT_NE(ToUtf8(bench.host.dialogs.Failures()[0]).find("\"" + position + "\""), std::string::npos);
+    EXPECT_TRUE(bench.ended);
+  }
+}
+
+TEST(DownloadOrderTest, TheListHasAPositionForEachRowOfTheDefinition) {
+  TransferBench bench(DataSection({{.item = "14", .text = "2", .prefix = "INPZER", .position = "31"},
+                                   {.item = "15", .text = "3", .prefix = "INPSPN", .position = "20"},
+                                   {.item = "16", .text = "4", .prefix = "FINZER", .position = "0"}}) +
                       kDownloadSections);
+  for (const auto& [item, reply] :
+       {std::pair{"01/14", "INPZER 0"}, std::pair{"01/15", "INPSPN 0"}, std::pair{"01/16", "FINZER 0"}}) {
+    bench.line.items[item] = reply;
+  }
+  bench.line.prefixes["01/16"] = "FINZER";
   bench.page->SetItem(14, u"1");
+  bench.page->SetItem(15, u"9");
+  bench.page->SetItem(16, u"2");
   bench.page->BuildPage();
+  std::map<std::string, int> bar_at;
+  bench.host.loop.OnPump([&] {
+    const std::string sent = bench.line.Sent();
+    for (const std::string write : {"D9", "D1"}) {
+      if (sent.ends_with("G01 I15 " + write) || sent.ends_with("G01 I14 " + write)) {
+        bar_at[write] = static_cast<int>(std::lround(bench.page->TransferBar.Value()));
+      }
+    }
+  });
   bench.Download();
-  ASSERT_EQ(bench.host.dialogs.Failures().size(), 1U);
-  EXPECT_NE(ToUtf8(bench.host.dialogs.Failures()[0]).find("\"21\""), std::string::npos);
+  EXPECT_EQ(bench.line.writes,
+            (Texts{"01/01=0", "01/01=1", "01/16=2", "01/15=9", "01/14=1", "01/01=0", "01/01=0"}));
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::DownloadDone));
+  EXPECT_EQ(bar_at["D9"], 87) << "position 20 moves the bar once it is written";
+  EXPECT_EQ(bar_at["D1"], 90) << "behind it the bar stays";
+  EXPECT_EQ(bench.progress, (std::vector<int>{5,  10, 15, 20, 24, 27, 31, 34, 38, 41, 45, 48,  52,
+                                              55, 59, 62, 66, 69, 73, 76, 80, 83, 87, 90, 100, 0}));
 }
 
 TEST(DownloadOrderTest, TheDefinitionsPositionsSetTheOrder) {
@@ -228,28 +267,6 @@ TEST_F(DownloadTest, AWriteThatIsRefusedFailsAfterFourTries) {
   }
   EXPECT_EQ(tries, 4U);
   EXPECT_EQ(bench.page->Shared().LastItemReply, u"CNG");
-}
-
-TEST(DownloadPointTest, APointAtTheEndIsDroppedForTheModelsThatAskForItButNotFromTheTag) {
-  for (const bool drops : {true, false}) {
-    TransferBench bench(DataSection({{.item = "02", .text = "0", .prefix = "TG:", .position = "0"},
-                                     {.item = "14", .text = "2", .prefix = "INPZER", .position = "1"},
-                                     {.item = "15", .text = "3", .prefix = "INPSPN", .position = "2"}}) +
-                            kDownloadSections,
-                        {.def_file = kModel, .drops_trailing_point = drops});
-    bench.line.prefixes["01/02"] = "TG:";
-    for (const char* item : {"01/02", "01/14", "01/15"}) {
-      bench.line.items[item] = "INPZER 0";
-    }
-    bench.page->SetItem(2, u"NO.");
-    bench.page->SetItem(14, u"12.");
-    bench.page->SetItem(15, u"12.5");
-    bench.page->BuildPage();
-    bench.Download();
-    EXPECT_EQ(bench.line.writes.at(2), "01/02=NO.");
-    EXPECT_EQ(bench.line.writes.at(3), drops ? "01/14=12" : "01/14=12.");
-    EXPECT_EQ(bench.line.writes.at(4), "01/15=12.5");
-  }
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <array>
 
 #include "core/text_utilities.h"
-#include "transfer/value_check.h"
+#include "transfer/field_checks.h"
 #include "value_check_fixture.h"
 
 namespace korva::test {
@@ -20,7 +20,7 @@ struct RangeOfTypeTest : ValueCheckTest {
     bench.page->SetItem(14, zero);
     bench.page->SetItem(15, span);
     bench.page->BuildPage();
-    return bench.page->CheckRangeOfType();
+    return bench.page->fields.CheckRangeOfType();
   }
 };
 
@@ -72,32 +72,32 @@ TEST_F(RangesTest, BothEndsAreIncluded) {
   for (const auto condition :
        {RangeCondition::AllOpen, RangeCondition::NoneLocked, RangeCondition::OpenInOrder}) {
     Set(u"0", u"-25");
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
+    EXPECT_TRUE(bench.page->fields.CheckRanges(kRanges, condition));
     Set(u"200", u"125");
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
+    EXPECT_TRUE(bench.page->fields.CheckRanges(kRanges, condition));
     Set(u"200", u"125.1");
-    EXPECT_FALSE(bench.page->CheckRanges(kRanges, condition));
+    EXPECT_FALSE(bench.page->fields.CheckRanges(kRanges, condition));
     ExpectLooks(Look::Normal, Look::Bad);
     Set(u"-0.1", u"0");
-    EXPECT_FALSE(bench.page->CheckRanges(kRanges, condition));
+    EXPECT_FALSE(bench.page->fields.CheckRanges(kRanges, condition));
     ExpectLooks(Look::Bad, Look::Normal);
   }
 }
 
 TEST_F(RangesTest, EveryBadFieldIsMarkedAndAnEmptyCellIsNotHeldToItsRange) {
   Set(u"-1", u"999");
-  EXPECT_FALSE(bench.page->CheckRanges(kRanges, RangeCondition::AllOpen));
+  EXPECT_FALSE(bench.page->fields.CheckRanges(kRanges, RangeCondition::AllOpen));
   ExpectLooks(Look::Bad, Look::Bad);
   constexpr std::array kAboveZero = {ItemRange{.item = 22, .low = 1, .high = 200}};
   Set(u"", u"0");
-  EXPECT_TRUE(bench.page->CheckRanges(kAboveZero, RangeCondition::AllOpen));
+  EXPECT_TRUE(bench.page->fields.CheckRanges(kAboveZero, RangeCondition::AllOpen));
 }
 
 TEST_F(RangesTest, AMissingFieldPassesTheWholeCheckUnlessItIsToBePassedOver) {
   Set(u"-1", u"999");
-  EXPECT_TRUE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::AllOpen));
+  EXPECT_TRUE(bench.page->fields.CheckRanges(kRangesWithMissing, RangeCondition::AllOpen));
   ExpectLooks(Look::Normal, Look::Normal);
-  EXPECT_FALSE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::NoneLocked));
+  EXPECT_FALSE(bench.page->fields.CheckRanges(kRangesWithMissing, RangeCondition::NoneLocked));
   ExpectLooks(Look::Bad, Look::Bad);
 }
 
@@ -105,22 +105,22 @@ TEST_F(RangesTest, ALockedFieldPassesTheWholeCheck) {
   Set(u"-1", u"999");
   bench.page->Text[8].SetLocked(true);
   for (const auto condition : {RangeCondition::AllOpen, RangeCondition::NoneLocked}) {
-    EXPECT_TRUE(bench.page->CheckRanges(kRanges, condition));
+    EXPECT_TRUE(bench.page->fields.CheckRanges(kRanges, condition));
     ExpectLooks(Look::Normal, Look::Normal);
   }
 }
 
 TEST_F(RangesTest, InOrderTheFirstBadFieldEndsTheCheck) {
   Set(u"-1", u"999");
-  EXPECT_FALSE(bench.page->CheckRanges(kRanges, RangeCondition::OpenInOrder));
+  EXPECT_FALSE(bench.page->fields.CheckRanges(kRanges, RangeCondition::OpenInOrder));
   ExpectLooks(Look::Bad, Look::Normal);
 }
 
 TEST_F(RangesTest, InOrderTheFirstMissingOrLockedFieldEndsTheCheckWell) {
   Set(u"1", u"999");
-  EXPECT_TRUE(bench.page->CheckRanges(kRangesWithMissing, RangeCondition::OpenInOrder));
+  EXPECT_TRUE(bench.page->fields.CheckRanges(kRangesWithMissing, RangeCondition::OpenInOrder));
   bench.page->Text[7].SetLocked(true);
-  EXPECT_TRUE(bench.page->CheckRanges(kRanges, RangeCondition::OpenInOrder));
+  EXPECT_TRUE(bench.page->fields.CheckRanges(kRanges, RangeCondition::OpenInOrder));
   ExpectLooks(Look::Normal, Look::Normal);
 }
 
@@ -130,9 +130,9 @@ TEST_F(RangesTest, ARowOfAnotherModelIsPassedOver) {
                                    ItemRange{.item = 24, .low = 0, .high = 1, .def_file = u"Other.def"}};
   for (const auto condition : {RangeCondition::AllOpen, RangeCondition::OpenInOrder}) {
     Set(u"5", u"99");
-    EXPECT_TRUE(bench.page->CheckRanges(kByModel, condition));
+    EXPECT_TRUE(bench.page->fields.CheckRanges(kByModel, condition));
     Set(u"6", u"99");
-    EXPECT_FALSE(bench.page->CheckRanges(kByModel, condition));
+    EXPECT_FALSE(bench.page->fields.CheckRanges(kByModel, condition));
   }
 }
 
@@ -149,7 +149,7 @@ struct SensorTest : ValueCheckTest {
     bench.page->SetItem(15, span);
     bench.page->SetItem(22, percent);
     bench.page->BuildPage();
-    return bench.page->CheckSensor(
+    return bench.page->fields.CheckSensor(
         {.table = u"$I11QEI", .code_ranges = kCodes, .percent = {.item = 22, .low = 0, .high = 100}});
   }
 };
@@ -190,7 +190,7 @@ TEST_F(SensorTest, AModelsRangesAreJudgedBesideItsSensor) {
   const auto passes = [&](const String& percent, const String& ranged) {
     bench.page->SetItem(24, ranged);
     Good(u"A", u"1", u"1", percent);
-    return bench.page->CheckByModel(check);
+    return bench.page->fields.CheckByModel(check);
   };
   EXPECT_TRUE(passes(u"100", u"10"));
   EXPECT_FALSE(passes(u"100", u"10.1"));
@@ -209,7 +209,7 @@ TEST(SensorFieldsTest, WithoutOneOfItsFieldsItPasses) {
   bench.page->SetItem(15, u"999");
   bench.page->SetItem(18, u"999");
   bench.page->BuildPage();
-  EXPECT_TRUE(bench.page->CheckSensor({.table = u"$I11QEI", .code_ranges = kCodes}));
+  EXPECT_TRUE(bench.page->fields.CheckSensor({.table = u"$I11QEI", .code_ranges = kCodes}));
 }
 
 }  // namespace

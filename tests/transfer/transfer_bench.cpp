@@ -2,47 +2,48 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "core/text_utilities.h"
+#include "pages/registry.h"
 #include "support/tabs.h"
 
 namespace korva::test {
-namespace {
 
-constexpr FieldArrays kArrays = {
-    .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
-constexpr int kGroups = 4;
-
-}  // namespace
-
-BenchPage::BenchPage(Program& program, const Family& family, DeviceLink& link, const ModelTraits& traits)
-    : TransferPage(program, {.family = family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign}, link,
-                   kArrays, kGroups),
-      traits_(traits) {
-  Register(Opt_Table);
-  optTempUnit[0].SetCaption(u"deg C");
-  optTempUnit[1].SetCaption(u"deg F");
-  optTempUnit[2].SetCaption(u"K");
+BenchPart::BenchPart(BenchPage& page, std::string name) : page_(page), name_(std::move(name)) {
+  page_.Add(*this);
 }
 
-std::span<const ListRule> BenchPage::Lists() const {
-  static constexpr std::array lists = {
-      ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::InputType},
-      ListRule{.key = u"$I11", .table = u"$I11Body", .fill = ListFill::Range},
-      ListRule{.key = u"$I23", .table = u"$I23"}};
-  return lists;
+void BenchPart::Note(const std::string& step) { page_.Note(step + " " + name_); }
+
+void BenchPart::UploadBegins() {
+  Note("begin");
+  if (on_upload_begins) {
+    on_upload_begins();
+  }
 }
 
-std::vector<OptionRule> BenchPage::Options() {
-  return {{.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit},
-          {.key = u"$I10", .table = u"$I10", .item = u"10", .options = &Opt_Table}};
+void BenchPart::Upload() {
+  Note("upload");
+  if (on_upload) {
+    on_upload();
+  }
 }
 
-const OptionGroup* BenchPage::SwitchOptions(TableSwitch table_switch) const {
-  return table_switch == TableSwitch::TableOption ? &Opt_Table : nullptr;
+Finding BenchPart::Check() {
+  Note("check");
+  return finding;
 }
 
-std::optional<CodeTable> BenchPage::CodesOf(int item) const {
+bool BenchPart::Download() {
+  Note("download");
+  if (on_download) {
+    on_download();
+  }
+  return written;
+}
+
+std::optional<CodeTable> BenchForm::CodesOf(int item) const {
   switch (item) {
     case 10:
       return CodeTable{.key = u"$I10"};
@@ -57,32 +58,49 @@ std::optional<CodeTable> BenchPage::CodesOf(int item) const {
   }
 }
 
-bool BenchPage::CheckTable() {
-  Note("check table");
-  return table_good;
+BenchUpload::BenchUpload(BenchPage& page) : UploadSteps(page), page_(page) {}
+
+RowRead BenchUpload::Judge(const String& answer) {
+  return page_.judge ? page_.judge(answer) : UploadSteps::Judge(answer);
 }
 
-bool BenchPage::UploadTable(const ParameterSet& before) {
-  Note("upload table");
-  if (on_table_upload) {
-    on_table_upload();
+void BenchUpload::AfterItemRead(int row) { page_.Note("read row " + std::to_string(row)); }
+
+void BenchUpload::AfterAllRead() { page_.Note("read all"); }
+
+bool BenchCheck::CheckValues() {
+  return page_.fields.CheckTag() && page_.fields.CheckZeroSpan(page_.Model().whole_number_limits) &&
+         page_.fields.CheckScale() && (page_.model_check ? page_.model_check(page_) : page_.model_good);
+}
+
+BenchDownload::BenchDownload(BenchPage& page) : DownloadSteps(page), page_(page) {}
+
+void BenchDownload::RoundValues() { page_.Note("round"); }
+
+BenchPage::BenchPage(Program& program, const FamilyRecord& record, DeviceLink& link, const BenchModel& model)
+    : ParameterPage(program, {.family = record.family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign},
+                    FormsOf(record), link),
+      model_(model),
+      units_(*this, [this] { return model_.whole_number_limits; }),
+      form_(*this),
+      upload_steps_(*this),
+      check_steps_(*this),
+      download_steps_(*this),
+      upload_(*this, form_, upload_steps_),
+      check_(*this, check_steps_),
+      download_(*this, form_, check_, download_steps_) {
+  AddOptions({.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit});
+  if (model_.linearizer != nullptr) {
+    linearizer.emplace(*this, *model_.linearizer, record.csv);
+    AddOptions({.key = u"$I10", .table = u"$I10", .item = u"10", .options = &linearizer->Opt_Table});
+    AddOptions({.key = u"$I11", .table = u"$I11Body", .item = u"11", .options = &linearizer->Opt_Lnr});
   }
-  if (table_kept) {
-    GroupItem.Set(2, 0, before.At(2, 0));
-  }
-  return !table_kept;
 }
 
-bool BenchPage::DownloadTable() {
-  Note("download table");
-  LnrProgressBar.SetValue(50);
-  return table_written;
-}
-
-TransferBench::TransferBench(const std::string& definition, const ModelTraits& traits)
-    : program(platform, u"/korva",
-              [this, traits](Program& owner, const Family& family) {
-                auto made = std::make_unique<BenchPage>(owner, family, link, traits);
+TransferBench::TransferBench(const std::string& definition, const BenchModel& model)
+    : program(platform, u"/korva", AllFamilies(),
+              [this, model](Program& owner, const Family& family) {
+                auto made = std::make_unique<BenchPage>(owner, EntryOf(family.word).record, link, model);
                 page = made.get();
                 return made;
               }),
@@ -130,14 +148,15 @@ std::vector<std::string> TransferBench::Boxes() const {
 
 bool TransferBench::AtRest() const {
   const SharedState& shared = page->Shared();
+  const bool table_at_rest = !page->linearizer || page->linearizer->LnrProgressBar.Value() == 0.0F;
   return !shared.CommBusy && !shared.DownloadBusy && !page->UploadBusy && page->TransferBar.Value() == 0.0F &&
-         page->LnrProgressBar.Value() == 0.0F && page->cmdUpload.Enabled() && page->cmdDownload.Enabled() &&
+         table_at_rest && page->cmdUpload.Enabled() && page->cmdDownload.Enabled() &&
          page->Tabs.TabEnabled(0);
 }
 
-std::string DataSection(const std::vector<DataRow>& rows) {
+std::string DataSection(const std::vector<TransferRow>& rows) {
   std::string section = "$Data\r\n";
-  for (const DataRow& row : rows) {
+  for (const TransferRow& row : rows) {
     const std::array<std::string, 24> cells = {row.group,
                                                row.item,
                                                {},
@@ -168,11 +187,6 @@ std::string DataSection(const std::vector<DataRow>& rows) {
     section += "\r\n";
   }
   return section;
-}
-
-std::string Shown(BoxKey key, std::initializer_list<String> arguments) {
-  const Box box = BoxOf(key, arguments);
-  return ToUtf8(box.title + u": " + box.text);
 }
 
 }  // namespace korva::test

@@ -1,78 +1,133 @@
 #pragma once
 
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/program.h"
-#include "item_line.h"
+#include "linearizer/linearizer.h"
+#include "pages/family_record.h"
+#include "support/box_text.h"
+#include "support/item_line.h"
 #include "support/memory_files.h"
 #include "support/virtual_host.h"
-#include "transfer/transfer_page.h"
+#include "transfer/download.h"
+#include "transfer/field_checks.h"
+#include "transfer/temperature_units.h"
+#include "transfer/upload.h"
 
 namespace korva::test {
 
 /// Definition file of the bench's model.
 inline constexpr StringView kModel = u"Model.def";
 
-/// A page with the first family's arrays and tabs, and of its model only what a test tells.
-class BenchPage final : public TransferPage {
- public:
-  BenchPage(Program& program, const Family& family, DeviceLink& link, const ModelTraits& traits);
+/// What the bench's page is told of its model beyond the definition.
+struct BenchModel {
+  bool whole_number_limits = false;
+  const LnrFamily* linearizer = nullptr;  ///< outlives the bench; nullptr: the page has none
+};
 
-  [[nodiscard]] int LnrTab() const override { return 3; }
-  void SetUpTable(int points) override { Note("set up " + std::to_string(points)); }
-  void ClearTable() override {}
+class BenchPage;
+
+/// A part of the page that notes what a transfer asks of it ("upload table"), and answers as it is told.
+class BenchPart final : public PagePart {
+ public:
+  BenchPart(BenchPage& page, std::string name);
+
+  Finding finding = Finding::Good;
+  bool written = true;
+  std::function<void()> on_upload_begins;
+  std::function<void()> on_upload;
+  std::function<void()> on_download;
+
+  void UploadBegins() override;
+  void Upload() override;
+  [[nodiscard]] Finding Check() override;
+  bool Download() override;
+
+ private:
+  void Note(const std::string& step);
+
+  BenchPage& page_;
+  std::string name_;
+};
+
+class BenchForm final : public RowForm {
+ public:
+  using RowForm::RowForm;
+  [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
+};
+
+class BenchUpload final : public UploadSteps {
+ public:
+  explicit BenchUpload(BenchPage& page);
+  RowRead Judge(const String& answer) override;
+  void AfterItemRead(int row) override;
+  void AfterAllRead() override;
+
+ private:
+  BenchPage& page_;
+};
+
+class BenchCheck final : public CheckSteps {
+ public:
+  explicit BenchCheck(BenchPage& page) : page_(page) {}
+  bool CheckValues() override;
+
+ private:
+  BenchPage& page_;
+};
+
+class BenchDownload final : public DownloadSteps {
+ public:
+  explicit BenchDownload(BenchPage& page);
+  void RoundValues() override;
+
+ private:
+  BenchPage& page_;
+};
+
+/// A page with the first family's arrays and tabs, and of its model only what a test tells.
+class BenchPage final : public ParameterPage {
+ public:
+  BenchPage(Program& program, const FamilyRecord& record, DeviceLink& link, const BenchModel& model);
+
+  /// Adds a part behind those that the page has.
+  BenchPart& AddPart(const std::string& name) { return parts_.emplace_back(*this, name); }
+  [[nodiscard]] const BenchModel& Model() const { return model_; }
 
   // What the next steps give, and what was done.
   bool model_good = true;
-  bool table_good = true;
-  bool table_blank = false;
-  bool table_written = true;
-  bool table_kept = false;  ///< the user keeps the table from before an upload
   std::function<bool(BenchPage&)> model_check;
-  std::function<void()> on_table_upload;
+  std::function<RowRead(const String& answer)> judge;  ///< of the answers of an upload
   std::vector<std::string> notes;
   void Note(const std::string& note) { notes.push_back(note); }
 
-  OptionGroup Opt_Table{"Opt_Table", 2};
-
-  using TransferPage::CheckByModel;
-  using TransferPage::CheckRangeOfType;
-  using TransferPage::CheckRanges;
-  using TransferPage::CheckSensor;
-  using TransferPage::KeptTabEnabled;
-  using TransferPage::Round005V;
-  using TransferPage::Round5ms;
-
- protected:
-  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override { return {&traits_, 1}; }
-  [[nodiscard]] std::span<const ListRule> Lists() const override;
-  [[nodiscard]] std::vector<OptionRule> Options() override;
-  void ApplyModelRules(const String& /*item*/) override {}
-  void AfterOption(const OptionRule& /*rule*/, int /*place*/) override {}
-  [[nodiscard]] bool InputTypeUsesTable() const override { return Item(10) == u"FX: Linearizer"; }
-  [[nodiscard]] const OptionGroup* SwitchOptions(TableSwitch table_switch) const override;
-  [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
-  bool CheckModel() override { return model_check ? model_check(*this) : model_good; }
-  bool CheckTable() override;
-  [[nodiscard]] bool IsTableBlank() const override { return table_blank; }
-  bool UploadTable(const ParameterSet& before) override;
-  bool DownloadTable() override;
-  void RoundValues() override { Note("round"); }
-  void AfterItemRead(int row) override { Note("read row " + std::to_string(row)); }
+  FieldChecks fields{*this};
+  std::optional<Linearizer> linearizer;
+  BenchPart table{*this, "table"};
 
  private:
-  ModelTraits traits_;
+  BenchModel model_;
+  TemperatureUnits units_;
+  std::list<BenchPart> parts_;
+  BenchForm form_;
+  BenchUpload upload_steps_;
+  BenchCheck check_steps_;
+  BenchDownload download_steps_;
+  Upload upload_;
+  ValueCheck check_;
+  Download download_;
 };
 
 /// The program with one page of the model "Model" (Model.def), a device on COM 1, and a user who answers.
 ///
 /// The definition is given as its text, $End excluded, which is added.
 struct TransferBench {
-  explicit TransferBench(const std::string& definition, const ModelTraits& traits = {.def_file = kModel});
+  explicit TransferBench(const std::string& definition, const BenchModel& model = {});
 
   /// Presses a button of the page, through the gate.
   void Click(Button& button);
@@ -104,7 +159,7 @@ struct TransferBench {
 };
 
 /// A row of $Data.
-struct DataRow {
+struct TransferRow {
   std::string group = "01";
   std::string item = {};
   bool uploaded = true;
@@ -124,9 +179,6 @@ struct DataRow {
   std::string position = {};
 };
 /// The section $Data of these rows.
-std::string DataSection(const std::vector<DataRow>& rows);
-
-/// "title: text" of a box, in UTF-8.
-std::string Shown(BoxKey key, std::initializer_list<String> arguments = {});
+std::string DataSection(const std::vector<TransferRow>& rows);
 
 }  // namespace korva::test

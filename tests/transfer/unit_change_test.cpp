@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text_utilities.h"
+#include "transfer/grid_rounding.h"
 #include "transfer_bench.h"
 
 namespace korva::test {
@@ -15,7 +16,7 @@ const std::string kSections =
     "$I21\r\n0, deg C\r\n1, deg F\r\n2, K\r\n"
     "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
 
-const std::vector<DataRow> kRows = {
+const std::vector<TransferRow> kRows = {
     {.item = "14", .text = "2", .unit_label = "2", .unit = "$in", .temperature = true},
     {.item = "15", .text = "3", .unit_label = "3", .unit = "$in", .temperature = true},
     {.item = "16", .text = "4", .unit_label = "4", .unit = "%"},
@@ -26,8 +27,7 @@ const std::vector<DataRow> kRows = {
 enum Place : int { kCelsius = 0, kFahrenheit = 1, kKelvins = 2 };
 
 struct UnitChangeTest : testing::Test {
-  explicit UnitChangeTest(const ModelTraits& traits = {.def_file = kModel})
-      : bench(DataSection(kRows) + kSections, traits) {
+  explicit UnitChangeTest(const BenchModel& model = {}) : bench(DataSection(kRows) + kSections, model) {
     bench.page->SetItem(16, u"0.5");
   }
   void Show(const String& type, const String& unit, const String& zero, const String& span) const {
@@ -158,7 +158,7 @@ TEST_F(UnitChangeTest, AnInputTypeOutsideTheTableEndsTheChangeAtTheFirstValue) {
 }
 
 struct WholeNumberChangeTest : UnitChangeTest {
-  WholeNumberChangeTest() : UnitChangeTest({.def_file = kModel, .whole_number_limits = true}) {}
+  WholeNumberChangeTest() : UnitChangeTest({.whole_number_limits = true}) {}
 };
 
 TEST_F(WholeNumberChangeTest, ValuesFollowTheMaskWhateverLimitOrInputType) {
@@ -178,7 +178,7 @@ TEST_F(UnitChangeTest, TimesAreCutToFiveMillisecondsWithABoxForEachThatChanges) 
   bench.page->SetItem(16, u"12.5");
   bench.page->SetItem(25, u"");
   bench.page->BuildPage();
-  bench.page->Round5ms(kTimes);
+  Round5ms(*bench.page, kTimes);
   EXPECT_EQ(bench.Boxes(), (Texts{Shown(BoxKey::RoundedTo5Msec, {u"14", u"7", u"5"}),
                                   Shown(BoxKey::RoundedTo5Msec, {u"16", u"12", u"10"})}));
   EXPECT_EQ(bench.page->Item(14), u"5");
@@ -191,7 +191,7 @@ TEST_F(UnitChangeTest, ATimeOnTheGridGivesNoBox) {
   bench.page->SetItem(14, u"10");
   bench.page->SetItem(16, u"NEEDLESS");
   bench.page->BuildPage();
-  bench.page->Round5ms(kTimes);
+  Round5ms(*bench.page, kTimes);
   EXPECT_EQ(bench.Boxes(), Texts{});
   EXPECT_EQ(bench.page->Item(14), u"10");
   EXPECT_EQ(bench.page->Item(16), u"NEEDLESS");
@@ -201,7 +201,7 @@ TEST_F(UnitChangeTest, VoltagesAreRaisedToFiveHundredthsWithABoxForEachThatChang
   bench.page->SetItem(14, u"1.21");
   bench.page->SetItem(16, u"2.5");
   bench.page->BuildPage();
-  bench.page->Round005V(kTimes);
+  Round005V(*bench.page, kTimes);
   EXPECT_EQ(bench.Boxes(), Texts{Shown(BoxKey::RoundedTo005V, {u"14", u"1.21", u"1.25"})});
   EXPECT_EQ(bench.page->Item(14), u"1.25");
   EXPECT_EQ(bench.page->Item(16), u"2.50");

@@ -14,7 +14,7 @@ const std::string kTypes =
     "$I21\r\n0, deg C\r\n1, deg F\r\n2, K\r\n"
     "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
 
-const std::vector<DataRow> kRows = {
+const std::vector<TransferRow> kUploadRows = {
     {.item = "02", .text = "0", .prefix = "TG:"},
     {.item = "10", .combo = "0", .list = "$I10", .change_rule = "$I10"},
     {.item = "14", .text = "2", .unit_label = "2", .unit = "$in", .temperature = true, .prefix = "INPZER"},
@@ -24,7 +24,7 @@ const std::vector<DataRow> kRows = {
     {.group = "00", .item = "99"},
 };
 
-const std::string kDefinition = DataSection(kRows) + kTypes;
+const std::string kDefinition = DataSection(kUploadRows) + kTypes;
 
 struct UploadTest : testing::Test {
   UploadTest() {
@@ -220,8 +220,8 @@ TEST_F(UploadTest, AnItemThatStaysSilentEmptiesItsCellAndTheNextOnesAreRead) {
 TEST_F(UploadTest, WhatFollowsAReadItemRunsForRowsThatWereAnsweredOnly) {
   bench.line.replies["I14"] = {std::nullopt};
   bench.Upload();
-  EXPECT_EQ(bench.page->notes,
-            (Texts{"read row 0", "read row 1", "read row 4", "read row 5", "read row 6", "set up 16"}));
+  EXPECT_EQ(bench.page->notes, (Texts{"begin table", "read row 0", "read row 1", "read row 4", "read row 5",
+                                      "read row 6", "read all", "upload table"}));
 }
 
 TEST_F(UploadTest, TheFrameIsLockedWhileItRuns) {
@@ -258,118 +258,99 @@ TEST_F(UploadTest, ACloseRequestEndsTheProgramWithTheExchange) {
   EXPECT_EQ(bench.line.Commands().size(), 10U) << "the exchange under way ends, and no other begins";
 }
 
-// Input types spelt by the device's version.
+// An answer after which nothing further is read.
 
-std::string VersionDefinition() {
-  std::string types = "$I10\r\n";
-  for (int row = 0; row < kSensorTexts; ++row) {
-    types += std::to_string(row) + ", text " + std::to_string(row) + ", 0, 100, 1, N, Y, , deg C\r\n";
+struct UploadStopTest : UploadTest {
+  UploadStopTest() {
+    MarkSet();
+    bench.page->txtAuthor.SetText(u"me");
+    bench.page->DataChanged = false;
+    bench.page->judge = [this](const String& answer) {
+      if (answer != u"INPZER -20.5") {
+        return RowRead::Read;
+      }
+      bench.page->Box().Show(BoxKey::CommFailure);
+      return RowRead::Stop;
+    };
   }
-  return DataSection({{.item = "10", .combo = "0", .list = "$I10", .change_rule = "$I10"},
-                      {.group = "00", .item = "99"}}) +
-         types;
-}
-
-struct VersionCase {
-  std::string version;
-  String first_type;
-  String second_type;
 };
 
-TEST(UploadVersionTest, TheExactVersionSelectsTheShortSpellingAndAnyOtherTheLongOne) {
-  for (const auto& [version, first, second] : {
-           VersionCase{"SYSVER   1.00", u"Tc-1: (PR)", u"Tc-2:K(CA)"},
-           VersionCase{"SYSVER 1.00", u"Tc-1:  (PR)", u"Tc-2: K(CA)"},
-           VersionCase{"SYSVER     1.00", u"Tc-1:  (PR)", u"Tc-2: K(CA)"},
-           VersionCase{"SYSVER   2.00", u"Tc-1:  (PR)", u"Tc-2: K(CA)"},
-       }) {
-    TransferBench bench(VersionDefinition(), {.def_file = kModel, .spells_by_version = true});
-    bench.line.items["00/99"] = version;
-    bench.line.items["01/10"] = "Tc-1: (PR)";
-    bench.Upload();
-    EXPECT_EQ(bench.page->Def[u"$I10"].At(0, 1), first) << version;
-    EXPECT_EQ(bench.page->Def[u"$I10"].At(1, 1), second) << version;
-    EXPECT_EQ(bench.page->Combo[0].Entries().at(1), second) << "the list shows the device's spelling";
-  }
-}
-
-TEST(UploadVersionTest, OtherModelsKeepTheSpellingOfTheirDefinition) {
-  TransferBench bench(VersionDefinition());
-  bench.line.items["01/10"] = "text 3";
+TEST_F(UploadStopTest, WhatWasReadUpToThereIsShownAndTheRestIsEmpty) {
   bench.Upload();
-  EXPECT_EQ(bench.page->Def[u"$I10"].At(0, 1), u"text 0");
-}
-
-// The linearizer's table.
-
-const std::string kTableDefinition = DataSection({{.item = "10", .list = "$I10", .frame = "0"}}) +
-                                     "$I10\r\n0, OFF, , , , N, Y\r\n1, FX: Linearizer, , , , N, Y\r\n"
-                                     "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
-
-struct TableCase {
-  TableSwitch after_upload;
-  std::string type;
-  Texts notes;
-  bool tab_enabled;
-};
-
-TEST(UploadTableTest, IsReadWhereTheModelsSwitchSaysSo) {
-  const std::string on = "FX: Linearizer";
-  for (const TableCase& one : {
-           TableCase{TableSwitch::None, on, {"read row 0"}, false},
-           TableCase{TableSwitch::Always, "OFF", {"read row 0", "upload table", "set up 16"}, true},
-           TableCase{TableSwitch::AsItStands, "OFF", {"read row 0", "upload table", "set up 16"}, true},
-           TableCase{TableSwitch::TableOption, "OFF", {"read row 0", "set up 16"}, false},
-           TableCase{TableSwitch::TableOption, on, {"read row 0", "upload table", "set up 16"}, true},
-           TableCase{TableSwitch::InputType, "OFF", {"read row 0", "set up 16"}, false},
-           TableCase{TableSwitch::InputType, on, {"read row 0", "upload table", "set up 16"}, true},
-       }) {
-    TransferBench bench(kTableDefinition, {.def_file = kModel, .table_after_upload = one.after_upload});
-    bench.page->Tabs.SetTabEnabled(3, true);
-    bench.line.items["01/10"] = one.type;
-    bench.Upload();
-    Texts notes = bench.page->notes;
-    ASSERT_FALSE(notes.empty());
-    EXPECT_EQ(notes.back(), "set up 16") << "settling the tab sets the table up";
-    notes.pop_back();
-    EXPECT_EQ(notes, one.notes);
-    EXPECT_EQ(bench.page->Tabs.TabEnabled(3), one.tab_enabled);
+  EXPECT_EQ(bench.page->Item(2), u"PUMP 1");
+  EXPECT_EQ(bench.page->Item(10), u"2:RTD");
+  for (const int item : {14, 15, 16, 21}) {
+    EXPECT_EQ(bench.page->Item(item), u"") << item;
   }
+  EXPECT_EQ(bench.page->Text[0].Text(), u"PUMP 1");
+  EXPECT_EQ(bench.page->Combo[0].Text(), u"2:RTD");
+  EXPECT_EQ(bench.page->Text[4].Text(), u"");
+  EXPECT_EQ(bench.page->txtAuthor.Text(), u"");
+  EXPECT_TRUE(bench.page->DataChanged);
 }
 
-TEST(UploadTableTest, IsReadBeforeTheReportWithTheBarAtItsEnd) {
-  TransferBench bench(kTableDefinition,
-                      {.def_file = kModel, .table_points = 100, .table_after_upload = TableSwitch::Always});
-  bench.line.items["01/10"] = "OFF";
-  float bar = 0;
-  std::size_t boxes = 0;
-  bench.page->on_table_upload = [&] {
-    bar = bench.page->TransferBar.Value();
-    boxes = bench.host.dialogs.Boxes().size();
+TEST_F(UploadStopTest, NothingFollowsAndNothingIsReportedAsComplete) {
+  bench.Upload();
+  EXPECT_EQ(bench.line.Sent(), "G00 I99 G01 I01 D0 G01 I02 G01 I10 G01 I14");
+  EXPECT_EQ(bench.page->notes, (Texts{"begin table", "read row 0", "read row 1"}));
+  EXPECT_EQ(bench.Boxes(),
+            (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload), Shown(BoxKey::CommFailure)}));
+}
+
+TEST_F(UploadStopTest, TheFrameIsUnlockedWithItsBarAtZero) {
+  bench.page->Tabs.SetTabEnabled(4, false);
+  bench.Upload();
+  EXPECT_TRUE(bench.AtRest());
+  EXPECT_EQ(bench.progress.back(), 0);
+  EXPECT_TRUE(bench.page->Tabs.TabEnabled(5));
+  EXPECT_FALSE(bench.page->Tabs.TabEnabled(4));
+}
+
+TEST_F(UploadTest, AnAnswerThatIsJudgedEmptyIsKeptAndNothingFollowsIt) {
+  bench.page->judge = [](const String& answer) {
+    return answer == u"INPZER -20.5" ? RowRead::Empty : RowRead::Read;
   };
   bench.Upload();
-  EXPECT_EQ(bar, 100.0F);
-  EXPECT_EQ(boxes, 2U);
-  EXPECT_EQ(bench.page->notes, (Texts{"read row 0", "upload table", "set up 100", "set up 100"}));
+  EXPECT_EQ(std::count(bench.page->notes.begin(), bench.page->notes.end(), "read row 2"), 0);
+  EXPECT_EQ(bench.page->Item(16), u"0.12");
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::UploadDone));
 }
 
-TEST(UploadTableTest, ATableFromAFileIsToldOfUntilTheDevicesOwnReplacesIt) {
-  for (const bool kept : {true, false}) {
-    TransferBench bench(kTableDefinition, {.def_file = kModel, .table_after_upload = TableSwitch::Always});
-    bench.page->table_kept = kept;
-    bench.page->GroupItem.Set(2, 0, u"12.5");
-    bench.page->SetTableUnsaved(true);
-    bench.Upload();
-    EXPECT_EQ(bench.page->TableUnsaved(), kept);
-    EXPECT_EQ(bench.page->GroupItem.At(2, 0), kept ? u"12.5" : u"");
-  }
-}
+// The page's parts.
 
-TEST(UploadTableTest, AModelWithoutATableIsNotToldOfOne) {
-  TransferBench bench(kTableDefinition, {.def_file = kModel, .table_after_upload = TableSwitch::None});
-  bench.page->SetTableUnsaved(true);
+TEST_F(UploadTest, PartsAreToldOfTheBeginningWhileTheSetIsAsItWas) {
+  MarkSet();
+  bench.page->table.on_upload_begins = [&] {
+    EXPECT_TRUE(SetUntouched());
+    EXPECT_EQ(bench.page->TransferBar.Value(), 5.0F);
+    EXPECT_TRUE(bench.page->UploadBusy);
+  };
   bench.Upload();
-  EXPECT_FALSE(bench.page->TableUnsaved());
+  EXPECT_EQ(std::count(bench.page->notes.begin(), bench.page->notes.end(), "begin table"), 1);
+  EXPECT_FALSE(SetUntouched());
+}
+
+TEST_F(UploadTest, PartsUploadAfterTheValuesShowAndBeforeTheReport) {
+  bench.page->table.on_upload = [&] {
+    EXPECT_EQ(bench.page->Text[2].Text(), u"-20.5");
+    EXPECT_EQ(bench.page->TransferBar.Value(), 100.0F);
+    EXPECT_EQ(bench.Boxes(), (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload)}));
+    EXPECT_FALSE(bench.page->UploadBusy);
+    EXPECT_TRUE(bench.page->Shared().CommBusy);
+    EXPECT_FALSE(bench.page->cmdUpload.Enabled());
+  };
+  bench.Upload();
+  EXPECT_EQ(bench.page->notes.back(), "upload table");
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::UploadDone));
+}
+
+TEST_F(UploadTest, PartsAreAskedInTheirOrder) {
+  bench.page->AddPart("second");
+  bench.page->AddPart("third");
+  bench.Upload();
+  EXPECT_EQ(bench.page->notes, (Texts{"begin table", "begin second", "begin third", "read row 0",
+                                      "read row 1", "read row 2", "read row 4", "read row 5", "read row 6",
+                                      "read all", "upload table", "upload second", "upload third"}));
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ inline const std::string kCheckSections =
     "$I21\r\n0, deg C\r\n1, deg F\r\n2, K\r\n"
     "$SSTab\r\nTrue, True, True, True, True, True, True\r\n";
 
-inline const std::vector<DataRow> kCheckRows = {
+inline const std::vector<TransferRow> kCheckRows = {
     {.item = "02", .text = "0", .prefix = "TG:"},
     {.item = "03_set", .text = "20"},
     {.item = "03_mon", .text = "21"},
@@ -44,8 +44,8 @@ inline const std::vector<DataRow> kCheckRows = {
 
 /// A page with a good set.
 struct ValueCheckTest : testing::Test {
-  explicit ValueCheckTest(const ModelTraits& traits = {.def_file = kModel})
-      : bench(DataSection(kCheckRows) + kCheckSections, traits) {
+  explicit ValueCheckTest(const BenchModel& model = {})
+      : bench(DataSection(kCheckRows) + kCheckSections, model) {
     for (const auto& [item, value] : std::vector<std::pair<int, String>>{{2, u"PUMP 1"},
                                                                          {10, u"1:RTD"},
                                                                          {14, u"0"},

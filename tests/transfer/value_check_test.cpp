@@ -185,7 +185,7 @@ TEST_F(ValueCheckTest, WithoutARangeInTheListZeroAndSpanPass) {
 }
 
 struct WholeNumberCheckTest : ValueCheckTest {
-  WholeNumberCheckTest() : ValueCheckTest({.def_file = kModel, .whole_number_limits = true}) {}
+  WholeNumberCheckTest() : ValueCheckTest({.whole_number_limits = true}) {}
 };
 
 TEST_F(WholeNumberCheckTest, LimitsAreRoundedByTheMask) {
@@ -257,7 +257,7 @@ TEST(ValueCheckFieldsTest, MissingFieldsPass) {
   bench.Check();
   EXPECT_EQ(bench.Boxes(), Texts{Shown(BoxKey::CheckDone)});
   bench.page->SetItem(11, u"0-5 V");
-  EXPECT_TRUE(bench.page->CheckRangeOfType());
+  EXPECT_TRUE(bench.page->fields.CheckRangeOfType());
 }
 
 // The order.
@@ -275,24 +275,40 @@ TEST_F(ValueCheckTest, TheFirstBadCheckEndsTheRun) {
   EXPECT_EQ(model_checks, 0);
 }
 
-TEST_F(ValueCheckTest, TheModelsCheckAndTheTableInUseComeLast) {
-  bench.page->Opt_Table[1].SetValue(true);
+TEST_F(ValueCheckTest, TheModelsCheckAndThePagesPartsComeLast) {
   bench.Check();
   EXPECT_EQ(bench.page->notes, Texts{"check table"});
-  bench.page->table_good = false;
+  bench.page->table.finding = Finding::Bad;
   EXPECT_FALSE(Passes());
   bench.page->model_good = false;
   EXPECT_FALSE(Passes());
   EXPECT_EQ(bench.page->notes, Texts{});
 }
 
-TEST_F(ValueCheckTest, ATableWhoseTabIsDisabledOrWhoseSwitchIsOffIsNotChecked) {
-  bench.page->table_good = false;
-  bench.page->Opt_Table[0].SetValue(true);
-  EXPECT_TRUE(Passes());
-  bench.page->Opt_Table[1].SetValue(true);
-  bench.page->Tabs.SetTabEnabled(3, false);
-  EXPECT_TRUE(Passes());
+TEST_F(ValueCheckTest, APartTellsWhetherAValueIsMissingOrBad) {
+  for (const auto& [finding, box] :
+       {std::pair{Finding::Blank, BoxKey::FieldBlank}, std::pair{Finding::Bad, BoxKey::ValueBad},
+        std::pair{Finding::Good, BoxKey::CheckDone}}) {
+    bench.page->table.finding = finding;
+    bench.Check();
+    EXPECT_EQ(bench.Boxes().back(), Shown(box));
+    const bool good = finding == Finding::Good;
+    EXPECT_EQ(bench.progress, good ? (std::vector{5, 10, 100, 0}) : (std::vector{5, 0}));
+    EXPECT_TRUE(bench.AtRest());
+  }
+}
+
+TEST_F(ValueCheckTest, PartsAreAskedInTheirOrderAndTheFirstThatIsNotGoodEndsTheRun) {
+  BenchPart& second = bench.page->AddPart("second");
+  bench.Check();
+  EXPECT_EQ(bench.page->notes, (Texts{"check table", "check second"}));
+  second.finding = Finding::Bad;
+  EXPECT_FALSE(Passes());
+  EXPECT_EQ(bench.page->notes, (Texts{"check table", "check second"}));
+  bench.page->table.finding = Finding::Blank;
+  bench.Check();
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::FieldBlank));
+  EXPECT_EQ(bench.page->notes, Texts{"check table"});
 }
 
 }  // namespace

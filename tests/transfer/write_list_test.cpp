@@ -6,7 +6,7 @@ namespace korva {
 namespace {
 
 WriteEntry Entry(const String& prefix, const String& source) {
-  return {.group = u"01", .item = u"16", .source = source, .data = source, .prefix = prefix};
+  return {.item = {.group = u"01", .item = u"16"}, .source = source, .data = source, .prefix = prefix};
 }
 
 TEST(ReplyTest, AChoiceMustComeBackExactlyAsItStandsInTheSet) {

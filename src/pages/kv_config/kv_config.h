@@ -1,22 +1,22 @@
 #pragma once
 
-#include <initializer_list>
-#include <optional>
-#include <span>
-#include <vector>
-
-#include "monitor/io_check.h"
-#include "pages/seven_tab_page.h"
+#include "linearizer/linearizer.h"
+#include "monitor/output_setting.h"
+#include "pages/family_record.h"
+#include "pages/kv_config/rules.h"
+#include "pages/kv_config/spelling.h"
+#include "pages/kv_config/transfer.h"
+#include "transfer/temperature_units.h"
 
 namespace korva {
 
 /// The page of family First, the root page: it shows first and opens the port at the program's start.
-class KvConfig final : public SevenTabPage {
+class KvConfig final : public ParameterPage {
  public:
-  KvConfig(Program& program, const Family& family, DeviceLink& link);
+  KvConfig(Program& program, const FamilyRecord& record, DeviceLink& link);
 
-  [[nodiscard]] std::span<const ListRule> Lists() const override;
-  [[nodiscard]] std::vector<OptionRule> Options() override;
+  /// What the page knows of the chosen model beyond its definition.
+  [[nodiscard]] const KvConfigModel& Model() const { return ModelRow(KvConfigModels(), DefFile); }
 
   OptionGroup Opt_Root{"Opt_Root", 2};
   OptionGroup Opt_Backup{"Opt_Backup", 3};
@@ -24,33 +24,28 @@ class KvConfig final : public SevenTabPage {
   OptionGroup Opt_Alarm{"Opt_Alarm", 4};
   OptionGroup Opt_Recovery{"Opt_Recovery", 2};
 
+  Linearizer linearizer;
+  StatusMonitor monitor;
+  OutputSetting output;
+
  protected:
+  void PreparePort() override;
   void ClosePort() override;
 
-  [[nodiscard]] std::span<const ModelTraits> TraitTable() const override;
-  void ApplyModelRules(const String& item) override;
-  void ShowModelControls() override;
-  [[nodiscard]] bool InputTypeUsesTable() const override;
-
-  [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
-  bool CheckModel() override;
-
  private:
-  // Model rules, kv_config_rules.cpp.
-  void ListRangeAnew();
-  void ApplyRangeDefaults();
-  void ResetRangeToType();
-  void SelectCelsius();
-  void RuleQUO();
-  void RuleQH();
-  void RuleQHG();
-  /// Opens the fields of `items` and empties the items `emptied`, or closes the fields as of no use. Does
-  /// nothing unless all `items` have fields.
-  void OpenOrCloseItems(bool open, std::initializer_list<int> items, std::initializer_list<int> emptied);
-  [[nodiscard]] String InputTypeCode() const;
-  [[nodiscard]] Frame* TemperatureFrame();
+  void AddAllOptions();
 
-  IoCheck io_check_{*this};
+  TemperatureUnits units_;
+  KvConfigSpelling spelling_;
+  KvConfigRules rules_;
+
+  KvConfigForm form_;
+  KvConfigUpload upload_steps_;
+  KvConfigCheck check_steps_;
+  KvConfigDownload download_steps_;
+  Upload upload_;
+  ValueCheck check_;
+  Download download_;
 };
 
 }  // namespace korva

@@ -9,67 +9,44 @@ namespace korva {
 namespace {
 
 constexpr std::array kModels = {
-    ModelTraits{.def_file = u"QHNY1.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true,
-                .filter_follows_type = true,
-                .range_follows_type = true,
-                .range_code = RangeCode::FirstColumn},
-    ModelTraits{.def_file = u"QHNY2.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true,
-                .filter_follows_type = true,
-                .range_follows_type = true,
-                .range_code = RangeCode::FirstColumn},
-    ModelTraits{.def_file = u"QHW1.def",
-                .table_points = 100,
-                .table_on_choice = TableSwitch::LnrOption,
-                .table_after_upload = TableSwitch::LnrOption,
-                .lists_fixed_input_type = true,
-                .range_code = RangeCode::FirstColumn},
-    ModelTraits{
+    KvConfigModel{.def_file = u"QHNY1.def",
+                  .lists_fixed_input_type = true,
+                  .filter_follows_type = true,
+                  .range_follows_type = true,
+                  .range_code = RangeCode::FirstColumn},
+    KvConfigModel{.def_file = u"QHNY2.def",
+                  .lists_fixed_input_type = true,
+                  .filter_follows_type = true,
+                  .range_follows_type = true,
+                  .range_code = RangeCode::FirstColumn},
+    KvConfigModel{
+        .def_file = u"QHW1.def", .lists_fixed_input_type = true, .range_code = RangeCode::FirstColumn},
+    KvConfigModel{
         .def_file = u"QHN", .beginning = true, .filter_follows_type = true, .range_follows_type = true},
-    ModelTraits{.def_file = u"QHW.def",
-                .table_on_choice = TableSwitch::Always,
-                .table_after_upload = TableSwitch::AsItStands,
-                .range_follows_type = true},
-    ModelTraits{.def_file = u"QL.def", .range_follows_type = true},
-    ModelTraits{.def_file = u"QC.def",
-                .whole_number_limits = true,
-                .drops_trailing_point = true,
-                .resets_range_on_type = true},
-    ModelTraits{.def_file = u"QN.def",
-                .whole_number_limits = true,
-                .drops_trailing_point = true,
-                .resets_range_on_type = true},
-    ModelTraits{.def_file = u"QUO.def",
-                .table_on_choice = TableSwitch::InputType,
-                .table_after_upload = TableSwitch::InputType,
-                .table_on_opening = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::InputType,
-                .whole_number_limits = true,
-                .drops_trailing_point = true,
-                .spells_by_version = true,
-                .resets_range_on_type = true},
-    ModelTraits{.def_file = u"QH.def", .range_options_are_root = true, .range_code = RangeCode::FirstColumn},
-    ModelTraits{.def_file = u"QHG.def", .range_options_are_root = true, .range_code = RangeCode::FirstColumn},
-    ModelTraits{.def_file = u"QD.def", .has_monitor = false, .has_backup_items = true},
-    ModelTraits{.def_file = u"QD2.def", .has_monitor = false, .has_backup_items = true},
-    ModelTraits{.def_file = u"QD2I.def", .has_monitor = false, .has_backup_items = true},
-    ModelTraits{.def_file = u"QY.def",
-                .table_after_upload = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"QEI.def",
-                .table_after_upload = TableSwitch::TableOption,
-                .table_without_flag = TableSwitch::TableOption,
-                .range_code = RangeCode::SensorTable},
-    ModelTraits{.def_file = u"QZ.def", .table_after_upload = TableSwitch::TableOption},
-    ModelTraits{.def_file = u"10QCE.def", .table_after_upload = TableSwitch::TableOption},
+    KvConfigModel{.def_file = u"QHW.def", .range_follows_type = true},
+    KvConfigModel{.def_file = u"QL.def", .range_follows_type = true},
+    KvConfigModel{.def_file = u"QC.def",
+                  .whole_number_limits = true,
+                  .drops_trailing_point = true,
+                  .resets_range_on_type = true},
+    KvConfigModel{.def_file = u"QN.def",
+                  .whole_number_limits = true,
+                  .drops_trailing_point = true,
+                  .resets_range_on_type = true},
+    KvConfigModel{.def_file = u"QUO.def",
+                  .whole_number_limits = true,
+                  .drops_trailing_point = true,
+                  .spells_by_version = true,
+                  .resets_range_on_type = true},
+    KvConfigModel{.def_file = u"QH.def", .range_code = RangeCode::FirstColumn},
+    KvConfigModel{.def_file = u"QHG.def", .range_code = RangeCode::FirstColumn},
+    KvConfigModel{.def_file = u"QD.def", .has_backup_items = true},
+    KvConfigModel{.def_file = u"QD2.def", .has_backup_items = true},
+    KvConfigModel{.def_file = u"QD2I.def", .has_backup_items = true},
+    KvConfigModel{.def_file = u"QEI.def", .range_code = RangeCode::SensorTable},
 };
+
+constexpr std::array<StringView, 2> kRootModels = {u"QH.def", u"QHG.def"};
 
 /// Filter items. A model without a row for an item has no check of it.
 constexpr std::array kFilterRanges = {
@@ -144,7 +121,9 @@ constexpr std::array kChecks = {
 
 }  // namespace
 
-std::span<const ModelTraits> KvConfigModels() { return kModels; }
+std::span<const KvConfigModel> KvConfigModels() { return kModels; }
+
+ModelSet KvConfigRootModels() { return {.names = kRootModels}; }
 
 std::span<const ModelCheck> KvConfigChecks() { return kChecks; }
 

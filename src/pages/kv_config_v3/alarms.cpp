@@ -1,9 +1,6 @@
-// The alarms that their type can switch off: an alarm that is off has no values, neither on the page nor in
-// the device.
+#include "pages/kv_config_v3/alarms.h"
 
 #include <algorithm>
-
-#include "pages/kv_config_v3/kv_config_v3.h"
 
 namespace korva {
 
@@ -18,33 +15,36 @@ void Disable(auto& control) {
 
 }  // namespace
 
-bool KvConfig_V3::Off(const SwitchedAlarm& alarm) const {
-  return alarm.def_file == DefFile && GroupItem.At(u"01", String(alarm.type)) == kNoAlarm;
+bool KvConfigV3Alarms::Off(const SwitchedAlarm& alarm) const {
+  return alarm.def_file == page_.DefFile && page_.GroupItem.At(u"01", String(alarm.type)) == kNoAlarm;
 }
 
-bool KvConfig_V3::Applies(int row) const {
-  const String& item = DataCell(row, kItem);
+bool KvConfigV3Alarms::Applies(int row) const {
+  const String& item = page_.DataCell(row, kItem);
   const auto alarms = SwitchedAlarms();
   return std::none_of(alarms.begin(), alarms.end(), [&](const SwitchedAlarm& alarm) {
     return Off(alarm) && std::find(alarm.items.begin(), alarm.items.end(), item) != alarm.items.end();
   });
 }
 
-void KvConfig_V3::ApplyModelRules(const String& item) {
+void KvConfigV3Alarms::ChoiceMade(const Choice& choice) {
+  if (choice.options != nullptr) {
+    return;
+  }
   for (const SwitchedAlarm& alarm : SwitchedAlarms()) {
-    if (alarm.def_file == DefFile && alarm.type == item && !Off(alarm)) {
+    if (alarm.def_file == page_.DefFile && alarm.type == choice.item && !Off(alarm)) {
       OpenRows(alarm);
     }
   }
   SettleAlarms();
 }
 
-void KvConfig_V3::SettleAlarms() {
-  for (int index = 0; index < Text.Count(); ++index) {
-    Text[index].SetEnabled(true);
+void KvConfigV3Alarms::SettleAlarms() {
+  for (int index = 0; index < page_.Text.Count(); ++index) {
+    page_.Text[index].SetEnabled(true);
   }
-  for (int index = 0; index < Combo.Count(); ++index) {
-    Combo[index].SetEnabled(true);
+  for (int index = 0; index < page_.Combo.Count(); ++index) {
+    page_.Combo[index].SetEnabled(true);
   }
   for (const SwitchedAlarm& alarm : SwitchedAlarms()) {
     if (Off(alarm)) {
@@ -53,8 +53,8 @@ void KvConfig_V3::SettleAlarms() {
   }
 }
 
-void KvConfig_V3::DisableRow(StringView item) {
-  if (TextField* field = FindField(String(item))) {
+void KvConfigV3Alarms::DisableRow(StringView item) {
+  if (TextField* field = page_.FindField(item)) {
     Disable(*field);
   }
   if (ComboBox* box = FindBox(item)) {
@@ -62,27 +62,27 @@ void KvConfig_V3::DisableRow(StringView item) {
   }
 }
 
-void KvConfig_V3::OpenRows(const SwitchedAlarm& alarm) {
+void KvConfigV3Alarms::OpenRows(const SwitchedAlarm& alarm) {
   for (const StringView item : alarm.items) {
     const String name(item);
-    if (GroupItem.At(u"01", name) != kNeedless) {
+    if (page_.GroupItem.At(u"01", name) != kNeedless) {
       continue;
     }
-    GroupItem.Set(u"01", name, {});
-    if (TextField* field = FindField(name)) {
-      OpenField(*field);
+    page_.GroupItem.Set(u"01", name, {});
+    if (TextField* field = page_.FindField(name)) {
+      ParameterPage::OpenField(*field);
     }
   }
 }
 
-bool KvConfig_V3::CheckDirections() {
+bool KvConfigV3Alarms::CheckDirections() {
   bool good = true;
   for (const SwitchedAlarm& alarm : SwitchedAlarms()) {
-    ComboBox* box = alarm.def_file == DefFile && !Off(alarm) ? FindBox(alarm.direction) : nullptr;
+    ComboBox* box = alarm.def_file == page_.DefFile && !Off(alarm) ? FindBox(alarm.direction) : nullptr;
     if (box == nullptr) {
       continue;
     }
-    const bool chosen = !GroupItem.At(u"01", String(alarm.direction)).empty();
+    const bool chosen = !page_.GroupItem.At(u"01", String(alarm.direction)).empty();
     if (chosen && box->ShownLook() == Look::Bad) {
       box->SetLook(Look::Normal);
     } else if (!chosen) {
@@ -93,10 +93,11 @@ bool KvConfig_V3::CheckDirections() {
   return good;
 }
 
-ComboBox* KvConfig_V3::FindBox(StringView item) {
-  const int row = FindDataRow(u"01", String(item));
-  return row < 0 || DataCell(row, kComboIndex).empty() ? nullptr
-                                                       : &Combo[Place(row, kComboIndex, Combo.Count())];
+ComboBox* KvConfigV3Alarms::FindBox(StringView item) {
+  const int row = page_.FindDataRow(item);
+  return row < 0 || page_.DataCell(row, kComboIndex).empty()
+             ? nullptr
+             : &page_.Combo[page_.Place(row, kComboIndex, page_.Combo.Count())];
 }
 
 }  // namespace korva

@@ -6,17 +6,6 @@ namespace korva {
 
 namespace {
 
-/// A model whose table one of the options switches on, whatever the flag of the table's tab.
-constexpr ModelTraits WithTable(StringView def_file, TableSwitch by) {
-  return {.def_file = def_file, .table_on_choice = by, .table_after_upload = by, .table_without_flag = by};
-}
-
-constexpr std::array kModels = {
-    WithTable(u"QCE2.def", TableSwitch::TableOption), WithTable(u"QEI2.def", TableSwitch::TableOption),
-    WithTable(u"QCB2.def", TableSwitch::TableOption), WithTable(u"QEB2.def", TableSwitch::LnrOption),
-    WithTable(u"QNA2.def", TableSwitch::TableOption),
-};
-
 // --- limits
 
 /// Pulse averaging where the frequency range doesn't limit it.
@@ -108,8 +97,6 @@ constexpr std::array kSwitchedAlarms = {
 };
 
 }  // namespace
-
-std::span<const ModelTraits> KvConfigV3Models() { return kModels; }
 
 std::span<const ModelCheck> KvConfigV3Checks() { return kChecks; }
 

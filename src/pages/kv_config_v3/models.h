@@ -3,13 +3,9 @@
 #include <array>
 #include <span>
 
-#include "files/model_traits.h"
-#include "transfer/value_check.h"
+#include "transfer/field_checks.h"
 
 namespace korva {
-
-/// What the page of family Third knows of its models. Models without a row have no linearizer.
-std::span<const ModelTraits> KvConfigV3Models();
 
 /// The value checks of the models of family Third.
 std::span<const ModelCheck> KvConfigV3Checks();

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <optional>
+
+#include "core/control.h"
+#include "core/texts.h"
+#include "platform/string.h"
+
+namespace korva {
+
+class LineReader;
+
+/// When the tabs that depend on the model and its parameter set are settled; the rules differ.
+enum class TabMoment { ModelChosen, FileOpened, Uploaded };
+
+/// What a check of values found. Blank: a value is missing that must be there.
+enum class Finding { Good, Blank, Bad };
+
+/// A choice of the user that went into the parameter set.
+struct Choice {
+  String item;  ///< of group "01": "10"
+  String key;   ///< of the list that was chosen from: "$I11QEI"
+  /// The group whose button was pressed, and which; nullptr and -1 for a choice in a combo box.
+  const OptionGroup* options = nullptr;
+  int place = -1;
+};
+
+/// A piece of a page, such as its linearizer or its status monitor. It owns its controls and takes part in
+/// what the page does as a whole. A page adds its parts in an order (Page::Add), and each of its sequences
+/// asks them in that order. A part overrides what concerns it; everything else does nothing.
+class PagePart {
+ public:
+  PagePart() = default;
+  PagePart(const PagePart&) = delete;
+  PagePart& operator=(const PagePart&) = delete;
+  virtual ~PagePart() = default;
+
+  // The frame.
+  virtual void SetCaptions(Language /*language*/) {}
+  /// An operation on the device begins or has ended: disables or enables what could start another one.
+  virtual void SetLocked(bool /*locked*/) {}
+  virtual void ResetBars() {}  ///< puts the part's progress bars to 0
+  virtual void TabEntered(int /*tab*/) {}
+
+  // The model and its parameter set, row by row of the definition.
+  virtual void PageCleared() {}     ///< the fields were emptied for another model or a new set
+  virtual void DefinitionRead() {}  ///< and nothing of it is shown yet
+  /// What the field of a row shows in place of its cell, which is not NEEDLESS. The first part that has an
+  /// answer gives it.
+  [[nodiscard]] virtual std::optional<String> ShownText(int /*row*/) const { return std::nullopt; }
+  /// What the cell of a row takes in place of the text in its field. The first answer counts here too.
+  [[nodiscard]] virtual std::optional<String> CellOf(int /*row*/, const String& /*text*/) const {
+    return std::nullopt;
+  }
+  virtual void RowShown(int /*row*/) {}
+  virtual void PageBuilt() {}  ///< all rows are shown
+  virtual void ChoiceMade(const Choice& /*choice*/) {}
+  virtual void SettleTabs(TabMoment /*moment*/) {}
+  virtual void SetCleared() {}  ///< the parameter set was emptied
+  virtual void SetSaved() {}    ///< the parameter set was written to a configuration file
+
+  // Sections of a configuration file beyond the values of the items.
+  /// The whole section with its key line and line ends; empty for none.
+  [[nodiscard]] virtual String CfgSection() const { return {}; }
+  /// Reads the section of `key`, whose line was read last, from the file open under `handle`, and pushes the
+  /// next key line back. False when the section is another part's.
+  virtual bool ReadCfgSection(StringView /*key*/, LineReader& /*lines*/, int /*handle*/) { return false; }
+
+  // Transfers. The frame is locked.
+  virtual void UploadBegins() {}  ///< the parameter set still holds what it held before
+  virtual void Upload() {}        ///< the items have been read and are shown
+  [[nodiscard]] virtual Finding Check() { return Finding::Good; }
+  /// The items have been written. False, after its box, ends the download.
+  virtual bool Download() { return true; }
+};
+
+}  // namespace korva

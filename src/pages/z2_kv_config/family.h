@@ -1,0 +1,10 @@
+#pragma once
+
+#include "pages/family_record.h"
+
+namespace korva {
+
+/// The record of family Lite.
+extern const FamilyRecord kZ2KvConfigRecord;
+
+}  // namespace korva

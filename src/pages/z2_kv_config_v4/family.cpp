@@ -1,0 +1,43 @@
+#include "pages/z2_kv_config_v4/family.h"
+
+#include <array>
+
+#include "pages/z2_parts.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::array kSections = {
+    SectionShape{.key = u"$Data", .rows = 33, .columns = kDataWidth},
+    SectionShape{.key = u"$I21", .rows = 3, .columns = 7, .means = kLateZ2Temperatures},
+    SectionShape{.key = u"$I11", .rows = 8, .columns = 7, .means = kLateZ2Types},
+    SectionShape{.key = u"$I08", .rows = 4, .columns = 3},
+    SectionShape{.key = u"$I10", .rows = 2, .columns = 4},
+    SectionShape{.key = u"$I07", .rows = 3, .columns = 4},
+    SectionShape{.key = u"$I24", .rows = 2, .columns = 3},
+    SectionShape{.key = u"$I29", .rows = 2, .columns = 4},
+    SectionShape{.key = u"$SSTab", .columns = 6, .kind = SectionKind::List},
+};
+
+}  // namespace
+
+constexpr FamilyRecord kZ2KvConfigV4Record = {
+    .family = {.word = u"LiteForth",
+               .page = u"z2KvConfig_V4",
+               .folder = u"z2Kv_4",
+               .baud = 9600,
+               .settings = u"9600,n,8,1",
+               .dialect = Dialect::Cok,
+               .unload_place = kNone},
+    .device = {.system_text = SystemText::Value},
+    .slow_models = kNone,
+    .definition = {.sections = kSections, .only_file = kNone, .layout = kLateZ2Layout},
+    .fields = kNone,
+    .monitor = kLateZ2Monitor,
+    .output = kLateZ2Output,
+    .table = LnrFamily{.points = kLnrShortPoints, .quantities = kPercentQuantity},
+    .csv = CsvFamily{.reader = {.ends_at_blank = true}, .cancels_edit = true, .saves = true},
+};
+
+}  // namespace korva

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+
+#include "monitor/monitor_family.h"
+#include "monitor/output_family.h"
+
+namespace korva {
+
+// What the records of several families of the second line have in common.
+
+/// Models that have no box for a forced output, as far as their pages know.
+inline constexpr std::array<StringView, 2> kZ2WithoutSetBox = {u"QD.def", u"QD2.def"};
+
+// Families LiteForth and LiteFifth.
+
+inline constexpr DataLayout kLateZ2Layout = {.threshold_low = 21, .threshold_high = 24};
+inline constexpr ListColumns kLateZ2Temperatures = {.unit = 6};
+inline constexpr ListColumns kLateZ2Types = {.low = 2, .high = 3, .unit = 6, .input_class = 5};
+
+inline constexpr std::array<StringView, 6> kLateZ2Presence = {u"22", u"04", u"11", u"06", u"07", u"08"};
+inline constexpr std::array kLateZ2Cycle = {CycleItem{.key = u"04"}, CycleItem{.key = u"05"},
+                                            CycleItem{.key = u"06"}};
+inline constexpr std::array kLateZ2Item04 = {
+    UnitRule{.unit = {.kind = UnitKind::Device, .table = {.item = u"21", .table = u"$I21"}}}};
+inline constexpr std::array kLateZ2Item06 = {
+    UnitRule{.unit = {.kind = UnitKind::Device, .table = {.item = u"11", .table = u"$I11"}}}};
+inline constexpr std::array kLateZ2Units = {
+    UnitStep{
+        .item = u"04", .timer = UnitTimer::Item04, .rules = kLateZ2Item04, .to_measured_frequency = true},
+    UnitStep{
+        .item = u"06", .timer = UnitTimer::Item06, .rules = kLateZ2Item06, .to_measured_frequency = true},
+};
+inline constexpr MonitorFamily kLateZ2Monitor = {.presence = kLateZ2Presence,
+                                                 .cycle = kLateZ2Cycle,
+                                                 .clean = StripItemPrefix,
+                                                 .resets_colours = false,
+                                                 .paints_first = true,
+                                                 .units = kLateZ2Units};
+inline constexpr OutputFamily kLateZ2Output = {
+    .ranges = kUsualOutputRange, .clean_sent = TrimPlain, .clean_answer = StripItemPrefix};
+
+}  // namespace korva

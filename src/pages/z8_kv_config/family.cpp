@@ -1,0 +1,90 @@
+#include "pages/z8_kv_config/family.h"
+
+#include <array>
+
+#include "monitor/common_rows.h"
+
+namespace korva {
+
+namespace {
+
+constexpr ListColumns kTypes = {
+    .low = 6, .high = 9, .span = 4, .preset_low = 2, .preset_high = 3, .unit = 5, .settable = 7, .step = 8};
+constexpr ListColumns kOutputs = {.low = 4, .high = 6, .span = 5, .preset_low = 2, .preset_high = 3};
+
+constexpr std::array kSections = {
+    SectionShape{.key = u"$Data", .rows = 34, .columns = kDataWidth},
+    SectionShape{.key = u"$I00", .rows = 4, .columns = 3},
+    SectionShape{.key = u"$I10", .rows = 14, .columns = 10, .means = kTypes},
+    SectionShape{.key = u"$I11", .rows = 3, .columns = 7, .means = kOutputs},
+    SectionShape{.key = u"$I41", .rows = 3, .columns = 7, .means = kOutputs},
+    SectionShape{.key = u"$I21", .rows = 3, .columns = 4, .means = kListWithUnits},
+    SectionShape{.key = u"$I23", .rows = 2, .columns = 4},
+    SectionShape{.key = u"$I24", .rows = 3, .columns = 4},
+    SectionShape{.key = u"$I25", .rows = 2, .columns = 4},
+    SectionShape{.key = u"$I82", .rows = 3, .columns = 4},
+    SectionShape{.key = u"$I83", .rows = 3, .columns = 4},
+    SectionShape{.key = u"$I84", .rows = 2, .columns = 4},
+    SectionShape{.key = u"$SSTab", .columns = 8, .kind = SectionKind::List},
+};
+
+constexpr std::array<StringView, 1> kVoltage = {u"Z8WV2.def"};
+constexpr std::array<StringView, 1> kPotentiometer = {u"Z8WM2.def"};
+constexpr std::array<StringView, 1> kThermocouple = {u"Z8WT2.def"};
+constexpr std::array<StringView, 1> kResistance = {u"Z8WR2.def"};
+constexpr UnitSource kUnitOfLabel2 = {.kind = UnitKind::Caption, .label = 2};
+constexpr std::array kItem04 = {
+    UnitRule{.models = {.names = kVoltage}, .unit = kUnitOfLabel2},
+    UnitRule{.models = {.names = kPotentiometer}, .unit = live::kPercent},
+    UnitRule{.unit = live::kUnitFromTemperatureItem},
+};
+constexpr std::array kItem06 = {
+    UnitRule{.models = {.names = kVoltage}, .unit = kUnitOfLabel2},
+    UnitRule{.models = {.names = kPotentiometer}, .unit = live::kPercent},
+    UnitRule{.models = {.names = kThermocouple}, .unit = live::kMillivolt},
+    UnitRule{.models = {.names = kResistance}, .unit = live::kOhm},
+    UnitRule{.unit = live::kUnitFromTemperatureItem},
+};
+constexpr std::array kUnits = {
+    UnitStep{.item = u"04", .timer = UnitTimer::Item04, .rules = kItem04},
+    UnitStep{.item = u"06", .timer = UnitTimer::Item06, .rules = kItem06},
+    UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = kItem04},
+};
+
+constexpr std::array<StringView, 2> kTemperature = {u"Z8WR2.def", u"Z8WT2.def"};
+constexpr std::array<StringView, 2> kOffsetItems = {u"04", u"07"};
+constexpr TemperatureOffset kOffset = {.models = {.names = kTemperature},
+                                       .items = kOffsetItems,
+                                       .unit_table = live::kTemperatureItem,
+                                       .unit = u"deg F",
+                                       .subtracted = 25.6};
+
+}  // namespace
+
+constexpr FamilyRecord kZ8KvConfigRecord = {
+    .family = {.word = u"Nano",
+               .page = u"z8KvConfig",
+               .folder = u"z8Kv",
+               .baud = 9600,
+               .settings = u"9600,n,8,1",
+               .dialect = Dialect::EnterItem,
+               .unload_place = 6},
+    .device = {.system_text = SystemText::Title},
+    .slow_models = kNone,
+    .definition = {.sections = kSections, .only_file = kNone, .layout = kTitledLayout},
+    .fields = kNone,
+    .monitor = {.presence = live::kItems03To07,
+                .cycle = live::kCycle04To07,
+                .clean = TrimNumericTail,
+                .needs_unit = true,
+                .units = kUnits,
+                .offset = kOffset},
+    .output = {.ranges = kUsualOutputRange,
+               .clean_sent = TrimNumericTail,
+               .clean_answer = TrimNumericTail,
+               .further_box = 22},
+    .table = kPercentTable,
+    .csv = kNone,
+};
+
+}  // namespace korva

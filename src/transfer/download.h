@@ -1,0 +1,90 @@
+#pragma once
+
+#include <vector>
+
+#include "transfer/row_form.h"
+#include "transfer/value_check.h"
+
+namespace korva {
+
+/// What a family does its own way in a download.
+class DownloadSteps {
+ public:
+  explicit DownloadSteps(ParameterPage& page) : page_(page) {}
+  DownloadSteps(const DownloadSteps&) = delete;
+  DownloadSteps& operator=(const DownloadSteps&) = delete;
+  virtual ~DownloadSteps() = default;
+
+  /// Compares what is fixed in the device with what was chosen, before the values are looked at. False after
+  /// its box.
+  virtual bool Collate();
+  /// Brings values that go to the device on its grid, with a box for each that changes.
+  virtual void RoundValues() {}
+  /// True when the cell of a choice, which has no code as it stands, will be brought into the device's own
+  /// spelling.
+  [[nodiscard]] virtual bool WillBeSpelt(int /*row*/) const { return false; }
+  /// Makes the device ready for the writes, from programming mode on. False after its box.
+  virtual bool BeginWriting() { return page_.EnterProgrammingMode(); }
+  /// The data of an entry as it goes out in the end.
+  [[nodiscard]] virtual String FinalData(const WriteEntry& entry) const { return entry.data; }
+  /// Writes one entry that can be read; the text that is to prove it, or empty when the device gave none.
+  virtual String WriteChecked(const WriteEntry& entry);
+  /// Sends the data of one entry; the device's echo, or empty when there was none.
+  virtual String WriteData(const WriteEntry& entry);
+  /// After each write, good or bad.
+  virtual void AfterWrite() {}
+  [[nodiscard]] virtual bool CompareReply(const WriteEntry& entry, const String& reply) const {
+    return ReplyProves(entry, reply);
+  }
+  /// Tells that an entry could not be written, or that `reply` does not prove it.
+  virtual void ShowWriteFailure(const WriteEntry& entry, const String& reply);
+  /// The position in the order of writing at which the progress bar has reached 90.
+  [[nodiscard]] virtual int LastPosition() const { return 20; }
+
+ protected:
+  [[nodiscard]] ParameterPage& Page() const { return page_; }
+
+ private:
+  ParameterPage& page_;
+};
+
+/// cmdDownload: checks the set, writes it, and proves each write by the device's answer. The set stays as it
+/// is, whatever happens; after a failure the device keeps what was written up to then.
+///
+/// It is one sequence, like the upload: the closing runs once, whichever step failed.
+class Download {
+ public:
+  /// Takes the page's button. All outlive this.
+  Download(ParameterPage& page, const RowForm& form, ValueCheck& check, DownloadSteps& steps);
+  Download(const Download&) = delete;
+  Download& operator=(const Download&) = delete;
+  ~Download() = default;
+
+  void Run();
+
+ private:
+  bool DownloadValues();
+  bool DownloadParts();
+  /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
+  /// chosen before; false after the box of bad values. Nothing has been written then.
+  bool CheckChoices();
+  [[nodiscard]] bool HasCode(int row) const;
+  bool WriteAllItems();
+  [[nodiscard]] WriteList BuildWriteList();
+  [[nodiscard]] WriteEntry EntryOf(int row) const;
+  [[nodiscard]] ChoiceList ListOf(const CodeTable& codes) const;
+  [[nodiscard]] String CodeOf(const CodeTable& codes, const String& item, const String& text) const;
+  bool WriteVerifyList(WriteList& list);
+  bool WriteVerified(WriteEntry& entry);
+
+  ParameterPage& page_;
+  const RowForm& form_;
+  ValueCheck& check_;
+  DownloadSteps& steps_;
+};
+
+/// Compares the input type of the device with the chosen one, since not every type can be set from here.
+/// False after its box.
+bool CollateInputType(const ParameterPage& page);
+
+}  // namespace korva

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <span>
+
+#include "files/parameter_page.h"
+
+namespace korva {
+
+// The tables of a page's value check. Items are those of group "01"; all limits are inclusive and in the unit
+// of the field.
+
+/// The range of one item's field.
+struct ItemRange {
+  int item = 0;  ///< 0 to 99
+  double low = 0;
+  double high = 0;
+  StringView def_file = {};  ///< the only model that the row serves; empty: every model
+};
+
+/// Which fields a range check asks for before it judges anything; where they are not as asked, it passes.
+enum class RangeCondition {
+  NoneMissing,  ///< every item of the table has a field
+  NoneLocked,   ///< no item of the table has a locked field; items without one are passed over
+  AllOpen,      ///< every item of the table has a field and none of them is locked
+  OpenInOrder,  ///< item after item, up to the first that has no field or a locked one
+};
+
+/// The range of an item that follows the code of another item's choice.
+struct CodeRange {
+  StringView code;  ///< of the choice
+  double low = 0;
+  double high = 0;
+};
+
+/// The check of a model whose limits follow the sensor chosen in item 11.
+struct SensorCheck {
+  StringView table;  ///< of the sensors: code, text as reported, unit, base of the span
+  int code_item = 18;
+  std::span<const CodeRange> code_ranges = {};  ///< of `code_item` by the sensor's code; no row: no limits
+  int span_item = 15;
+  double span_factor = 1.5;  ///< `span_item` may be at most this many times the sensor's base
+  ItemRange percent = {.item = 13, .low = 0, .high = 100};
+};
+
+/// The value check of one model.
+struct ModelCheck {
+  StringView def_file;
+  bool beginning = false;  ///< `def_file` is the beginning of the names
+  std::span<const ItemRange> ranges = {};
+  RangeCondition condition = RangeCondition::AllOpen;
+  const SensorCheck* sensor = nullptr;  ///< beside the ranges
+};
+
+/// The row that serves the definition file, the first in the table's order; nullptr when there is none.
+const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file);
+
+/// Checks of fields of which the pages put their own together. Each colours its fields, good or bad, and is
+/// false when one is bad. A field that was corrected loses its mark.
+class FieldChecks {
+ public:
+  /// The page outlives this.
+  explicit FieldChecks(ParameterPage& page) : page_(page) {}
+
+  /// Item 02: at most 10 characters, each of one byte up to 225 in the code page.
+  bool CheckTag();
+  /// Items 14 and 15 against the limits and the smallest span of the input type. With `whole_numbers` limits
+  /// in another unit than deg C are rounded to whole numbers, else to those within them, and an input type
+  /// without limits has those of a voltage.
+  bool CheckZeroSpan(bool whole_numbers);
+  /// Items 19 and 20: 20 above 19, both from -299.99 to 299.99.
+  bool CheckScale();
+  /// Items 14 and 15 against the limits of the range chosen in item 11, under the title of the input type.
+  bool CheckRangeOfType();
+  /// Fields against their ranges, rows by item. Under OpenInOrder the first bad field ends the check and a
+  /// blank one counts 0; else every field whose cell isn't empty is judged.
+  bool CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition);
+  bool CheckSensor(const SensorCheck& check);
+  bool CheckByModel(const ModelCheck& check);
+
+ private:
+  struct Limits {
+    double low = 0;
+    double high = 0;
+    double span = 0;
+  };
+
+  static String ItemText(int item);
+  TextField* FieldOf(int item);
+  bool Mark(int item, bool good);
+  [[nodiscard]] String UnitOf(int item) const;
+  [[nodiscard]] Limits LimitsOfType(int type, bool whole_numbers) const;
+  static bool IsGoodWithoutRange(double zero, double span_end);
+  bool CheckRange(const ItemRange& range);
+  bool CheckRangesInOrder(std::span<const ItemRange> ranges);
+
+  ParameterPage& page_;
+};
+
+}  // namespace korva

@@ -1,0 +1,44 @@
+#include "transfer/row_form.h"
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "transfer/known_items.h"
+
+namespace korva {
+
+String RowForm::DataOf(int /*row*/, const String& cell) const {
+  return cell == kEmptyTag ? cell : Trimmed(cell);
+}
+
+bool RowForm::IsToBeWritten(int row) const {
+  const String& condition = page_.DataCell(row, kWriteCondition);
+  if (!Applies(row)) {
+    return false;
+  }
+  if (condition == u"Y") {
+    return true;
+  }
+  const int type = page_.InputTypeRow();
+  if (type < 0) {
+    return false;
+  }
+  const ChoiceList types = page_.Def.ListOf(u"$I10");
+  return (condition == u"$I10" && types.Settable(type)) ||
+         (condition == u"$I10_CNECTI11" && !types.Cell(type, &ListColumns::title).empty());
+}
+
+std::optional<CodeTable> RowForm::CodesToSend(int row) const {
+  const String& cell = page_.SetCell(row);
+  const bool choice = IsChoice(row) && page_.DataCell(row, kGroup) == u"01";
+  return choice && !cell.empty() && cell != kNeedless && IsToBeWritten(row)
+             ? CodesOf(LeadingInteger(page_.DataCell(row, kItem)))
+             : std::nullopt;
+}
+
+std::optional<CodeTable> RowForm::RangeCodesUnderTitle() const {
+  return page_.RangesOfType()
+             ? std::optional(CodeTable{.key = u"$I11Body", .title = page_.TitleIndex(page_.InputTypeRow())})
+             : std::nullopt;
+}
+
+}  // namespace korva

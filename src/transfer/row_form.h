@@ -1,0 +1,46 @@
+#pragma once
+
+#include <optional>
+
+#include "files/parameter_page.h"
+#include "transfer/write_list.h"
+
+namespace korva {
+
+/// How a row of $Data travels between the parameter set and the device. Families override what they do their
+/// own way.
+class RowForm {
+ public:
+  /// The page outlives the form.
+  explicit RowForm(const ParameterPage& page) : page_(page) {}
+  RowForm(const RowForm&) = delete;
+  RowForm& operator=(const RowForm&) = delete;
+  virtual ~RowForm() = default;
+
+  /// What the device puts before the value of a row; empty for a choice.
+  [[nodiscard]] virtual String ReplyPrefix(int row) const { return page_.DataCell(row, kReplyPrefix); }
+  /// True when the item of a row goes out as the code of its text, false when it goes out as a value.
+  [[nodiscard]] virtual bool IsChoice(int row) const { return ReplyPrefix(row).empty(); }
+  /// False when the present choices make the row of no use: it is then not written.
+  [[nodiscard]] virtual bool Applies(int /*row*/) const { return true; }
+  /// What goes out for the value in the cell of a row.
+  [[nodiscard]] virtual String DataOf(int row, const String& cell) const;
+  /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
+  /// none, or has nothing to choose under the present input type, and is then not written.
+  [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
+
+  /// True when a download writes the row under the present choices.
+  [[nodiscard]] bool IsToBeWritten(int row) const;
+  /// Where the choice of a row must stand to be written; nothing when the row sends no choice.
+  [[nodiscard]] std::optional<CodeTable> CodesToSend(int row) const;
+
+ protected:
+  /// The codes of item 11 under the present input type's title; nothing under a title without any.
+  [[nodiscard]] std::optional<CodeTable> RangeCodesUnderTitle() const;
+  [[nodiscard]] const ParameterPage& Page() const { return page_; }
+
+ private:
+  const ParameterPage& page_;
+};
+
+}  // namespace korva

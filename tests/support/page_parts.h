@@ -1,0 +1,30 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "core/page.h"
+
+namespace korva::test {
+
+/// The page's part of this type, which it must have.
+template <typename T>
+T& Part(const Page& page) {
+  for (PagePart* part : page.Parts()) {
+    if (auto* found = dynamic_cast<T*>(part)) {
+      return *found;
+    }
+  }
+  throw std::logic_error("the page has no such part");
+}
+
+/// The page's button of this name, which it must have.
+inline Button& ButtonOf(const Page& page, std::string_view name) {
+  if (auto* found = dynamic_cast<Button*>(page.FindControl(name))) {
+    return *found;
+  }
+  throw std::logic_error("the page has no button " + std::string(name));
+}
+
+}  // namespace korva::test
