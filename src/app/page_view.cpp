@@ -249,7 +249,19 @@ QGroupBox* PageView::MakeGroup(const DesignGroup& group, QWidget* parent) {
 void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
                       std::vector<Control*>& controls) {
   const int line = layout.rowCount();
-  const auto add_label = [&](CaptionedControl* control, int column, int width) {
+  if (!row.curve.empty()) {
+    controls.push_back(page_.FindControl(row.curve));
+    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, 4);
+    return;
+  }
+  AddLabels(row, line, layout, box, controls);
+  AddField(row, line, layout, box, controls);
+}
+
+void PageView::AddLabels(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+                         std::vector<Control*>& controls) {
+  const auto add = [&](std::string_view name, int column, int width) {
+    auto* control = dynamic_cast<CaptionedControl*>(page_.FindControl(name));
     if (control == nullptr) {
       return;
     }
@@ -262,20 +274,21 @@ void PageView::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
     layout.addWidget(label, line, column, many_lines ? Qt::AlignTop : Qt::AlignVCenter);
     controls.push_back(control);
   };
-  if (!row.curve.empty()) {
-    controls.push_back(page_.FindControl(row.curve));
-    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, 4);
-    return;
+  add(row.number, 0, kNumberColumn);
+  add(row.label, 1, kCaptionColumn);
+  if (FrameOf(row) != nullptr) {
+    add(row.field, 1, kCaptionColumn);
   }
-  const auto caption_of = [this](std::string_view name) {
-    return dynamic_cast<CaptionedControl*>(page_.FindControl(name));
-  };
-  auto* frame = dynamic_cast<Frame*>(page_.FindControl(row.field));
-  add_label(caption_of(row.number), 0, kNumberColumn);
-  add_label(caption_of(row.label), 1, kCaptionColumn);
-  add_label(frame, 1, kCaptionColumn);
-  add_label(caption_of(row.unit), 3, 0);
+  add(row.unit, 3, 0);
+}
 
+Frame* PageView::FrameOf(const DesignRow& row) const {
+  return dynamic_cast<Frame*>(page_.FindControl(row.field));
+}
+
+void PageView::AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+                        std::vector<Control*>& controls) {
+  Frame* frame = FrameOf(row);
   std::vector<Control*> fields;
   for (const std::string_view name : Names(row.field)) {
     fields.push_back(page_.FindControl(name));
