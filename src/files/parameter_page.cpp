@@ -11,6 +11,8 @@ namespace korva {
 
 namespace {
 
+constexpr StringView kTabFlags = u"$SSTab";
+
 String TwoDigits(const String& number) { return number.size() == 1 ? u"0" + number : number; }
 
 }  // namespace
@@ -258,12 +260,12 @@ void ParameterPage::SettleTabs(TabMoment moment) {
 }
 
 void ParameterPage::SettleFlaggedTabs() {
-  if (!Def.Has(u"$SSTab")) {
+  if (!Def.Has(kTabFlags)) {
     return;
   }
   int tab = 0;
   for (const DesignTab& design : ItsDesign().tabs) {
-    const String& flag = Def[u"$SSTab"].At(0, tab);
+    const String& flag = TabFlag(tab);
     if (design.rule != TabRule::BySwitch) {
       Tabs.SetTabEnabled(tab, design.rule == TabRule::OpenIfTrue ? flag == u"True" : flag != u"False");
     }
@@ -271,10 +273,23 @@ void ParameterPage::SettleFlaggedTabs() {
   }
 }
 
-void ParameterPage::KeepTabState(int tab, bool enabled) {
-  Def[u"$SSTab"].Set(0, tab, enabled ? u"True" : u"False");
+const String& ParameterPage::TabFlag(int tab) const {
+  static const String none;
+  return Def.Has(kTabFlags) ? Def[kTabFlags].At(0, tab) : none;
 }
 
-bool ParameterPage::KeptTabEnabled(int tab) const { return Def[u"$SSTab"].At(0, tab) != u"False"; }
+void ParameterPage::KeepTabState(int tab, bool enabled) {
+  if (Def.Has(kTabFlags)) {
+    Def[kTabFlags].Set(0, tab, enabled ? u"True" : u"False");
+  } else if (enabled) {
+    closed_tabs_.erase(tab);
+  } else {
+    closed_tabs_.insert(tab);
+  }
+}
+
+bool ParameterPage::KeptTabEnabled(int tab) const {
+  return TabFlag(tab) != u"False" && !closed_tabs_.contains(tab);
+}
 
 }  // namespace korva

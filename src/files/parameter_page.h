@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -121,7 +122,10 @@ class ParameterPage : public DevicePage {
   void ShowUnitsOf(StringView unit_key, const String& unit);
   /// Settles the tabs that depend on the model and its set.
   void SettleTabs(TabMoment moment);
-  /// State of a tab from before an operation locked the frame.
+  /// The definition's flag of a tab in $SSTab; empty where its family has none.
+  [[nodiscard]] const String& TabFlag(int tab) const;
+  /// State of a tab from before an operation locked the frame. It is kept in the tab's flag; a family without
+  /// flags keeps it beside the definition.
   [[nodiscard]] bool KeptTabEnabled(int tab) const override;
 
   // What the page's parts bring along.
@@ -197,6 +201,7 @@ class ParameterPage : public DevicePage {
   void SelectModelOfFile(int row);
 
   const FieldForm& fields_form_;
+  std::set<int> closed_tabs_;  ///< closed before the frame was locked; of a family without flags
   bool building_ = false;
   std::vector<Control*> fields_;
   std::vector<OptionGroup*> options_;

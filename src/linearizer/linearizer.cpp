@@ -107,7 +107,7 @@ void Linearizer::ChoiceMade(const Choice& choice) {
 
 void Linearizer::SettleTabs(TabMoment moment) {
   const LnrModel& model = Model();
-  const bool flag = page_.Def[u"$SSTab"].At(0, Tab()) == u"True";
+  const bool flag = page_.TabFlag(Tab()) == u"True";
   switch (moment) {
     case TabMoment::ModelChosen:
       SettleTab(flag ? model.on_choice : TableSwitch::None, flag ? model.points : kLnrShortPoints);

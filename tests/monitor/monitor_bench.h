@@ -61,14 +61,6 @@ class MonitorPage final : public ParameterPage {
   Label unitMeasFreq{"unitMeasFreq"};
   StatusMonitor monitor;
   OutputSetting output;
-
- protected:
-  // Not every family's definition files have a place for the tabs' states.
-  void KeepTabState(int tab, bool enabled) override { kept_tabs_[tab] = enabled; }
-  [[nodiscard]] bool KeptTabEnabled(int tab) const override { return kept_tabs_.at(tab); }
-
- private:
-  std::map<int, bool> kept_tabs_;
 };
 
 /// A row of $Data in group "01"; field and unit label get the same index.
