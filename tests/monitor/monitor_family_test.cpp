@@ -139,6 +139,21 @@ TEST_P(EveryFamilyTest, AChosenModelBringsTheTitlesOfItsDialectAndLeavesNoneOfTh
   }
 }
 
+TEST_P(EveryFamilyTest, ATabIsAsItWasBeforeEachLockOfTheFrame) {
+  MonitorBench bench(GetParam().word, GetParam().def_file, test::AllRows());
+  for (const bool open : {false, true, false}) {
+    bench.page->Tabs.SetTabEnabled(1, open);
+    bench.page->LockFrame();
+    EXPECT_FALSE(bench.page->Tabs.TabEnabled(0));
+    EXPECT_FALSE(bench.page->Tabs.TabEnabled(1));
+    EXPECT_EQ(bench.page->KeptTabEnabled(1), open);
+    bench.page->UnlockFrame();
+    EXPECT_TRUE(bench.page->Tabs.TabEnabled(0));
+    EXPECT_EQ(bench.page->Tabs.TabEnabled(1), open);
+    EXPECT_TRUE(bench.page->Tabs.TabEnabled(2));
+  }
+}
+
 TEST_P(EveryFamilyTest, EachPresenceItemAloneLetsTheMonitorStart) {
   const FamilyCase& one = GetParam();
   for (const std::string& item : Words(one.presence)) {
