@@ -402,6 +402,8 @@ QWidget* PageView::MakeStatus() {
   add("LnrProgressBar", 1);
   add("lbl_Waitfor", 0);
   add("lbl_LnrUnsaved", 0);
+  add("lblWaiting", 0);
+  add("lblNotices", 1);
   layout->addStretch(1);
   layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
   return area;

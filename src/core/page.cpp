@@ -22,6 +22,7 @@ Page::Page(Program& program, const PageKind& kind)
   txtFileTitle.SetLook(Look::Grey);
   OptCom.RaisesWhenOn = true;
   lbl_Waitfor.SetVisible(false);
+  lblWaiting.SetVisible(false);
   flaMsg_CannotEnd.SetVisible(false);
   lblMsg_CannotEnd.PutInto(&flaMsg_CannotEnd);
 
@@ -38,10 +39,11 @@ Page::~Page() = default;
 
 void Page::RegisterFrame() {
   RegisterAll<Control>(
-      {&lst_TypeSelect, &lbl_TypeSelect, &cmdUpload,      &cmdDownload,      &cmdOpen,         &cmdSave,
-       &cmdNew,         &cmdCheck,       &cmdExit,        &txtAuthor,        &txtMemo,         &txtDirName,
-       &txtFileTitle,   &lblAuthor,      &lblMemo,        &lblDirName,       &lblFileTitle,    &Tabs,
-       &TransferBar,    &lbl_Waitfor,    &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd});
+      {&lst_TypeSelect, &lbl_TypeSelect, &cmdUpload,      &cmdDownload,      &cmdOpen,          &cmdSave,
+       &cmdNew,         &cmdCheck,       &cmdExit,        &txtAuthor,        &txtMemo,          &txtDirName,
+       &txtFileTitle,   &lblAuthor,      &lblMemo,        &lblDirName,       &lblFileTitle,     &Tabs,
+       &TransferBar,    &lbl_Waitfor,    &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd, &lblWaiting,
+       &Notes});
   Register(OptCom);
 }
 

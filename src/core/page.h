@@ -12,6 +12,7 @@
 #include "core/control_array.h"
 #include "core/design.h"
 #include "core/family.h"
+#include "core/notices.h"
 #include "core/page_part.h"
 #include "core/shared_state.h"
 #include "core/texts.h"
@@ -152,6 +153,8 @@ class Page {
   TabControl Tabs;
   ProgressBar TransferBar{"ProgressBar"};
   Label lbl_Waitfor{"lbl_Waitfor"};
+  Label lblWaiting{"lblWaiting"};  ///< what an operation is waiting for; hidden while it waits for nothing
+  Notices Notes{"lblNotices"};
   Label lbl_FrmVersion{"lbl_FrmVersion"};
   Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
   Label lblMsg_CannotEnd{"lblMsg_CannotEnd"};

@@ -4,8 +4,6 @@
 
 namespace korva {
 
-namespace {}  // namespace
-
 DevicePage::DevicePage(Program& program, const PageKind& kind, const DeviceTraits& traits, DeviceLink& link)
     : Page(program, kind), link_(link), traits_(traits) {}
 

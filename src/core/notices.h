@@ -1,0 +1,30 @@
+#pragma once
+
+#include <array>
+
+#include "core/control.h"
+
+namespace korva {
+
+/// What the status area can tell, in the order in which it shows: one text at a time of each.
+enum class Notice {
+  Port,  ///< why the port did not open
+  kCount
+};
+
+/// The status area's texts: what the user should know though nothing has failed, or what a box has no room
+/// for. One under the other, hidden while there is none.
+class Notices : public Label {
+ public:
+  explicit Notices(std::string_view name) : Label(name) { SetVisible(false); }
+
+  /// Shows `text` in place of what was told under `kind`; an empty one withdraws it.
+  void Tell(Notice kind, const String& text);
+  /// What is told under `kind`, empty for nothing.
+  [[nodiscard]] const String& Told(Notice kind) const { return texts_.at(static_cast<std::size_t>(kind)); }
+
+ private:
+  std::array<String, static_cast<std::size_t>(Notice::kCount)> texts_;
+};
+
+}  // namespace korva
