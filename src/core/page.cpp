@@ -47,6 +47,11 @@ void Page::RegisterFrame() {
   Register(OptCom);
 }
 
+void Page::Register(Control& control) {
+  controls_.push_back(&control);
+  by_name_.emplace(control.FullName(), &control);
+}
+
 void Page::Register(OptionGroup& options) {
   for (int place = 0; place < options.Count(); ++place) {
     Register(options[place]);
@@ -295,10 +300,8 @@ std::string_view Page::WhyRefused(const Control& control) const {
 }
 
 Control* Page::FindControl(std::string_view full_name) const {
-  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) {
-    return full_name.starts_with(control->Name()) && control->FullName() == full_name;
-  });
-  return found == controls_.end() ? nullptr : *found;
+  const auto found = by_name_.find(full_name);
+  return found == by_name_.end() ? nullptr : found->second;
 }
 
 OptionGroup* Page::FindOptions(std::string_view name) const {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -74,7 +76,7 @@ class Page {
   void Add(PagePart& part) { parts_.push_back(&part); }
   [[nodiscard]] const std::vector<PagePart*>& Parts() const { return parts_; }
   /// Makes a control one of the page's: it can be found by its name and placed by the design.
-  void Register(Control& control) { controls_.push_back(&control); }
+  void Register(Control& control);
   void Register(OptionGroup& options);
   template <typename T>
   void Register(ControlArray<T>& controls) {
@@ -187,6 +189,7 @@ class Page {
   int accepted_model_ = -1;  ///< list position of the model that the page shows
   std::vector<PagePart*> parts_;
   std::vector<Control*> controls_;
+  std::map<std::string, Control*, std::less<>> by_name_;  ///< the same, by FullName()
   std::vector<OptionGroup*> option_groups_;
   std::map<const Control*, int> tabs_of_;
 };

@@ -11,7 +11,6 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "support/page_parts.h"
-#include "support/sampled.h"
 
 namespace korva::test {
 namespace {
@@ -68,7 +67,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
   whole.Upload();
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 20U);
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -80,7 +79,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
       EXPECT_NE(box, Shown(BoxKey::UploadDone));
     }
   }
-  std::cout << ToUtf8(GetParam()) << ": uploads closed: " << SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": uploads closed: " << pumps << '\n';
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndAndThenEnds) {
@@ -89,7 +88,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
   const std::size_t pumps = whole.Pumps();
   const int exchanges = whole.sent;
   ASSERT_GT(pumps, 20U);
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     for (const int times : {1, 2}) {
       SCOPED_TRACE(at);
       CloseBench bench(GetParam());
@@ -103,7 +102,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
       EXPECT_EQ(Trimmed(FromUtf8(bench.device.Value("01", "02"))), u"PUMP 1");
     }
   }
-  std::cout << ToUtf8(GetParam()) << ": downloads closed: " << 2 * SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": downloads closed: " << 2 * pumps << '\n';
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNextUploadRuns) {
@@ -111,7 +110,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
   whole.device.AddFault({.fault = sim::Fault::WrongEcho, .command = "DPUMP 1"});
   whole.Download();
   const std::size_t pumps = whole.Pumps();
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.device.AddFault({.fault = sim::Fault::WrongEcho, .command = "DPUMP 1"});
@@ -127,7 +126,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
     EXPECT_FALSE(bench.status.has_value());
     EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
   }
-  std::cout << ToUtf8(GetParam()) << ": failing downloads closed: " << SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": failing downloads closed: " << pumps << '\n';
 }
 
 // --- the I/O check tab
@@ -143,7 +142,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond)
   EXPECT_FALSE(whole.status.has_value());
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 20U);
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -155,7 +154,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond)
     EXPECT_EQ(bench.TakeBoxes(), Texts{});
     EXPECT_FALSE(bench.Blinks());
   }
-  std::cout << ToUtf8(GetParam()) << ": monitor runs closed: " << SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": monitor runs closed: " << pumps << '\n';
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinOneExchange) {
@@ -163,7 +162,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinO
   whole.ForceOutput(u"50");
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 6U);
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -174,7 +173,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinO
     EXPECT_EQ(bench.TakeBoxes(), Texts{});
     EXPECT_FALSE(bench.Blinks());
   }
-  std::cout << ToUtf8(GetParam()) << ": output settings closed: " << SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": output settings closed: " << pumps << '\n';
 }
 
 /// An output is forced, and the pumps of its end are counted.
@@ -234,7 +233,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfOffTheOutputIsReleasedBeforeTheProgramEn
       whole.Off();
       EXPECT_FALSE(whole.status.has_value());
       const std::size_t pumps = whole.Pumps();
-      for (const std::size_t at : SampledPumps(pumps)) {
+      for (std::size_t at = 0; at < pumps; ++at) {
         SCOPED_TRACE(std::to_string(static_cast<int>(fault)) + " in " + std::to_string(exchange) +
                      ", closed at " + std::to_string(at));
         ForcedBench bench(GetParam(), rule);
@@ -258,7 +257,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBeP
   whole.Off();
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 1U);
-  for (const std::size_t at : SampledPumps(pumps)) {
+  for (std::size_t at = 0; at < pumps; ++at) {
     SCOPED_TRACE(at);
     ForcedBench bench(GetParam(), cable_pulled);
     bench.CloseAt(at);
@@ -276,7 +275,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBeP
     bench.app.program.PressClose();
     EXPECT_EQ(bench.status, 0);
   }
-  std::cout << ToUtf8(GetParam()) << ": failing releases closed: " << SampledPumps(pumps).size() << '\n';
+  std::cout << ToUtf8(GetParam()) << ": failing releases closed: " << pumps << '\n';
 }
 
 }  // namespace

@@ -10,10 +10,8 @@ namespace korva::test {
 // breaks of an exchange take turns.
 #ifdef KORVA_CHECKED
 inline constexpr std::size_t kSampleStep = 127;
-inline constexpr std::size_t kPumpStep = 7;
 #else
 inline constexpr std::size_t kSampleStep = 1;
-inline constexpr std::size_t kPumpStep = 1;
 #endif
 
 /// The cases to try, the first among them.
@@ -22,15 +20,6 @@ std::vector<T> Sampled(const std::vector<T>& cases) {
   std::vector<T> sample;
   for (std::size_t at = 0; at < cases.size(); at += kSampleStep) {
     sample.push_back(cases[at]);
-  }
-  return sample;
-}
-
-/// The pumps of an operation, of `count`, at which to try what a user may do at each.
-inline std::vector<std::size_t> SampledPumps(std::size_t count) {
-  std::vector<std::size_t> sample;
-  for (std::size_t at = 0; at < count; at += kPumpStep) {
-    sample.push_back(at);
   }
   return sample;
 }
