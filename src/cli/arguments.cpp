@@ -19,6 +19,8 @@ std::optional<Arguments> ParseArguments(std::span<const char* const> words, std:
       arguments.line = true;
     } else if (word == "--keep-going") {
       arguments.keep_going = true;
+    } else if (word == "--strict") {
+      arguments.strict = true;
     } else if (word == "--help" || word == "-h") {
       arguments.help = true;
     } else if (word.starts_with('-') && word != "-") {
@@ -40,11 +42,12 @@ std::optional<Arguments> ParseArguments(std::span<const char* const> words, std:
 std::string_view HelpText() {
   return R"(korva-cli: the configurator without a window
 
-  korva-cli [--home DIR] [--line] [--keep-going] [SCRIPT]
+  korva-cli [--home DIR] [--line] [--keep-going] [--strict] [SCRIPT]
 
   --home DIR     the program's folder with system/, data/ and ports/; default: that of the executable
   --line         print the traffic with the device as well
   --keep-going   go on behind a line that is no action or names no control
+  --strict       end with status 4 when an action or an answer was refused
   --help         print this, and end
 
 SCRIPT holds one action of the user a line; without it, or with "-", standard input does:
@@ -62,10 +65,14 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
   after MS ACTION        carry ACTION out MS milliseconds after the next start, click, choose or wait begins
   wait MS                let the program run for MS milliseconds
   close                  press the close box
-  show CONTROL ...       print the controls' states
+  show CONTROL ...       print the controls' states; KvCfg_Tab(N) is tab N, from 0
   dump [GRID]            print the items of the parameter set, or the cells of a grid
 
-Exit status: 0 done, 1 the program failed, 2 a wrong line or argument, 3 DIR is no folder.
+What the screen would not let the user do prints "refused ACTION: REASON" and does nothing. So does a queued answer
+that its box does not offer ("refused answer yes: not offered"); the box then takes cancel, else no.
+
+Exit status: 0 done, 1 the program failed, 2 a wrong line or argument, 3 DIR is no folder, 4 with --strict: something
+was refused.
 )";
 }
 

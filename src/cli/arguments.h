@@ -13,6 +13,7 @@ struct Arguments {
   std::optional<std::string> script;  ///< nothing: standard input
   bool line = false;                  ///< print the traffic with the device as well
   bool keep_going = false;            ///< a wrong line does not end the script
+  bool strict = false;                ///< the exit status tells whether something was refused
   bool help = false;
 };
 

@@ -46,8 +46,7 @@ Answer ScriptDialogs::AnswerTo(const Box& box) {
   if (Offers(box, answer)) {
     return answer;
   }
-  transcript_.Complain("the box " + Quoted(box.text) + " has no button for the answer " +
-                       std::string(WordOf(answer)));
+  transcript_.Refuse("answer " + std::string(WordOf(answer)), "not offered");
   return LeastAnswer(box);
 }
 

@@ -12,8 +12,9 @@ namespace korva::cli {
 /// with its outcome.
 ///
 /// A box with one button is answered by itself and takes nothing from the queue. A question without a queued
-/// answer, or whose queued answer is none of its buttons, gets the one that changes least: cancel, else no. A
-/// file dialog without a queued outcome is cancelled.
+/// answer gets the one that changes least: cancel, else no. So does one whose queued answer is none of its
+/// buttons; that answer is used up and printed as refused. A file dialog without a queued outcome is
+/// cancelled.
 class ScriptDialogs final : public Dialogs {
  public:
   /// `transcript` outlives the dialogs.

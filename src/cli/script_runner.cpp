@@ -35,7 +35,8 @@ ScriptRunner::ScriptRunner(Program& program, SerialLink& link, ScriptDialogs& di
       link_(link),
       dialogs_(dialogs),
       transcript_(transcript),
-      keep_going_(options.keep_going) {
+      keep_going_(options.keep_going),
+      strict_(options.strict) {
   WatchProgram();
   WatchLink(options.traffic);
 }
@@ -100,7 +101,10 @@ int ScriptRunner::Status() const {
   if (failed_) {
     return kProgramFailed;
   }
-  return wrong_line_ ? kWrongLine : 0;
+  if (wrong_line_) {
+    return kWrongLine;
+  }
+  return strict_ && transcript_.Refused() ? kRefused : 0;
 }
 
 void ScriptRunner::Carry(std::string_view line) {
@@ -128,7 +132,7 @@ void ScriptRunner::Perform(const Statement& statement) {
   };
   const Outcome outcome = std::visit(carry_out, statement.action);
   if (outcome.kind == Outcome::Kind::Refused) {
-    transcript_.Tell("refused " + ToUtf8(statement.source) + ": " + outcome.reason);
+    transcript_.Refuse(ToUtf8(statement.source), outcome.reason);
   } else if (outcome.kind == Outcome::Kind::Wrong) {
     CallWrong(statement.line, statement.source, outcome.reason);
   }

@@ -25,10 +25,12 @@ class ScriptRunner {
   struct Options {
     bool traffic = false;     ///< print the traffic with the device as well
     bool keep_going = false;  ///< a wrong line does not end the script
+    bool strict = false;      ///< the exit status tells of a refusal, which ends nothing
   };
   /// Exit statuses beside 0.
   static constexpr int kProgramFailed = 1;
   static constexpr int kWrongLine = 2;
+  static constexpr int kRefused = 4;
 
   /// All of them outlive the runner; the program has not been started. The runner takes the program's end and
   /// the unloading of pages, and the link's traffic and openings, to itself.
@@ -71,6 +73,7 @@ class ScriptRunner {
   ScriptDialogs& dialogs_;
   Transcript& transcript_;
   bool keep_going_;
+  bool strict_;
   bool started_ = false;
   bool failed_ = false;
   bool wrong_line_ = false;

@@ -32,6 +32,11 @@ std::string Quoted(StringView text) {
   return ToUtf8(quoted + u'"');
 }
 
+void Transcript::Refuse(std::string_view what, std::string_view reason) {
+  refused_ = true;
+  Tell("refused " + std::string(what) + ": " + std::string(reason));
+}
+
 std::string_view WordOf(Answer answer) {
   switch (answer) {
     case Answer::Ok:

@@ -45,6 +45,11 @@ TEST(Arguments, SwitchTheTrafficAndTheGoingOnBehindAWrongLineOn) {
   EXPECT_TRUE(arguments.keep_going);
 }
 
+TEST(Arguments, MakeTheExitStatusTellOfRefusalsOnDemand) {
+  EXPECT_FALSE(Parse({}).arguments.value().strict);
+  EXPECT_TRUE(Parse({"--strict"}).arguments.value().strict);
+}
+
 TEST(Arguments, AskForHelp) { EXPECT_TRUE(Parse({"--help"}).arguments.value().help); }
 
 TEST(Arguments, ThatAreUnknownOrTooManyOrLackTheirValueAreNamed) {

@@ -338,6 +338,35 @@ TEST_F(EndToEnd, EndsWithStatus2BehindAWrongLineThatItNames) {
   EXPECT_EQ(on.Status(), 2);
 }
 
+TEST_F(EndToEnd, EndsWithStatus4WhenItIsStrictAndSomethingWasRefused) {
+  StartSim();
+  const QString refused = Write("refused.txt", "choose NONE\nshow KvCfg_Tab(0)\nclose\n");
+  ChildProgram strict("korva-cli", At({"--strict", refused}));
+  const Lines printed = strict.ReadToEnd();
+  EXPECT_EQ(Of(printed, "refused"), Lines{"refused choose NONE: no such entry"});
+  EXPECT_EQ(Of(printed, "KvCfg_Tab"), Lines{R"(KvCfg_Tab(0) shown enabled "ﾌｧｲﾙ")"});
+  EXPECT_EQ(printed.back(), "end");
+  EXPECT_EQ(strict.Status(), 4);
+
+  ChildProgram lenient("korva-cli", At({refused}));
+  EXPECT_EQ(lenient.Status(), 0);
+  ChildProgram clean("korva-cli", At({"--strict", Write("clean.txt", "choose QHN\nclose\n")}));
+  EXPECT_EQ(clean.Status(), 0);
+}
+
+TEST_F(EndToEnd, TellsOfAnAnswerThatABoxDoesNotOffer) {
+  StartSim();
+  ChildProgram cli("korva-cli", At({"--strict", Write("script.txt",
+                                                      "choose QHN\nanswer ok\nclick cmdUpload\n")}));
+  const Lines printed = cli.ReadToEnd();
+  const std::string declined = kModelMatches.substr(0, kModelMatches.size() - 3) + "no";
+  const auto refusal = std::find(printed.begin(), printed.end(), "refused answer ok: not offered");
+  ASSERT_NE(refusal, printed.end());
+  EXPECT_EQ(*std::next(refusal), declined);
+  EXPECT_EQ(cli.Status(), 4);
+  EXPECT_EQ(cli.Complaints(), "");
+}
+
 TEST_F(EndToEnd, EndsWithStatus2WithoutAScriptOrWithAWrongArgument) {
   ChildProgram missing("korva-cli", At({"/no/such/script"}));
   EXPECT_EQ(missing.Status(), 2);

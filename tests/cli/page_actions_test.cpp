@@ -181,6 +181,15 @@ TEST(Cell, IsClicked) {
   EXPECT_EQ(clicked, std::pair(3, 1));
 }
 
+TEST(Cell, OfTheHeadRowAndTheHeadColumnIsClickedToo) {
+  ScriptBench bench;
+  bench.Run("start");
+  std::vector<std::pair<int, int>> clicked;
+  bench.Page().LnrFlexGrid.OnCellClick = [&](int row, int column) { clicked.emplace_back(row, column); };
+  EXPECT_EQ(bench.Run("cell LnrFlexGrid 0 1\ncell LnrFlexGrid 2 0\ncell LnrFlexGrid 0 0"), Lines{});
+  EXPECT_EQ(clicked, (std::vector<std::pair<int, int>>{{0, 1}, {2, 0}, {0, 0}}));
+}
+
 TEST(Cell, OutsideTheGridIsRefused) {
   ScriptBench bench;
   EXPECT_EQ(

@@ -61,6 +61,51 @@ TEST(Show, TellsOfABarItsValue) {
             (Lines{"ProgressBar shown 40", "LnrProgressBar hidden 0"}));
 }
 
+TEST(Show, TellsOfATabWhetherItCanBeReachedAndItsCaption) {
+  ScriptBench bench;
+  bench.Run("start");
+  bench.Page().Tabs.SetTabEnabled(1, false);
+  EXPECT_EQ(bench.Run("show KvCfg_Tab(1) KvCfg_Tab(0)"),
+            (Lines{R"(KvCfg_Tab(1) shown disabled "ﾘﾆｱﾗｲｻﾞ")", R"(KvCfg_Tab(0) shown enabled "入力")"}));
+  bench.Page().Tabs.SetTabEnabled(1, true);
+  EXPECT_EQ(bench.Run("show KvCfg_Tab(1)"), Lines{R"(KvCfg_Tab(1) shown enabled "ﾘﾆｱﾗｲｻﾞ")"});
+}
+
+TEST(Show, TellsThatNoTabOfADisabledOrHiddenTabControlCanBeReached) {
+  ScriptBench bench;
+  bench.Run("start");
+  bench.Page().Tabs.SetEnabled(false);
+  EXPECT_EQ(bench.Run("show KvCfg_Tab(0)"), Lines{R"(KvCfg_Tab(0) shown disabled "入力")"});
+  bench.Page().Tabs.SetVisible(false);
+  EXPECT_EQ(bench.Run("show KvCfg_Tab(0)"), Lines{R"(KvCfg_Tab(0) hidden disabled "入力")"});
+}
+
+TEST(Show, TellsOfAGridItsStateAndItsHeads) {
+  ScriptBench bench;
+  bench.Run("start");
+  Grid& grid = bench.Page().LnrFlexGrid;
+  grid.SetText(0, 0, u"  k");
+  grid.SetText(0, 1, u"  \"X\" %");
+  grid.SetText(1, 1, u"10");
+  EXPECT_EQ(bench.Run("show LnrFlexGrid"), Lines{R"(LnrFlexGrid shown enabled "  k" "  \"X\" %" "")"});
+  grid.SetVisible(false);
+  grid.SetEnabled(false);
+  EXPECT_EQ(bench.Run("show LnrFlexGrid"), Lines{R"(LnrFlexGrid hidden disabled "  k" "  \"X\" %" "")"});
+}
+
+TEST(Show, TellsOfAGridWithoutRowsItsStateAlone) {
+  ScriptBench bench;
+  bench.Run("start");
+  bench.Page().LnrFlexGrid.Resize(0, 0);
+  EXPECT_EQ(bench.Run("show LnrFlexGrid"), Lines{"LnrFlexGrid shown enabled"});
+}
+
+TEST(Show, PrintsNothingWhenThePageLacksOneOfTheNames) {
+  ScriptBench bench;
+  EXPECT_EQ(bench.RunStarted("show KvCfg_Tab(0) KvCfg_Tab(7)"), Lines{});
+  EXPECT_EQ(bench.runner.Status(), 2);
+}
+
 TEST(Show, TellsAControlsOwnStateWhateverTabOrFrameItIsIn) {
   ScriptBench bench;
   bench.Run("start");
@@ -84,6 +129,19 @@ TEST(Dump, PrintsAGridsCellsWithATextByRowThenColumnWithoutItsHead) {
   EXPECT_EQ(bench.Run("dump LnrFlexGrid"),
             (Lines{R"(LnrFlexGrid 1 1 bad "10")", R"(LnrFlexGrid 1 2 normal "0.5")",
                    R"(LnrFlexGrid 2 1 normal "30")"}));
+}
+
+TEST(Dump, PrintsAGridsEmptyCellsThatAreMarked) {
+  ScriptBench bench;
+  bench.Run("start");
+  Grid& grid = bench.Page().LnrFlexGrid;
+  grid.SetLook(0, 1, Look::Selected);
+  grid.SetLook(2, 2, Look::Bad);
+  grid.SetLook(1, 1, Look::Selected);
+  grid.SetText(1, 2, u"0.5");
+  EXPECT_EQ(bench.Run("dump LnrFlexGrid"),
+            (Lines{R"(LnrFlexGrid 1 1 selected "")", R"(LnrFlexGrid 1 2 normal "0.5")",
+                   R"(LnrFlexGrid 2 2 bad "")"}));
 }
 
 }  // namespace

@@ -55,13 +55,23 @@ TEST(Question, WithoutAQueuedAnswerIsCancelledOrElseDenied) {
   EXPECT_EQ(bench.dialogs.ShowBox(Question({Answer::Yes, Answer::No})), Answer::No);
 }
 
-TEST(Question, WithAQueuedAnswerThatItDoesNotOfferChangesLeastAndComplains) {
+TEST(Question, WithAQueuedAnswerThatItDoesNotOfferRefusesItAndChangesLeast) {
   DialogsBench bench;
   bench.dialogs.QueueAnswer(Answer::Ok);
   bench.dialogs.QueueAnswer(Answer::Yes);
   EXPECT_EQ(bench.dialogs.ShowBox(Question({Answer::Yes, Answer::No})), Answer::No);
-  EXPECT_EQ(TakeLines(bench.complaints), Lines{R"(korva-cli: the box "Q" has no button for the answer ok)"});
+  EXPECT_EQ(bench.Printed(),
+            (Lines{"refused answer ok: not offered", R"(box question "T" "Q" yes,no -> no)"}));
+  EXPECT_TRUE(bench.transcript.Refused());
   EXPECT_EQ(bench.dialogs.ShowBox(Question({Answer::Yes, Answer::No})), Answer::Yes);
+  EXPECT_EQ(bench.Printed(), Lines{R"(box question "T" "Q" yes,no -> yes)"});
+  EXPECT_EQ(TakeLines(bench.complaints), Lines{});
+}
+
+TEST(Question, WithoutAQueuedAnswerRefusesNothing) {
+  DialogsBench bench;
+  bench.dialogs.ShowBox(Question({Answer::Yes, Answer::No}));
+  EXPECT_FALSE(bench.transcript.Refused());
 }
 
 TEST(FileDialog, TakesTheQueuedPathAndPrintsWhatItShows) {

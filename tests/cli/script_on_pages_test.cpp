@@ -209,6 +209,31 @@ TEST(TableScript, DumpsAMarkedCell) {
   EXPECT_TRUE(Holds(bench.Run("dump LnrFlexGrid"), R"(LnrFlexGrid 16 1 bad "300")"));
 }
 
+TEST(TableScript, DumpsAnEmptyCellThatIsUnderEdit) {
+  TableBench bench;
+  String reason;
+  bench.files.Replace(u"/t.csv", "0,0\r\n", reason);
+  bench.Run("file /t.csv\nclick cmd_csvFileOpen\ncell LnrFlexGrid 5 1");
+  EXPECT_EQ(bench.Run("dump LnrFlexGrid"),
+            (Lines{R"(LnrFlexGrid 1 1 normal "0")", R"(LnrFlexGrid 1 2 normal "0")",
+                   R"(LnrFlexGrid 5 1 selected "")"}));
+}
+
+TEST(TableScript, SelectsAHeadByAClickAndKeepsItsText) {
+  TableBench bench;
+  EXPECT_EQ(bench.Run("cell LnrFlexGrid 0 1\nshow txtLnrRow txtLnrCol txtLnrNewValue"),
+            (Lines{R"(txtLnrRow shown enabled locked grey "0")", R"(txtLnrCol shown enabled locked grey "1")",
+                   R"x(txtLnrNewValue shown enabled unlocked normal "X(k)")x"}));
+  EXPECT_EQ(bench.Run("type txtLnrNewValue 5\nclick cmdLnrChangeOK\nshow LnrFlexGrid"),
+            Lines{R"x(LnrFlexGrid shown enabled "k" "X(k)" "Y(k)")x"});
+}
+
+TEST(TableScript, TellsWhetherTheSwitchOpensTheTab) {
+  TableBench bench;
+  EXPECT_EQ(bench.Run("show KvCfg_Tab(3)\nclick Opt_Table(0)\nshow KvCfg_Tab(3)"),
+            (Lines{R"(KvCfg_Tab(3) shown enabled "ﾘﾆｱﾗｲｻﾞ")", R"(KvCfg_Tab(3) shown disabled "ﾘﾆｱﾗｲｻﾞ")"}));
+}
+
 TEST(TableScript, OpensATableFileAndTellsThatItIsNotSaved) {
   TableBench bench;
   String reason;

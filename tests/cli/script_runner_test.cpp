@@ -101,6 +101,10 @@ TEST(WrongLine, IsOneThatNamesNoControlOfTheShowingPage) {
                                                         {"cell TCFlexGrid 1 1", "TCFlexGrid"},
                                                         {"key Text(2) Up", "Text(2)"},
                                                         {"show Text(0) Text(2)", "Text(2)"},
+                                                        {"show KvCfg_Tab(2)", "KvCfg_Tab(2)"},
+                                                        {"show KvCfg_Tab(-1)", "KvCfg_Tab(-1)"},
+                                                        {"show KvCfg_Tab(01)", "KvCfg_Tab(01)"},
+                                                        {"show SSTab(0)", "SSTab(0)"},
                                                         {"dump TCFlexGrid", "TCFlexGrid"}}) {
     ScriptBench bench;
     EXPECT_EQ(bench.RunStarted(action), Lines{}) << action;
@@ -139,6 +143,57 @@ TEST(WrongLine, LeavesStatus1ToAProgramThatFailedLater) {
   ScriptBench::Let(bench.Page().cmdUpload, [] { throw RuntimeFailure(u"gone"); });
   bench.Run("click cmdUpload");
   EXPECT_EQ(bench.runner.Status(), 1);
+}
+
+// Refusals.
+
+TEST(Refusal, LeavesStatus0WithoutStrict) {
+  ScriptBench bench;
+  EXPECT_EQ(bench.RunStarted("choose A3\ntype Text(0) 1"), Lines{"refused choose A3: no such entry"});
+  EXPECT_EQ(bench.runner.Status(), 0);
+}
+
+TEST(Refusal, OfAnActionGivesStatus4WithStrictAndEndsNothing) {
+  ScriptBench bench({.strict = true});
+  EXPECT_EQ(bench.RunStarted("choose A3\ntype Text(0) 1"), Lines{"refused choose A3: no such entry"});
+  EXPECT_FALSE(bench.runner.Over());
+  EXPECT_EQ(bench.runner.Status(), 4);
+  EXPECT_EQ(bench.Page().Text[0].Text(), u"1");
+}
+
+TEST(Refusal, OfADelayedActionGivesStatus4WithStrict) {
+  ScriptBench bench({.strict = true});
+  EXPECT_EQ(bench.RunStarted("after 10 tab 9\nwait 20"), Lines{"refused tab 9: no such tab"});
+  EXPECT_EQ(bench.runner.Status(), 4);
+}
+
+TEST(Refusal, OfAnAnswerGivesStatus4WithStrict) {
+  ScriptBench bench({.strict = true});
+  bench.Run("start");
+  bench.Page().DataChanged = true;
+  EXPECT_EQ(bench.Run("answer ok\nclose").front(), "refused answer ok: not offered");
+  EXPECT_EQ(bench.runner.Status(), 4);
+}
+
+TEST(Refusal, GivesStatus4WithStrictWhenTheProgramEndedToo) {
+  ScriptBench bench({.strict = true});
+  EXPECT_EQ(bench.RunStarted("choose A3\nclose"), (Lines{"refused choose A3: no such entry", "end"}));
+  EXPECT_EQ(bench.runner.Status(), 4);
+}
+
+TEST(Refusal, LeavesStatus2ToAWrongLineAndStatus1ToAFailure) {
+  ScriptBench bench({.keep_going = true, .strict = true});
+  bench.RunStarted("choose A3\nclik");
+  EXPECT_EQ(bench.runner.Status(), 2);
+  ScriptBench::Let(bench.Page().cmdUpload, [] { throw RuntimeFailure(u"gone"); });
+  bench.Run("click cmdUpload");
+  EXPECT_EQ(bench.runner.Status(), 1);
+}
+
+TEST(Strict, LeavesStatus0ToAScriptOfWhichNothingWasRefused) {
+  ScriptBench bench({.strict = true});
+  bench.RunStarted("choose A 2\nclose");
+  EXPECT_EQ(bench.runner.Status(), 0);
 }
 
 // The end.
