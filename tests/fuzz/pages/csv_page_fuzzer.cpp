@@ -1,10 +1,11 @@
-// A table file of any bytes: read by the reader of each family, then opened on the page of family First for
-// a table of 16 and of 100 points, checked, and written again.
+// A table file of any bytes: opened on the page of family First for a table of 16 and of 100 points, checked,
+// and written again.
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
+#include "demand.h"
 #include "linearizer/csv_cases.h"
 #include "linearizer/csv_file.h"
 #include "pages/page_bench.h"
@@ -13,27 +14,9 @@
 namespace korva {
 namespace {
 
+using test::Demand;
+
 constexpr const char16_t* kFile = u"/korva/data/table.csv";
-constexpr int kHandle = 4;
-
-/// Ends the run: the fuzzer keeps the input.
-void Demand(bool holds) {
-  if (!holds) {
-    __builtin_trap();
-  }
-}
-
-void ReadWithEachFamily(const test::PageBench& bench) {
-  SharedState shared;
-  LineReader lines(bench.files, bench.code_page, shared);
-  for (const test::CsvCase& family : test::CsvCases()) {
-    for (const int limit : {kLnrShortPoints, kLnrLongPoints}) {
-      lines.OpenTextFile(kFile, kHandle);
-      const auto table = ReadCsv(lines, kHandle, family.csv.reader, limit);
-      Demand(!table || static_cast<int>(table->points.size()) <= limit);
-    }
-  }
-}
 
 /// The grid has the table's size and shows what the set holds.
 void ExpectTable(KvConfig& page, int points) {
@@ -71,7 +54,6 @@ void OpenOnPage(test::PageBench& bench, const String& model, int points) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   korva::test::PageBench bench;
   bench.files.Put(korva::kFile, {reinterpret_cast<const char*>(data), size});
-  korva::ReadWithEachFamily(bench);
   korva::OpenOnPage(bench, u"QZ", korva::kLnrShortPoints);
   korva::OpenOnPage(bench, u"QHNY1", korva::kLnrLongPoints);
   return 0;

@@ -1,11 +1,11 @@
-// A device that answers any bytes, one reply a line, during an upload and a download on each page, and single
-// exchanges.
+// A device that answers any bytes, one reply a line, during an upload and a download on each page.
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 
-#include "bench.h"
+#include "agreement.h"
+#include "any_device.h"
 
 namespace korva {
 namespace {
@@ -16,18 +16,6 @@ void TransferWholeSet(test::PageBench& bench) {
   page.DataChanged = false;
   bench.Do([&] { page.cmdDownload.Click(); });
   page.DataChanged = false;
-}
-
-void SpeakBothDialects(DeviceLink& link) {
-  for (ItemAccess* items :
-       {static_cast<ItemAccess*>(&link.cok), static_cast<ItemAccess*>(&link.enter_item)}) {
-    items->ReadRetry(1, {u"01", u"14"});
-    items->WriteRetry(1, {u"01", u"14"}, u"12.5");
-  }
-  link.enter_item.WriteParamPairRetry(1, {u"01", u"14"}, u"1", u"2");
-  link.enter_item.ReadItemNameRetry(1, {u"00", u"99"});
-  link.line.RcvMsg();
-  link.line.SendCommandStripped(u"D\r");
 }
 
 }  // namespace
@@ -43,6 +31,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bench.Choose(model);
     korva::TransferWholeSet(bench);
   }
-  bench.Do([&] { korva::SpeakBothDialects(bench.app.link); });
   return 0;
 }

@@ -5,9 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "pages/page_bench.h"
-
-// The devices and the user of the fuzzers.
+#include "support/command_line.h"
 
 namespace korva::test {
 
@@ -37,28 +35,5 @@ class AnyDevice final : public CommandLine {
   std::vector<std::string> replies_;
   std::size_t next_ = 0;
 };
-
-/// A device that takes every command and reports "1" for every item.
-class AgreeableDevice final : public CommandLine {
- public:
-  explicit AgreeableDevice(VirtualPort& port) : port_(port) {}
-
- private:
-  void Take(const Command& command) override {
-    const std::string reply = command.text.starts_with('G') ? "COK\r" : "D1\r";
-    port_.DeliverPaced(command.received + Milliseconds(10), reply, 0);
-  }
-
-  VirtualPort& port_;
-};
-
-/// A user who wants every operation to go on.
-inline void AgreeTo(PageBench& bench) {
-  bench.dialogs.OnBox([&bench](const Box& box) {
-    if (box.buttons.size() > 1) {
-      bench.dialogs.QueueAnswer(box.buttons.front());
-    }
-  });
-}
 
 }  // namespace korva::test
