@@ -48,8 +48,9 @@ int RunScript(int script, const Arguments& arguments, const fs::path& home, Tran
   const Platform platform{
       .loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
   Application application(platform, home.u16string());
-  ScriptRunner runner(application.program, application.link.line, dialogs, transcript,
-                      {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});
+  ScriptRunner runner(
+      application.program, application.link.line, dialogs, transcript,
+      {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});
   ScriptInput input(loop, script);
   while (!runner.Over()) {
     const std::optional<std::string> line = input.NextLine();

@@ -14,8 +14,8 @@ int Percent(const ProgressBar& bar);
 // What the questions of a script print of a page.
 
 /// A line for each control, its own state whatever it stands in: `Text(3) shown enabled unlocked normal
-/// "12.5"`. A tab goes by the tab control's name and its number from 0 (`KvCfg_Tab(3)`), and is enabled when it
-/// can be reached. Nothing when the page lacks one of them.
+/// "12.5"`. A tab goes by the tab control's name and its number from 0 (`KvCfg_Tab(3)`), and is enabled when
+/// it can be reached. Nothing when the page lacks one of them.
 Outcome Report(const Page& page, const ShowControls& question, Transcript& transcript);
 /// A line for each item of the page's parameter set that has a text, by group, then item.
 Outcome Report(const Page& page, const DumpItems& question, Transcript& transcript);

@@ -26,7 +26,8 @@ class Transcript {
 
   /// Prints a line that tells something that a user would see happen.
   void Tell(std::string_view line) { happenings_ << line << '\n' << std::flush; }
-  /// Prints that the screen would not let the user do `what`, a script's action or answer, and keeps it in mind.
+  /// Prints that the screen would not let the user do `what`, a script's action or answer, and keeps it in
+  /// mind.
   void Refuse(std::string_view what, std::string_view reason);
   /// True when something was refused so far.
   [[nodiscard]] bool Refused() const { return refused_; }

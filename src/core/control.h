@@ -26,8 +26,8 @@ enum class Refusal { None, Hidden, Disabled, Locked };
 /// Nothing here knows a toolkit; a window draws it, a script reads it, a test asserts on it.
 class Control {
  public:
-  /// `name` as in the system; `index` is the place in the control array of that name, -1 for a single
-  /// control.
+  /// `name` is the one that scripts and the design use; `index` is the place in the control array of that
+  /// name, -1 for a single control.
   explicit Control(std::string_view name, int index = -1);
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;

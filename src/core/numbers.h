@@ -6,7 +6,7 @@
 
 namespace korva {
 
-// Numbers as text, by the platform's rules and the same under every locale of the machine.
+// Numbers as text, read and written in the same way under every locale of the machine.
 
 /// The number with which the text begins: optional sign, digits with at most one decimal point, optional
 /// exponent (e, E, d or D). Blanks and TABs are skipped wherever they stand. What follows is ignored ("1.5.2"

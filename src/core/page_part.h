@@ -10,7 +10,8 @@ namespace korva {
 
 class LineReader;
 
-/// When the tabs that depend on the model and its parameter set are settled; the rules differ.
+/// When the tabs that depend on the model and its parameter set are settled; each moment has a rule of its
+/// own.
 enum class TabMoment { ModelChosen, FileOpened, Uploaded };
 
 /// What a check of values found. Blank: a value is missing that must be there.

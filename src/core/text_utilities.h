@@ -7,7 +7,7 @@
 
 namespace korva {
 
-/// True when lower <= x <= upper. The upper limit comes first, as in all rules that use it.
+/// True when lower <= x <= upper. The upper limit is the first argument.
 bool IsBetween(double upper, double lower, double x);
 
 /// Cuts characters from the end until the text is numeric or empty, then blanks and TABs at both ends:

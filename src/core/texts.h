@@ -125,7 +125,7 @@ const String& ColdJunctionInfoText();
 /// for any other.
 const String& TableHintText(StringView kind);
 
-// Filters of the file dialogs, in the platform's form "text|pattern|text|pattern|".
+// Filters of the file dialogs, in the form "text|pattern|text|pattern|".
 const String& CsvFilter();
 const String& CfgFilter();
 const String& DefFilter();

@@ -14,10 +14,10 @@ namespace korva {
 /// return.
 ///
 /// States:
-///   before the first reply  receive events off: what arrives stays and is read as the start of the first
-///   reply in exchange             receive events off, IntervalTimer on idle                    receive
-///   events on: they drain what arrives, so that it can't reach the next reply after a failure receive events
-///   off, IntervalTimer ticks on, harmless until the next exchange
+///   before the first reply  receive events off: what arrives stays and is read as the start of the first reply
+///   in exchange             receive events off, IntervalTimer on
+///   idle                    receive events on: they drain what arrives, so that it can't reach the next reply
+///   after a failure         receive events off; IntervalTimer ticks on, harmless until the next exchange
 ///
 /// Every wait pumps the event loop, and at its end ends the program when a close request is pending
 /// (QuitRequested) that no download holds off (DownloadBusy).

@@ -5,8 +5,8 @@
 
 namespace korva {
 
-/// Text inside the program: UTF-16, so that a position in a text is the position that the rules of the
-/// devices and files speak of. Code page 932 exists at the edges only (see CodePage).
+/// Text inside the program: UTF-16, in which each character of code page 932 is one unit, so that lengths and
+/// positions count characters. The code page exists at the edges only (see CodePage).
 using String = std::u16string;
 using StringView = std::u16string_view;
 

@@ -356,8 +356,8 @@ TEST_F(EndToEnd, EndsWithStatus4WhenItIsStrictAndSomethingWasRefused) {
 
 TEST_F(EndToEnd, TellsOfAnAnswerThatABoxDoesNotOffer) {
   StartSim();
-  ChildProgram cli("korva-cli", At({"--strict", Write("script.txt",
-                                                      "choose QHN\nanswer ok\nclick cmdUpload\n")}));
+  ChildProgram cli("korva-cli",
+                   At({"--strict", Write("script.txt", "choose QHN\nanswer ok\nclick cmdUpload\n")}));
   const Lines printed = cli.ReadToEnd();
   const std::string declined = kModelMatches.substr(0, kModelMatches.size() - 3) + "no";
   const auto refusal = std::find(printed.begin(), printed.end(), "refused answer ok: not offered");
