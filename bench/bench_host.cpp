@@ -1,5 +1,6 @@
 #include "bench_host.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace korva::bench {
@@ -22,5 +23,12 @@ BenchHost::BenchHost(const std::string& device)
       port(loop.Gate(), home.Path()),
       application({.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page},
                   home.Path().u16string()) {}
+
+void BenchHost::StartWith(StringView model) {
+  application.program.Start();
+  ListBox& list = application.program.Showing()->lst_TypeSelect;
+  const auto found = std::find(list.Entries().begin(), list.Entries().end(), model);
+  Act([&] { list.UserPicks(static_cast<int>(found - list.Entries().begin())); });
+}
 
 }  // namespace korva::bench

@@ -33,6 +33,8 @@ class HomeFolder {
 struct BenchHost {
   explicit BenchHost(const std::string& device);
 
+  /// Starts the program and clicks the entry of this name in its model list.
+  void StartWith(StringView model);
   /// Carries `action` out as an event of the program.
   void Act(const std::function<void()>& action) { loop.Gate().Enter(action); }
 

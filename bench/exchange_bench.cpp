@@ -1,64 +1,45 @@
 // Exchanges with a device: the whole path of the program against the plainest loop on the same line.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/resource.h>
-#include <termios.h>
-#include <unistd.h>
 
-#include <array>
 #include <chrono>
+#include <string>
 #include <string_view>
 
 #include "app/main_window.h"
 #include "bench_host.h"
+#include "core/text_utilities.h"
 #include "far_end.h"
+#include "paired_times.h"
+#include "raw_line.h"
 
 namespace korva::bench {
 
 namespace {
 
-constexpr int kReplyTimeout = 3000;
+constexpr int kReplyTimeout = 3000;  // ms
 constexpr int kExchangeRepetitions = 31;
-constexpr double kSeconds = 0.1;  // of each repetition: many short ones meet a quiet moment of the machine
+constexpr int kTurns = 20;
+constexpr int kReadsOfTurn = 100;
 
 FarEnd& InstantDevice() {
   static FarEnd device(0);
   return device;
 }
 
-bool RawExchange(int line, std::string_view command) {
-  if (write(line, command.data(), command.size()) < 0) {
-    return false;
-  }
-  std::array<char, 256> reply{};
-  char last = 0;
-  while (last != '\r') {
-    pollfd waiting{.fd = line, .events = POLLIN, .revents = 0};
-    poll(&waiting, 1, kReplyTimeout);
-    const ssize_t count = read(line, reply.data(), reply.size());
-    if (count <= 0) {
-      return false;
-    }
-    last = reply[static_cast<std::size_t>(count) - 1];
-  }
-  return true;
+bool RawRead(const RawLine& line) {
+  return line.Exchange(FarEnd::kSelectGroup) && line.Exchange(FarEnd::kSelectItem);
 }
 
-void RawRead(benchmark::State& state) {
-  const int line = open(InstantDevice().Device().c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
-  termios settings{};
-  tcgetattr(line, &settings);
-  cfmakeraw(&settings);
-  tcsetattr(line, TCSANOW, &settings);
-  while (state.KeepRunning()) {
-    if (!RawExchange(line, FarEnd::kSelectGroup) || !RawExchange(line, FarEnd::kSelectItem)) {
-      state.SkipWithError("no reply");
+// The work of a turn: as many reads as make it long against the clock.
+PairedTimes::Side Reads(const PairedTimes::Side& read) {
+  return [read] {
+    bool good = true;
+    for (int count = 0; count < kReadsOfTurn && good; ++count) {
+      good = read();
     }
-  }
-  close(line);
+    return good;
+  };
 }
-BENCHMARK(RawRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
 
 // The exchange of the link, less all that the program does with it.
 bool PortExchange(QtEventLoop& loop, QtPort& port, std::string_view command) {
@@ -75,66 +56,56 @@ bool PortExchange(QtEventLoop& loop, QtPort& port, std::string_view command) {
 }
 
 void PortRead(benchmark::State& state) {
+  const RawLine line(InstantDevice().Device());
   BenchHost host(InstantDevice().Device());
   host.port.OnArrival(nullptr);  // the link must not take the replies
   host.port.Open(1, {});
-  while (state.KeepRunning()) {
-    if (!PortExchange(host.loop, host.port, FarEnd::kSelectGroup) ||
-        !PortExchange(host.loop, host.port, FarEnd::kSelectItem)) {
-      state.SkipWithError("no reply");
-    }
-  }
+  ComparePair(state, kTurns, Reads([&] { return RawRead(line); }), Reads([&] {
+                return PortExchange(host.loop, host.port, FarEnd::kSelectGroup) &&
+                       PortExchange(host.loop, host.port, FarEnd::kSelectItem);
+              }));
 }
-BENCHMARK(PortRead)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
+BENCHMARK(PortRead)->Iterations(1)->Repetitions(kExchangeRepetitions)->UseManualTime();
 
 bool ReadItem(BenchHost& host) { return host.application.link.cok.ReadItem({u"01", u"14"}) == u"-12.50"; }
 
 void ReadItem(benchmark::State& state) {
+  const RawLine line(InstantDevice().Device());
   BenchHost host(InstantDevice().Device());
   host.application.link.line.OpenAtStart(u"1200,n,8,1");
-  while (state.KeepRunning()) {
-    if (!ReadItem(host)) {
-      state.SkipWithError("no value");
-    }
-  }
+  ComparePair(state, kTurns, Reads([&] { return RawRead(line); }), Reads([&] { return ReadItem(host); }));
 }
-BENCHMARK(ReadItem)->UseRealTime()->MinTime(kSeconds)->Repetitions(kExchangeRepetitions);
+BENCHMARK(ReadItem)->Iterations(1)->Repetitions(kExchangeRepetitions)->UseManualTime();
 
-// Counter "over_wire": the time of all exchanges over what the characters alone need on the wire.
+// Arguments: bit/s and how many reads each side makes. Counter "over_wire": the program's time over what the
+// characters alone need on the wire.
 void PacedRead(benchmark::State& state) {
   const auto baud = static_cast<int>(state.range(0));
-  const auto exchanges = static_cast<int>(state.range(1));
+  const auto reads = static_cast<int>(state.range(1));
   const FarEnd device(baud);
+  const RawLine line(device.Device());
   BenchHost host(device.Device());
-  host.application.link.line.OpenAtStart(baud == 1200 ? u"1200,n,8,1" : u"38400,n,8,1");
-  const int reads = exchanges / FarEnd::kExchanges;
+  host.application.link.line.OpenAtStart(Ascii(std::to_string(baud)) + u",n,8,1");
   constexpr double bits_per_character = 10;
   const double wire = reads * FarEnd::kCharacters * bits_per_character / baud;
   while (state.KeepRunning()) {
-    const Clock start = host.loop.Now();
-    for (int count = 0; count < reads; ++count) {
-      if (!ReadItem(host)) {
-        state.SkipWithError("no value");
-      }
+    PairedTimes pair;
+    if (!pair.Run(
+            reads, [&] { return RawRead(line); }, [&] { return ReadItem(host); })) {
+      state.SkipWithError("an exchange failed");
     }
-    const std::chrono::duration<double> took = host.loop.Now() - start;
-    state.counters["over_wire"] = took.count() / wire;
+    pair.TellRatios(state);
+    state.counters["over_wire"] = pair.Program().wall.count() / wire;
   }
 }
 BENCHMARK(PacedRead)
-    ->Args({1200, 50})
-    ->Args({38400, 500})
+    ->Args({1200, 25})
+    ->Args({9600, 100})
+    ->Args({38400, 250})
     ->Iterations(1)
     ->Repetitions(5)
-    ->UseRealTime()
+    ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
-
-std::chrono::duration<double, std::milli> ProcessorTime() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return std::chrono::seconds(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
-         std::chrono::microseconds(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec);
-}
 
 // Counter "processor_ms": three exchanges that time out and a pause of a second, with the window showing.
 void SilentDevice(benchmark::State& state) {
@@ -145,12 +116,13 @@ void SilentDevice(benchmark::State& state) {
   window.show();
   host.Act([&] { host.application.link.line.WaitFor(1000); });  // until the window stands
   while (state.KeepRunning()) {
-    const auto before = ProcessorTime();
+    const Times before = Times::Now();
     host.Act([&] {
       host.application.link.cok.ReadItemRetry(2, {u"01", u"14"});
       host.application.link.line.WaitFor(1000);
     });
-    state.counters["processor_ms"] = (ProcessorTime() - before).count();
+    const std::chrono::duration<double, std::milli> took = (Times::Now() - before).processor;
+    state.counters["processor_ms"] = took.count();
   }
 }
 BENCHMARK(SilentDevice)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);

@@ -8,7 +8,9 @@
 #include <array>
 #include <csignal>
 #include <ctime>
+#include <memory>
 #include <string_view>
+#include <utility>
 
 namespace korva::bench {
 
@@ -37,7 +39,7 @@ void AnswerPaced(int line, std::size_t command_length, std::string_view answer, 
   }
 }
 
-[[noreturn]] void Serve(int line, int baud) {
+[[noreturn]] void Serve(int line, int baud, const Answers& answers) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   prctl(PR_SET_TIMERSLACK, 1);
   fcntl(line, F_SETFL, fcntl(line, F_GETFL) & ~O_NONBLOCK);
@@ -46,13 +48,14 @@ void AnswerPaced(int line, std::size_t command_length, std::string_view answer, 
   std::array<char, 256> command{};
   ssize_t length = 0;
   while ((length = read(line, command.data(), command.size())) > 0) {
-    const std::string_view answer = command[0] == 'G' ? FarEnd::kAccepted : FarEnd::kValue;
+    const auto size = static_cast<std::size_t>(length);
+    const std::string answer = answers({command.data(), size - 1});
     if (baud == 0) {
       if (write(line, answer.data(), answer.size()) < 0) {
         break;
       }
     } else {
-      AnswerPaced(line, static_cast<std::size_t>(length), answer, character);
+      AnswerPaced(line, size, answer, character);
     }
   }
   _exit(0);
@@ -60,12 +63,21 @@ void AnswerPaced(int line, std::size_t command_length, std::string_view answer, 
 
 }  // namespace
 
-FarEnd::FarEnd(int baud) {
+std::string AnswerWithOneValue(std::string_view command) {
+  return command.front() == 'G' ? FarEnd::kAccepted : FarEnd::kValue;
+}
+
+Answers AnswersOf(sim::Device device) {
+  const auto kept = std::make_shared<sim::Device>(std::move(device));
+  return [kept](std::string_view command) { return kept->Answer(command).text + '\r'; };
+}
+
+FarEnd::FarEnd(int baud, const Answers& answers) {
   // Held open by the device's process too, so that a program that closes the line does not end the device.
   const int near_end = open(terminal_.Device().c_str(), O_RDWR | O_NOCTTY);
   process_ = fork();
   if (process_ == 0) {
-    Serve(terminal_.FarEnd(), baud);
+    Serve(terminal_.FarEnd(), baud, answers);
   }
   close(near_end);
 }

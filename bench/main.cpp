@@ -1,4 +1,5 @@
-// korva_bench: measures what the user would feel, and prints it as a table with the ratios that count.
+// korva_bench: measures what the user would feel, and prints it as a table with the ratios that count. Ends
+// with status 1 unless every row of the table was measured and is held.
 //
 //   korva_bench [--report=FILE] [options of Google Benchmark]
 #include <benchmark/benchmark.h>
@@ -20,10 +21,15 @@ constexpr std::string_view kReportOption = "--report=";
 
 constexpr const char* kPreface = R"(# Performance
 
-What `korva_bench` measured last, all in one run. Ratios are of the fastest repetitions, times the median of
-theirs. The raw loop does the same two exchanges on the same pseudo-terminal with `write`, `poll` and `read`
-alone; repetitions of both take turns at random. To measure anew on a quiet machine, configure with
-`-DKORVA_BENCH=ON` and build the target `korva_bench_report`.
+What `korva_bench` measured last, all in one run. A row is held when the median of its repetitions is within the
+limit. The raw loop does the same exchanges on the same pseudo-terminal with `write`, `poll` and `read` alone. A ratio
+to it is made within each repetition, in which program and loop take short turns: what disturbs the machine meets both.
+Times without a line are those of a device that answers at once; memory is what the system calls the resident set, at
+its most. "Nothing of it in memory" means the program and its libraries: what every program uses, such as the C library
+and the fonts, stays.
+
+To measure anew on a quiet machine, configure with `-DKORVA_BENCH=ON` and build the target `korva_bench_report`. It
+ends with an error when a row is missed, failed or was not measured.
 
 )";
 
@@ -67,5 +73,5 @@ int main(int argc, char** argv) {
     std::cerr << "korva_bench: can't write " << file << '\n';
     return 1;
   }
-  return 0;
+  return report.AllHeld() ? 0 : 1;
 }

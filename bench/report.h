@@ -2,31 +2,27 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
+#include "verdict.h"
+
 namespace korva::bench {
 
-/// Prints the benchmarks as usual and keeps what the table of the requirements needs.
+/// Prints the benchmarks as usual and keeps what the report's rows need.
 class Report final : public benchmark::ConsoleReporter {
  public:
   Report() : ConsoleReporter(OO_Tabular) {}
 
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  /// The table in Markdown: what was asked, the limit, what was measured, and the machine. A row whose
-  /// benchmarks did not run is left out.
+  /// The table of all rows in Markdown, and the machine.
   [[nodiscard]] std::string Table() const;
+  /// True when every row was measured and is held.
+  [[nodiscard]] bool AllHeld() const;
 
  private:
-  /// The fastest repetition of a ratio's side, the median of others; nothing when the benchmark did not run.
-  [[nodiscard]] std::optional<double> Measured(const std::string& benchmark, const std::string& value,
-                                               bool is_ratio) const;
-
-  // What was measured in each repetition: "real", "cpu" and the counters.
-  std::map<std::string, std::map<std::string, std::vector<double>>> measured_;
+  Measurements measurements_;
 };
 
 }  // namespace korva::bench

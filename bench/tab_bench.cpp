@@ -22,21 +22,10 @@ constexpr int kPoints = 100;
 
 KvConfig& PageOf(BenchHost& host) { return dynamic_cast<KvConfig&>(*host.application.program.Showing()); }
 
-void Choose(BenchHost& host, StringView model) {
-  ListBox& list = PageOf(host).lst_TypeSelect;
-  for (std::size_t row = 0; row < list.Entries().size(); ++row) {
-    if (list.Entries()[row] == model) {
-      host.Act([&] { list.UserPicks(static_cast<int>(row)); });
-      return;
-    }
-  }
-}
-
 // The program with its window, and the long table of a model in front.
 struct TableWindow {
   TableWindow() : window(host.application) {
-    host.application.program.Start();
-    Choose(host, u"QHNY1");
+    host.StartWith(u"QHNY1");
     host.Act([this] { Page().linearizer.Opt_Lnr[1].Click(); });
     window.resize(1180, 740);
     window.show();
@@ -111,8 +100,7 @@ void MonitorCycle(benchmark::State& state) {
   const double plan = items * (FarEnd::kCharacters * bits_per_character / baud + wait);
   const FarEnd device(baud);
   BenchHost host(device.Device());
-  host.application.program.Start();
-  Choose(host, u"QHG");
+  host.StartWith(u"QHG");
   while (state.KeepRunning()) {
     Clock start{};
     int reads = 0;

@@ -1,0 +1,58 @@
+#include "paired_times.h"
+
+#include <sys/resource.h>
+
+namespace korva::bench {
+
+namespace {
+
+bool Take(const PairedTimes::Side& side, Times& sum) {
+  const Times before = Times::Now();
+  const bool good = side();
+  sum += Times::Now() - before;
+  return good;
+}
+
+}  // namespace
+
+Times Times::Now() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return {.wall = std::chrono::steady_clock::now().time_since_epoch(),
+          .processor = std::chrono::seconds(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+                       std::chrono::microseconds(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec)};
+}
+
+Times& Times::operator+=(const Times& other) {
+  wall += other.wall;
+  processor += other.processor;
+  return *this;
+}
+
+bool PairedTimes::Run(int turns, const Side& raw, const Side& program) {
+  bool good = true;
+  for (int turn = 0; turn < turns && good; ++turn) {
+    good = turn % 2 == 0 ? Take(raw, raw_) && Take(program, program_)
+                         : Take(program, program_) && Take(raw, raw_);
+  }
+  return good;
+}
+
+void PairedTimes::TellRatios(benchmark::State& state) const {
+  state.SetIterationTime(program_.wall.count());
+  state.counters["wall"] = program_.wall / raw_.wall;
+  state.counters["processor"] = program_.processor / raw_.processor;
+}
+
+void ComparePair(benchmark::State& state, int turns, const PairedTimes::Side& raw,
+                 const PairedTimes::Side& program) {
+  while (state.KeepRunning()) {
+    PairedTimes pair;
+    if (!pair.Run(turns, raw, program)) {
+      state.SkipWithError("an exchange failed");
+    }
+    pair.TellRatios(state);
+  }
+}
+
+}  // namespace korva::bench

@@ -1,0 +1,75 @@
+// A whole upload, from the press of its button to the report that it is complete, against the raw loop with
+// the same commands.
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "bench_host.h"
+#include "core/text_utilities.h"
+#include "far_end.h"
+#include "paired_times.h"
+#include "raw_line.h"
+
+namespace korva::bench {
+
+namespace {
+
+constexpr int kUploadRepetitions = 31;
+
+using Questions = std::vector<Answer>;
+
+// True when the upload told that it is complete.
+bool Upload(BenchHost& host, const Questions& answers) {
+  Page& page = *host.application.program.Showing();
+  page.DataChanged = false;
+  for (const Answer answer : answers) {
+    host.dialogs.QueueAnswer(answer);
+  }
+  host.Act([&] { page.cmdUpload.Click(); });
+  return host.dialogs.Unused() == 0 && host.dialogs.Boxes().back().box.text == BoxOf(BoxKey::UploadDone).text;
+}
+
+std::vector<std::string> CommandsOfUpload(BenchHost& host, const Questions& answers) {
+  std::vector<std::string> commands;
+  host.application.link.line.OnTraffic = [&](const SerialLink::Traffic& traffic) {
+    if (traffic.sent) {
+      commands.push_back(ToUtf8(traffic.text) + '\r');
+    }
+  };
+  Upload(host, answers);
+  host.application.link.line.OnTraffic = nullptr;
+  return commands;
+}
+
+void CompareUpload(benchmark::State& state, sim::Device simulated, const Questions& answers, int turns) {
+  const String model = Ascii(simulated.GetModel().name);
+  const FarEnd device(0, AnswersOf(std::move(simulated)));
+  const RawLine line(device.Device());
+  BenchHost host(device.Device());
+  host.StartWith(model);
+  const std::vector<std::string> commands = CommandsOfUpload(host, answers);
+  const auto raw = [&] {
+    return std::all_of(commands.begin(), commands.end(),
+                       [&](const std::string& command) { return line.Exchange(command); });
+  };
+  ComparePair(state, turns, raw, [&] { return Upload(host, answers); });
+}
+
+void UploadItems(benchmark::State& state) {
+  CompareUpload(state, sim::Device::ForModel(KORVA_BENCH_HOME, "QHN"), {Answer::Yes, Answer::Ok}, 30);
+}
+BENCHMARK(UploadItems)->Iterations(1)->Repetitions(kUploadRepetitions)->UseManualTime();
+
+void UploadTable(benchmark::State& state) {
+  sim::Device device = sim::Device::ForModel(KORVA_BENCH_HOME, "QHNY1");
+  device.Set("01", "11", "1");  // the table is in use
+  CompareUpload(state, std::move(device), {Answer::Yes, Answer::Ok, Answer::Yes}, 6);
+}
+BENCHMARK(UploadTable)->Iterations(1)->Repetitions(kUploadRepetitions)->UseManualTime();
+
+}  // namespace
+
+}  // namespace korva::bench
