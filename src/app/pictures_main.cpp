@@ -1,12 +1,19 @@
-// korva-pictures: the window's tabs as pictures, with a configuration file open; needs no display
-// (QT_QPA_PLATFORM=offscreen).
+// korva-pictures: the window's tabs as pictures, with a configuration file open, or a look whether pictures
+// that were taken before still show the program; needs no display (QT_QPA_PLATFORM=offscreen).
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFontDatabase>
+#include <QImage>
 #include <QPixmap>
+#include <QRawFont>
 #include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <utility>
 
 #include "app/text.h"
@@ -58,9 +65,14 @@ struct Options {
   QCommandLineOption csv{"csv", "Table that a press of cmd_csvFileOpen opens.", "FILE"};
   QCommandLineOption press{"press", "Button to press first; may be repeated.", "NAME"};
   QCommandLineOption cell{"cell", "Cell of the linearizer table to click; may be repeated.", "ROW,COL"};
-  QCommandLineOption monitor{"monitor", "Press cmdMonitorON; take the pictures after MS milliseconds.", "MS"};
+  QCommandLineOption type{"type", "Text to type into a field first; may be repeated.", "NAME=TEXT"};
+  QCommandLineOption monitor{
+      "monitor", "Press cmdMonitorON; take the pictures when the field shows its second reading.", "NAME"};
   QCommandLineOption out{"out", "Folder for the pictures.", "DIR", "."};
   QCommandLineOption tab{"tab", "Only this tab, from 0.", "N"};
+  QCommandLineOption as{"as", "Name of the picture, with --tab.", "NAME"};
+  QCommandLineOption check{"check", "Save nothing: compare with the pictures in the folder."};
+  QCommandLineOption about{"about", "Print what decides how texts are drawn, and end."};
   QCommandLineOption size{"size", "Size of the window in pixels.", "WxH"};
   QCommandLineOption dark{"dark", "With dark system colours."};
 };
@@ -110,11 +122,26 @@ bool ClickCell(const korva::Page& page, const QString& text) {
   return true;
 }
 
-/// Carries out the presses and clicks in the order of the command line.
+bool Type(const korva::Page& page, const QString& text) {
+  const qsizetype sign = text.indexOf(QLatin1Char('='));
+  auto* field = dynamic_cast<korva::TextField*>(page.FindControl(text.left(sign).toStdString()));
+  if (sign < 0 || field == nullptr || !page.WhyRefused(*field).empty()) {
+    Complain(text + QStringLiteral(": no field that can be typed into"));
+    return false;
+  }
+  field->UserTypes(korva::FromQt(text.mid(sign + 1)));
+  return true;
+}
+
+/// Carries out the presses, clicks and texts in the order of the command line.
 bool CarryOut(const QCommandLineParser& arguments, const Options& options, const korva::Page& page) {
   QStringList presses = arguments.values(options.press);
   QStringList cells = arguments.values(options.cell);
+  QStringList texts = arguments.values(options.type);
   for (const QString& option : arguments.optionNames()) {
+    if (options.type.names().contains(option) && !Type(page, texts.takeFirst())) {
+      return false;
+    }
     if (options.press.names().contains(option) && !Press(page, presses.takeFirst())) {
       return false;
     }
@@ -125,37 +152,96 @@ bool CarryOut(const QCommandLineParser& arguments, const Options& options, const
   return true;
 }
 
-/// Saves the tabs that can be brought to the front; `only` may name the one that is wanted.
-bool SavePictures(korva::MainWindow& window, const QDir& out, const QString& name, const QString& only) {
+/// True when the pictures show the same. Machines blend the edges of letters a little differently; a letter
+/// or a line that differs has more pixels, and of another colour.
+bool ShowSame(const QImage& one, const QImage& other) {
+  constexpr int blend = 24;  // of 255, in one of the colours
+  constexpr int few_pixels = 10;
+  if (one.size() != other.size()) {
+    return false;
+  }
+  int differing = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      const QColor a = one.pixelColor(x, y);
+      const QColor b = other.pixelColor(x, y);
+      const int most = std::max(
+          {std::abs(a.red() - b.red()), std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+      differing += most > blend ? 1 : 0;
+    }
+  }
+  return differing <= few_pixels;
+}
+
+/// Saves the picture, or compares it with the one that was saved.
+bool Keep(const QImage& picture, const QString& file, bool check) {
+  if (!check) {
+    if (!picture.save(file)) {
+      Complain(file + QStringLiteral(": can't be written"));
+      return false;
+    }
+    return true;
+  }
+  if (!ShowSame(picture, QImage(file))) {
+    Complain(file + QStringLiteral(": is not what the program shows"));
+    return false;
+  }
+  return true;
+}
+
+/// Keeps the tabs that can be brought to the front, as the command line says.
+bool KeepPictures(const QCommandLineParser& arguments, const Options& options, korva::MainWindow& window) {
+  const QDir out(arguments.value(options.out));
+  const QString only = arguments.value(options.tab);
+  const QString kind = arguments.isSet(options.dark) ? QStringLiteral("dark") : QStringLiteral("tab");
   korva::PageView* view = window.Current();
-  bool saved = false;
-  for (int tab = 0; tab < view->Shown().Tabs.Count(); ++tab) {
+  int kept = 0;
+  bool good = true;
+  for (int tab = 0; tab < view->Shown().Tabs.Count() && good; ++tab) {
     if (!view->Shown().Tabs.TabEnabled(tab) || (!only.isEmpty() && only != QString::number(tab))) {
       continue;
     }
     view->ShowTab(tab);
     QCoreApplication::processEvents();
-    const QString file = out.filePath(QStringLiteral("%1-%2.png").arg(name).arg(tab));
-    if (!window.grab().save(file)) {
-      Complain(file + QStringLiteral(": can't be written"));
-      return false;
-    }
-    saved = true;
+    const QString name = arguments.isSet(options.as) ? arguments.value(options.as)
+                                                     : QStringLiteral("%1-%2").arg(kind).arg(tab);
+    const QString file = out.filePath(name + QStringLiteral(".png"));
+    good = Keep(window.grab().toImage(), file, arguments.isSet(options.check));
+    ++kept;
   }
-  if (!saved) {
+  if (kept == 0) {
     Complain(only + QStringLiteral(": no tab that can be shown"));
   }
-  return saved;
+  return good && kept > 0;
 }
 
-/// The whole run, behind the start of the program: true when the pictures were saved.
+/// Presses cmdMonitorON, and has `keep` called while the field shows its second reading, when the others have
+/// one too; then presses cmdMonitorOFF. False when the field never came so far.
+bool KeepWhileMonitoring(const korva::Page& page, const QString& name, const std::function<bool()>& keep) {
+  korva::Control* const field = page.FindControl(name.toStdString());
+  if (field == nullptr) {
+    Complain(name + QStringLiteral(": no such field"));
+    return false;
+  }
+  // The observer stays with the field, behind the end of this.
+  const auto good = std::make_shared<bool>(false);
+  field->Observe([&page, field, keep, good, readings = 0, fresh = false]() mutable {
+    const bool was_fresh = std::exchange(fresh, field->ShownLook() == korva::Look::Highlight);
+    if (!fresh || was_fresh || ++readings != 2) {
+      return;
+    }
+    QTimer::singleShot(0, [&page, keep, good] {  // the window draws what it is told behind this
+      *good = keep();
+      Press(page, QStringLiteral("cmdMonitorOFF"));
+    });
+  });
+  return Press(page, QStringLiteral("cmdMonitorON")) && *good;
+}
+
+/// The whole run, behind the start of the program: true when the pictures were kept.
 bool TakePictures(const QCommandLineParser& arguments, const Options& options, korva::WindowHost& host) {
-  const QDir out(arguments.value(options.out));
-  QDir().mkpath(out.path());
-  const auto save = [&] {
-    const QString name = arguments.isSet(options.dark) ? QStringLiteral("dark") : QStringLiteral("tab");
-    return SavePictures(host.Window(), out, name, arguments.value(options.tab));
-  };
+  QDir().mkpath(arguments.value(options.out));
+  const auto keep = [&] { return KeepPictures(arguments, options, host.Window()); };
   korva::EventGate& gate = host.Running().Loop().Gate();
   bool done = false;
   gate.Enter([&] {
@@ -165,20 +251,21 @@ bool TakePictures(const QCommandLineParser& arguments, const Options& options, k
     }
     // A configuration of another family brings another page.
     const korva::Page& page = *host.Running().Showing();
-    if (!CarryOut(arguments, options, page)) {
-      return;
+    if (CarryOut(arguments, options, page)) {
+      done = arguments.isSet(options.monitor)
+                 ? KeepWhileMonitoring(page, arguments.value(options.monitor), keep)
+                 : keep();
     }
-    if (!arguments.isSet(options.monitor)) {
-      done = save();
-      return;
-    }
-    QTimer::singleShot(arguments.value(options.monitor).toInt(), [&] {
-      done = save();
-      Press(page, QStringLiteral("cmdMonitorOFF"));
-    });
-    done = Press(page, QStringLiteral("cmdMonitorON")) && done;
   });
   return done && !gate.Ended();
+}
+
+/// The version of Qt and the font with its revision: with others, letters have other shapes and places.
+QString AboutDrawing() {
+  const QRawFont font = QRawFont::fromFont(QApplication::font(), QFontDatabase::Japanese);
+  const QByteArray revision = font.fontTable("head").mid(4, 4).toHex();
+  return QStringLiteral("Qt %1, %2 %3")
+      .arg(QString::fromLatin1(qVersion()), font.familyName(), QString::fromLatin1(revision));
 }
 
 }  // namespace
@@ -192,10 +279,16 @@ int main(int argc, char** argv) {
   arguments.addHelpOption();
   const Options options;
   arguments.addOptions({options.home, options.open, options.csv, options.press, options.cell, options.monitor,
-                        options.out, options.tab, options.size, options.dark});
+                        options.type, options.out, options.tab, options.as, options.check, options.about,
+                        options.size, options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
+  QApplication::setCursorFlashTime(0);  // a blinking cursor would be in one picture and not in the next
+  if (arguments.isSet(options.about)) {
+    std::cout << AboutDrawing().toStdString() << '\n';
+    return 0;
+  }
   if (arguments.isSet(options.dark)) {
     QApplication::setPalette(DarkPalette());
   }
