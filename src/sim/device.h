@@ -20,6 +20,7 @@ struct Reply {
       0};                     ///< From the end of the command's carriage return to the first start bit.
   std::string text;           ///< Without line ends, as bytes (code page 932).
   int line_ends = 1;          ///< Carriage returns behind the text, 0 to 2.
+  bool doubled = false;       ///< All of it comes twice, one right after the other.
   bool byte_by_byte = false;  ///< Each byte arrives by itself instead of all at the reply's end.
   bool late_second_line_end = false;  ///< With two line ends: the second one character time after the first.
 };

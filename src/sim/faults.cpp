@@ -11,12 +11,13 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 13> kFaults{{
+constexpr std::array<FaultInfo, 14> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
      .what = "no reply the first time a command comes, a good one when it comes again"},
     {.fault = Fault::Late, .name = "late", .what = "reply after 3.5 s"},
+    {.fault = Fault::Doubled, .name = "doubled", .what = "the reply twice, one right after the other"},
     {.fault = Fault::Refused, .name = "refused", .what = "CNG (or \"invalid data\"), not carried out"},
     {.fault = Fault::NotUsable, .name = "not-usable", .what = "CNU (or \"not usable\"), not carried out"},
     {.fault = Fault::ByteByByte, .name = "byte-by-byte", .what = "each byte arrives by itself"},
@@ -102,6 +103,9 @@ void SpoilReply(Fault fault, Reply& reply) {
   switch (fault) {
     case Fault::Late:
       reply.latency = kLateReply;
+      break;
+    case Fault::Doubled:
+      reply.doubled = true;
       break;
     case Fault::ByteByByte:
       reply.byte_by_byte = true;

@@ -18,6 +18,7 @@ enum class Fault {
   SecondTryOnly,  ///< The first time that a command text comes it is lost; when it comes again it is
                   ///< answered.
   Late,           ///< The device acts at once but answers only after `kLateReply`.
+  Doubled,        ///< The reply is sent twice, one right after the other, as two pieces.
   Refused,      ///< Answered with a refusal ("CNG", or "invalid data" in the other dialect), not carried out.
   NotUsable,    ///< Answered with "CNU", not carried out.
   ByteByByte,   ///< Each byte of the reply arrives by itself.
@@ -69,8 +70,8 @@ class FaultPlan {
   std::set<std::string, std::less<>> tried_;
 };
 
-/// Changes a good reply as a fault of the line or of the device's sender does: `Late`, `ByteByByte`, both
-/// second line ends, `Noise`, `Garbled`, `Half`, `Empty`. Other faults leave it alone.
+/// Changes a good reply as a fault of the line or of the device's sender does: `Late`, `Doubled`,
+/// `ByteByByte`, both second line ends, `Noise`, `Garbled`, `Half`, `Empty`. Other faults leave it alone.
 void SpoilReply(Fault fault, Reply& reply);
 
 }  // namespace korva::sim

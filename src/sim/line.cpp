@@ -13,17 +13,8 @@ constexpr std::int64_t kNanosecondsOfSecond = 1'000'000'000;
 /// What a device can hold of one command; further bytes are lost.
 constexpr std::size_t kCommandBuffer = 255;
 
-}  // namespace
-
-Instant CharacterTime(unsigned baud, std::int64_t count) {
-  return Instant{count * kBitsOfCharacter * kNanosecondsOfSecond / static_cast<std::int64_t>(baud)};
-}
-
-std::vector<TimedBytes> PlanWire(const Reply& reply, Instant start, unsigned baud, bool paced) {
-  if (reply.silent) {
-    return {};
-  }
-  std::vector<TimedBytes> plan;
+/// Adds the bytes of a reply, once.
+void PlanOnce(const Reply& reply, Instant start, unsigned baud, bool paced, std::vector<TimedBytes>& plan) {
   // The n-th byte's end is counted from the start, so that nothing adds up over a long reply.
   const auto end_of = [&](std::size_t count) {
     return start + (paced ? CharacterTime(baud, static_cast<std::int64_t>(count)) : Instant{0});
@@ -40,6 +31,22 @@ std::vector<TimedBytes> PlanWire(const Reply& reply, Instant start, unsigned bau
   }
   if (together < bytes.size()) {
     plan.push_back({.at = end_of(together) + CharacterTime(baud), .bytes = {kLineEnd}});
+  }
+}
+
+}  // namespace
+
+Instant CharacterTime(unsigned baud, std::int64_t count) {
+  return Instant{count * kBitsOfCharacter * kNanosecondsOfSecond / static_cast<std::int64_t>(baud)};
+}
+
+std::vector<TimedBytes> PlanWire(const Reply& reply, Instant start, unsigned baud, bool paced) {
+  std::vector<TimedBytes> plan;
+  if (!reply.silent) {
+    PlanOnce(reply, start, baud, paced, plan);
+    if (reply.doubled && !plan.empty()) {
+      PlanOnce(reply, plan.back().at, baud, paced, plan);
+    }
   }
   return plan;
 }

@@ -60,6 +60,8 @@ TEST(FaultsTest, RefusedAndNotUsableAreNotCarriedOut) {
 TEST(FaultsTest, LineFaultsShapeTheReply) {
   auto device = StruckDevice("byte-by-byte");
   EXPECT_TRUE(device.Answer("G01").byte_by_byte);
+  device = StruckDevice("doubled");
+  EXPECT_TRUE(device.Answer("G01").doubled);
   device = StruckDevice("two-line-ends");
   EXPECT_EQ(device.Answer("G01").line_ends, 2);
   EXPECT_FALSE(device.Answer("G01").late_second_line_end);
@@ -165,6 +167,7 @@ void StrikeWithAllFaults(const StruckCommand& command, const std::function<void(
       EXPECT_EQ(reply.text, expected.text);
       EXPECT_EQ(reply.line_ends, expected.line_ends);
       EXPECT_EQ(reply.byte_by_byte, info.fault == Fault::ByteByByte);
+      EXPECT_EQ(reply.doubled, info.fault == Fault::Doubled);
       EXPECT_EQ(reply.late_second_line_end, info.fault == Fault::LateSecondLineEnd);
       EXPECT_EQ(reply.latency, std::chrono::milliseconds(info.fault == Fault::Late ? 3500 : 10));
     }

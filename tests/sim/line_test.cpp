@@ -77,6 +77,20 @@ TEST(LineTest, ReplyWaitsUntilTheFormerOneIsSent) {
   EXPECT_EQ(*line.NextDue() - late, CharacterTime(1200, 4));
 }
 
+TEST(LineTest, DoubledReplyComesTwiceInTwoPieces) {
+  auto device = PlainDevice();
+  device.AddFault(ParseFault("doubled"));
+  for (const bool paced : {true, false}) {
+    Line line(device, paced);
+    line.Receive("G01\r", nanoseconds(0));
+    const auto first = line.NextDue().value();
+    EXPECT_EQ(line.TakeDue(first), "COK\r");
+    EXPECT_EQ(line.NextDue().value() - first, paced ? CharacterTime(1200, 4) : Instant(0));
+    EXPECT_EQ(line.TakeDue(line.NextDue().value()), "COK\r");
+    EXPECT_FALSE(line.NextDue());
+  }
+}
+
 TEST(LineTest, SilentReplySendsNothing) {
   auto device = PlainDevice();
   device.AddFault(ParseFault("silent"));
