@@ -41,7 +41,7 @@ bool DevicePage::EnterSpanTrimMode() { return EnterTrimMode(u"Ｓ", BoxKey::NotS
 
 bool DevicePage::EnterMode(const String& data, BoxKey failure) {
   const WireItem item{.group = u"01", .item = String(traits_.mode_item)};
-  if (Items().WriteRetry(traits_.mode_repeats, item, data).empty()) {
+  if (Items().WriteModeRetry(traits_.mode_repeats, item, data).empty()) {
     Box().Show(failure);
     return false;
   }
@@ -49,7 +49,7 @@ bool DevicePage::EnterMode(const String& data, BoxKey failure) {
 }
 
 bool DevicePage::EnterTrimMode(const String& data, BoxKey failure) {
-  if (EnterItem().WriteParamPairRetry(kItemRepeats, {.group = u"01", .item = u"28"}, {}, data).empty()) {
+  if (EnterItem().WriteModeRetry(kItemRepeats, {.group = u"01", .item = u"28"}, data).empty()) {
     Box().Show(failure);
     return false;
   }

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 
+#include "core/numbers.h"
 #include "core/text_utilities.h"
 
 namespace korva {
 
 namespace {
 
+constexpr StringView kAccepted = u"COK";
 constexpr StringView kRefused = u"CNG";
 constexpr StringView kNotUsable = u"CNU";
 constexpr StringView kEmptyTag = u"TG:          ";
@@ -20,9 +22,45 @@ constexpr std::array<StringView, 14> kFixedItemNames = {
 
 String Command(char16_t letter, const String& text) { return letter + text + u'\r'; }
 
-bool StopsWrite(const String& reply) { return reply.empty() || reply == kNotUsable || reply == kRefused; }
-
 String WithoutFirst(const String& reply) { return reply.substr(1); }
+
+bool IsRefusal(StringView reply) { return reply == kRefused || reply == kNotUsable; }
+
+bool IsMenu(StringView reply) { return reply == u"Enter item" || reply == u"enter item"; }
+
+/// True for a reply that can be an item's data: it has the letter of one, and nothing that no device sends,
+/// such as the line end between two replies that came in one piece.
+bool IsData(const String& reply) {
+  const auto unsent = [](char16_t character) {
+    return character < u' ' || (character >= 0x7F && character < 0xA0) || character == u'\uFFFD';
+  };
+  return !reply.empty() && reply.front() == u'D' && std::none_of(reply.begin(), reply.end(), unsent);
+}
+
+/// `own`, which tells whether `reply` can be its command's own. One that can't shows that the line is out of
+/// step; the lack of one shows nothing.
+bool Accept(SerialLink& link, const String& reply, bool own) {
+  if (!own && !reply.empty()) {
+    link.LoseStep();
+  }
+  return own;
+}
+
+/// The number at the end of a reply, whatever unit stands behind it. Empty when there is none, and for the
+/// text of a choice such as "4-20 mA".
+String NumberOf(StringView reply) {
+  const std::size_t last = reply.find_last_of(u"0123456789");
+  const StringView text = reply.substr(0, last == StringView::npos ? 0 : last + 1);
+  const String number = TrimNumericTextLeft(text);
+  const StringView before = text.substr(0, text.size() - number.size());
+  return !before.empty() && before.back() >= u'0' && before.back() <= u'9' ? String() : number;
+}
+
+/// True when a reply to the write of `data` tells another number than was sent.
+bool TellsAnother(const String& reply, const String& data) {
+  const String number = NumberOf(reply);
+  return !number.empty() && !reply.ends_with(data) && LeadingNumber(number) != LeadingNumber(data);
+}
 
 // `count` + 1 tries at most, until one gives a text.
 template <typename Try>
@@ -37,34 +75,42 @@ String FirstText(int count, Try attempt) {
 }  // namespace
 
 String CokDialect::ReadItem(const WireItem& item) {
-  if (link_.SendCommandTrimmed(Command(u'G', item.group)) != u"COK") {
+  if (!SelectGroup(item)) {
     return {};
   }
   const String reply = link_.SendCommandTrimmed(Command(u'I', item.item));
-  if (reply.empty()) {
-    return {};
-  }
   if (reply == kRefused) {
     return u"ERROR";
   }
-  return reply == kNotUsable ? String(u"NEEDLESS") : WithoutFirst(reply);
+  if (reply == kNotUsable) {
+    return u"NEEDLESS";
+  }
+  return Accept(link_, reply, IsData(reply)) ? WithoutFirst(reply) : String();
 }
 
-String CokDialect::WriteItem(const WireItem& item, const String& data) {
-  String reply = link_.SendCommandTrimmed(Command(u'G', item.group));
-  if (reply != u"COK") {
-    shared_.LastItemReply = reply;
-    return {};
+bool CokDialect::SelectGroup(const WireItem& item) {
+  last_reply_ = link_.SendCommandTrimmed(Command(u'G', item.group));
+  return Accept(link_, last_reply_, last_reply_ == kAccepted);
+}
+
+bool CokDialect::Send(const String& command, Echo echo) {
+  last_reply_ = link_.SendCommandTrimmed(command);
+  const bool any = echo == Echo::AnyText && !last_reply_.empty() && last_reply_ != kAccepted;
+  return !IsRefusal(last_reply_) && Accept(link_, last_reply_, any || IsData(last_reply_));
+}
+
+String CokDialect::Write(const WireItem& item, const String& data, Echo echo) {
+  if (SelectGroup(item) && Send(Command(u'I', item.item), Echo::Data)) {
+    const String held = last_reply_;
+    const bool taken = Send(Command(u'D', data), echo);
+    // The same reply twice: a device that makes of the data what it held, or the former reply sent twice.
+    const bool doubtful = last_reply_ == held && TellsAnother(last_reply_, data);
+    if (taken && !(doubtful && link_.Drain())) {
+      return WithoutFirst(last_reply_);
+    }
   }
-  reply = link_.SendCommandTrimmed(Command(u'I', item.item));
-  if (!StopsWrite(reply)) {
-    reply = link_.SendCommandTrimmed(Command(u'D', data));
-  }
-  if (StopsWrite(reply)) {
-    shared_.LastItemReply = reply;
-    return {};
-  }
-  return WithoutFirst(reply);
+  shared_.LastItemReply = last_reply_;
+  return {};
 }
 
 String CokDialect::ReadItemRetry(int count, const WireItem& item) {
@@ -78,16 +124,21 @@ String CokDialect::WriteItemRetry(int count, const WireItem& item, const String&
   });
 }
 
+String CokDialect::WriteModeRetry(int count, const WireItem& item, const String& data) {
+  return FirstText(count, [&] { return Trimmed(Write(item, data, Echo::AnyText)); });
+}
+
 bool EnterItemDialect::SelectItem(const WireItem& item) {
   const String reply = link_.SendCommandStripped(Command(u'G', item.group));
-  if (reply != u"Enter item" && reply != u"enter item") {
+  if (!Accept(link_, reply, IsMenu(reply))) {
     return false;
   }
-  String title = link_.SendCommandStripped(Command(u'I', item.item));
+  title_reply_ = link_.SendCommandUntrimmed(Command(u'I', item.item));
+  String title = SerialLink::StrippedReply(title_reply_);
   if (StringView(title).substr(0, title.empty() ? 0 : title.size() - 1).ends_with(u"Type")) {
     title.pop_back();
   }
-  return IsKnownItemName(title);
+  return Accept(link_, title, IsKnownItemName(title));
 }
 
 bool EnterItemDialect::IsKnownItemName(const String& name) const {
@@ -97,12 +148,31 @@ bool EnterItemDialect::IsKnownItemName(const String& name) const {
   return !name.empty() && (among(kFixedItemNames) || among(shared_.KnownItemNames));
 }
 
+String EnterItemDialect::Send(const WireItem& item, const String& data, Echo echo) {
+  if (!SelectItem(item)) {
+    return {};
+  }
+  const String reply = link_.SendCommandUntrimmed(Command(u'D', data));
+  if (IsRefusal(Trimmed(reply))) {
+    return Trimmed(reply);
+  }
+  const bool any = echo == Echo::AnyText && !reply.empty();
+  const bool own = any || (IsData(reply) && !IsMenu(SerialLink::StrippedReply(reply)));
+  // The title again: data that reads like it, or the former reply sent twice.
+  return Accept(link_, reply, own) && !(reply == title_reply_ && link_.Drain()) ? reply : String();
+}
+
 String EnterItemDialect::ReadParam(const WireItem& item) {
-  return SelectItem(item) ? link_.SendCommandStripped(u"D\r") : String();
+  const String reply = Send(item, {}, Echo::Data);
+  if (reply == kRefused) {
+    return u"ERROR";
+  }
+  return reply == kNotUsable ? String(u"NEEDLESS") : SerialLink::StrippedReply(reply);
 }
 
 String EnterItemDialect::WriteParam(const WireItem& item, const String& data) {
-  return SelectItem(item) ? link_.SendCommandStripped(Command(u'D', data)) : String();
+  const String reply = Send(item, data, Echo::Data);
+  return IsRefusal(reply) ? String() : SerialLink::StrippedReply(reply);
 }
 
 String EnterItemDialect::WriteParamPair(const WireItem& item, const String& tail, const String& head) {
@@ -117,16 +187,22 @@ String EnterItemDialect::WriteParamRetry(int count, const WireItem& item, const 
   return FirstText(count, [&] { return WriteParam(item, data); });
 }
 
+String EnterItemDialect::WriteModeRetry(int count, const WireItem& item, const String& data) {
+  return FirstText(count, [&] { return SerialLink::StrippedReply(Send(item, data, Echo::AnyText)); });
+}
+
 String EnterItemDialect::WriteParamPairRetry(int count, const WireItem& item, const String& tail,
                                              const String& head) {
   return FirstText(count, [&] { return WriteParamPair(item, tail, head); });
 }
 
 String EnterItemDialect::ReadItemName(const WireItem& item) {
-  if (link_.SendCommandStripped(Command(u'G', item.group)) != u"enter item") {
+  const String reply = link_.SendCommandStripped(Command(u'G', item.group));
+  if (!Accept(link_, reply, IsMenu(reply)) || reply != u"enter item") {
     return {};
   }
-  return link_.SendCommandStripped(Command(u'I', item.item));
+  const String name = link_.SendCommandStripped(Command(u'I', item.item));
+  return Accept(link_, name, !IsMenu(name)) ? name : String();
 }
 
 String EnterItemDialect::ReadItemNameRetry(int count, const WireItem& item) {

@@ -13,9 +13,11 @@ namespace korva {
 
 namespace {
 
-constexpr int kReplyTimeout = 3000;         // ms, over the whole exchange
-constexpr int kUnaskedTimeout = 500;        // ms, after each piece of text that comes unasked
-constexpr int kSlowDevicePeriod = 500;      // ms
+constexpr int kReplyTimeout = 3000;                       // ms, over the whole exchange
+constexpr int kUnaskedTimeout = 500;                      // ms, after each piece of text that comes unasked
+constexpr int kSlowDevicePeriod = 500;                    // ms
+constexpr Clock kQuiet = std::chrono::seconds(1);         // after which nothing more is expected
+constexpr Clock kLongestDrain = std::chrono::seconds(3);  // of a line that does not fall quiet
 constexpr std::size_t kInputBuffer = 1024;  // characters; what a babbling line sends beyond them is lost
 constexpr int kBitsPerCharacter = 10;
 constexpr char kEnd = '\r';
@@ -39,6 +41,18 @@ std::optional<LineSettings> ParseSettings(const String& text) {
 void AppendUpTo(std::size_t limit, std::string& buffer, std::string_view bytes) {
   buffer.append(bytes.substr(0, limit - std::min(limit, buffer.size())));
 }
+
+/// Sets a mark for as long as it lives.
+class Marked {
+ public:
+  explicit Marked(bool& mark) : mark_(mark) { mark_ = true; }
+  Marked(const Marked&) = delete;
+  Marked& operator=(const Marked&) = delete;
+  ~Marked() { mark_ = false; }
+
+ private:
+  bool& mark_;
+};
 
 String WithoutEnd(const String& command) {
   return !command.empty() && command.back() == u'\r' ? command.substr(0, command.size() - 1) : command;
@@ -92,6 +106,8 @@ String SerialLink::SendCommandWaitReply(const String& command) {
       throw RuntimeFailure(name + u"には送信できない文字があります。");
     case Failure::PortRefused:
       throw RuntimeFailure(name + u"を送信できませんでした。ﾎﾟｰﾄが開いていません。");
+    case Failure::LineInUse:
+      throw RuntimeFailure(name + u"を送信できませんでした。交信中です。");
     case Failure::NoReply:
       throw RuntimeFailure(name + u"に対する変換器の応答がありませんでした。");
     case Failure::None:
@@ -101,12 +117,11 @@ String SerialLink::SendCommandWaitReply(const String& command) {
 }
 
 String SerialLink::SendCommandTrimmed(const String& command) {
-  const String reply = Exchange(command).reply;
+  const String reply = SendCommandUntrimmed(command);
   return reply == kEmptyTagReply ? reply : Trimmed(reply);
 }
 
-String SerialLink::SendCommandStripped(const String& command) {
-  const String reply = Exchange(command).reply;
+String SerialLink::StrippedReply(const String& reply) {
   if (reply.empty()) {
     return {};
   }
@@ -115,24 +130,61 @@ String SerialLink::SendCommandStripped(const String& command) {
 }
 
 SerialLink::Result SerialLink::Exchange(const String& command) {
-  Result result;
+  if (in_use_) {
+    Report(true, false, WithoutEnd(command));
+    return {.failure = Failure::LineInUse};
+  }
+  if (step_ == Step::Lost) {
+    Drain();
+  }
+  const Marked in_use(in_use_);
+  Result result = SendAndAwait(command);
+  if (result.failure == Failure::None || result.failure == Failure::NoReply) {
+    Report(false, result.failure == Failure::None, result.reply);
+    EndIfQuitting();
+  }
+  return result;
+}
+
+SerialLink::Result SerialLink::SendAndAwait(const String& command) {
   receive_threshold_ = 0;
   IntervalTimerOn(kReplyTimeout);
-  result.failure = SendOut(command);
-  Report(true, result.failure == Failure::None, WithoutEnd(command));
-  if (result.failure != Failure::None) {
-    return result;
+  const Failure unsent = SendOut(command);
+  Report(true, unsent == Failure::None, WithoutEnd(command));
+  if (unsent != Failure::None) {
+    return {.failure = unsent};
   }
-  std::string bytes;
-  result.failure = AwaitReply(bytes);
-  if (result.failure == Failure::None) {
-    result.reply = TakeReply(std::move(bytes));
-    IntervalTimerOff();
-    receive_threshold_ = 1;
+  std::optional<std::string> bytes = AwaitReply();
+  if (!bytes) {
+    second_end_due_ = false;
+    SetStep(step_ == Step::Doubtful ? Step::Lost : Step::Owed);
+    return {.failure = Failure::NoReply};
   }
-  Report(false, result.failure == Failure::None, result.reply);
-  EndIfQuitting();
-  return result;
+  SetStep(step_ == Step::Owed ? Step::Doubtful : Step::Sure);
+  IntervalTimerOff();
+  receive_threshold_ = 1;
+  return {.reply = TakeReply(*std::move(bytes))};
+}
+
+void SerialLink::SetStep(Step step) {
+  step_ = step;
+  quiet_since_ = platform_.loop.Now();
+}
+
+bool SerialLink::Drain() {
+  const Marked in_use(in_use_);
+  receive_threshold_ = 1;
+  drained_ = !std::exchange(input_, {}).empty();
+  const auto now = [this] { return platform_.loop.Now(); };
+  const Clock limit = now() + kLongestDrain;
+  for (Clock end = quiet_since_ + kQuiet; now() < end; end = std::min(quiet_since_ + kQuiet, limit)) {
+    StartPause(std::chrono::ceil<Milliseconds>(end - now()));
+    platform_.loop.Pump();
+    EndIfQuitting();
+  }
+  WaitForTimer.Stop();
+  step_ = Step::Sure;
+  return drained_;
 }
 
 SerialLink::Failure SerialLink::SendOut(const String& command) {
@@ -147,7 +199,8 @@ SerialLink::Failure SerialLink::SendOut(const String& command) {
 }
 
 // Only the end of the newest chunk is looked at, so a carriage return in mid-chunk doesn't end the reply.
-SerialLink::Failure SerialLink::AwaitReply(std::string& reply) {
+std::optional<std::string> SerialLink::AwaitReply() {
+  std::string reply;
   for (;;) {
     if (SlowDevice && SlowDevice()) {
       WaitFor(kSlowDevicePeriod);
@@ -157,12 +210,11 @@ SerialLink::Failure SerialLink::AwaitReply(std::string& reply) {
     if (InputWaiting()) {
       reply += std::exchange(input_, {});
       if (reply.back() == kEnd) {
-        return Failure::None;
+        return reply;
       }
     }
     if (IntervalTimerCheck()) {
-      second_end_due_ = false;
-      return Failure::NoReply;
+      return std::nullopt;
     }
   }
 }
@@ -178,15 +230,19 @@ String SerialLink::TakeReply(std::string bytes) {
 }
 
 void SerialLink::WaitFor(int ms) {
-  wait_done_ = false;
-  WaitForTimer.Stop();
-  WaitForTimer.SetInterval(Milliseconds(ms));
-  WaitForTimer.Start();
+  StartPause(Milliseconds(ms));
   while (!wait_done_) {
     platform_.loop.Pump();
   }
   WaitForTimer.Stop();
   EndIfQuitting();
+}
+
+void SerialLink::StartPause(Milliseconds length) {
+  wait_done_ = false;
+  WaitForTimer.Stop();
+  WaitForTimer.SetInterval(length);
+  WaitForTimer.Start();
 }
 
 void SerialLink::EndIfQuitting() {
@@ -222,6 +278,8 @@ void SerialLink::OnComm() {
   // An event without text is a break of the line; it counts as a blank.
   const std::string chunk = platform_.port.Available() > 0 ? platform_.port.Take() : " ";
   second_end_due_ = false;
+  drained_ = true;
+  quiet_since_ = platform_.loop.Now();
   if (chunk.back() == kEnd) {
     event_reply_done_ = true;
     return;

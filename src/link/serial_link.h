@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/control.h"
@@ -51,15 +52,28 @@ class SerialLink {
   /// Sends `command` (its carriage return included) and waits up to 3000 ms for a reply that ends in one.
   /// Returns the reply without its line end, of one or two carriage returns. A failure ends the program
   /// (RuntimeFailure), so this is only for exchanges behind a successful link test. Failures are: no reply in
-  /// time; a port that isn't open or refuses the command, which fails at once; and a command with a character
-  /// that the code page lacks, of which nothing is sent, so that no device ever gets a wrong one.
+  /// time; a port that isn't open or refuses the command, and a line that is in an exchange already, which
+  /// fail at once; and a command with a character that the code page lacks, of which nothing is sent, so that
+  /// no device ever gets a wrong one.
   String SendCommandWaitReply(const String& command);
-  /// The same with a failure giving an empty text; trimmed of blanks, except the reply "DTG:" with its ten
-  /// blanks, which is an empty tag and comes back as it stands.
+  /// The same with a failure giving an empty text; the reply as it came.
+  String SendCommandUntrimmed(const String& command) { return Exchange(command).reply; }
+  /// The same, trimmed of blanks, except the reply "DTG:" with its ten blanks, which is an empty tag and
+  /// comes back as it stands.
   String SendCommandTrimmed(const String& command);
-  /// The same with a failure giving an empty text; a reply loses its first character and is trimmed of
-  /// blanks, and ten blanks stand for a reply that is then empty or "TAG not entered!".
-  String SendCommandStripped(const String& command);
+  /// The same by StrippedReply.
+  String SendCommandStripped(const String& command) { return StrippedReply(SendCommandUntrimmed(command)); }
+  /// A reply less its first character and the blanks around it; ten blanks stand for a reply that is then
+  /// empty or "TAG not entered!". Empty for no reply.
+  static String StrippedReply(const String& reply);
+
+  /// Tells that the last reply can't have been its command's own. What arrives is then drained before the
+  /// next command goes out.
+  void LoseStep() { SetStep(Step::Lost); }
+  /// Drains what arrives until nothing has come for a second, but for three seconds at most; the line then
+  /// counts as in step. True when something came: the last reply was not the last that the device had to
+  /// give.
+  bool Drain();
 
   /// Waits `ms` milliseconds with the user interface alive.
   void WaitFor(int ms);
@@ -92,16 +106,26 @@ class SerialLink {
   [[nodiscard]] String DeviceName(int number) const;
 
  private:
-  enum class Failure { None, NotInCodePage, PortRefused, NoReply };
+  enum class Failure { None, NotInCodePage, PortRefused, LineInUse, NoReply };
+  enum class Step {
+    Sure,      ///< the next reply is the next command's own
+    Owed,      ///< the last reply did not come in time and may come yet
+    Doubtful,  ///< a reply came while one was owed, and may have been that one
+    Lost,      ///< a reply was another command's
+  };
   struct Result {
     Failure failure = Failure::None;
-    String reply;
+    String reply{};
   };
 
   Result Exchange(const String& command);
+  Result SendAndAwait(const String& command);
+  void SetStep(Step step);
   Failure SendOut(const String& command);
-  Failure AwaitReply(std::string& reply);
+  /// The reply's bytes; nothing when they did not end in time.
+  std::optional<std::string> AwaitReply();
   String TakeReply(std::string bytes);
+  void StartPause(Milliseconds length);
   void EndIfQuitting();
   void OnComm();
   void TakeIn();
@@ -118,7 +142,11 @@ class SerialLink {
   Timer WaitForTimer;
   bool reply_timeout_ = false;
   bool wait_done_ = false;
-  std::string input_;  ///< arrived while receive events were off, and not yet read
+  bool in_use_ = false;  ///< an exchange is under way, or the line is being drained
+  Step step_ = Step::Sure;
+  Clock quiet_since_{0};  ///< when step_ was set or something was drained last
+  bool drained_ = false;  ///< something came since the line began to be drained
+  std::string input_;     ///< arrived while receive events were off, and not yet read
   bool event_reply_done_ = false;
   std::string event_reply_;
   bool second_end_due_ = false;    ///< the last reply ended with one carriage return; nothing arrived since

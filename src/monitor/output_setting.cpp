@@ -106,7 +106,8 @@ bool OutputSetting::EnterForcingMode() {
     return page_.EnterProgrammingMode();
   }
   // The user hears of a failure only when the device has had its time to settle.
-  const bool taken = !page_.Items().WriteRetry(kItemRepeats, {.group = u"01", .item = u"01"}, u"1").empty();
+  const WireItem mode{.group = u"01", .item = u"01"};
+  const bool taken = !page_.Items().WriteModeRetry(kItemRepeats, mode, u"1").empty();
   page_.Line().WaitFor(static_cast<int>(family_.settling.count()));
   if (!taken) {
     page_.Box().Show(BoxKey::NotProgrammingMode);

@@ -223,7 +223,7 @@ bool StatusMonitor::MonitorReadItem(StringView key) {
     extras_.BeforeRead(item);
   }
   const String answer = units_.Read(item, kNoRepeats);
-  if (family_.needs_unit && unit != nullptr && Refused(answer)) {
+  if (family_.needs_unit && unit != nullptr && answer == u"ERROR") {
     unit->SetCaption({});
   }
   const String value = ShownValue(row, answer);
@@ -235,11 +235,6 @@ bool StatusMonitor::MonitorReadItem(StringView key) {
   page_.Line().WaitFor(kShowTime);
   PaintRest(*box);
   return true;
-}
-
-bool StatusMonitor::Refused(const String& answer) const {
-  // The dialect of "enter item" takes no notice of the refusal "CNG": it cuts its first character only.
-  return page_.ItsFamily().dialect == Dialect::EnterItem ? answer == u"NG" : answer == u"ERROR";
 }
 
 String StatusMonitor::ShownValue(int row, const String& answer) const {

@@ -47,7 +47,6 @@ class StatusMonitor final : public PagePart {
   void MonitorCycle();
   /// False when there was nothing to read.
   bool MonitorReadItem(StringView key);
-  [[nodiscard]] bool Refused(const String& answer) const;
   [[nodiscard]] String ShownValue(int row, const String& answer) const;
   [[nodiscard]] String WithoutOffset(const String& item, const String& value) const;
   [[nodiscard]] Timer* TimerOf(UnitTimer timer);

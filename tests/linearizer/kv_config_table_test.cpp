@@ -247,13 +247,13 @@ TEST_P(TableTest, AModeThatIsNotTakenShowsItsOwnBoxOnlyAndLeavesTheTable) {
 }
 
 TEST_P(TableTest, AValueThatIsNotTakenStopsAtItsItemWithItsBoxAndThenTheGeneralOne) {
-  for (const Fault fault : {Fault::WrongEcho, Fault::Refused, Fault::NotUsable, Fault::Garbled}) {
+  for (const Fault fault : {Fault::WrongEcho, Fault::Refused, Fault::NotUsable}) {
     for (const int at : {0, 5, Long() ? 137 : 31}) {
       TableBench bench(GetParam());
       const std::vector<String> values = bench.OwnTable();
       bench.PutTable(values);
       std::vector<String> expected = bench.DeviceTable();
-      const bool carried_out = fault == Fault::WrongEcho || fault == Fault::Garbled;
+      const bool carried_out = fault == Fault::WrongEcho;
       const int taken = at + (carried_out ? 1 : 0);
       std::copy(values.begin(), values.begin() + taken, expected.begin());
       const std::string command = "D" + ToUtf8(values[static_cast<std::size_t>(at)]);
@@ -275,6 +275,16 @@ TEST_P(TableTest, AValueThatIsNotTakenStopsAtItsItemWithItsBoxAndThenTheGeneralO
       ExpectAtRest(bench);
     }
   }
+}
+
+TEST_P(TableTest, AValueWhoseEchoIsAlwaysGarbledIsProvedByReadingIt) {
+  TableBench bench(GetParam());
+  const std::vector<String> values = bench.OwnTable();
+  bench.PutTable(values);
+  bench.device.AddFault({.fault = Fault::Garbled, .command = "D" + ToUtf8(values[5])});
+  bench.DownloadAll();
+  EXPECT_EQ(bench.TakeBoxes(), DownloadBoxes({Shown(BoxKey::DownloadDone)}));
+  EXPECT_EQ(bench.DeviceTable(), values);
 }
 
 /// Lets the next `times` selections of the value go unanswered, from the table's own writes on.

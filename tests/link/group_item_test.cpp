@@ -174,6 +174,77 @@ TEST_F(CokDialectTest, ADialectIsItemAccess) {
   EXPECT_EQ(items.WriteRetry(0, {u"01", u"14"}, u"8"), u"8");
 }
 
+TEST_F(CokDialectTest, AnAcceptanceInPlaceOfDataIsNoDataAndTheLineIsDrainedBeforeTheRetry) {
+  Replies({"COK", "COK", "COK", "D7"});
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"7");
+  EXPECT_EQ(line.Sent(), "G01 I14 G01 I14");
+  EXPECT_GE(line.Commands()[2].received - line.Commands()[1].received, Clock(1s));
+  EXPECT_LE(line.Commands()[2].received - line.Commands()[1].received, Clock(1100ms));
+  line.ForgetCommands();
+  Replies({"COK", "D7", "COK", "COK", "D7", "D8"});
+  EXPECT_EQ(cok.WriteItemRetry(3, {u"01", u"14"}, u"8"), u"8");
+  EXPECT_EQ(line.Sent(), "G01 I14 D8 G01 I14 D8");
+  EXPECT_GE(line.Commands()[3].received - line.Commands()[2].received, Clock(1s));
+  EXPECT_EQ(shared.LastItemReply, u"COK");
+}
+
+TEST_F(CokDialectTest, TheLineIsDrainedBehindAnyAnswerToTheGroupThatIsNoAcceptance) {
+  Replies({"D7", "COK", "D7"});
+  EXPECT_EQ(cok.ReadItemRetry(3, {u"01", u"14"}), u"7");
+  EXPECT_GE(line.Commands()[1].received - line.Commands()[0].received, Clock(1s));
+}
+
+TEST_F(CokDialectTest, ARefusalOfAnItemOrOfDataLeavesTheLineInStep) {
+  Replies({"COK", "D7", "CNG", "COK", "CNU", "COK", "D7", "D8"});
+  EXPECT_EQ(cok.WriteItemRetry(3, {u"01", u"14"}, u"8"), u"8");
+  EXPECT_LE(host.loop.Now(), Clock(800ms));
+}
+
+TEST_F(CokDialectTest, WhatNoDeviceSendsAsDataIsNone) {
+  for (const std::string reply : {"????", "12.5", "D1\rD1", "D1\x01", "D1\xFF"}) {
+    Replies({"COK", reply, "COK", "D7"});
+    EXPECT_EQ(cok.ReadItemRetry(1, {u"01", u"14"}), u"7") << reply;
+    Replies({"COK", "D7", reply});
+    EXPECT_EQ(cok.WriteItemRetry(0, {u"01", u"14"}, u"8"), u"") << reply;
+  }
+}
+
+TEST_F(CokDialectTest, AnEchoThatIsTheReplyBeforeIsListenedToOnlyWhenItTellsAnotherNumber) {
+  struct Case {
+    std::string reply;
+    String data;
+    bool doubtful;
+  };
+  for (const Case& one : {Case{"DZERO:12.5", u"12.5", false}, Case{"DZERO:12.50", u"12.5", false},
+                          Case{"DZERO:12.5", u"12", true}, Case{"D 12.50 kHz", u"12.5", false},
+                          Case{"D 12.50 kHz", u"13", true}, Case{"DAL:5.0 (UP)", u"5 (UP)", false},
+                          Case{"DTG:PUMP 1", u"PUMP 1", false}, Case{"DK", u"1", false},
+                          Case{"D4-20 mA", u"1", false}, Case{"D1", u"0", true}, Case{"D1", u"1", false}}) {
+    Replies({"COK", one.reply, one.reply});
+    const Clock begin = host.loop.Now();
+    EXPECT_NE(cok.WriteItemRetry(0, {u"01", u"14"}, one.data), u"") << "the device may make it what it was";
+    EXPECT_EQ(host.loop.Now() - begin > Clock(1s), one.doubtful) << one.reply << ' ' << ToUtf8(one.data);
+  }
+}
+
+TEST_F(CokDialectTest, AReplySentTwiceIsNotTakenForTheEcho) {
+  Replies({"COK"});
+  line.AnswerNext({{40ms, "DZERO:10\r"}, {110ms, "DZERO:10\r"}});
+  line.AnswerNext({{200ms, "CNG\r"}});
+  EXPECT_EQ(cok.WriteItemRetry(0, {u"01", u"14"}, u"12.5"), u"");
+}
+
+TEST_F(CokDialectTest, AnyEchoTellsThatAModeWasTakenButARefusalOrAnAcceptance) {
+  for (const std::string echo : {"D0", "D 1", "ok", "????"}) {
+    Replies({"COK", "D1", echo});
+    EXPECT_NE(cok.WriteModeRetry(0, {u"01", u"01"}, u"0"), u"") << echo;
+  }
+  for (const std::string echo : {"CNG", "CNU", "COK", ""}) {
+    Replies({"COK", "D1", echo});
+    EXPECT_EQ(cok.WriteModeRetry(0, {u"01", u"01"}, u"0"), u"") << echo;
+  }
+}
+
 struct EnterItemDialectTest : DialectTest {
   EnterItemDialect enter_item{link, shared};
 };
@@ -305,6 +376,62 @@ TEST_F(EnterItemDialectTest, TheDevicesOwnWordsPassThrough) {
     Replies({kEnterItem, "DStatus", "D" + text});
     EXPECT_EQ(ToUtf8(enter_item.ReadParam({u"01", u"42"})), text);
   }
+}
+
+TEST_F(EnterItemDialectTest, ARefusalOfDataIsAFailedWriteAndIsRepeated) {
+  Replies({kEnterItem, "DStatus", "CNG", kEnterItem, "DStatus", "CNU", kEnterItem, "DStatus", "D5"});
+  EXPECT_EQ(enter_item.WriteParamRetry(3, {u"01", u"14"}, u"5"), u"5");
+  EXPECT_LE(host.loop.Now(), Clock(800ms)) << "a refusal leaves the line in step";
+  for (const std::string refusal : {"CNG", "CNU"}) {
+    Replies({kEnterItem, "DStatus", refusal});
+    EXPECT_EQ(enter_item.WriteParam({u"01", u"14"}, u"5"), u"") << refusal;
+    Replies({kEnterItem, "DStatus", refusal});
+    EXPECT_EQ(enter_item.WriteParamPair({u"01", u"60"}, u"", u"Z"), u"") << refusal;
+  }
+}
+
+TEST_F(EnterItemDialectTest, ARefusedItemReadsAsErrorOrNeedlessAndIsNotReadAgain) {
+  Replies({kEnterItem, "DStatus", "CNG"});
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"14"}), u"ERROR");
+  Replies({kEnterItem, "DStatus", "CNU"});
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"14"}), u"NEEDLESS");
+  EXPECT_EQ(line.Commands().size(), 6U);
+}
+
+TEST_F(EnterItemDialectTest, AnyTextTellsThatAModeWasTaken) {
+  for (const std::string echo : {"D0", "CNG", "CNU", "ok", "????"}) {
+    Replies({kEnterItem, "DStatus", echo});
+    EXPECT_NE(enter_item.WriteModeRetry(0, {u"01", u"01"}, u"0"), u"") << echo;
+  }
+  Replies({kEnterItem, "DStatus"});
+  EXPECT_EQ(enter_item.WriteModeRetry(0, {u"01", u"01"}, u"0"), u"");
+}
+
+TEST_F(EnterItemDialectTest, TheLineIsDrainedBehindAnUnknownTitleAndBehindAnotherMenu) {
+  for (const std::vector<std::string>& wrong :
+       {std::vector<std::string>{kEnterItem, kEnterItem}, {kEnterItem, "Dnowhere"}, {"DStatus"}, {"CNG"}}) {
+    line.ForgetCommands();
+    Replies(wrong);
+    Replies({kEnterItem, "DStatus", "D5"});
+    EXPECT_EQ(enter_item.ReadParamRetry(1, {u"01", u"14"}), u"5");
+    const auto& commands = line.Commands();
+    EXPECT_GE(commands[wrong.size()].received - commands[wrong.size() - 1].received, Clock(1s));
+  }
+}
+
+TEST_F(EnterItemDialectTest, AMenuInPlaceOfAnItemsNameIsNone) {
+  Replies({kEnterItem, kEnterItem, kEnterItem, "DSYSVER"});
+  EXPECT_EQ(enter_item.ReadItemNameRetry(1, {u"00", u"99"}), u"SYSVER");
+}
+
+TEST_F(EnterItemDialectTest, ATitleSentTwiceIsNotTakenForData) {
+  Replies({kEnterItem});
+  line.AnswerNext({{40ms, "DStatus\r"}, {110ms, "DStatus\r"}});
+  line.AnswerNext({{200ms, "D5\r"}});
+  Replies({kEnterItem, "DStatus", "D5"});
+  EXPECT_EQ(enter_item.ReadParamRetry(1, {u"01", u"14"}), u"5");
+  Replies({kEnterItem, "DStatus", "DStatus"});
+  EXPECT_EQ(enter_item.ReadParam({u"01", u"02"}), u"Status") << "a tag may read like a title";
 }
 
 TEST_F(EnterItemDialectTest, ADialectIsItemAccess) {

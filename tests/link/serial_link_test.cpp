@@ -226,6 +226,117 @@ TEST_F(SerialLinkTest, AVanishedPortIsASilentDeviceAndWorksAgainWhenItIsBackAndO
   Exchange();
 }
 
+// --- a line out of step
+
+TEST_F(SerialLinkTest, ALineOutOfStepIsDrainedUntilASecondIsQuietBeforeTheNextCommand) {
+  Exchange();
+  const Clock begin = host.loop.Now();
+  link.LoseStep();
+  host.port.DeliverAt(begin + 400ms, "DZERO");
+  host.port.DeliverAt(begin + 900ms, ":1\r");
+  line.AnswerNext("D12.5");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"D12.5");
+  EXPECT_EQ(line.Commands().back().received - begin, Clock(1900ms) + 4 * kCharacter);
+  line.AnswerNext("COK");
+  const Clock next = host.loop.Now();
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(line.Commands().back().received - next, 4 * kCharacter) << "in step again";
+}
+
+TEST_F(SerialLinkTest, ALineThatDoesNotFallQuietIsDrainedForThreeSeconds) {
+  Exchange();
+  const Clock begin = host.loop.Now();
+  link.LoseStep();
+  for (int at = 0; at < 40; ++at) {
+    host.port.DeliverAt(begin + at * 90ms, "x\r");
+  }
+  link.SendCommandTrimmed(u"I14\r");
+  EXPECT_EQ(line.Commands().back().received - begin, Clock(3s) + 4 * kCharacter);
+}
+
+TEST_F(SerialLinkTest, ALineThatHasBeenQuietLongEnoughIsNotWaitedForAgain) {
+  Exchange();
+  link.LoseStep();
+  host.loop.RunFor(1500ms);
+  const Clock begin = host.loop.Now();
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(line.Commands().back().received - begin, 4 * kCharacter);
+}
+
+TEST_F(SerialLinkTest, DrainingTellsWhetherSomethingCame) {
+  Exchange();
+  EXPECT_FALSE(link.Drain());
+  host.port.DeliverAt(host.loop.Now() + 500ms, "COK\r");
+  EXPECT_FALSE(link.Drain()) << "a second has been quiet already";
+  Exchange();
+  host.port.DeliverAt(host.loop.Now() + 500ms, "COK\r");
+  EXPECT_TRUE(link.Drain());
+}
+
+TEST_F(SerialLinkTest, TimeOutsAloneAddNoPause) {
+  Exchange();
+  const Clock begin = host.loop.Now();
+  for (int at = 0; at < 5; ++at) {
+    link.SendCommandTrimmed(u"G01\r");
+  }
+  EXPECT_EQ(host.loop.Now() - begin, Clock(15s));
+  line.AnswerNext("COK");
+  line.AnswerNext("D12.5");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"D12.5");
+  EXPECT_EQ(host.loop.Now() - begin, Clock(15s) + 8 * kCharacter + 20ms);
+}
+
+TEST_F(SerialLinkTest, ATimeOutBehindAReplyThatMayHaveBeenOwedLeavesTheLineOutOfStep) {
+  Exchange();
+  link.SendCommandTrimmed(u"G01\r");
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"I14\r"), u"");
+  const Clock begin = host.loop.Now();
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(line.Commands().back().received - begin, Clock(1s) + 4 * kCharacter);
+}
+
+TEST_F(SerialLinkTest, ACloseRequestEndsTheProgramWhileTheLineIsDrained) {
+  Exchange();
+  shared.CommBusy = true;
+  link.LoseStep();
+  const Clock begin = host.loop.Now();
+  host.loop.After(100ms, [this] { shared.QuitRequested = true; });
+  EXPECT_THROW(link.SendCommandTrimmed(u"G01\r"), ProgramEnd);
+  EXPECT_EQ(host.loop.Now() - begin, Clock(100ms));
+  EXPECT_EQ(line.Sent(), "");
+}
+
+// --- one exchange at a time
+
+TEST_F(SerialLinkTest, NoExchangeBeginsInsideAnotherOne) {
+  std::vector<String> inner;
+  line.AnswerNext(test::ScriptedLine::OneChunk("COK", 900ms));
+  host.loop.After(300ms, [&] { inner.push_back(link.SendCommandTrimmed(u"G02\r")); });
+  host.loop.After(400ms, [&] {
+    const std::string failure = FailureOf(u"G03\r");
+    EXPECT_NE(failure.find("「G03」"), std::string::npos) << failure;
+    EXPECT_NE(failure.find("交信中"), std::string::npos) << failure;
+  });
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(inner, std::vector<String>{u""});
+  EXPECT_EQ(line.Sent(), "G01");
+  Exchange();
+}
+
+TEST_F(SerialLinkTest, NoExchangeBeginsWhileTheLineIsDrained) {
+  Exchange();
+  link.LoseStep();
+  host.loop.After(500ms, [this] { EXPECT_EQ(link.SendCommandTrimmed(u"G02\r"), u""); });
+  line.AnswerNext("COK");
+  EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"COK");
+  EXPECT_EQ(line.Sent(), "G01");
+}
+
 TEST_F(SerialLinkTest, ABabblingLineCannotFillTheMemory) {
   line.AnswerNext({{10ms, std::string(1 << 20, 'x')}, {20ms, "\r"}});
   EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), String(1024, u'x'));

@@ -96,7 +96,9 @@ INSTANTIATE_TEST_SUITE_P(Fault, FaultTest,
                                          FaultCase{"not-usable@2", false, 2},
                                          FaultCase{"byte-by-byte", true, 2},
                                          FaultCase{"two-line-ends", true, 2}, FaultCase{"garbled@1", true, 3},
-                                         FaultCase{"garbled@2", false, 2}, FaultCase{"half@1", true, 3},
+                                         FaultCase{"garbled@2", true, 4}, FaultCase{"doubled@1", true, 4},
+                                         FaultCase{"doubled@2", true, 2}, FaultCase{"late@1", true, 5},
+                                         FaultCase{"late@2", true, 5}, FaultCase{"half@1", true, 3},
                                          FaultCase{"half@2", true, 4}, FaultCase{"empty@1", true, 3},
                                          FaultCase{"empty@2", true, 4}));
 

@@ -28,6 +28,7 @@ std::vector<Break> BreaksOf(std::size_t exchanges) {
       breaks.push_back({.fault = fault, .for_good = false, .at = at});
       breaks.push_back({.fault = fault, .for_good = true, .at = at});
     }
+    breaks.push_back({.fault = Fault::Doubled, .for_good = false, .at = at});
   }
   return Sampled(breaks);
 }
@@ -107,12 +108,6 @@ void SweepBench::ExpectUsable() {
   for (const int tab : open_tabs_) {
     EXPECT_TRUE(Page().Tabs.TabEnabled(tab)) << tab;
   }
-}
-
-void SweepBench::DropLateReplies() {
-  device.ClearFaults();
-  loop.RunUntilIdle();
-  Press(Page().OptCom, 0);
 }
 
 void SweepBench::ExpectUploadWorks() {

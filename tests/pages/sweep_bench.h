@@ -14,9 +14,12 @@ struct Break {
   std::size_t at = 0;
 
   [[nodiscard]] std::string Name() const;
+  /// False for a device that answers too late for good: what it is asked and what it answers then depends on
+  /// each instant.
+  [[nodiscard]] bool Foreseen() const { return fault != sim::Fault::Late || !for_good; }
 };
 
-/// Each exchange silent, refused, garbled and late, once and for good.
+/// Each exchange silent, refused, garbled and late, once and for good, and doubled once.
 std::vector<Break> BreaksOf(std::size_t exchanges);
 
 /// No run takes longer than this: 80 exchanges that each wait in vain, four times.
@@ -36,9 +39,6 @@ class SweepBench : public PageBench {
   std::vector<String> SetOf();
   /// Nothing is left of an operation: the program runs on, with an unlocked page.
   void ExpectUsable();
-  /// A reply that came behind its time-out waits in the port for the next exchange; the user opens the port
-  /// again.
-  void DropLateReplies();
   /// The line is good again: what is still under way arrives, and an upload brings the device's set.
   void ExpectUploadWorks();
 
