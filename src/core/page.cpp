@@ -88,6 +88,10 @@ void Page::OnActivate() {
 }
 
 void Page::OnModelSelected() {
+  if (OperationRuns()) {
+    lst_TypeSelect.ShowListIndex(accepted_model_);
+    return;
+  }
   if (program_.FindFamily(FamilyOfRow(Models, lst_TypeSelect.ListIndex())) == nullptr) {
     return;
   }
@@ -147,12 +151,15 @@ bool Page::AskSaveChanges() {
 
 bool Page::ConfirmDiscard() { return DataChanged && AskSaveChanges(); }
 
+bool Page::OperationRuns() const { return Shared().CommBusy; }
+
 void Page::BeginOperation() {
   Shared().CommBusy = true;
   Shared().DownloadBusy = false;
   // A close request that a download held off is not to cut a later operation short.
   Shared().QuitRequested = false;
   ResetBars();
+  RestorePort();
 }
 
 void Page::BeginDownload() {

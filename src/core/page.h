@@ -59,6 +59,9 @@ class Page {
 
   /// Asks whether to save the changes. True: cancel, the caller must stop.
   bool AskSaveChanges();
+  /// True while an operation on the device runs, which the waits let the user's actions in. None may begin
+  /// inside it: it does nothing then.
+  [[nodiscard]] bool OperationRuns() const;
   /// True when the operation must stop because the user wants to keep unsaved changes.
   bool ConfirmDiscard();
 
@@ -169,6 +172,7 @@ class Page {
   ReopenPort() = 0;  ///< activation: marks the port's option button, reopens at the family's speed
   virtual void ChoosePort(int number) = 0;  ///< OptCom`number` pressed, 1 to 4
   virtual void ClosePort() {}               ///< closing: only the root page
+  virtual void RestorePort() {}             ///< an operation begins: opens a port again that has broken
   virtual void ReadModel() = 0;             ///< reads the chosen model's definition and builds the page
   /// Where LockFrame keeps each tab's state, and whether UnlockFrame may enable it again.
   virtual void KeepTabState(int tab, bool enabled) = 0;

@@ -55,6 +55,7 @@ class DevicePage : public Page {
  protected:
   void ReopenPort() override;
   void ChoosePort(int number) override;
+  void RestorePort() override { Line().OpenAgainIfBroken(); }
 
  private:
   bool EnterMode(const String& data, BoxKey failure);

@@ -84,16 +84,25 @@ void SerialLink::ChoosePort(int number) {
   Open();
 }
 
+void SerialLink::OpenAgainIfBroken() {
+  if (opened_ && !PortOpen()) {
+    Close();
+    Open();
+    opened_ = true;
+  }
+}
+
 void SerialLink::Open() {
   const std::optional<LineSettings> line = ParseSettings(settings_);
-  const bool open = line && platform_.port.Open(comm_port_, *line);
+  opened_ = line && platform_.port.Open(comm_port_, *line);
   if (OnOpened) {
-    OnOpened(comm_port_, settings_, open);
+    OnOpened(comm_port_, settings_, opened_);
   }
 }
 
 void SerialLink::Close() {
   platform_.port.Close();
+  opened_ = false;
   input_.clear();
   second_end_due_ = false;
 }

@@ -47,6 +47,9 @@ class SerialLink {
   void Reopen(const String& settings);
   /// Closes the port, takes COM `number` (1 to 4), opens it with the present settings. Failures as above.
   void ChoosePort(int number);
+  /// Opens the port again with its present settings if it was open and has broken since (an adapter that was
+  /// unplugged, a device that was switched off). Failures as above; the next call then tries again.
+  void OpenAgainIfBroken();
   void Close();
 
   /// Sends `command` (its carriage return included) and waits up to 3000 ms for a reply that ends in one.
@@ -137,6 +140,7 @@ class SerialLink {
   SharedState& shared_;
   int comm_port_ = 1;
   String settings_;
+  bool opened_ = false;  ///< by its last choice or reopening; a port that has broken since counts as opened
   int receive_threshold_ = 0;
   Timer IntervalTimer;
   Timer WaitForTimer;

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 #include <optional>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/program.h"
@@ -42,7 +43,7 @@ void OutputSetting::PageBuilt() {
 
 void OutputSetting::Set() {
   TextField* set_box = page_.FindField(family_.set_key);
-  if (set_box == nullptr || !CheckOutputSet(*set_box)) {
+  if (page_.OperationRuns() || set_box == nullptr || !CheckOutputSet(*set_box)) {
     return;
   }
   page_.BeginOperation();
@@ -91,6 +92,7 @@ void OutputSetting::Force(TextField& set_box) {
   for (TextField* box : shown) {
     PaintRest(*box);
   }
+  holding_ = forced;
   if (forced) {
     KeepInReach(page_, cmdStatusMonOFF);
     cmdStatusMonOFF.SetFocus();
@@ -116,8 +118,11 @@ bool OutputSetting::EnterForcingMode() {
 }
 
 void OutputSetting::Off() {
-  if (page_.Shared().CommBusy) {
+  if (std::exchange(holding_, false)) {
     cmdStatusMonOFF.SetEnabled(false);
+    page_.Line().OpenAgainIfBroken();
+  } else if (page_.OperationRuns()) {
+    return;
   } else {
     // Pressed without a forced output. Nothing else may start during the exchange in this case either.
     page_.BeginOperation();

@@ -27,10 +27,10 @@ class OutputSetting final : public PagePart {
   void SetLocked(bool locked) override;
   void PageBuilt() override;  ///< shows the controls to models that have a box for the value
 
-  /// cmdSet. Does nothing on a model without a box for the value.
+  /// cmdSet. Does nothing on a model without a box for the value, and while an operation runs.
   void Set();
   /// cmdStatusMonOFF: returns the device to monitor mode, then ends the program if the user wanted to close
-  /// it meanwhile. The box for the value gets the focus.
+  /// it meanwhile. The box for the value gets the focus. Does nothing while another operation runs.
   void Off();
 
   Button cmdSet{"cmdSet"};
@@ -49,6 +49,7 @@ class OutputSetting final : public PagePart {
   ParameterPage& page_;
   const OutputFamily& family_;
   StatusMonitor& monitor_;
+  bool holding_ = false;  ///< Forcing, from the end of Set to Off
 };
 
 }  // namespace korva

@@ -16,7 +16,7 @@ struct LineSettings {
 };
 
 /// One serial line as the operations that a transport needs. COM 1 to COM 4 are numbers 1 to 4. A line whose
-/// far end vanished stays open, accepts writes and is silent until it is opened again.
+/// far end vanishes is open no more: it refuses writes until it is opened again.
 class Port {
  public:
   Port() = default;

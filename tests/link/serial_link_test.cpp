@@ -215,15 +215,41 @@ TEST_F(SerialLinkTest, ABreakOfTheLineBetweenExchangesCountsAsABlank) {
   EXPECT_EQ(host.loop.Now() - begin, Clock(600ms));
 }
 
-TEST_F(SerialLinkTest, AVanishedPortIsASilentDeviceAndWorksAgainWhenItIsBackAndOpened) {
+TEST_F(SerialLinkTest, APortThatHasGoneFailsAtOnceAndWorksAgainWhenItIsBackAndOpened) {
   Exchange();
   host.port.Remove(1);
   const Clock begin = host.loop.Now();
   EXPECT_EQ(link.SendCommandTrimmed(u"G01\r"), u"");
-  EXPECT_EQ(host.loop.Now() - begin, Clock(3s));
+  EXPECT_EQ(host.loop.Now(), begin);
+  EXPECT_FALSE(link.PortOpen());
   host.port.Connect(1, &line);
   link.ChoosePort(1);
   Exchange();
+}
+
+TEST_F(SerialLinkTest, ABrokenPortIsOpenedAgainWithItsSettingsOnceItIsBack) {
+  link.Reopen(u"9600,n,8,1");
+  Exchange();
+  host.port.Remove(1);
+  link.OpenAgainIfBroken();
+  EXPECT_FALSE(link.PortOpen()) << "it is not back yet";
+  host.port.Connect(1, &line);
+  link.OpenAgainIfBroken();
+  EXPECT_EQ(host.port.Settings().baud, 9600);
+  Exchange();
+}
+
+TEST_F(SerialLinkTest, APortThatWorksOrNeverOpenedIsNotOpenedAgain) {
+  std::vector<int> opened;
+  link.OnOpened = [&opened](int number, const String& /*settings*/, bool /*open*/) {
+    opened.push_back(number);
+  };
+  link.OpenAgainIfBroken();
+  link.ChoosePort(3);
+  link.OpenAgainIfBroken();
+  link.Close();
+  link.OpenAgainIfBroken();
+  EXPECT_EQ(opened, std::vector<int>{3});
 }
 
 // --- a line out of step

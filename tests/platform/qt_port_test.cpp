@@ -187,12 +187,12 @@ TEST_F(QtPortTest, AnArrivalThatEndsTheProgramLeavesThePump) {
   EXPECT_THROW(PumpFor(2000ms), ProgramEnd);
 }
 
-TEST_F(QtPortTest, AVanishedPortIsASilentDeviceThatUsesNoProcessorTime) {
+TEST_F(QtPortTest, AVanishedPortRefusesWritesAndUsesNoProcessorTime) {
   ASSERT_TRUE(port->Open(1, {}));
   terminal.Vanish();
   EXPECT_TRUE(PumpWhile([&] { return arrivals == 0; })) << "the break is told";
-  EXPECT_TRUE(port->IsOpen());
-  EXPECT_TRUE(port->Write("G01\r"));
+  EXPECT_FALSE(port->IsOpen());
+  EXPECT_FALSE(port->Write("G01\r"));
   const Clock before = ProcessorTime();
   PumpFor(300ms);
   EXPECT_LT(ProcessorTime() - before, 20ms);
@@ -200,15 +200,16 @@ TEST_F(QtPortTest, AVanishedPortIsASilentDeviceThatUsesNoProcessorTime) {
   EXPECT_EQ(arrivals, 1) << "and told once";
 }
 
-TEST_F(QtPortTest, ABreakThatTheWriteNoticesIsSilentToo) {
+TEST_F(QtPortTest, ABreakThatTheWriteNoticesRefusesTheNextOne) {
   ASSERT_TRUE(port->Open(1, {}));
   terminal.Vanish();
-  EXPECT_TRUE(port->Write("G01\r"));
+  port->Write("G01\r");
   const Clock before = ProcessorTime();
   PumpFor(300ms);
   EXPECT_LT(ProcessorTime() - before, 20ms);
-  EXPECT_TRUE(port->IsOpen());
-  EXPECT_EQ(port->TimedBaud(), 1200);
+  EXPECT_FALSE(port->IsOpen());
+  EXPECT_FALSE(port->Write("G01\r"));
+  EXPECT_EQ(arrivals, 1) << "the break is told once";
 }
 
 TEST_F(QtPortTest, WhatArrivedBeforeTheBreakCanStillBeTaken) {

@@ -132,11 +132,11 @@ TEST_F(VirtualPortTest, BytesUnderWayFromOnePortDoNotReachAnother) {
   EXPECT_TRUE(arrivals.empty());
 }
 
-TEST_F(VirtualPortTest, AVanishedPortIsSilentAndWorksAgainAfterReopening) {
+TEST_F(VirtualPortTest, AVanishedPortRefusesWritesAndWorksAgainAfterReopening) {
   port.Open(1, {});
   port.Remove(1);
-  EXPECT_TRUE(port.IsOpen());
-  EXPECT_TRUE(port.Write("G01\r"));
+  EXPECT_FALSE(port.IsOpen());
+  EXPECT_FALSE(port.Write("G01\r"));
   port.DeliverAt(10ms, "COK\r");
   loop.RunUntilIdle();
   EXPECT_TRUE(line.sent.empty());

@@ -97,14 +97,14 @@ void QtPort::Close() {
 }
 
 bool QtPort::Write(std::string_view bytes) {
-  if (state_ == State::Open) {
+  if (IsOpen()) {
     serial_.write(bytes.data(), static_cast<qint64>(bytes.size()));
     serial_.flush();
     // Once the system has taken all, the second flush only ends Qt's wait for room, which would wake the next
     // pump for nothing.
     serial_.flush();
   }
-  return state_ != State::Closed;
+  return IsOpen();
 }
 
 std::string QtPort::Take() { return std::exchange(arrived_, {}); }

@@ -15,9 +15,9 @@ namespace korva {
 /// A serial port of the machine. Where the platform has no ports of these names, COM N is the link or device
 /// ports/COMN in the program's folder, and if there is none, the N-th standard serial port.
 ///
-/// States: closed; open; broken (the device behind the line is gone: still open for the program, but what it
-/// writes goes nowhere and nothing arrives, until it opens a port again). A broken line is closed for the
-/// system, because it would otherwise report its break without end.
+/// States: closed; open; broken (the device behind the line is gone: closed for the program, which is yet to
+/// hear of it). A broken line is closed for the system too, because it would otherwise report its break
+/// without end.
 class QtPort final : public Port {
  public:
   /// `folder` is the program's folder.
@@ -28,7 +28,7 @@ class QtPort final : public Port {
 
   bool Open(int number, const LineSettings& settings) override;
   void Close() override;
-  [[nodiscard]] bool IsOpen() const override { return state_ != State::Closed; }
+  [[nodiscard]] bool IsOpen() const override { return state_ == State::Open; }
 
   /// As Port says; the bytes are handed to the line before this returns, as far as the system takes them.
   bool Write(std::string_view bytes) override;

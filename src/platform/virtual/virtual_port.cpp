@@ -23,16 +23,12 @@ bool VirtualPort::Open(int number, const LineSettings& settings) {
 
 void VirtualPort::Close() {
   open_ = false;
-  vanished_ = false;
   arrived_.clear();
 }
 
 bool VirtualPort::Write(std::string_view bytes) {
   if (!open_) {
     return false;
-  }
-  if (vanished_) {
-    return true;
   }
   const auto count = static_cast<Clock::rep>(bytes.size());
   sending_until_ = std::max(sending_until_, loop_.Now()) + count * CharacterTime();
@@ -55,8 +51,8 @@ std::string VirtualPort::DeviceName(int number) const { return "virtual COM" + s
 
 void VirtualPort::Remove(int number) {
   lines_.erase(number);
-  if (open_ && number == number_ && !vanished_) {
-    vanished_ = true;
+  if (open_ && number == number_) {
+    open_ = false;
     if (on_arrival_) {
       loop_.At(loop_.Now(), on_arrival_);
     }
@@ -70,7 +66,7 @@ Clock VirtualPort::CharacterTime() const {
 
 void VirtualPort::DeliverAt(Clock time, std::string chunk) {
   loop_.At(time, [this, number = number_, bytes = std::move(chunk)] {
-    if (!open_ || vanished_ || number != number_) {
+    if (!open_ || number != number_) {
       return;
     }
     arrived_ += bytes;

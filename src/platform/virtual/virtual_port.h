@@ -32,9 +32,6 @@ class VirtualLine {
 
 /// The serial ports in virtual time. A port exists once something, or nothing, was connected to it. Bytes of
 /// the program leave one after the other at 10 bits each; bytes of the line arrive when it says so.
-///
-/// States: closed; open; vanished (the far end is gone: still open for the program, but what it writes goes
-/// nowhere and nothing arrives, until it opens a port again).
 class VirtualPort final : public Port {
  public:
   explicit VirtualPort(VirtualEventLoop& loop) : loop_(loop) {}
@@ -52,7 +49,7 @@ class VirtualPort final : public Port {
   /// Makes COM `number` exist, with `line` at its far end; without one it is an open end that never answers.
   void Connect(int number, VirtualLine* line = nullptr) { lines_[number] = line; }
 
-  /// COM `number` no longer exists: it can't be opened, and if it is open its far end vanishes.
+  /// COM `number` no longer exists: it can't be opened, and if it is open it breaks.
   void Remove(int number);
 
   /// Whether characters take their time on the wire (the default) or none, as on a pseudo-terminal.
@@ -80,7 +77,6 @@ class VirtualPort final : public Port {
   std::map<int, VirtualLine*> lines_;
   bool timed_ = true;
   bool open_ = false;
-  bool vanished_ = false;
   int number_ = 0;
   LineSettings settings_;
   Clock sending_until_{0};    // when the program's last character has left the wire
