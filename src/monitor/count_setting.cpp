@@ -90,7 +90,7 @@ bool CountSetting::Serves() const {
 }
 
 void CountSetting::Set() {
-  if (!Serves()) {
+  if (page_.OperationRuns() || !Serves()) {
     return;
   }
   TextField& set_box = *page_.FindField(item_.set_key);

@@ -31,7 +31,7 @@ bool ItemCommand::Serves() const {
 }
 
 void ItemCommand::Run() {
-  if (!Serves()) {
+  if (page_.OperationRuns() || !Serves()) {
     return;
   }
   TextField& box = *page_.FindField(item_);

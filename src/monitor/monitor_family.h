@@ -31,8 +31,6 @@ struct MonitorFamily {
   std::span<const CycleItem> cycle;
   Cleaner clean;
 
-  /// The frame is locked before the change to monitor mode, not after it.
-  bool locks_first = false;
   /// The button that stops gets the keyboard focus.
   bool focuses_stop = false;
   /// Boxes and unit labels are put to rest before the first cycle.

@@ -52,8 +52,7 @@ void StatusMonitor::PageBuilt() {
 }
 
 void StatusMonitor::Start() {
-  // A second press during the mode change must not start an exchange inside the first one's.
-  if (page_.Shared().CommBusy || HasNoMonitorItems()) {
+  if (page_.OperationRuns() || HasNoMonitorItems()) {
     return;
   }
   page_.MonitorStop = false;
@@ -84,20 +83,12 @@ void StatusMonitor::Start() {
 }
 
 bool StatusMonitor::EnterFirstMode() {
-  if (family_.locks_first) {
-    page_.LockFrame();
-  }
+  page_.LockFrame();
   if (page_.EnterMonitorMode()) {
-    if (!family_.locks_first) {
-      page_.LockFrame();
-    }
     return true;
   }
-  if (family_.locks_first) {
-    page_.EndOperation();
-    page_.UnlockFrame();
-  }
-  page_.Shared().CommBusy = false;
+  page_.EndOperation();
+  page_.UnlockFrame();
   page_.lbl_Waitfor.SetVisible(false);
   return false;
 }

@@ -18,7 +18,7 @@ Download::Download(ParameterPage& page, const RowForm& form, ValueCheck& check, 
 }
 
 void Download::Run() {
-  if (!page_.Box().Ask(BoxKey::StartDownload)) {
+  if (page_.OperationRuns() || !page_.Box().Ask(BoxKey::StartDownload)) {
     return;
   }
   page_.BeginDownload();

@@ -21,7 +21,7 @@ Upload::Upload(ParameterPage& page, const RowForm& form, UploadSteps& steps)
 }
 
 void Upload::Run() {
-  if (page_.ConfirmDiscard()) {
+  if (page_.OperationRuns() || page_.ConfirmDiscard()) {
     return;
   }
   page_.BeginOperation();

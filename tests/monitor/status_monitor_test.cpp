@@ -115,14 +115,16 @@ TEST(StatusMonitorTest, ABoxThatKeepsItsValueIsNotRedrawnMoreOftenThanItBlinks) 
   EXPECT_EQ(changes, 1 + 1 + 2 * cycles) << "to rest once, the text once, highlight and rest in each cycle";
 }
 
-TEST(StatusMonitorTest, ThirdLocksTheFrameBeforeTheModeChangeAndTheOthersAfterIt) {
-  for (const auto& [word, locked] : {std::pair{u"Third", true}, std::pair{u"First", false}}) {
-    MonitorBench bench(word, "M.def", test::AllRows() + (locked ? "" : test::TemperatureSection()));
-    bool upload_enabled = false;
+TEST(StatusMonitorTest, TheFrameIsLockedBeforeTheModeChangeAndFreedWhenItFails) {
+  for (const StringView word : {u"First", u"Second", u"Third", u"QXI", u"Lite", u"Nano"}) {
+    MonitorBench bench(word, "M.def", test::AllRows() + (word == u"Third" ? "" : test::TemperatureSection()));
+    bool upload_enabled = true;
     bench.host.loop.After(15ms, [&] { upload_enabled = bench.page->cmdUpload.Enabled(); });
-    bench.StopAfter(1s);
+    bench.line.silent_from = 1;
     bench.Start();
-    EXPECT_EQ(upload_enabled, !locked);
+    EXPECT_FALSE(upload_enabled) << ToUtf8(word);
+    EXPECT_TRUE(bench.page->cmdUpload.Enabled()) << ToUtf8(word);
+    EXPECT_FALSE(bench.page->Shared().CommBusy) << ToUtf8(word);
   }
 }
 

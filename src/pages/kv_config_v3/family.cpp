@@ -108,7 +108,6 @@ constexpr FamilyRecord kKvConfigV3Record = {
     .monitor = {.presence = live::kItems03To08,
                 .cycle = kCycle,
                 .clean = TrimNumericHead,
-                .locks_first = true,
                 .focuses_stop = true,
                 .obeys_write_condition = true,
                 .paints_first = true,
