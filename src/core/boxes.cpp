@@ -74,6 +74,7 @@ constexpr std::array<BoxRow, kBoxCount> kBoxes = {{
      .title = kOpenFile,
      .text = u"cfgﾌｧｲﾙ(GroupItem$)のﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"},
     {.key = BoxKey::CfgFormat, .title = kOpenFile, .text = u"cfgﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"},
+    {.key = BoxKey::CfgOpenFailed, .title = kOpenFile, .text = u"{1}"},
     {.key = BoxKey::FileNotFound, .title = kOpenFile, .text = u"ファイルが見つかりません。"},
     {.key = BoxKey::DefFormat,
      .title = kOpenFile,

@@ -33,13 +33,14 @@ enum class BoxKey {
   ModelUnknown,  ///< the list's text is no model of the catalogue
   // Files: warnings.
   CfgDataFormat,  ///< too many fields in a record of values
-  CfgFormat,      ///< a line that is no key
+  CfgFormat,      ///< a line that is no key, or too many bytes
+  CfgOpenFailed,  ///< (why it can't be read)
   FileNotFound,
   DefFormat,
-  SaveFailed,       ///< (the system's own reason) a configuration could not be written
+  SaveFailed,       ///< (why) a configuration could not be written
   CsvFileNotFound,  ///< a table file
   CsvOpenFailed,    ///< (why it can't be read)
-  CsvSaveFailed,    ///< (the system's own reason)
+  CsvSaveFailed,    ///< (why) a table file could not be written
   // EEPROM: warnings.
   EepromModeNotEntered,
   EepromWriteFailed,

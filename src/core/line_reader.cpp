@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/text_utilities.h"
+#include "core/texts.h"
 #include "platform/event_gate.h"
 
 namespace korva {
@@ -26,20 +27,28 @@ LineReader::LineReader(const FileStore& files, const CodePage& code_page, Shared
     : files_(files), code_page_(code_page), shared_(shared) {}
 
 void LineReader::OpenTextFile(const String& path, int handle) {
-  String reason;
+  SystemReason reason;
   if (!TryOpenTextFile(path, handle, reason)) {
-    throw RuntimeFailure(u"ファイルを開けません。\n" + path + u"\n" + reason);
+    throw RuntimeFailure(u"ファイルを開けません。\n" + path + u"\n" + ReasonText(reason));
   }
 }
 
-bool LineReader::TryOpenTextFile(const String& path, int handle, String& reason) {
+bool LineReader::TryOpenTextFile(const String& path, int handle, SystemReason& reason, std::size_t most) {
   CloseTextFile(handle);
-  std::optional<std::string> bytes = files_.Read(path, reason);
+  std::optional<std::string> bytes = files_.Read(path, most, reason);
   if (!bytes) {
     return false;
   }
   open_files_[handle] = {.path = path, .bytes = std::move(*bytes)};
   return true;
+}
+
+void LineReader::Rewind(int handle) {
+  shared_.LinePushedBack = false;
+  if (const auto found = open_files_.find(handle); found != open_files_.end()) {
+    found->second.position = 0;
+    found->second.lines_read = 0;
+  }
 }
 
 void LineReader::CloseTextFile(int handle) {

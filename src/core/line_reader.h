@@ -23,14 +23,19 @@ String TrimLine(String text);
 /// all handles.
 class LineReader {
  public:
+  /// Far above any file of the program; keeps the memory safe.
+  static constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+
   LineReader(const FileStore& files, const CodePage& code_page, SharedState& shared);
 
   /// Opens the file under `handle`; a file that was open under it is closed first. Throws RuntimeFailure with
   /// the path and the system's own reason when it can't be read.
   void OpenTextFile(const String& path, int handle);
-  /// The same for a file that the user chose: false when it can't be read, and `reason` then holds the
-  /// system's own words.
-  bool TryOpenTextFile(const String& path, int handle, String& reason);
+  /// The same for a file that the user chose: false when it can't be read or has more than `most` bytes, and
+  /// `reason` then tells why.
+  bool TryOpenTextFile(const String& path, int handle, SystemReason& reason, std::size_t most = kMostBytes);
+  /// Lets the open file be read from its beginning once more.
+  void Rewind(int handle);
   /// Closes the handle; one that is not open is ignored.
   void CloseTextFile(int handle);
   /// True when the last line of the file has been read, even if it was pushed back. A handle that is not open

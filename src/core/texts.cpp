@@ -1,7 +1,9 @@
 #include "core/texts.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <utility>
 
 namespace korva {
 namespace {
@@ -102,6 +104,25 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::UpperLimit, .japanese = u"上限"},
     {.key = TextKey::LowerLimit, .japanese = u"下限"},
     {.key = TextKey::ResettingSystem, .japanese = u"ｼｽﾃﾑをﾘｾｯﾄしています。\n\rしばらくお待ち下さい"},
+    {.key = TextKey::ReasonMissing,
+     .japanese = u"ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。",
+     .english = u"The file or folder was not found."},
+    {.key = TextKey::ReasonNotPermitted,
+     .japanese = u"ｱｸｾｽする権限がありません。",
+     .english = u"You have no permission."},
+    {.key = TextKey::ReasonFolder, .japanese = u"ﾌｧｲﾙではなくﾌｫﾙﾀﾞです。", .english = u"It is a folder."},
+    {.key = TextKey::ReasonNoSpace,
+     .japanese = u"ﾃﾞｨｽｸの空き容量が足りません。",
+     .english = u"The disk is full."},
+    {.key = TextKey::ReasonReadOnly,
+     .japanese = u"ﾃﾞｨｽｸは読み取り専用です。",
+     .english = u"The disk is read-only."},
+    {.key = TextKey::ReasonInUse,
+     .japanese = u"ほかのﾌﾟﾛｸﾞﾗﾑが使用中です。",
+     .english = u"Another program is using it."},
+    {.key = TextKey::ReasonTooLarge,
+     .japanese = u"ﾌｧｲﾙが大きすぎます。",
+     .english = u"The file is too large."},
     {.key = TextKey::Com1, .japanese = u"COM 1"},
     {.key = TextKey::Com2, .japanese = u"COM 2"},
     {.key = TextKey::Com3, .japanese = u"COM 3"},
@@ -136,6 +157,16 @@ std::array<CaptionPair, kTextCount> MakeCaptions() {
   return captions;
 }
 
+constexpr std::array kReasons = {
+    std::pair(SystemReason::Case::Missing, TextKey::ReasonMissing),
+    std::pair(SystemReason::Case::NotPermitted, TextKey::ReasonNotPermitted),
+    std::pair(SystemReason::Case::Folder, TextKey::ReasonFolder),
+    std::pair(SystemReason::Case::NoSpace, TextKey::ReasonNoSpace),
+    std::pair(SystemReason::Case::ReadOnly, TextKey::ReasonReadOnly),
+    std::pair(SystemReason::Case::InUse, TextKey::ReasonInUse),
+    std::pair(SystemReason::Case::TooLarge, TextKey::ReasonTooLarge),
+};
+
 constexpr StringView kCfgFilter = u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|";
 constexpr StringView kDefFilter = u"プログラム管理ファイル (*.def)|*.def";
 constexpr StringView kAllFilter = u"すべてのファイル (*.*)|*.*|";
@@ -146,6 +177,12 @@ const String& CaptionText(TextKey key, Language language) {
   static const std::array<CaptionPair, kTextCount> captions = MakeCaptions();
   const CaptionPair& pair = captions.at(static_cast<std::size_t>(key));
   return language == Language::English ? pair.english : pair.japanese;
+}
+
+String ReasonText(const SystemReason& reason, Language language) {
+  const auto* const row = std::find_if(kReasons.begin(), kReasons.end(),
+                                       [&](const auto& one) { return one.first == reason.what; });
+  return row == kReasons.end() ? reason.words : CaptionText(row->second, language);
 }
 
 const String& CannotEndText() {

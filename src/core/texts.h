@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/string.h"
+#include "platform/system_reason.h"
 
 namespace korva {
 
@@ -99,6 +100,14 @@ enum class TextKey {
   UpperLimit,
   LowerLimit,
   ResettingSystem,  ///< two lines, in the window shown while the device restarts
+  // Why the system refused a file or a port.
+  ReasonMissing,
+  ReasonNotPermitted,
+  ReasonFolder,
+  ReasonNoSpace,
+  ReasonReadOnly,
+  ReasonInUse,
+  ReasonTooLarge,
   // The same in both languages.
   Com1,
   Com2,
@@ -113,6 +122,9 @@ enum class TextKey {
 
 /// The caption. A caption without an English text has the Japanese one in both languages.
 const String& CaptionText(TextKey key, Language language = Language::Japanese);
+
+/// Why the system refused: in the program's words where it knows the case, else in the system's own.
+String ReasonText(const SystemReason& reason, Language language = Language::Japanese);
 
 /// Font of captions and lists.
 inline constexpr StringView kFontName = u"ＭＳ Ｐゴシック";

@@ -6,6 +6,7 @@
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
+#include "core/texts.h"
 #include "files/section_lines.h"
 #include "platform/event_gate.h"
 
@@ -139,8 +140,22 @@ String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePa
   return text + KeyLine(kMemoKey) + Record({u"0", set.Author}) + Record({u"1", set.Memo}) + KeyLine(kEndKey);
 }
 
-std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models, const String& path) {
-  lines.OpenTextFile(path, kCfgHandle);
+bool OpenCfgFile(LineReader& lines, const Boxes& boxes, const String& path) {
+  SystemReason reason;
+  if (lines.TryOpenTextFile(path, kCfgHandle, reason, kMostCfgBytes)) {
+    return true;
+  }
+  if (reason.what == SystemReason::Case::Missing) {
+    boxes.Show(BoxKey::FileNotFound);
+  } else if (reason.what == SystemReason::Case::TooLarge) {
+    boxes.Show(BoxKey::CfgFormat);
+  } else {
+    boxes.Show(BoxKey::CfgOpenFailed, {path + u"\n" + ReasonText(reason)});
+  }
+  return false;
+}
+
+std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models) {
   std::optional<CfgModel> model;
   while (!model && !lines.AtEnd(kCfgHandle)) {
     if (lines.ReadLine(kCfgHandle) != kDefFileKey) {
@@ -156,14 +171,13 @@ std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& mode
     }
     model = ModelOf(def_file, models);
   }
-  lines.CloseTextFile(kCfgHandle);
+  lines.Rewind(kCfgHandle);
   return model;
 }
 
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
                                     const String& path, ParameterSet& set, std::span<PagePart* const> parts) {
   set.Clear();
-  lines.OpenTextFile(path, kCfgHandle);
   CfgReader reader(lines, boxes, path, set);
   std::optional<CfgModel> model;
   String line = reader.FirstKey();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,15 +23,21 @@ struct CfgModel {
 /// ends.
 String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts);
 
-/// The model of a configuration file, which is not read further; nothing when it names none. A file that
-/// can't be opened ends the program.
-std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models, const String& path);
+/// More bytes than this no configuration has; such a file is another kind of file.
+inline constexpr std::size_t kMostCfgBytes = std::size_t{1} << 20;
 
-/// Reads a configuration file into `set`, which is cleared first, and into the parts that have a section of
-/// their own. Nothing comes back when the file names no
-/// model: its values then belong to the current model's page. A file whose model is unknown is not read
-/// further. Format faults show their boxes and leave what was read up to there; a file that can't be opened,
-/// and an item outside the set, end the program.
+/// Takes in the configuration file that the user chose, for ModelOfCfgFile and ReadCfgFile. False, after its
+/// box, when it is missing, has more than kMostCfgBytes, or can't be read.
+bool OpenCfgFile(LineReader& lines, const Boxes& boxes, const String& path);
+
+/// The model of the open configuration file, which is not read further; nothing when it names none.
+std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& models);
+
+/// Reads the open configuration file, whose path is `path`, into `set`, which is cleared first, and into the
+/// parts that have a section of their own, and closes it. Nothing comes back when the file names no model:
+/// its values then belong to the current model's page. A file whose model is unknown is not read further.
+/// Format faults show their boxes and leave what was read up to there; an item outside the set ends the
+/// program.
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
                                     const String& path, ParameterSet& set, std::span<PagePart* const> parts);
 

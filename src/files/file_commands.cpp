@@ -24,7 +24,7 @@ void ForEachCharacter(StringView text, const Visitor& visit) {
   }
 }
 
-/// Why the text can't be written: names its first character that the code page lacks.
+/// Why the text can't be encoded: names its first character that the code page lacks.
 String LackedCharacter(const CodePage& code_page, StringView text) {
   String lacked;
   ForEachCharacter(text, [&](StringView character) {
@@ -33,6 +33,16 @@ String LackedCharacter(const CodePage& code_page, StringView text) {
     }
   });
   return u"「" + lacked + u"」はファイルの文字コードに無い文字なので、保存できません。";
+}
+
+/// Writes the text in place of the file; empty when it stands there, else why not.
+String WhyNotWritten(const Platform& platform, const String& path, const String& text) {
+  const std::optional<std::string> bytes = platform.code_page.Encode(text);
+  if (!bytes) {
+    return LackedCharacter(platform.code_page, text);
+  }
+  SystemReason reason;
+  return platform.files.Replace(path, *bytes, reason) ? String() : ReasonText(reason);
 }
 
 /// The bytes of the text, with "?" for each character that the code page lacks.
@@ -71,12 +81,11 @@ void ParameterPage::OpenCommand() {
   if (ConfirmDiscard() || !ChooseCfgFile(false)) {
     return;
   }
-  if (!ItsProgram().Surroundings().files.Exists(Shared().CfgFilePath)) {
+  if (!OpenCfgFile(ItsProgram().Lines(), Box(), Shared().CfgFilePath)) {
     ShowFileName();
-    Box().Show(BoxKey::FileNotFound);
     return;
   }
-  const std::optional<CfgModel> model = ModelOfCfgFile(ItsProgram().Lines(), Models, Shared().CfgFilePath);
+  const std::optional<CfgModel> model = ModelOfCfgFile(ItsProgram().Lines(), Models);
   const Family* family = model ? ItsProgram().FindFamily(FamilyOfRow(Models, model->row)) : nullptr;
   if (family != nullptr && model->row != 0 && family->word != ItsFamily().word) {
     lst_TypeSelect.SetListIndex(model->row);  // hands over to the page of that family
@@ -127,15 +136,9 @@ bool ParameterPage::SaveCfgFile() {
   if (!path) {
     return false;
   }
-  const Platform& platform = ItsProgram().Surroundings();
   const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
-  const std::optional<std::string> bytes = platform.code_page.Encode(text);
-  String reason;
-  if (!bytes) {
-    reason = LackedCharacter(platform.code_page, text);
-  }
-  if (!bytes || !platform.files.Replace(*path, *bytes, reason)) {
-    Box().Show(BoxKey::SaveFailed, {reason});
+  if (const String why = WhyNotWritten(ItsProgram().Surroundings(), *path, text); !why.empty()) {
+    Box().Show(BoxKey::SaveFailed, {why});
     return false;
   }
   ShowFileName();
@@ -150,7 +153,7 @@ bool ParameterPage::SaveCfgFile() {
 bool ParameterPage::SaveRescueFile(const String& path) {
   const Platform& platform = ItsProgram().Surroundings();
   const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
-  String reason;
+  SystemReason reason;
   return platform.files.Replace(path, EncodeReplacing(platform.code_page, text), reason);
 }
 

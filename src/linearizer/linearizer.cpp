@@ -253,9 +253,9 @@ std::optional<String> Linearizer::ChooseCsvFile(bool save) const {
 
 std::optional<CsvTable> Linearizer::ReadFile(const String& path, const CsvReader& reader) const {
   LineReader& lines = page_.ItsProgram().Lines();
-  String reason;
+  SystemReason reason;
   if (!lines.TryOpenTextFile(path, kCsvHandle, reason)) {
-    page_.Box().Show(BoxKey::CsvOpenFailed, {path + u"\n" + reason});
+    page_.Box().Show(BoxKey::CsvOpenFailed, {path + u"\n" + ReasonText(reason)});
     return std::nullopt;
   }
   std::optional<CsvTable> read = ReadCsv(lines, kCsvHandle, reader, table_.Points());
@@ -309,16 +309,14 @@ bool Linearizer::SaveCsv() {
   const Platform& platform = page_.ItsProgram().Surroundings();
   const String text = CsvText(table_.Shown(), table_.Points(), csv_.Value().writes_size);
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
-  String reason;
+  SystemReason reason;
   if (bytes && platform.files.Replace(*path, *bytes, reason)) {
     CsvFilePath = *path;
     CsvFileName = path->substr(path->rfind(platform.files.Separator()) + 1);
     return true;
   }
-  if (!bytes) {
-    reason = LackedCharacter(platform.code_page, table_.Shown());
-  }
-  page_.Box().Show(BoxKey::CsvSaveFailed, {reason});
+  page_.Box().Show(BoxKey::CsvSaveFailed,
+                   {bytes ? ReasonText(reason) : LackedCharacter(platform.code_page, table_.Shown())});
   return false;
 }
 

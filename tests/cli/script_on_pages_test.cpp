@@ -28,10 +28,10 @@ class BuildFiles final : public FileStore {
   [[nodiscard]] bool Exists(const String& path) const override {
     return written_.Exists(path) || disk_.Exists(path);
   }
-  std::optional<std::string> Read(const String& path, String& reason) const override {
-    return written_.Exists(path) ? written_.Read(path, reason) : disk_.Read(path, reason);
+  std::optional<std::string> Read(const String& path, std::size_t most, SystemReason& reason) const override {
+    return written_.Exists(path) ? written_.Read(path, most, reason) : disk_.Read(path, most, reason);
   }
-  bool Replace(const String& path, std::string_view bytes, String& reason) override {
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override {
     return written_.Replace(path, bytes, reason);
   }
   [[nodiscard]] char16_t Separator() const override { return disk_.Separator(); }
@@ -236,7 +236,7 @@ TEST(TableScript, TellsWhetherTheSwitchOpensTheTab) {
 
 TEST(TableScript, OpensATableFileAndTellsThatItIsNotSaved) {
   TableBench bench;
-  String reason;
+  SystemReason reason;
   bench.files.Replace(u"/t.csv", "0,0\r\n50,75\r\n", reason);
   const Lines opened = bench.Run("file /t.csv\nclick cmd_csvFileOpen");
   ASSERT_EQ(opened.size(), 1U);

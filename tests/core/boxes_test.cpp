@@ -23,7 +23,7 @@ const std::map<BoxKey, std::size_t>& PlacesOfBoxes() {
       {BoxKey::SaveFailed, 1},         {BoxKey::CsvSaveFailed, 1},        {BoxKey::CsvOpenFailed, 1},
       {BoxKey::EepromDataInvalid, 1},  {BoxKey::RoundedTo5Msec, 3},       {BoxKey::RoundedTo005V, 3},
       {BoxKey::OutputOutOfRange, 2},   {BoxKey::CountOutOfRange, 2},      {BoxKey::ThresholdOutOfRange, 2},
-      {BoxKey::ZeroTrimOutOfRange, 2}, {BoxKey::SpanTrimOutOfRange, 2},
+      {BoxKey::ZeroTrimOutOfRange, 2}, {BoxKey::SpanTrimOutOfRange, 2},   {BoxKey::CfgOpenFailed, 1},
   };
   return places;
 }
@@ -109,6 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
         Warning{BoxKey::CfgDataFormat, u"ﾌｧｲﾙを開く",
                 u"cfgﾌｧｲﾙ(GroupItem$)のﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"},
         Warning{BoxKey::CfgFormat, u"ﾌｧｲﾙを開く", u"cfgﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"},
+        Warning{BoxKey::CfgOpenFailed, u"ﾌｧｲﾙを開く", u"<1>"},
         Warning{BoxKey::FileNotFound, u"ﾌｧｲﾙを開く", u"ファイルが見つかりません。"},
         Warning{BoxKey::DefFormat, u"ﾌｧｲﾙを開く", u"defﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。ﾌﾟﾛｸﾞﾗﾑを再ｲﾝｽﾄｰﾙしてください。"},
         Warning{BoxKey::SaveFailed, u"ﾌｧｲﾙに保存", u"<1>"},

@@ -152,13 +152,26 @@ TEST_F(LineReaderTest, HoldsAFileThatIsReplacedWhileItIsRead) {
   EXPECT_EQ(lines_.ReadLine(3), u"b");
 }
 
+TEST_F(LineReaderTest, ReadsAFileOnceMoreFromItsBeginning) {
+  Open("a\r\nb\r\n");
+  lines_.ReadLine(3);
+  lines_.UnreadLine(lines_.ReadLine(3));
+  files_.Put(u"a.def", "x\r\n");
+  lines_.Rewind(3);
+  EXPECT_EQ(lines_.ReadLine(3), u"a");
+  EXPECT_EQ(lines_.ReadLine(3), u"b");
+  EXPECT_TRUE(lines_.AtEnd(3));
+  lines_.Rewind(2);
+  EXPECT_TRUE(lines_.AtEnd(2)) << "nothing is open there";
+}
+
 TEST_F(LineReaderTest, FailsOnAMissingFileWithItsNameAndTheSystemsReason) {
   try {
     lines_.OpenTextFile(u"system/missing.def", 3);
     FAIL() << "opened a missing file";
   } catch (const RuntimeFailure& failure) {
     EXPECT_NE(failure.Text().find(u"system/missing.def"), String::npos);
-    EXPECT_NE(failure.Text().find(u"No such file or directory"), String::npos);
+    EXPECT_NE(failure.Text().find(u"ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。"), String::npos);
   }
 }
 

@@ -92,6 +92,29 @@ INSTANTIATE_TEST_SUITE_P(
                     Caption{TextKey::Off, u"OFF", u"OFF"}, Caption{TextKey::On, u"ON", u"ON"},
                     Caption{TextKey::Version, u"KORVA Ver12.09", u"KORVA Ver12.09"}));
 
+INSTANTIATE_TEST_SUITE_P(
+    OfTheSystemsReasons, CaptionTest,
+    testing::Values(
+        Caption{TextKey::ReasonMissing, u"ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。",
+                u"The file or folder was not found."},
+        Caption{TextKey::ReasonNotPermitted, u"ｱｸｾｽする権限がありません。", u"You have no permission."},
+        Caption{TextKey::ReasonFolder, u"ﾌｧｲﾙではなくﾌｫﾙﾀﾞです。", u"It is a folder."},
+        Caption{TextKey::ReasonNoSpace, u"ﾃﾞｨｽｸの空き容量が足りません。", u"The disk is full."},
+        Caption{TextKey::ReasonReadOnly, u"ﾃﾞｨｽｸは読み取り専用です。", u"The disk is read-only."},
+        Caption{TextKey::ReasonInUse, u"ほかのﾌﾟﾛｸﾞﾗﾑが使用中です。", u"Another program is using it."},
+        Caption{TextKey::ReasonTooLarge, u"ﾌｧｲﾙが大きすぎます。", u"The file is too large."}));
+
+TEST(Texts, TellWhyTheSystemRefusedOrElseTheSystemsOwnWords) {
+  using enum SystemReason::Case;
+  EXPECT_EQ(ReasonText({.what = NotPermitted, .words = u"Permission denied"}), u"ｱｸｾｽする権限がありません。");
+  EXPECT_EQ(ReasonText({.what = NoSpace, .words = u"No space left"}, Language::English),
+            u"The disk is full.");
+  EXPECT_EQ(ReasonText({.words = u"Input/output error"}), u"Input/output error");
+  for (const auto what : {Missing, NotPermitted, Folder, NoSpace, ReadOnly, InUse, TooLarge}) {
+    EXPECT_NE(ReasonText({.what = what, .words = u"own"}), u"own");
+  }
+}
+
 TEST(Texts, HaveACaptionForEveryKey) {
   for (int key = 0; key < static_cast<int>(TextKey::kCount); ++key) {
     EXPECT_FALSE(CaptionText(static_cast<TextKey>(key)).empty()) << key;

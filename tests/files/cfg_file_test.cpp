@@ -28,17 +28,21 @@ class CfgFile : public testing::Test {
 
   void Read(StringView text) {
     host.PutText(kCfgPath, text);
-    model = ReadCfgFile(lines, boxes, models, kCfgPath, set, {});
+    ReadInto(set);
   }
   void ReadBytes(std::string_view bytes) {
     host.files.Put(kCfgPath, bytes);
-    model = ReadCfgFile(lines, boxes, models, kCfgPath, set, {});
+    ReadInto(set);
+  }
+  void ReadInto(ParameterSet& other) {
+    ASSERT_TRUE(OpenCfgFile(lines, boxes, kCfgPath));
+    model = ReadCfgFile(lines, boxes, models, kCfgPath, other, {});
   }
   /// Writes the set and reads it back into another.
   ParameterSet RoundTrip() {
     host.files.Put(kCfgPath, host.code_page.Encode(CfgText(u"QH.def", set, {})).value());
     ParameterSet other(set.Groups());
-    (void)ReadCfgFile(lines, boxes, models, kCfgPath, other, {});
+    ReadInto(other);
     return other;
   }
   [[nodiscard]] bool Clean() const { return host.dialogs.Boxes().empty(); }
@@ -293,9 +297,18 @@ TEST_F(CfgFile, AMemoLineThatBeginsWithADollarEndsTheSectionAsFaulty) {
   EXPECT_EQ(host.BoxTexts(), std::vector<String>{String(kFormat)});
 }
 
-TEST_F(CfgFile, ALineOfAMegabyteIsOneValue) {
-  Read(u"$Data\n\"1\",\"2\",\"" + String(1 << 20, u'x') + u"\"\n$End\n");
-  EXPECT_EQ(set.At(1, 2).size(), std::size_t{1} << 20);
+TEST_F(CfgFile, MayHaveAMebibyteOfWhichALineIsOneValue) {
+  const std::string head = "$Data\r\n\"1\",\"2\",\"";
+  const std::string tail = "\"\r\n$End\r\n";
+  const std::size_t length = kMostCfgBytes - head.size() - tail.size();
+  ReadBytes(head + std::string(length, 'x') + tail);
+  EXPECT_EQ(set.At(1, 2).size(), length);
+}
+
+TEST_F(CfgFile, OfMoreThanAMebibyteIsNone) {
+  host.files.Put(kCfgPath, std::string((1 << 20) + 1, ' '));
+  EXPECT_FALSE(OpenCfgFile(lines, boxes, kCfgPath));
+  EXPECT_EQ(host.BoxTexts(), std::vector<String>{String(kFormat)});
 }
 
 TEST_F(CfgFile, NulBytesAndForeignBytesAreRead) {
@@ -305,8 +318,9 @@ TEST_F(CfgFile, NulBytesAndForeignBytesAreRead) {
   EXPECT_NE(set.At(1, 3).find(u'\uFFFD'), String::npos);
 }
 
-TEST_F(CfgFile, AMissingFileEndsTheProgram) {
-  EXPECT_THROW((void)ReadCfgFile(lines, boxes, models, u"/nowhere.cfg", set, {}), RuntimeFailure);
+TEST_F(CfgFile, ThatIsMissingIsTold) {
+  EXPECT_FALSE(OpenCfgFile(lines, boxes, u"/nowhere.cfg"));
+  EXPECT_EQ(host.BoxTexts(), std::vector<String>{u"ﾌｧｲﾙを開く: ファイルが見つかりません。"});
 }
 
 }  // namespace

@@ -1,4 +1,8 @@
+#include <array>
+#include <utility>
+
 #include "file_commands_fixture.h"
+#include "files/cfg_file.h"
 
 namespace korva::test {
 namespace {
@@ -103,6 +107,44 @@ TEST_F(OpenCommand, AFileThatIsNotFoundLeavesThePage) {
   EXPECT_EQ(host.dialogs.Boxes()[0].box.icon, BoxIcon::Warning);
   EXPECT_EQ(Page().Item(2), u"TAG");
   EXPECT_FALSE(Page().DataChanged);
+}
+
+TEST_F(OpenCommand, AFileThatCantBeReadIsToldWithTheReasonAndThePageStays) {
+  const std::array faults = {
+      std::pair(MemoryFiles::Fault::NotPermitted, StringView(u"ｱｸｾｽする権限がありません。")),
+      std::pair(MemoryFiles::Fault::IsFolder, StringView(u"ﾌｧｲﾙではなくﾌｫﾙﾀﾞです。")),
+      std::pair(MemoryFiles::Fault::BadDisk, StringView(u"Input/output error"))};
+  host.Choose(u"OTHER");
+  Page().SetItem(2, u"TAG");
+  for (const auto& [fault, reason] : faults) {
+    host.files.FailReads(fault);
+    Open(kOther);
+    EXPECT_EQ(LastBox(), String(kOpenTitle).append(kCfg).append(u"\n").append(reason));
+    EXPECT_EQ(host.dialogs.Boxes().back().box.icon, BoxIcon::Warning);
+    EXPECT_EQ(Page().DefFile, u"OTHER.def");
+    EXPECT_EQ(Page().Item(2), u"TAG");
+    EXPECT_FALSE(Page().DataChanged);
+  }
+  host.files.FailReads(MemoryFiles::Fault::None);
+  Open(kOther);
+  EXPECT_EQ(Page().Text[0].Text(), u"TAG-1");
+}
+
+TEST_F(OpenCommand, AFileOfMoreThanAMebibyteIsNoConfigurationAndThePageStays) {
+  Page().SetItem(2, u"TAG");
+  Open(String(kOther) + String(kMostCfgBytes, u' '));
+  EXPECT_EQ(host.BoxTexts(),
+            std::vector<String>{String(kOpenTitle) + u"cfgﾌｧｲﾙのﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"});
+  EXPECT_EQ(Page().Item(2), u"TAG");
+  EXPECT_EQ(Page().DefFile, u"PLAIN.def");
+}
+
+TEST_F(OpenCommand, AFileThatVanishesWhileItsPageComesIsReadAllTheSame) {
+  Page().lst_TypeSelect.Observe([this] { host.files.Remove(kCfg); });
+  Open(u"$DefFile\n\"THIRD.def\"\n$Data\n\"1\",\"2\",\"TAG-3\"\n$End\n");
+  ASSERT_NE(host.third, nullptr);
+  EXPECT_EQ(host.third->Text[0].Text(), u"TAG-3");
+  EXPECT_TRUE(host.dialogs.Boxes().empty());
 }
 
 TEST_F(OpenCommand, AFileWithoutAModelGoesIntoTheCurrentPage) {

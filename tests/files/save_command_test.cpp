@@ -1,3 +1,6 @@
+#include <array>
+#include <utility>
+
 #include "file_commands_fixture.h"
 
 namespace korva::test {
@@ -104,14 +107,18 @@ TEST_F(SaveCommand, SavingOpeningAndSavingAgainGivesTheSameBytes) {
 }
 
 TEST_F(SaveCommand, ASaveThatFailsTellsTheSystemsReasonAndKeepsFileValuesAndMark) {
-  for (const auto fault :
-       {MemoryFiles::Fault::DiskFull, MemoryFiles::Fault::FolderGone, MemoryFiles::Fault::NotPermitted}) {
+  const std::array faults = {
+      std::pair(MemoryFiles::Fault::DiskFull, StringView(u"ﾃﾞｨｽｸの空き容量が足りません。")),
+      std::pair(MemoryFiles::Fault::FolderGone, StringView(u"ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。")),
+      std::pair(MemoryFiles::Fault::NotPermitted, StringView(u"ｱｸｾｽする権限がありません。")),
+      std::pair(MemoryFiles::Fault::BadDisk, StringView(u"Input/output error"))};
+  for (const auto& [fault, reason] : faults) {
     host.files.Put(kCfg, "old");
     Page().Text[0].UserTypes(u"TAG");
     Page().DataChanged = true;
     host.files.FailWrites(fault);
     EXPECT_FALSE(Save());
-    EXPECT_EQ(LastBox(), String(kSaveTitle) + MemoryFiles::ReasonOf(fault));
+    EXPECT_EQ(LastBox(), String(kSaveTitle).append(reason));
     EXPECT_EQ(host.dialogs.Boxes().back().box.icon, BoxIcon::Warning);
     EXPECT_EQ(host.files.Bytes(kCfg), "old");
     EXPECT_EQ(Page().Item(2), u"TAG");

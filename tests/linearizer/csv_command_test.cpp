@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
+#include <utility>
 
 #include "core/text_utilities.h"
 #include "linearizer/lnr_table.h"
@@ -144,12 +146,15 @@ TEST_P(OpenTableTest, AMissingFileIsToldAndChangesNothing) {
 }
 
 TEST_P(OpenTableTest, AFileThatCantBeReadIsToldWithTheSystemsReasonAndChangesNothing) {
-  for (const auto fault : {MemoryFiles::Fault::NotPermitted, MemoryFiles::Fault::FolderGone}) {
+  const std::array faults = {std::pair(MemoryFiles::Fault::NotPermitted, "ｱｸｾｽする権限がありません。"),
+                             std::pair(MemoryFiles::Fault::FolderGone, "ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。"),
+                             std::pair(MemoryFiles::Fault::BadDisk, "Input/output error")};
+  for (const auto& [fault, reason] : faults) {
     bench_.files.FailReads(MemoryFiles::Fault::None);
     Prepare();
     bench_.files.FailReads(fault);
     bench_.dialogs.QueueFile(kFile);
-    ExpectOnlyBoxes({title_ + "/korva/data/table.csv\n" + ToUtf8(MemoryFiles::ReasonOf(fault))});
+    ExpectOnlyBoxes({title_ + "/korva/data/table.csv\n" + reason});
   }
 }
 

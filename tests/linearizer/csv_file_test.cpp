@@ -28,7 +28,7 @@ class CsvFileTest : public testing::Test {
  protected:
   std::optional<CsvTable> Read(StringView family, const std::string& bytes, int limit) {
     files_.Put(u"table.csv", bytes);
-    String reason;
+    SystemReason reason;
     EXPECT_TRUE(lines_.TryOpenTextFile(u"table.csv", kTableHandle, reason));
     std::optional<CsvTable> table = ReadCsv(lines_, kTableHandle, FamilyOf(family).reader, limit);
     lines_.CloseTextFile(kTableHandle);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <utility>
 
 #include "core/program.h"
 #include "core/text_utilities.h"
@@ -131,10 +132,13 @@ TEST_P(SaveTableTest, TheDialogIsTheOneThatAsksBeforeItOverwrites) {
 
 TEST_P(SaveTableTest, AFileThatCantBeWrittenIsToldWithTheSystemsReasonAndTheOldOneStaysWhole) {
   bench_.files.Put(kTableFile, "old");
-  for (const auto fault : {MemoryFiles::Fault::DiskFull, MemoryFiles::Fault::NotPermitted}) {
+  const std::array faults = {
+      std::pair(MemoryFiles::Fault::DiskFull, "csvファイル保存: ﾃﾞｨｽｸの空き容量が足りません。"),
+      std::pair(MemoryFiles::Fault::NotPermitted, "csvファイル保存: ｱｸｾｽする権限がありません。")};
+  for (const auto& [fault, box] : faults) {
     bench_.files.FailWrites(fault);
     EXPECT_FALSE(bench_.Save(kTableFile));
-    EXPECT_EQ(bench_.Boxes().back(), "csvファイル保存: " + ToUtf8(MemoryFiles::ReasonOf(fault)));
+    EXPECT_EQ(bench_.Boxes().back(), box);
     EXPECT_EQ(bench_.files.Bytes(kTableFile), "old");
   }
   EXPECT_EQ(bench_.Boxes().size(), 2U);

@@ -157,7 +157,7 @@ TEST_F(PageFrameTest, KeepsTheModelWhenTheSaveIsCancelledOrFails) {
     EXPECT_EQ(Page().Item(2), u"KEPT");
     EXPECT_TRUE(Page().DataChanged);
   }
-  EXPECT_EQ(bench_.TakeBoxes().back(), "ﾌｧｲﾙに保存: No space left on device");
+  EXPECT_EQ(bench_.TakeBoxes().back(), "ﾌｧｲﾙに保存: ﾃﾞｨｽｸの空き容量が足りません。");
 }
 
 TEST_F(PageFrameTest, DropsTheChangesOnNo) {

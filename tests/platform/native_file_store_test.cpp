@@ -17,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr uid_t kNobody = 65534;
+constexpr std::size_t kMost = std::size_t{2} << 20;
 
 // A folder of its own for each test.
 struct NativeFileStoreTest : testing::Test {
@@ -46,7 +47,7 @@ struct NativeFileStoreTest : testing::Test {
 
   fs::path folder;
   NativeFileStore store;
-  String reason;
+  SystemReason reason;
 };
 
 // Gives up the superuser's rights for a while, so that permissions count.
@@ -93,15 +94,15 @@ TEST_F(NativeFileStoreTest, AFileReadsBackByteForByte) {
   const std::string bytes("a\0\r\n\xFF\x1A", 6);
   EXPECT_TRUE(store.Replace(Path("a.cfg"), bytes, reason));
   EXPECT_TRUE(store.Exists(Path("a.cfg")));
-  EXPECT_EQ(store.Read(Path("a.cfg"), reason), bytes);
+  EXPECT_EQ(store.Read(Path("a.cfg"), kMost, reason), bytes);
 }
 
 TEST_F(NativeFileStoreTest, LargeAndEmptyFilesAreWhole) {
   const std::string large(1000003, 'x');
   EXPECT_TRUE(store.Replace(Path("large"), large, reason));
-  EXPECT_EQ(store.Read(Path("large"), reason), large);
+  EXPECT_EQ(store.Read(Path("large"), kMost, reason), large);
   EXPECT_TRUE(store.Replace(Path("large"), "", reason));
-  EXPECT_EQ(store.Read(Path("large"), reason), "");
+  EXPECT_EQ(store.Read(Path("large"), kMost, reason), "");
 }
 
 TEST_F(NativeFileStoreTest, NamesMayBeJapanese) {
@@ -111,20 +112,20 @@ TEST_F(NativeFileStoreTest, NamesMayBeJapanese) {
 
 TEST_F(NativeFileStoreTest, AMissingFileTellsTheSystemsReason) {
   EXPECT_FALSE(store.Exists(Path("none")));
-  EXPECT_EQ(store.Read(Path("none"), reason), std::nullopt);
-  EXPECT_EQ(reason, u"No such file or directory");
+  EXPECT_EQ(store.Read(Path("none"), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.words, u"No such file or directory");
 }
 
 TEST_F(NativeFileStoreTest, AFolderIsNotRead) {
   EXPECT_TRUE(store.Exists(folder.u16string()));
-  EXPECT_EQ(store.Read(folder.u16string(), reason), std::nullopt);
-  EXPECT_EQ(reason, u"Is a directory");
+  EXPECT_EQ(store.Read(folder.u16string(), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.words, u"Is a directory");
 }
 
 TEST_F(NativeFileStoreTest, APipeIsNeitherWaitedForNorReplaced) {
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRUSR | S_IWUSR), 0);
-  EXPECT_EQ(store.Read(Path("pipe"), reason), std::nullopt);
-  EXPECT_EQ(reason, u"Operation not supported");
+  EXPECT_EQ(store.Read(Path("pipe"), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.words, u"Operation not supported");
   EXPECT_FALSE(store.Replace(Path("pipe"), "x", reason));
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 }
@@ -132,35 +133,49 @@ TEST_F(NativeFileStoreTest, APipeIsNeitherWaitedForNorReplaced) {
 TEST_F(NativeFileStoreTest, AFileOfAbsurdSizeIsNotRead) {
   const fs::path file = Make("sparse", "");
   fs::resize_file(file, std::uintmax_t{1} << 40);
-  EXPECT_EQ(store.Read(Path("sparse"), reason), std::nullopt);
-  EXPECT_EQ(reason, u"File too large");
+  EXPECT_EQ(store.Read(Path("sparse"), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.words, u"File too large");
+}
+
+TEST_F(NativeFileStoreTest, AFileOfMoreBytesThanAreAskedForIsNotRead) {
+  (void)Make("a", std::string(100000, 'x'));
+  EXPECT_EQ(store.Read(Path("a"), 100000, reason)->size(), 100000U);
+  EXPECT_EQ(store.Read(Path("a"), 99999, reason), std::nullopt);
+  EXPECT_EQ(reason.what, SystemReason::Case::TooLarge);
+}
+
+TEST_F(NativeFileStoreTest, AReasonTellsItsCase) {
+  EXPECT_EQ(store.Read(Path("none"), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.what, SystemReason::Case::Missing);
+  EXPECT_FALSE(store.Replace(folder.u16string(), "x", reason));
+  EXPECT_EQ(reason.what, SystemReason::Case::Folder);
 }
 
 TEST_F(NativeFileStoreTest, APathThatIsNoTextOfTheMachineHasAReason) {
   const String half = Path("a") + char16_t{0xD800};
   const String with_nul = Path("a") + char16_t{0};
   for (const String& path : {half, with_nul}) {
-    reason.clear();
+    reason = {};
     EXPECT_FALSE(store.Exists(path));
-    EXPECT_EQ(store.Read(path, reason), std::nullopt);
-    EXPECT_FALSE(reason.empty());
+    EXPECT_EQ(store.Read(path, kMost, reason), std::nullopt);
+    EXPECT_FALSE(reason.words.empty());
     EXPECT_FALSE(store.Replace(path, "x", reason));
   }
-  EXPECT_EQ(store.Read(u"", reason), std::nullopt);
+  EXPECT_EQ(store.Read(u"", kMost, reason), std::nullopt);
   EXPECT_FALSE(store.Replace(u"", "x", reason));
-  EXPECT_EQ(reason, u"No such file or directory");
+  EXPECT_EQ(reason.words, u"No such file or directory");
   EXPECT_EQ(Entries(), 0);
 }
 
 TEST_F(NativeFileStoreTest, AFolderThatIsGoneTellsTheSystemsReason) {
   EXPECT_FALSE(store.Replace(Path("gone/a.cfg"), "x", reason));
-  EXPECT_EQ(reason, u"No such file or directory");
+  EXPECT_EQ(reason.words, u"No such file or directory");
 }
 
 TEST_F(NativeFileStoreTest, AFolderIsNotReplaced) {
   fs::create_directory(folder / "sub");
   EXPECT_FALSE(store.Replace(Path("sub"), "x", reason));
-  EXPECT_EQ(reason, u"Is a directory");
+  EXPECT_EQ(reason.words, u"Is a directory");
   EXPECT_FALSE(store.Replace(Path("sub/"), "x", reason));
   EXPECT_TRUE(fs::is_directory(folder / "sub"));
 }
@@ -189,7 +204,7 @@ TEST_F(NativeFileStoreTest, AFullDiskLeavesTheOldFileWholeAndNoTemporary) {
     replaced = store.Replace(Path("a.cfg"), std::string(std::size_t{2} << 20, 'x'), reason);
   }
   EXPECT_FALSE(replaced);
-  EXPECT_EQ(reason, u"File too large");
+  EXPECT_EQ(reason.words, u"File too large");
   EXPECT_EQ(Content(file), "old");
   EXPECT_EQ(Entries(), 1);
 }
@@ -204,7 +219,7 @@ TEST_F(NativeFileStoreTest, AWriteProtectedFileIsNotReplaced) {
     replaced = store.Replace(Path("a.cfg"), "new", reason);
   }
   EXPECT_FALSE(replaced);
-  EXPECT_EQ(reason, u"Permission denied");
+  EXPECT_EQ(reason.words, u"Permission denied");
   EXPECT_EQ(Content(file), "old");
   EXPECT_EQ(Entries(), 1);
 }
@@ -218,7 +233,7 @@ TEST_F(NativeFileStoreTest, AProtectedFolderTellsTheSystemsReason) {
   }
   fs::permissions(folder, fs::perms(0755));
   EXPECT_FALSE(replaced);
-  EXPECT_EQ(reason, u"Permission denied");
+  EXPECT_EQ(reason.words, u"Permission denied");
 }
 
 TEST_F(NativeFileStoreTest, ALinkStaysALinkAndItsTargetIsReplaced) {
@@ -231,7 +246,7 @@ TEST_F(NativeFileStoreTest, ALinkStaysALinkAndItsTargetIsReplaced) {
   EXPECT_TRUE(fs::is_symlink(folder / "inner.cfg"));
   EXPECT_FALSE(fs::is_symlink(target));
   EXPECT_EQ(Content(target), "new");
-  EXPECT_EQ(store.Read(Path("outer.cfg"), reason), "new");
+  EXPECT_EQ(store.Read(Path("outer.cfg"), kMost, reason), "new");
 }
 
 TEST_F(NativeFileStoreTest, ALinkToNothingYetGetsItsTarget) {
@@ -246,10 +261,10 @@ TEST_F(NativeFileStoreTest, LinksInACircleHaveAReason) {
   fs::create_symlink("b", folder / "a");
   fs::create_symlink("a", folder / "b");
   EXPECT_FALSE(store.Exists(Path("a")));
-  EXPECT_EQ(store.Read(Path("a"), reason), std::nullopt);
-  EXPECT_EQ(reason, u"Too many levels of symbolic links");
+  EXPECT_EQ(store.Read(Path("a"), kMost, reason), std::nullopt);
+  EXPECT_EQ(reason.words, u"Too many levels of symbolic links");
   EXPECT_FALSE(store.Replace(Path("a"), "x", reason));
-  EXPECT_EQ(reason, u"Too many levels of symbolic links");
+  EXPECT_EQ(reason.words, u"Too many levels of symbolic links");
 }
 
 TEST_F(NativeFileStoreTest, TheSeparatorIsThePlatforms) { EXPECT_EQ(store.Separator(), u'/'); }

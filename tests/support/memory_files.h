@@ -12,24 +12,28 @@ namespace korva::test {
 /// Files that lie in memory, with failures that a test switches on by name.
 class MemoryFiles final : public FileStore {
  public:
-  enum class Fault { None, DiskFull, FolderGone, NotPermitted };
+  enum class Fault { None, DiskFull, FolderGone, NotPermitted, IsFolder, BadDisk };
 
   [[nodiscard]] bool Exists(const String& path) const override { return files_.contains(path); }
 
-  std::optional<std::string> Read(const String& path, String& reason) const override {
+  std::optional<std::string> Read(const String& path, std::size_t most, SystemReason& reason) const override {
     const auto found = files_.find(path);
     if (found == files_.end()) {
-      reason = kNoSuchFile;
+      reason = ReasonOf(Fault::FolderGone);
       return std::nullopt;
     }
     if (read_fault_ != Fault::None) {
       reason = ReasonOf(read_fault_);
       return std::nullopt;
     }
+    if (found->second.size() > most) {
+      reason = {.what = SystemReason::Case::TooLarge, .words = u"File too large"};
+      return std::nullopt;
+    }
     return found->second;
   }
 
-  bool Replace(const String& path, std::string_view bytes, String& reason) override {
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override {
     ++replacements_;
     if (write_fault_ != Fault::None) {
       reason = ReasonOf(write_fault_);
@@ -53,15 +57,19 @@ class MemoryFiles final : public FileStore {
 
   void FailReads(Fault fault) { read_fault_ = fault; }
   void FailWrites(Fault fault) { write_fault_ = fault; }
-  /// What Read and Replace give as the system's own words for a fault.
-  [[nodiscard]] static String ReasonOf(Fault fault) {
+  /// What Read and Replace give as the system's reason for a fault.
+  [[nodiscard]] static SystemReason ReasonOf(Fault fault) {
     switch (fault) {
       case Fault::DiskFull:
-        return u"No space left on device";
+        return {.what = SystemReason::Case::NoSpace, .words = u"No space left on device"};
       case Fault::FolderGone:
-        return kNoSuchFile;
+        return {.what = SystemReason::Case::Missing, .words = u"No such file or directory"};
       case Fault::NotPermitted:
-        return u"Permission denied";
+        return {.what = SystemReason::Case::NotPermitted, .words = u"Permission denied"};
+      case Fault::IsFolder:
+        return {.what = SystemReason::Case::Folder, .words = u"Is a directory"};
+      case Fault::BadDisk:
+        return {.words = u"Input/output error"};
       case Fault::None:
         break;
     }
@@ -72,8 +80,6 @@ class MemoryFiles final : public FileStore {
   void SetSeparator(char16_t separator) { separator_ = separator; }
 
  private:
-  static constexpr const char16_t* kNoSuchFile = u"No such file or directory";
-
   std::map<String, std::string> files_;
   Fault read_fault_ = Fault::None;
   Fault write_fault_ = Fault::None;

@@ -4,11 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+
+#include "platform/native/native_reason.h"
 
 namespace korva {
 
@@ -16,7 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr off_t kLargestFile = off_t{64} << 20;  // far above any file of the program; keeps memory safe
 constexpr int kLongestLinkChain = 40;
 
 // A file descriptor that closes itself.
@@ -34,15 +34,6 @@ class Descriptor {
  private:
   int number_;
 };
-
-// The system's words come in UTF-8, as paths do.
-String SystemReason(int error) {
-  try {
-    return fs::path(std::generic_category().message(error)).u16string();
-  } catch (const std::exception&) {
-    return u"error " + fs::path(std::to_string(error)).u16string();
-  }
-}
 
 // Nothing for a text that is no path on this machine.
 std::optional<fs::path> ToPath(const String& path) {
@@ -65,8 +56,8 @@ int WhyNoFile(const struct stat& status) {
   return S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
 }
 
-// Reads the file into `bytes`; the system's error number, 0 for success.
-int ReadAll(const fs::path& path, std::string& bytes) {
+// Reads the file, of `most` bytes at most, into `bytes`; the system's error number, 0 for success.
+int ReadAll(const fs::path& path, std::size_t most, std::string& bytes) {
   // O_NONBLOCK: opening a pipe would wait for its other end.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   struct stat status {};
@@ -79,7 +70,7 @@ int ReadAll(const fs::path& path, std::string& bytes) {
   constexpr std::size_t block = 65536;
   while (true) {
     const std::size_t length = bytes.size();
-    if (length > static_cast<std::size_t>(kLargestFile)) {
+    if (length > most) {
       return EFBIG;
     }
     bytes.resize(length + block);
@@ -192,22 +183,23 @@ bool NativeFileStore::Exists(const String& path) const {
   return native && fs::exists(*native, error);
 }
 
-std::optional<std::string> NativeFileStore::Read(const String& path, String& reason) const {
+std::optional<std::string> NativeFileStore::Read(const String& path, std::size_t most,
+                                                 SystemReason& reason) const {
   const std::optional<fs::path> native = ToPath(path);
   std::string bytes;
-  const int error = native ? ReadAll(*native, bytes) : EILSEQ;
+  const int error = native ? ReadAll(*native, most, bytes) : EILSEQ;
   if (error != 0) {
-    reason = SystemReason(error);
+    reason = ReasonOf(error);
     return std::nullopt;
   }
   return bytes;
 }
 
-bool NativeFileStore::Replace(const String& path, std::string_view bytes, String& reason) {
+bool NativeFileStore::Replace(const String& path, std::string_view bytes, SystemReason& reason) {
   const std::optional<fs::path> native = ToPath(path);
   const int error = native ? ReplaceFile(*native, bytes) : EILSEQ;
   if (error != 0) {
-    reason = SystemReason(error);
+    reason = ReasonOf(error);
   }
   return error == 0;
 }

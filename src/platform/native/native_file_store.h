@@ -12,11 +12,11 @@ class NativeFileStore final : public FileStore {
 
   /// As FileStore says. What is no regular file (a folder, a pipe, a device) can't be read, so that a read
   /// never waits for anything.
-  std::optional<std::string> Read(const String& path, String& reason) const override;
+  std::optional<std::string> Read(const String& path, std::size_t most, SystemReason& reason) const override;
 
   /// As FileStore says; an existing file keeps its permissions, and one that may not be written is not
   /// replaced. The bytes are on the disk before the name changes.
-  bool Replace(const String& path, std::string_view bytes, String& reason) override;
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override;
 
   [[nodiscard]] char16_t Separator() const override;
 };
