@@ -24,10 +24,13 @@ StringView WithoutBlanks(StringView text) {
 /// What stands behind the action's word.
 class Words {
  public:
-  Words(int line, StringView text) : line_(line), rest_(WithoutBlanks(text)) {}
+  Words(int line, StringView text, int depth) : line_(line), depth_(depth), rest_(WithoutBlanks(text)) {}
 
   /// Number of the line in which they stand.
   [[nodiscard]] int Line() const { return line_; }
+
+  /// In how many delayed actions they stand.
+  [[nodiscard]] int Depth() const { return depth_; }
 
   [[nodiscard]] bool Empty() const { return rest_.empty(); }
 
@@ -55,6 +58,7 @@ class Words {
 
  private:
   int line_;
+  int depth_;
   StringView rest_;
 };
 
@@ -83,6 +87,8 @@ String TextOf(StringView text) {
 }
 
 using Parsed = std::optional<Action>;
+
+std::optional<Statement> ParseNested(int number, StringView text, int depth);
 
 template <typename T>
 Parsed Alone(Words& words) {
@@ -166,7 +172,7 @@ Parsed ParseFile(Words& words) {
 
 Parsed ParseAfter(Words& words) {
   const std::optional<int> ms = words.NextNumber();
-  std::optional<Statement> statement = ParseStatement(words.Line(), words.Rest());
+  std::optional<Statement> statement = ParseNested(words.Line(), words.Rest(), words.Depth() + 1);
   if (!ms || !statement) {
     return std::nullopt;
   }
@@ -213,16 +219,12 @@ constexpr std::array<ActionRow, 15> kActions = {{
     {.word = "dump", .parse = ParseDump},
 }};
 
-}  // namespace
-
-bool SaysNothing(StringView text) {
-  const StringView said = WithoutBlanks(text);
-  return said.empty() || said.front() == u'#';
-}
-
-std::optional<Statement> ParseStatement(int number, StringView text) {
+std::optional<Statement> ParseNested(int number, StringView text, int depth) {
+  if (depth > kDeepestDelay) {
+    return std::nullopt;
+  }
   const StringView source = WithoutBlanks(text);
-  Words words(number, source);
+  Words words(number, source, depth);
   const std::string word = words.Next();
   const auto* const row = std::find_if(kActions.begin(), kActions.end(),
                                        [&](const ActionRow& action) { return action.word == word; });
@@ -235,5 +237,14 @@ std::optional<Statement> ParseStatement(int number, StringView text) {
   }
   return Statement{.line = number, .source = String(source), .action = *std::move(action)};
 }
+
+}  // namespace
+
+bool SaysNothing(StringView text) {
+  const StringView said = WithoutBlanks(text);
+  return said.empty() || said.front() == u'#';
+}
+
+std::optional<Statement> ParseStatement(int number, StringView text) { return ParseNested(number, text, 0); }
 
 }  // namespace korva::cli

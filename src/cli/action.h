@@ -80,7 +80,11 @@ struct Statement {
 /// True for a line that says nothing: blank, or a comment that begins with `#`.
 bool SaysNothing(StringView text);
 
-/// The statement that line `number` of a script holds as `text`; nothing when that is no action.
+/// How deep an action that is to come later (`after`) may hold another one that is.
+inline constexpr int kDeepestDelay = 16;
+
+/// The statement that line `number` of a script holds as `text`; nothing when that is no action, or one that
+/// is nested more than kDeepestDelay deep.
 std::optional<Statement> ParseStatement(int number, StringView text);
 
 }  // namespace korva::cli

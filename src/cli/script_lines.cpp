@@ -1,10 +1,13 @@
 #include "cli/script_lines.h"
 
+#include <algorithm>
+
 namespace korva::cli {
 
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kSlack = 8;  // more than a byte order mark and a line end have
 
 }  // namespace
 
@@ -12,6 +15,8 @@ void ScriptLines::Feed(std::string_view bytes) {
   bytes_.erase(0, taken_);
   taken_ = 0;
   bytes_ += bytes;
+  const std::size_t last_line = bytes_.rfind('\n') + 1;
+  bytes_.resize(std::min(bytes_.size(), last_line + kMostBytes + kSlack));
 }
 
 std::optional<std::string> ScriptLines::Next() {

@@ -8,9 +8,12 @@
 namespace korva::cli {
 
 /// Cuts the bytes of a script, as they arrive, into lines. A line ends with LF or CR LF, the last one also
-/// with the script. A byte order mark at the beginning is no part of the first line.
+/// with the script. A byte order mark at the beginning is no part of the first line. Of a line that is too
+/// long only the beginning is kept, which is too long as well.
 class ScriptLines {
  public:
+  static constexpr std::size_t kMostBytes = std::size_t{64} << 10;  ///< of a line, without its line end
+
   void Feed(std::string_view bytes);
   /// Nothing more will come.
   void Close() { closed_ = true; }

@@ -9,6 +9,7 @@
 
 #include "cli/page_actions.h"
 #include "cli/page_report.h"
+#include "cli/script_lines.h"
 #include "core/text_utilities.h"
 
 namespace korva::cli {
@@ -109,11 +110,19 @@ int ScriptRunner::Status() const {
 
 void ScriptRunner::Carry(std::string_view line) {
   ++line_;
-  const String text = FromUtf8(line);
-  if (Over() || SaysNothing(text)) {
+  if (Over()) {
     return;
   }
-  if (const std::optional<Statement> statement = ParseStatement(line_, text)) {
+  if (line.size() > ScriptLines::kMostBytes) {
+    CallWrong(line_, {}, "longer than 64 KiB");
+    return;
+  }
+  const String text = FromUtf8(line);
+  if (!IsUtf8(line)) {
+    CallWrong(line_, text, "not UTF-8");
+  } else if (SaysNothing(text)) {
+    return;
+  } else if (const std::optional<Statement> statement = ParseStatement(line_, text)) {
     Perform(*statement);
   } else {
     CallWrong(line_, text, "no action");
@@ -140,7 +149,8 @@ void ScriptRunner::Perform(const Statement& statement) {
 
 void ScriptRunner::CallWrong(int line, const String& source, std::string_view reason) {
   wrong_line_ = true;
-  transcript_.Complain("line " + std::to_string(line) + ": " + Quoted(source) + ": " + std::string(reason));
+  const std::string quoted = source.empty() ? "" : Quoted(source) + ": ";
+  transcript_.Complain("line " + std::to_string(line) + ": " + quoted + std::string(reason));
 }
 
 void ScriptRunner::LetDelaysBegin() {

@@ -146,4 +146,6 @@ String FromUtf8(std::string_view text) {
   return wide;
 }
 
+bool IsUtf8(std::string_view text) { return ToUtf8(FromUtf8(text)) == text; }
+
 }  // namespace korva

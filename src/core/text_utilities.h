@@ -36,4 +36,7 @@ String Ascii(std::string_view text);
 std::string ToUtf8(StringView text);
 String FromUtf8(std::string_view text);
 
+/// True when no sequence of the text is broken.
+bool IsUtf8(std::string_view text);
+
 }  // namespace korva

@@ -188,6 +188,21 @@ TEST(After, HoldsTheActionThatIsToCome) {
   EXPECT_EQ(std::get<TypeText>(delay.statement->action).text, u"a ");
 }
 
+/// "after 1 " so many times, then an action.
+String Nested(int depth) {
+  String text;
+  for (int count = 0; count < depth; ++count) {
+    text += u"after 1 ";
+  }
+  return text + u"close";
+}
+
+TEST(After, NestsSixteenDeepAtMost) {
+  Parsed<Delay>(Nested(16));
+  EXPECT_EQ(ParseStatement(1, Nested(17)), std::nullopt);
+  EXPECT_EQ(ParseStatement(1, Nested(100000)), std::nullopt);
+}
+
 TEST(WaitAction, TakesMilliseconds) {
   EXPECT_EQ(Parsed<Wait>(u"wait 0").duration, Milliseconds(0));
   EXPECT_EQ(Parsed<Wait>(u"wait 30000").duration, Milliseconds(30000));

@@ -56,6 +56,31 @@ TEST(ScriptLines, LoseTheCarriageReturnOfACrLf) {
   EXPECT_EQ(AllOf(lines), (Lines{"start", "close"}));
 }
 
+TEST(ScriptLines, KeepOfALineThatIsTooLongNoMoreThanTellsThatItIs) {
+  ScriptLines lines;
+  lines.Feed("start\n\xEF\xBB\xBF");
+  EXPECT_EQ(lines.Next(), "start");
+  for (int mebibyte = 0; mebibyte < 100; ++mebibyte) {
+    lines.Feed(std::string(1 << 20, '\r'));
+  }
+  EXPECT_EQ(lines.Next(), std::nullopt);
+  lines.Feed("\nclose\n");
+  const std::size_t length = lines.Next().value().size();
+  EXPECT_GT(length, ScriptLines::kMostBytes);
+  EXPECT_LT(length, ScriptLines::kMostBytes + 100);
+  EXPECT_EQ(lines.Next(), "close");
+}
+
+TEST(ScriptLines, OfTheGreatestLengthAreWholeWhateverTheirEnd) {
+  const std::string longest(ScriptLines::kMostBytes, 'x');
+  for (const char* end : {"\n", "\r\n"}) {
+    ScriptLines lines;
+    lines.Feed("\xEF\xBB\xBF" + longest);
+    lines.Feed(end);
+    EXPECT_EQ(lines.Next(), longest);
+  }
+}
+
 TEST(ScriptLines, LoseAByteOrderMarkAtTheBeginningOnly) {
   ScriptLines lines;
   lines.Feed("\xEF\xBB");

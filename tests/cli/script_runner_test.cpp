@@ -128,6 +128,36 @@ TEST(WrongLine, IsOneWhoseActionIsNotForTheControl) {
   }
 }
 
+TEST(WrongLine, IsOneOfMoreThan64KiB) {
+  ScriptBench bench;
+  const std::string type = "type Text(0) ";
+  EXPECT_EQ(bench.RunStarted(type + std::string(65536 - type.size(), 'x')), Lines{});
+  EXPECT_EQ(bench.runner.Status(), 0);
+  EXPECT_EQ(bench.Page().Text[0].Text().size(), 65536 - type.size());
+  EXPECT_EQ(bench.Run(std::string(65537, '#')), Lines{});
+  EXPECT_EQ(bench.runner.Status(), 2);
+  EXPECT_EQ(bench.Complaints(), Lines{"korva-cli: line 3: longer than 64 KiB"});
+}
+
+TEST(WrongLine, IsOneThatIsNotUtf8) {
+  for (const std::string broken : {"\xFF", "\xE3\x81", "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80"}) {
+    for (const std::string beginning : {"type Text(0) ", "# "}) {
+      ScriptBench bench;
+      EXPECT_EQ(bench.RunStarted(beginning + broken), Lines{});
+      EXPECT_EQ(bench.runner.Status(), 2);
+      EXPECT_TRUE(bench.Complaints().at(0).ends_with(": not UTF-8"));
+      EXPECT_EQ(bench.Page().Text[0].Text(), u"");
+    }
+  }
+}
+
+TEST(WrongLine, IsNotOneWithTheReplacementCharacterItself) {
+  ScriptBench bench;
+  bench.RunStarted("type Text(0) \xEF\xBF\xBD");
+  EXPECT_EQ(bench.runner.Status(), 0);
+  EXPECT_EQ(bench.Page().Text[0].Text(), u"\uFFFD");
+}
+
 TEST(WrongLine, DoesNotEndTheScriptThatKeepsGoing) {
   ScriptBench bench({.keep_going = true});
   bench.RunStarted("clik\nclick cmdNone\ntype Text(0) 2");
