@@ -1,6 +1,8 @@
 #include "platform/native/native_file_store.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -207,6 +209,36 @@ TEST_F(NativeFileStoreTest, AFullDiskLeavesTheOldFileWholeAndNoTemporary) {
   EXPECT_EQ(reason.words, u"File too large");
   EXPECT_EQ(Content(file), "old");
   EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(NativeFileStoreTest, WhatAKilledSaveLeftIsRemovedByTheNextSaveThere) {
+  (void)Make(".korva-4711-0.tmp", "half");
+  (void)Make(".korva-1-12.tmp", "");
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  EXPECT_EQ(Entries(), 1);
+  EXPECT_EQ(Content(folder / "a.cfg"), "new");
+}
+
+TEST_F(NativeFileStoreTest, TheTemporaryOfASaveThatLivesStays) {
+  const int other = open(Make(".korva-4711-0.tmp", "half").c_str(), O_WRONLY | O_CLOEXEC);
+  ASSERT_EQ(flock(other, LOCK_EX), 0);
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  close(other);
+  EXPECT_TRUE(fs::exists(folder / ".korva-4711-0.tmp"));
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  EXPECT_FALSE(fs::exists(folder / ".korva-4711-0.tmp"));
+}
+
+TEST_F(NativeFileStoreTest, WhatOnlyLooksLikeATemporaryStays) {
+  fs::create_directory(folder / ".korva-4711-1.tmp");
+  fs::create_symlink("kept.tmp", folder / ".korva-4711-2.tmp");
+  for (const char* name :
+       {".korva-4711-0.tmp~", ".korva-.cfg", ".korva-a-0.tmp", "korva-4711-0.tmp", "kept.tmp"}) {
+    (void)Make(name, "kept");
+  }
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason));
+  EXPECT_EQ(Entries(), 8);
+  EXPECT_EQ(Content(folder / "kept.tmp"), "kept");
 }
 
 TEST_F(NativeFileStoreTest, AWriteProtectedFileIsNotReplaced) {

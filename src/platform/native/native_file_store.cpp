@@ -1,11 +1,14 @@
 #include "platform/native/native_file_store.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
+#include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -18,6 +21,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kLongestLinkChain = 40;
+constexpr std::string_view kTemporaryHead = ".korva-";
+constexpr std::string_view kTemporaryTail = ".tmp";
 
 // A file descriptor that closes itself.
 class Descriptor {
@@ -25,11 +30,16 @@ class Descriptor {
   explicit Descriptor(int number) : number_(number) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+  Descriptor& operator=(Descriptor&&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) {
+      close(number_);
+    }
+  }
 
   [[nodiscard]] int Number() const { return number_; }
-
-  bool Close() { return number_ < 0 || close(std::exchange(number_, -1)) == 0; }
+  [[nodiscard]] bool Open() const { return number_ >= 0; }
 
  private:
   int number_;
@@ -61,7 +71,7 @@ int ReadAll(const fs::path& path, std::size_t most, std::string& bytes) {
   // O_NONBLOCK: opening a pipe would wait for its other end.
   const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
   struct stat status {};
-  if (file.Number() < 0 || fstat(file.Number(), &status) != 0) {
+  if (!file.Open() || fstat(file.Number(), &status) != 0) {
     return errno;
   }
   if (const int why = WhyNoFile(status)) {
@@ -111,23 +121,53 @@ int WriteAll(int file, std::string_view bytes) {
   return 0;
 }
 
-// Creates a file of a new name in `folder`; a negative descriptor with errno when that fails.
-int CreateTemporary(const fs::path& folder, fs::path& name) {
-  constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the user's umask
-  int file = -1;
-  for (int number = 0; file < 0; ++number) {
-    name = folder / (".korva-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp");
-    file = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    if (file < 0 && errno != EEXIST) {
-      break;
+// A temporary is locked for as long as its save lives, so that one which a killed save left can be told from
+// it.
+bool Lock(const Descriptor& file) { return flock(file.Number(), LOCK_EX | LOCK_NB) == 0; }
+
+bool IsTemporary(const std::string& name) {
+  return name.starts_with(kTemporaryHead) && name.ends_with(kTemporaryTail) &&
+         name.find_first_not_of("0123456789-", kTemporaryHead.size()) == name.size() - kTemporaryTail.size();
+}
+
+// Removes the temporaries that killed saves left in `folder`.
+void RemoveLeftovers(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const fs::path& path = entry->path();
+    if (!IsTemporary(path.filename().string())) {
+      continue;
+    }
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+    if (file.Open() && Lock(file)) {
+      unlink(path.c_str());  // a folder of this name stays
     }
   }
-  return file;
+}
+
+// Creates and locks a file of a new name in `folder`; with errno when that fails.
+Descriptor CreateTemporary(const fs::path& folder, fs::path& name) {
+  constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the user's umask
+  for (int number = 0;; ++number) {
+    name = folder / (std::string(kTemporaryHead) + std::to_string(getpid()) + "-" + std::to_string(number) +
+                     std::string(kTemporaryTail));
+    Descriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (!file.Open() && errno != EEXIST) {
+      return file;
+    }
+    // Before it was locked, another save may have taken it for a leftover.
+    struct stat status {};
+    const bool kept = file.Open() && (Lock(file) || errno != EWOULDBLOCK) &&
+                      fstat(file.Number(), &status) == 0 && status.st_nlink > 0;
+    if (kept) {
+      return file;
+    }
+  }
 }
 
 // Fills the temporary and gives it its final name; 0 for success.
-int FillAndRename(Descriptor& file, const fs::path& name, const fs::path& target, std::string_view bytes,
-                  const struct stat* old) {
+int FillAndRename(const Descriptor& file, const fs::path& name, const fs::path& target,
+                  std::string_view bytes, const struct stat* old) {
   constexpr mode_t permissions = 07777;
   if (old != nullptr && fchmod(file.Number(), old->st_mode & permissions) != 0) {
     return errno;
@@ -135,7 +175,7 @@ int FillAndRename(Descriptor& file, const fs::path& name, const fs::path& target
   if (const int error = WriteAll(file.Number(), bytes)) {
     return error;
   }
-  if (fsync(file.Number()) != 0 || !file.Close() || rename(name.c_str(), target.c_str()) != 0) {
+  if (fsync(file.Number()) != 0 || rename(name.c_str(), target.c_str()) != 0) {
     return errno;
   }
   return 0;
@@ -158,9 +198,10 @@ int ReplaceFile(fs::path target, std::string_view bytes) {
     return ENOENT;
   }
   const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+  RemoveLeftovers(folder);
   fs::path name;
-  Descriptor file(CreateTemporary(folder, name));
-  if (file.Number() < 0) {
+  const Descriptor file = CreateTemporary(folder, name);
+  if (!file.Open()) {
     return errno;
   }
   const int error = FillAndRename(file, name, target, bytes, exists ? &old : nullptr);
@@ -169,7 +210,7 @@ int ReplaceFile(fs::path target, std::string_view bytes) {
     return error;
   }
   const Descriptor directory(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.Number() >= 0) {
+  if (directory.Open()) {
     fsync(directory.Number());  // the new name survives a crash, where the file system can promise that
   }
   return 0;

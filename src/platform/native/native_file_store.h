@@ -15,7 +15,9 @@ class NativeFileStore final : public FileStore {
   std::optional<std::string> Read(const String& path, std::size_t most, SystemReason& reason) const override;
 
   /// As FileStore says; an existing file keeps its permissions, and one that may not be written is not
-  /// replaced. The bytes are on the disk before the name changes.
+  /// replaced. The bytes are on the disk before the name changes. What a save that was killed left in the
+  /// folder
+  /// (".korva-<process>-<number>.tmp") is removed.
   bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override;
 
   [[nodiscard]] char16_t Separator() const override;
