@@ -102,7 +102,8 @@ std::string_view HelpText() {
 
   --home DIR        folder with system/ and ports/; default: the program's own folder
   --model NAME      model of the catalogue; default: its first
-  --link PATH       link to make to the terminal; default: DIR/ports/COM1
+  --link PATH       link to make to the terminal; default: DIR/ports/COM1; what korva-sim did
+                    not make stays, and it ends
   --fast            bytes need no time; default: the true speed of the model's line
   --latency MS      from command to reply, 0 to 60000; default: 10, slow models 300,
                     with --fast 0

@@ -1,8 +1,10 @@
 #include "sim/pseudo_terminal.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -55,6 +57,25 @@ int OpenWatch(const std::string& name) {
     Fail("can't watch the pseudo-terminal");
   }
   return watch;
+}
+
+std::filesystem::path RecordOf(const std::filesystem::path& link) {
+  return link.parent_path() / ("." + link.filename().string() + ".korva-sim");
+}
+
+int LockRecord(const std::filesystem::path& link, const std::filesystem::path& record) {
+  if (link.has_parent_path()) {
+    std::filesystem::create_directories(link.parent_path());
+  }
+  constexpr mode_t kMode = S_IRUSR | S_IWUSR;
+  const int file = Checked(open(record.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, kMode),
+                           "can't make the record of the link");
+  if (flock(file, LOCK_EX | LOCK_NB) != 0) {
+    close(file);
+    throw std::runtime_error("another korva-sim serves " + link.string() +
+                             "; end it, or choose another name by --link");
+  }
+  return file;
 }
 
 }  // namespace
@@ -113,18 +134,45 @@ bool PseudoTerminal::ClosedByProgram() {
 }
 
 PortLink::PortLink(std::filesystem::path path, std::string target)
-    : path_(std::move(path)), target_(std::move(target)) {
-  if (path_.has_parent_path()) {
-    std::filesystem::create_directories(path_.parent_path());
+    : path_(std::move(path)),
+      target_(std::move(target)),
+      record_path_(RecordOf(path_)),
+      record_(LockRecord(path_, record_path_)) {
+  try {
+    TakeName();
+    WriteRecord();
+    std::filesystem::create_symlink(target_, path_);
+  } catch (...) {
+    unlink(record_path_.c_str());
+    throw;
   }
-  const auto present = std::filesystem::symlink_status(path_);
-  if (std::filesystem::is_symlink(present)) {
-    std::filesystem::remove(path_);
-  } else if (std::filesystem::exists(present)) {
-    throw std::runtime_error(path_.string() +
-                             " is not a link, so it is left alone; choose another name by --link");
+}
+
+/// Removes the link that the record tells of.
+void PortLink::TakeName() const {
+  std::error_code error;
+  const auto present = std::filesystem::symlink_status(path_, error);
+  if (!std::filesystem::exists(present)) {
+    return;
   }
-  std::filesystem::create_symlink(target_, path_);
+  const auto made_for = std::filesystem::read_symlink(path_, error).string();
+  std::string recorded(kChunk, '\0');
+  recorded.resize(
+      static_cast<std::size_t>(std::max<ssize_t>(0, read(record_.Get(), recorded.data(), recorded.size()))));
+  if (made_for.empty() || made_for != recorded) {
+    throw std::runtime_error(path_.string() + (made_for.empty() ? "" : " -> " + made_for) +
+                             " was not made by korva-sim, so it is left alone; remove it, or choose another "
+                             "name by --link");
+  }
+  std::filesystem::remove(path_);
+}
+
+/// Comes before the link: a link without a record would be taken for a user's.
+void PortLink::WriteRecord() const {
+  Checked(ftruncate(record_.Get(), 0), "can't write the record of the link");
+  if (pwrite(record_.Get(), target_.data(), target_.size(), 0) != static_cast<ssize_t>(target_.size())) {
+    Fail("can't write the record of the link");
+  }
 }
 
 PortLink::~PortLink() {
@@ -132,6 +180,7 @@ PortLink::~PortLink() {
   if (std::filesystem::read_symlink(path_, error) == target_) {
     std::filesystem::remove(path_, error);
   }
+  unlink(record_path_.c_str());
 }
 
 }  // namespace korva::sim

@@ -60,14 +60,15 @@ class PseudoTerminal {
   int users_ = 0;
 };
 
-/// A symbolic link that lives as long as the object.
+/// A symbolic link that lives as long as the object. Beside it lies a record of it, hidden and locked for as
+/// long, by which a link that a killed simulator left can be told from one that a user made.
 class PortLink {
  public:
-  /// Makes the link, in place of another link of this name, and its folder where it is missing.
-  /// \throws std::runtime_error when something that is no link has the name, or the system refuses.
+  /// Makes the link, and its folder where it is missing. A link that a killed simulator left is taken over.
+  /// \throws std::runtime_error when anything else has the name, or the system refuses.
   PortLink(std::filesystem::path path, std::string target);
 
-  /// Removes the link, unless it points elsewhere by now.
+  /// Removes the link, unless it points elsewhere by now, and the record.
   ~PortLink();
 
   PortLink(const PortLink&) = delete;
@@ -76,8 +77,13 @@ class PortLink {
   PortLink& operator=(PortLink&&) = delete;
 
  private:
+  void TakeName() const;
+  void WriteRecord() const;
+
   std::filesystem::path path_;
   std::string target_;
+  std::filesystem::path record_path_;
+  Descriptor record_;
 };
 
 }  // namespace korva::sim

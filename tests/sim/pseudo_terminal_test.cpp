@@ -4,12 +4,15 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <array>
 #include <fstream>
 #include <memory>
+#include <stdexcept>
+#include <string>
 
 namespace korva::sim {
 namespace {
@@ -88,6 +91,16 @@ class PortLinkTest : public testing::Test {
   }
   void TearDown() override { std::filesystem::remove_all(folder_); }
 
+  /// What the making of the link says when it is refused; empty when it is not.
+  std::string Refusal() const {
+    try {
+      const PortLink link(folder_ / "COM1", "/dev/zero");
+    } catch (const std::runtime_error& error) {
+      return error.what();
+    }
+    return {};
+  }
+
   std::filesystem::path folder_;
 };
 
@@ -99,11 +112,57 @@ TEST_F(PortLinkTest, LinkAndItsFolderAreMadeAndTheLinkRemoved) {
   EXPECT_FALSE(std::filesystem::exists(std::filesystem::symlink_status(folder_ / "COM1")));
 }
 
-TEST_F(PortLinkTest, StaleLinkIsReplaced) {
+TEST_F(PortLinkTest, NothingStaysInTheFolder) {
+  { const PortLink link(folder_ / "COM1", "/dev/null"); }
+  EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+TEST_F(PortLinkTest, LinkThatAKilledSimulatorLeftIsTakenOver) {
+  const pid_t killed = fork();
+  if (killed == 0) {
+    const PortLink link(folder_ / "COM1", "/dev/pts/99999");
+    _exit(0);
+  }
+  waitpid(killed, nullptr, 0);
+  ASSERT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), "/dev/pts/99999");
+  {
+    const PortLink link(folder_ / "COM1", "/dev/null");
+    EXPECT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), "/dev/null");
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+TEST_F(PortLinkTest, LinkThatAUserMadeIsLeftAloneWhetherItsDeviceIsThereOrNot) {
   std::filesystem::create_directories(folder_);
-  std::filesystem::create_symlink(folder_ / "gone", folder_ / "COM1");
-  const PortLink link(folder_ / "COM1", "/dev/null");
-  EXPECT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), "/dev/null");
+  for (const char* device : {"/dev/null", "/dev/serial/by-id/unplugged", "/dev/pts/99999"}) {
+    std::filesystem::create_symlink(device, folder_ / "COM1");
+    const std::string refused = Refusal();
+    EXPECT_NE(refused.find(std::string("COM1 -> ") + device + " was not made by korva-sim"),
+              std::string::npos);
+    EXPECT_NE(refused.find("remove it, or choose another name by --link"), std::string::npos);
+    EXPECT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), device);
+    std::filesystem::remove(folder_ / "COM1");
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+  }
+}
+
+TEST_F(PortLinkTest, LinkThatAUserMadeInPlaceOfAKilledSimulatorsIsLeftAlone) {
+  const pid_t killed = fork();
+  if (killed == 0) {
+    const PortLink link(folder_ / "COM1", "/dev/pts/99999");
+    _exit(0);
+  }
+  waitpid(killed, nullptr, 0);
+  std::filesystem::remove(folder_ / "COM1");
+  std::filesystem::create_symlink("/dev/ttyUSB0", folder_ / "COM1");
+  EXPECT_NE(Refusal(), "");
+  EXPECT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), "/dev/ttyUSB0");
+}
+
+TEST_F(PortLinkTest, LinkOfASimulatorThatServesIsLeftAlone) {
+  const PortLink first(folder_ / "COM1", "/dev/pts/99999");
+  EXPECT_NE(Refusal().find("another korva-sim serves"), std::string::npos);
+  EXPECT_EQ(std::filesystem::read_symlink(folder_ / "COM1"), "/dev/pts/99999");
 }
 
 TEST_F(PortLinkTest, WhatIsNoLinkIsLeftAlone) {
