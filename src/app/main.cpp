@@ -5,11 +5,14 @@
 
 #include "app/text.h"
 #include "app/window_host.h"
+#include "platform/native/process.h"
+#include "platform/qt/end_signals.h"
 #include "platform/qt/program_folder.h"
 
 // An exception here means a broken installation of Qt; ending the process is all that can be done about it.
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
+  korva::PrepareProcess();
   korva::QtEventLoop::ChooseDispatcher();
   const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("KORVA"));
@@ -29,6 +32,7 @@ int main(int argc, char** argv) {
                                            ? std::filesystem::path(korva::FromQt(arguments.value(home)))
                                            : korva::ProgramFolder();
   korva::WindowHost host(folder);
+  const korva::EndSignals end_signals([&host] { host.Window().RequestEnd(); });
   host.Start();
   return host.Run();
 }

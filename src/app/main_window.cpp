@@ -1,11 +1,18 @@
 #include "app/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 
 #include "app/text.h"
 #include "core/text_utilities.h"
 
 namespace korva {
+
+namespace {
+
+constexpr int kEndRequestPeriod = 100;  // ms
+
+}  // namespace
 
 MainWindow::MainWindow(Application& application)
     : application_(application), pages_(new QStackedWidget(this)) {
@@ -42,6 +49,23 @@ void MainWindow::ShowPage(Page& page) {
 }
 
 void MainWindow::DropPage(Page& page) { delete ViewOf(page); }
+
+void MainWindow::RequestEnd() { end_request_.start(0, this); }
+
+void MainWindow::timerEvent(QTimerEvent* /*event*/) {
+  end_request_.start(kEndRequestPeriod, this);
+  if (QWidget* box = QApplication::activeModalWidget()) {
+    box->close();
+    return;
+  }
+  const bool busy = application_.program.Shared().CommBusy;
+  if (!busy) {
+    end_request_.stop();
+  }
+  if (!busy || !application_.program.Shared().QuitRequested) {
+    close();
+  }
+}
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   EventGate& gate = application_.program.Loop().Gate();

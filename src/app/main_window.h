@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QMainWindow>
 #include <QStackedWidget>
 #include <functional>
@@ -15,9 +16,13 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(Application& application);
   /// The showing page's view; nullptr before the program has started.
   [[nodiscard]] PageView* Current() const;
+  /// The system wants the program to end: presses the close box, as soon as a user could. A box or dialog
+  /// that stands in the way is closed, and what is under way on the device is awaited.
+  void RequestEnd();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
 
  private:
   void ShowPage(Page& page);
@@ -26,6 +31,7 @@ class MainWindow : public QMainWindow {
 
   Application& application_;
   QStackedWidget* pages_;
+  QBasicTimer end_request_;  ///< ticks while the program is wanted to end
 };
 
 }  // namespace korva

@@ -19,6 +19,7 @@
 #include "app/text.h"
 #include "app/window_host.h"
 #include "core/texts.h"
+#include "platform/native/process.h"
 #include "platform/qt/program_folder.h"
 
 namespace {
@@ -273,6 +274,7 @@ QString AboutDrawing() {
 // An exception here means a broken installation of Qt; ending the process is all that can be done about it.
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
+  korva::PrepareProcess();
   korva::QtEventLoop::ChooseDispatcher();
   const QApplication application(argc, argv);
   QCommandLineParser arguments;

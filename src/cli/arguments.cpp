@@ -71,8 +71,10 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
 What the screen would not let the user do prints "refused ACTION: REASON" and does nothing. So does a queued answer
 that its box does not offer ("refused answer yes: not offered"); the box then takes cancel, else no.
 
+SIGINT, SIGTERM and SIGHUP press the close box: a download is finished first.
+
 Exit status: 0 done, 1 the program failed, 2 a wrong line or argument, 3 DIR is no folder, 4 with --strict: something
-was refused.
+was refused, 5 what is printed can't be written.
 )";
 }
 

@@ -19,6 +19,8 @@
 #include "pages/application.h"
 #include "platform/native/native_code_page.h"
 #include "platform/native/native_file_store.h"
+#include "platform/native/process.h"
+#include "platform/qt/end_signals.h"
 #include "platform/qt/program_folder.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_port.h"
@@ -33,11 +35,10 @@ constexpr int kNoSuchHome = 3;
 
 /// The script's descriptor; -1 when it can't be opened, and errno then tells why.
 int OpenScript(const Arguments& arguments) {
-  if (arguments.script) {
-    return ::open(arguments.script->c_str(), O_RDONLY | O_CLOEXEC);
-  }
-  return ::fcntl(STDIN_FILENO, F_GETFD) < 0 ? -1 : STDIN_FILENO;
+  return arguments.script ? ::open(arguments.script->c_str(), O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
 }
+
+std::string Words(int error) { return std::generic_category().message(error); }
 
 int RunScript(int script, const Arguments& arguments, const fs::path& home, Transcript& transcript) {
   QtEventLoop loop;
@@ -52,12 +53,12 @@ int RunScript(int script, const Arguments& arguments, const fs::path& home, Tran
       application.program, application.link.line, dialogs, transcript,
       {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});
   ScriptInput input(loop, script);
-  while (!runner.Over()) {
-    const std::optional<std::string> line = input.NextLine();
-    if (!line) {
-      break;
-    }
+  const EndSignals end_signals([&runner] { runner.RequestEnd(); });
+  while (const std::optional<std::string> line = input.NextLine([&runner] { return runner.Over(); })) {
     runner.Carry(*line);
+  }
+  if (transcript.Failed()) {
+    transcript.Complain("can't print: " + Words(transcript.Failure()));
   }
   if (!input.Problem().empty()) {
     transcript.Complain("can't read the script: " + input.Problem());
@@ -76,14 +77,12 @@ int Main(int argc, char** argv) {
     return kBadArguments;
   }
   if (arguments->help) {
-    std::cout << HelpText();
-    return 0;
+    std::cout << HelpText() << std::flush;
+    return std::cout ? 0 : ScriptRunner::kNotPrinted;
   }
-  // Before anything else is opened: a closed standard input's number would be given to another file.
   const int script = OpenScript(*arguments);
   if (script < 0) {
-    transcript.Complain("can't read the script " + arguments->script.value_or("-") + ": " +
-                        std::generic_category().message(errno));
+    transcript.Complain("can't read the script " + arguments->script.value_or("-") + ": " + Words(errno));
     return kBadArguments;
   }
   QtEventLoop::ChooseDispatcher();
@@ -100,4 +99,7 @@ int Main(int argc, char** argv) {
 }  // namespace
 }  // namespace korva::cli
 
-int main(int argc, char** argv) { return korva::cli::Main(argc, argv); }
+int main(int argc, char** argv) {
+  korva::PrepareProcess();
+  return korva::cli::Main(argc, argv);
+}

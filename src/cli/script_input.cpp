@@ -14,10 +14,10 @@ ScriptInput::ScriptInput(EventLoop& loop, int descriptor)
   QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { Read(); });
 }
 
-std::optional<std::string> ScriptInput::NextLine() {
+std::optional<std::string> ScriptInput::NextLine(const std::function<bool()>& over) {
   std::optional<std::string> line;
   loop_.Gate().Enter([&] {
-    while (!(line = lines_.Next()) && !lines_.Closed()) {
+    while (!over() && !(line = lines_.Next()) && !lines_.Closed()) {
       loop_.Pump();
     }
   });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QSocketNotifier>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,8 +17,9 @@ class ScriptInput {
   /// `descriptor` is open for reading and stays the caller's; `loop` is the Qt host's.
   ScriptInput(EventLoop& loop, int descriptor);
 
-  /// The next line; nothing at the end of the script and when the program has ended.
-  std::optional<std::string> NextLine();
+  /// The next line; nothing at the end of the script, when the program has ended, and when `over` tells after
+  /// a wait that no more is wanted.
+  std::optional<std::string> NextLine(const std::function<bool()>& over);
 
   /// The system's own words when the script could not be read to its end, else empty.
   [[nodiscard]] const std::string& Problem() const { return problem_; }

@@ -40,6 +40,7 @@ ScriptRunner::ScriptRunner(Program& program, SerialLink& link, ScriptDialogs& di
       strict_(options.strict) {
   WatchProgram();
   WatchLink(options.traffic);
+  WatchTranscript();
 }
 
 ScriptRunner::~ScriptRunner() {
@@ -48,6 +49,7 @@ ScriptRunner::~ScriptRunner() {
   }
   link_.OnOpened = nullptr;
   link_.OnTraffic = nullptr;
+  transcript_.OnFailed(nullptr);
 }
 
 void ScriptRunner::WatchProgram() {
@@ -81,6 +83,11 @@ void ScriptRunner::WatchLink(bool traffic) {
   };
 }
 
+// What is printed comes from the middle of anything, so the close box is pressed a little later.
+void ScriptRunner::WatchTranscript() {
+  transcript_.OnFailed([this] { DoLater(kShortestTimer, [this] { RequestEnd(); }); });
+}
+
 void ScriptRunner::WatchBars(const Page& page) {
   if (!watched_.insert(&page).second) {
     return;
@@ -96,9 +103,21 @@ void ScriptRunner::WatchBars(const Page& page) {
   }
 }
 
-bool ScriptRunner::Over() const { return program_.Loop().Gate().Ended() || (wrong_line_ && !keep_going_); }
+bool ScriptRunner::Over() const {
+  const bool to_end = end_requested_ || transcript_.Failed();
+  return program_.Loop().Gate().Ended() || (wrong_line_ && !keep_going_) ||
+         (to_end && !program_.Shared().CommBusy);
+}
+
+void ScriptRunner::RequestEnd() {
+  end_requested_ = true;
+  program_.PressClose();
+}
 
 int ScriptRunner::Status() const {
+  if (transcript_.Failed()) {
+    return kNotPrinted;
+  }
   if (failed_) {
     return kProgramFailed;
   }
@@ -160,15 +179,21 @@ void ScriptRunner::LetDelaysBegin() {
 }
 
 void ScriptRunner::CarryLater(const Delay& delay) {
+  DoLater(delay.delay, [this, statement = delay.statement] {
+    if (!Over()) {
+      Perform(*statement);
+    }
+  });
+}
+
+void ScriptRunner::DoLater(Milliseconds delay, std::function<void()> action) {
   const auto timer = std::make_shared<TimerId>();
-  *timer = program_.Loop().StartTimer(std::max(delay.delay, kShortestTimer),
-                                      [this, timer, statement = delay.statement] {
-                                        program_.Loop().StopTimer(*timer);
-                                        due_.erase(*timer);
-                                        if (!Over()) {
-                                          Perform(*statement);
-                                        }
-                                      });
+  *timer =
+      program_.Loop().StartTimer(std::max(delay, kShortestTimer), [this, timer, action = std::move(action)] {
+        program_.Loop().StopTimer(*timer);
+        due_.erase(*timer);
+        action();
+      });
   due_.insert(*timer);
 }
 
@@ -177,7 +202,7 @@ void ScriptRunner::LetRun(Milliseconds duration) {
   bool passed = false;
   const TimerId timer = loop.StartTimer(std::max(duration, kShortestTimer), [&passed] { passed = true; });
   loop.Gate().Enter([&] {
-    while (!passed) {
+    while (!passed && !Over()) {
       loop.Pump();
     }
   });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -18,8 +19,10 @@ namespace korva::cli {
 /// happen.
 ///
 /// Running until the program has ended, or until a line was wrong and the script is not to go on; then over
-/// for good. Actions that are to come later (`after`) are first waiting, for the next start, click, choose or
-/// wait to begin, and then due at an instant of their own.
+/// for good. A wish that the program end, and output that can't be written, count as a press of the close
+/// box: what is under way on the device ends as that lets it, and then the script is over. Actions that are
+/// to come later (`after`) are first waiting, for the next start, click, choose or wait to begin, and then
+/// due at an instant of their own.
 class ScriptRunner {
  public:
   struct Options {
@@ -31,6 +34,7 @@ class ScriptRunner {
   static constexpr int kProgramFailed = 1;
   static constexpr int kWrongLine = 2;
   static constexpr int kRefused = 4;
+  static constexpr int kNotPrinted = 5;
 
   /// All of them outlive the runner; the program has not been started. The runner takes the program's end and
   /// the unloading of pages, and the link's traffic and openings, to itself.
@@ -42,6 +46,8 @@ class ScriptRunner {
 
   /// Carries out the next line of the script; nothing when the script is over. Called outside any event.
   void Carry(std::string_view line);
+  /// The user, or the system, wants the program to end. Called outside any event, or from a wait.
+  void RequestEnd();
   /// True when nothing more is to be carried out.
   [[nodiscard]] bool Over() const;
   /// The process's exit status as things stand.
@@ -50,11 +56,13 @@ class ScriptRunner {
  private:
   void WatchProgram();
   void WatchLink(bool traffic);
+  void WatchTranscript();
   void WatchBars(const Page& page);
 
   void Perform(const Statement& statement);
   void LetDelaysBegin();
   void CarryLater(const Delay& delay);
+  void DoLater(Milliseconds delay, std::function<void()> action);
   void LetRun(Milliseconds duration);
   void CallWrong(int line, const String& source, std::string_view reason);
 
@@ -77,6 +85,7 @@ class ScriptRunner {
   bool started_ = false;
   bool failed_ = false;
   bool wrong_line_ = false;
+  bool end_requested_ = false;
   int line_ = 0;
   std::vector<Delay> waiting_;
   std::set<TimerId> due_;

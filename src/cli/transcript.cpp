@@ -1,5 +1,6 @@
 #include "cli/transcript.h"
 
+#include <cerrno>
 #include <cstddef>
 
 #include "core/text_utilities.h"
@@ -35,6 +36,16 @@ std::string Quoted(StringView text) {
 void Transcript::Refuse(std::string_view what, std::string_view reason) {
   refused_ = true;
   Tell("refused " + std::string(what) + ": " + std::string(reason));
+}
+
+void Transcript::Tell(std::string_view line) {
+  if (Failed() || (happenings_ << line << '\n' << std::flush)) {
+    return;
+  }
+  failure_ = errno;
+  if (on_failed_) {
+    on_failed_();
+  }
 }
 
 std::string_view WordOf(Answer answer) {

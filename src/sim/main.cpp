@@ -1,7 +1,9 @@
 // korva-sim: serves one simulated device on a pseudo-terminal, sleeping whenever nothing is due.
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/signalfd.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -10,6 +12,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
@@ -132,7 +135,6 @@ void Run(const Options& options) {
   sigaddset(&ends, SIGTERM);
   sigaddset(&ends, SIGHUP);
   sigprocmask(SIG_BLOCK, &ends, nullptr);
-  std::signal(SIGPIPE, SIG_IGN);
   const Descriptor end_signals(signalfd(-1, &ends, SFD_CLOEXEC));
   if (end_signals.Get() < 0) {
     throw std::system_error(errno, std::generic_category(), "can't wait for signals");
@@ -145,7 +147,21 @@ void Run(const Options& options) {
   Serve(terminal, line, end_signals.Get());
 }
 
+/// Lets a write that fails fail, instead of ending the process, and gives closed standard streams' numbers to
+/// a file that takes nothing: the terminal must not get one of them, since what is printed would go to the
+/// line.
+void PrepareProcess() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) < 0) {
+      (void)open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
 int Main(std::span<const char* const> arguments) {
+  PrepareProcess();
   try {
     const auto home = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     const auto options = ParseOptions(arguments, home);

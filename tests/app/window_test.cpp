@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -55,6 +56,47 @@ TEST_P(PageInWindowTest, TheListStaysInItsPlaceWhenAnotherPageComes) {
   EXPECT_EQ(list->geometry(), before);
   EXPECT_TRUE(list->isVisible());
   EXPECT_EQ(list->currentItem()->text(), QStringLiteral("QIC"));
+}
+
+/// Lets the window's own events run until the program has ended; false when it does not.
+bool Ends(const Bench& bench) {
+  return QTest::qWaitFor([&] { return bench.application.program.Loop().Gate().Ended(); }, 5000);
+}
+
+TEST(WindowTest, AnEndThatTheSystemWantsIsAPressOfTheCloseBox) {
+  Bench bench("QN");
+  bench.window.RequestEnd();
+  EXPECT_TRUE(Ends(bench));
+}
+
+TEST(WindowTest, AnEndThatTheSystemWantsAsksOnceAboutWhatIsNotSaved) {
+  Bench bench("QN");
+  QTest::keyClicks(bench.Find<QLineEdit>("Text(0)"), QStringLiteral("A"));
+  bench.window.RequestEnd();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !bench.device.dialogs.Boxes().empty(); }, 5000));
+  QTest::qWait(250);
+  EXPECT_EQ(bench.device.dialogs.Boxes().size(), 1U);
+  EXPECT_FALSE(bench.application.program.Loop().Gate().Ended());
+}
+
+TEST(WindowTest, AnEndThatTheSystemWantsAwaitsWhatIsUnderWayOnTheDevice) {
+  Bench bench("QN");
+  SharedState& shared = bench.application.program.Shared();
+  shared.CommBusy = shared.DownloadBusy = true;
+  bench.window.RequestEnd();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shared.QuitRequested; }, 5000));
+  EXPECT_FALSE(bench.application.program.Loop().Gate().Ended());
+  EXPECT_TRUE(bench.Page().flaMsg_CannotEnd.Visible());
+  shared.CommBusy = shared.DownloadBusy = false;
+  EXPECT_TRUE(Ends(bench));
+}
+
+TEST(WindowTest, AnEndThatTheSystemWantsClosesTheBoxThatStandsInTheWay) {
+  Bench bench("QN");
+  QMessageBox box(&bench.window);
+  bench.window.RequestEnd();
+  box.exec();
+  EXPECT_TRUE(Ends(bench));
 }
 
 TEST(WindowTest, CaptionsAreTheJapaneseOnes) {

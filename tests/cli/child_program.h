@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <QProcess>
 #include <QStringList>
 #include <filesystem>
@@ -31,6 +33,8 @@ class ChildProgram {
   /// Its exit status, and what it printed to standard error; waits for its end.
   int Status();
   std::string Complaints();
+  /// Its process.
+  [[nodiscard]] pid_t Process() const { return static_cast<pid_t>(process_.processId()); }
   /// Asks it to end, and waits for that.
   void Terminate();
 

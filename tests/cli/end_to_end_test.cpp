@@ -1,5 +1,6 @@
 // The real korva-cli, and the real korva-sim behind a real pseudo-terminal.
 #include <gtest/gtest.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): kill is POSIX
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -397,6 +398,112 @@ TEST_F(EndToEnd, EndsWithStatus1WhenTheProgramFails) {
   EXPECT_NE(failure.find("MdlVTRMFx.jpn"), std::string::npos) << failure;
   EXPECT_EQ(cli.Status(), 1);
   EXPECT_EQ(cli.ReadToEnd(), Lines{});
+}
+
+// The end from outside, and output that nobody takes.
+
+/// The program of this build through a shell, which closes or leads its standard streams elsewhere.
+QStringList InShell(const std::string& redirected, const QStringList& arguments) {
+  const QString program = QString::fromUtf8(KORVA_HOME "/korva-cli");
+  return QStringList{"-c", QString::fromStdString(R"("$0" "$@" )" + redirected), program} + arguments;
+}
+
+TEST_F(EndToEnd, FinishesADownloadBeforeASignalEndsIt) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    StartSim({"--fast", "--latency", "5"});
+    const QString script = Write("script.txt", kUpload + "answer ok\nclick cmdDownload\nshow Text(0)\n");
+    ChildProgram cli("korva-cli", At({"--line", script}));
+    cli.ReadUntil(R"(> "D1")");
+    kill(cli.Process(), signal);
+    const Lines rest = cli.ReadUntil("end");
+    EXPECT_TRUE(Holds(rest, kMainJob.back())) << signal;
+    EXPECT_EQ(Of(rest, "> \"D").back(), R"(> "D0")");
+    EXPECT_EQ(Of(rest, "Text(0)"), Lines{}) << "the script is over";
+    EXPECT_EQ(cli.Status(), 0);
+    EXPECT_EQ(Ask({"G01", "I01"}).back(), "D0");
+  }
+}
+
+TEST_F(EndToEnd, EndsOnASignalWhileItWaitsForTheNextLine) {
+  StartSim();
+  ChildProgram cli("korva-cli", At());
+  cli.Send("start\nshow ProgressBar");
+  cli.ReadUntil("ProgressBar");
+  kill(cli.Process(), SIGTERM);
+  EXPECT_EQ(cli.ReadLine(), "end");
+  EXPECT_EQ(cli.Status(), 0);
+}
+
+TEST_F(EndToEnd, EndsOnASignalAlthoughTheSetIsNotSaved) {
+  StartSim();
+  ChildProgram cli("korva-cli", At());
+  cli.Send("choose QHN\ntype Text(0) X\nshow Text(0)\nwait 60000");
+  cli.ReadUntil("Text(0)");
+  kill(cli.Process(), SIGTERM);
+  EXPECT_EQ(
+      cli.ReadLine(),
+      R"(box question "ﾌｧｲﾙに保存" "データは変更されています。保存しますか。" yes,no,cancel -> cancel)");
+  EXPECT_EQ(cli.Status(), 0);
+  EXPECT_EQ(cli.ReadToEnd(), Lines{});
+}
+
+TEST_F(EndToEnd, EndsWithStatus5WhenWhatItPrintsCantBeWritten) {
+  const QString script = Write("script.txt", "start\nwait 60000\n");
+  for (const char* redirected : {">/dev/full", ">&-", "| head -n 0; exit ${PIPESTATUS[0]}"}) {
+    ChildProgram shell("/bin/bash", InShell(redirected, At({script})));
+    EXPECT_EQ(shell.Status(), 5) << redirected;
+    EXPECT_TRUE(shell.Complaints().starts_with("korva-cli: can't print: ")) << redirected;
+  }
+  ChildProgram help("/bin/bash", InShell(">/dev/full", {"--help"}));
+  EXPECT_EQ(help.Status(), 5);
+}
+
+TEST_F(EndToEnd, FinishesADownloadWhoseReportNobodyTakes) {
+  StartSim();
+  const QString script = Write("script.txt", kUpload + "answer ok\nclick cmdDownload\nwait 60000\n");
+  ChildProgram shell("/bin/bash",
+                     InShell(R"(| sed '/^> "D1"$/q' ; exit ${PIPESTATUS[0]})", At({"--line", script})));
+  EXPECT_EQ(shell.Status(), 5);
+  EXPECT_EQ(Ask({"G01", "I01"}).back(), "D0");
+}
+
+TEST_F(EndToEnd, AFileThatWouldGrowTooLargeIsToldAndTheProgramGoesOn) {
+  StartSim();
+  const QString script = Write("script.txt", "choose QHN\ntype txtMemo " + std::string(60000, 'x') +
+                                                 "\nfile a.cfg\nclick cmdSave\nshow ProgressBar\n");
+  ChildProgram shell("/bin/bash", QStringList{"-c", R"(ulimit -f 8; exec "$0" "$@")",
+                                              QString::fromUtf8(KORVA_HOME "/korva-cli")} +
+                                      At({script}));
+  const Lines printed = shell.ReadToEnd();
+  EXPECT_EQ(Of(printed, "box "), Lines{R"(box warning "ﾌｧｲﾙに保存" "ﾌｧｲﾙが大きすぎます。" ok -> ok)"});
+  EXPECT_EQ(printed.back(), "ProgressBar shown 0");
+  EXPECT_EQ(shell.Status(), 0);
+}
+
+TEST_F(EndToEnd, NeverGivesAClosedStandardStreamToAFileOrThePort) {
+  StartSim();
+  const QString script = Write("script.txt", "start\nwait 60000\n");
+  ChildProgram shell("/bin/bash", QStringList{"-c", R"(exec "$0" "$@" <&- 2>&-)",
+                                              QString::fromUtf8(KORVA_HOME "/korva-cli")} +
+                                      At({script}));
+  shell.ReadUntil(kStart.back());
+  const fs::path streams = "/proc/" + std::to_string(shell.Process()) + "/fd";
+  EXPECT_EQ(fs::read_symlink(streams / "0"), "/dev/null");
+  EXPECT_EQ(fs::read_symlink(streams / "2"), "/dev/null");
+
+  ChildProgram no_input("/bin/bash", InShell("<&-", At()));
+  EXPECT_EQ(no_input.Status(), 2);
+  EXPECT_EQ(no_input.Complaints(), "korva-cli: can't read the script: Bad file descriptor\n");
+}
+
+TEST_F(EndToEnd, ASimulatedDeviceGivesNoClosedStandardStreamToItsTerminal) {
+  ChildProgram shell("/bin/bash", QStringList{"-c", R"(exec "$0" "$@" <&- 2>&-)",
+                                              QString::fromUtf8(KORVA_HOME "/korva-sim")} +
+                                      At({"--fast"}));
+  EXPECT_TRUE(shell.ReadLine().starts_with("korva-sim: "));
+  const fs::path streams = "/proc/" + std::to_string(shell.Process()) + "/fd";
+  EXPECT_EQ(fs::read_symlink(streams / "0"), "/dev/null");
+  EXPECT_EQ(fs::read_symlink(streams / "2"), "/dev/null");
 }
 
 TEST_F(EndToEnd, ExplainsItself) {

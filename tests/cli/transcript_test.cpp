@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <sstream>
 
 namespace korva::cli {
@@ -51,6 +52,31 @@ TEST(Transcript, FlushesEachLine) {
   transcript.Tell("end");
   EXPECT_EQ(buffer.flushes, 2);
   EXPECT_EQ(buffer.str(), "end\nend\n");
+}
+
+/// Takes nothing, as a full disk does.
+class FullBuffer : public std::stringbuf {
+ protected:
+  int sync() override {
+    errno = ENOSPC;
+    return -1;
+  }
+};
+
+TEST(Transcript, TellsOnceThatALineCouldNotBeWritten) {
+  FullBuffer buffer;
+  std::ostream stream(&buffer);
+  std::ostringstream complaints;
+  Transcript transcript(stream, complaints);
+  int told = 0;
+  transcript.OnFailed([&told] { ++told; });
+  EXPECT_FALSE(transcript.Failed());
+  transcript.Tell("one");
+  transcript.Tell("two");
+  EXPECT_EQ(told, 1);
+  EXPECT_TRUE(transcript.Failed());
+  EXPECT_EQ(transcript.Failure(), ENOSPC);
+  EXPECT_EQ(buffer.str(), "one\n") << "nothing behind the gap";
 }
 
 TEST(Transcript, ComplainsUnderTheProgramsNameOnAStreamOfItsOwn) {
