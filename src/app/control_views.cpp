@@ -19,6 +19,7 @@
 
 #include "app/grid_view.h"
 #include "app/looks.h"
+#include "app/memo_view.h"
 #include "app/text.h"
 
 namespace korva {
@@ -222,18 +223,18 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
-  auto* widget = new QPlainTextEdit(parent);
+  auto* widget = new MemoView(parent);
   widget->setTabChangesFocus(true);
   Follow(field, widget, [&field, widget] {
     const QString text = ShownBreaks(field.Text());
-    if (widget->toPlainText() != text) {
+    if (widget->ShownText() != text) {
       const QSignalBlocker blocker(widget);
-      widget->setPlainText(text);
+      widget->ShowText(text);
     }
     widget->setReadOnly(field.Locked());
   });
   QObject::connect(widget, &QPlainTextEdit::textChanged, widget, [this, &field, widget] {
-    const String text = FromQt(widget->toPlainText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
+    const String text = FromQt(widget->ShownText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));
     Enter([&] { field.UserTypes(text); });
   });
   return widget;
