@@ -27,7 +27,6 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::RtdTable, .japanese = u"RTD TBL"},
     {.key = TextKey::Filter, .japanese = u"ﾌｨﾙﾀ", .english = u"Filter"},
     {.key = TextKey::Alarm, .japanese = u"警報", .english = u"Alarm"},
-    {.key = TextKey::AlarmTab, .japanese = u"ﾌｨﾙﾀ", .english = u"Alarm"},
     {.key = TextKey::Cjm, .japanese = u"CJM", .english = u"CJM"},
     {.key = TextKey::DipSwitch, .japanese = u"Dipｽｲｯﾁ", .english = u"DipSW"},
     {.key = TextKey::Modbus, .japanese = u"Modbus", .english = u"Modbus"},

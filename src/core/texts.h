@@ -21,7 +21,6 @@ enum class TextKey {
   RtdTable,
   Filter,
   Alarm,
-  AlarmTab,  ///< the filter's tab on the page that has its alarms there
   Cjm,
   DipSwitch,
   Modbus,

@@ -29,7 +29,6 @@ INSTANTIATE_TEST_SUITE_P(Tabs, CaptionTest,
                                          Caption{TextKey::Linearizer, u"ﾘﾆｱﾗｲｻﾞ", u"Linearizer"},
                                          Caption{TextKey::Filter, u"ﾌｨﾙﾀ", u"Filter"},
                                          Caption{TextKey::Alarm, u"警報", u"Alarm"},
-                                         Caption{TextKey::AlarmTab, u"ﾌｨﾙﾀ", u"Alarm"},
                                          Caption{TextKey::DipSwitch, u"Dipｽｲｯﾁ", u"DipSW"},
                                          Caption{TextKey::Port, u"ﾎﾟｰﾄ", u"Port"},
                                          Caption{TextKey::IoCheck, u"I/O ﾁｪｯｸ", u"I/O check"}));

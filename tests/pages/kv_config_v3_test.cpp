@@ -144,7 +144,7 @@ TEST(KvConfigV3Test, ASwitchOrADirectionInItem10IsNotReadBeforeADownload) {
 TEST_P(V3ModelTest, TheAlarmsTabOpensForModelsWithAlarms) {
   V3Bench bench(Model());
   const std::set<String> with_alarms = {u"QEC2", u"QEY3", u"QNA2"};
-  EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::AlarmTab), with_alarms.contains(Model()));
+  EXPECT_EQ(test::TabOpen(bench.Page(), TextKey::Alarm), with_alarms.contains(Model()));
 }
 
 TEST_P(V3ModelTest, ATabOnWhichTheModelHasNothingIsClosed) {
@@ -248,7 +248,7 @@ TEST(KvConfigV3Test, HasTheSevenTabsInBothLanguages) {
     return all;
   };
   EXPECT_EQ(captions(),
-            (std::vector<std::string>{"ﾌｧｲﾙ", "入力", "出力", "ﾘﾆｱﾗｲｻﾞ", "ﾌｨﾙﾀ", "ﾎﾟｰﾄ", "I/O ﾁｪｯｸ"}));
+            (std::vector<std::string>{"ﾌｧｲﾙ", "入力", "出力", "ﾘﾆｱﾗｲｻﾞ", "警報", "ﾎﾟｰﾄ", "I/O ﾁｪｯｸ"}));
   bench.Page().SetCaptions(Language::English);
   EXPECT_EQ(captions(), (std::vector<std::string>{"File", "Input", "Output", "Linearizer", "Alarm", "Port",
                                                   "I/O check"}));

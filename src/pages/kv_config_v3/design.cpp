@@ -110,7 +110,7 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
     DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
     TableTab(kTableGroups),
-    DesignTab{.caption = TextKey::AlarmTab, .rule = TabRule::OpenIfTrue, .groups = kAlarmGroups},
+    DesignTab{.caption = TextKey::Alarm, .rule = TabRule::OpenIfTrue, .groups = kAlarmGroups},
     kPortTab,
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
 };
