@@ -108,10 +108,16 @@ TEST_P(ModelTest, HasAGridOfItsTablesSizeAndShape) {
 TEST_P(ModelTest, HasItsFilterTabOpenExactlyWithAFilter) {
   bench_.Choose(Model().name);
   EXPECT_EQ(test::TabOpen(Page(), TextKey::Filter), Model().filter_tab);
-  for (const TextKey tab :
-       {TextKey::File, TextKey::Input, TextKey::Output, TextKey::Port, TextKey::IoCheck}) {
+  for (const TextKey tab : {TextKey::File, TextKey::Input, TextKey::Output, TextKey::Port}) {
     EXPECT_TRUE(test::TabOpen(Page(), tab)) << ToUtf8(CaptionText(tab));
   }
+}
+
+TEST_P(ModelTest, HasItsIoCheckOpenExactlyWithAMonitorBeforeAndAfterAnOperation) {
+  bench_.Choose(Model().name);
+  EXPECT_EQ(test::TabOpen(Page(), TextKey::IoCheck), Model().monitor);
+  bench_.Check();
+  EXPECT_EQ(test::TabOpen(Page(), TextKey::IoCheck), Model().monitor);
 }
 
 TEST_P(ModelTest, ShowsItsOptionGroupsAndNoOther) {

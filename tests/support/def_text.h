@@ -30,17 +30,21 @@ struct DataRow {
   String last = {};
   String preset = {};
   String rule = {};
+  String condition = {};
+  String unused = {};
+  String prefix = {};
+  String position = {};
 };
 
 /// The text of a definition file: $Data with the rows, then `sections`, then $End.
 inline String DefText(std::initializer_list<DataRow> rows, StringView sections = {}) {
   String text = u"$Data\n";
   for (const DataRow& row : rows) {
-    const std::array<const String*, 20> columns = {
-        &row.group,    &row.item,        &row.number_label, &row.number,     &row.uploaded,
-        &row.on_page,  &row.label,       &row.caption,      &row.caption,    &row.text,
-        &row.combo,    &row.key,         &row.frame,        &row.unit_label, &row.unit,
-        &row.unit_key, &row.temperature, &row.last,         &row.preset,     &row.rule};
+    const std::array<const String*, 24> columns = {
+        &row.group,  &row.item,       &row.number_label, &row.number,   &row.uploaded,    &row.on_page,
+        &row.label,  &row.caption,    &row.caption,      &row.text,     &row.combo,       &row.key,
+        &row.frame,  &row.unit_label, &row.unit,         &row.unit_key, &row.temperature, &row.last,
+        &row.preset, &row.rule,       &row.condition,    &row.unused,   &row.prefix,      &row.position};
     for (const String* column : columns) {
       text += *column + u",";
     }
