@@ -279,17 +279,13 @@ const String& ParameterPage::TabFlag(int tab) const {
 }
 
 void ParameterPage::KeepTabState(int tab, bool enabled) {
-  if (Def.Has(kTabFlags)) {
-    Def[kTabFlags].Set(0, tab, enabled ? u"True" : u"False");
-  } else if (enabled) {
+  if (enabled) {
     closed_tabs_.erase(tab);
   } else {
     closed_tabs_.insert(tab);
   }
 }
 
-bool ParameterPage::KeptTabEnabled(int tab) const {
-  return TabFlag(tab) != u"False" && !closed_tabs_.contains(tab);
-}
+bool ParameterPage::KeptTabEnabled(int tab) const { return !closed_tabs_.contains(tab); }
 
 }  // namespace korva

@@ -124,8 +124,8 @@ class ParameterPage : public DevicePage {
   void SettleTabs(TabMoment moment);
   /// The definition's flag of a tab in $SSTab; empty where its family has none.
   [[nodiscard]] const String& TabFlag(int tab) const;
-  /// State of a tab from before an operation locked the frame. It is kept in the tab's flag; a family without
-  /// flags keeps it beside the definition.
+  /// State of a tab from before an operation locked the frame. It is kept beside the definition, whose flags
+  /// go on telling what the model has.
   [[nodiscard]] bool KeptTabEnabled(int tab) const override;
 
   // What the page's parts bring along.
@@ -201,7 +201,7 @@ class ParameterPage : public DevicePage {
   void SelectModelOfFile(int row);
 
   const FieldForm& fields_form_;
-  std::set<int> closed_tabs_;  ///< closed before the frame was locked; of a family without flags
+  std::set<int> closed_tabs_;  ///< closed before the frame was locked
   bool building_ = false;
   std::vector<Control*> fields_;
   std::vector<OptionGroup*> options_;

@@ -107,23 +107,22 @@ void Linearizer::ChoiceMade(const Choice& choice) {
 
 void Linearizer::SettleTabs(TabMoment moment) {
   const LnrModel& model = Model();
-  const bool flag = page_.TabFlag(Tab()) == u"True";
   switch (moment) {
     case TabMoment::ModelChosen:
-      SettleTab(flag ? model.on_choice : TableSwitch::None, flag ? model.points : kLnrShortPoints);
+      SettleTab(TabFlagged() ? model.on_choice : TableSwitch::None);
       break;
     case TabMoment::FileOpened:
-      SettleTab(flag ? model.on_opening.value_or(model.on_choice) : model.without_flag, model.points);
+      SettleTab(TabFlagged() ? model.on_opening.value_or(model.on_choice) : model.without_flag);
       SetTableUnsaved(false);
       break;
     case TabMoment::Uploaded:
-      SettleTab(model.after_upload, model.points);
+      SettleTab(model.after_upload);
       break;
   }
 }
 
-void Linearizer::SettleTab(TableSwitch table_switch, int points) {
-  SetUp(points);
+void Linearizer::SettleTab(TableSwitch table_switch) {
+  SetUp(Model().points);
   if (table_switch != TableSwitch::AsItStands) {
     page_.Tabs.SetTabEnabled(Tab(), SwitchedOn(table_switch));
   }
@@ -165,11 +164,13 @@ bool Linearizer::LnrActive() const {
   return (own == TableSwitch::Always || own == TableSwitch::InputType) && SwitchedOn(own);
 }
 
+bool Linearizer::InUse() const {
+  return (TabFlagged() || Model().without_flag != TableSwitch::None) && LnrActive();
+}
+
 bool Linearizer::LnrSwitchedOff() const {
   return !LnrActive() && (Opt_Table.Selected() == 0 || Opt_Lnr.Selected() == 0);
 }
-
-bool Linearizer::InUse() const { return page_.KeptTabEnabled(Tab()) && LnrActive(); }
 
 bool Linearizer::Refused() const {
   if (LnrSwitchedOff()) {

@@ -73,11 +73,15 @@ class Linearizer final : public PagePart {
   void ListenToControls();
   [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }
   [[nodiscard]] const LnrModel& Model() const { return ModelRow(family_.models, page_.DefFile); }
-  [[nodiscard]] bool InUse() const;
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
   /// The options behind a switch; nullptr for a switch of another kind.
   [[nodiscard]] const OptionGroup* OptionsOf(TableSwitch table_switch) const;
-  void SettleTab(TableSwitch table_switch, int points);
+  /// The definition's flag of the table's tab.
+  [[nodiscard]] bool TabFlagged() const { return page_.TabFlag(Tab()) == u"True"; }
+  /// True when the model has a table, as its definition and its row tell, and its linearizer is in use: the
+  /// table is then checked and sent, whatever state its tab is in.
+  [[nodiscard]] bool InUse() const;
+  void SettleTab(TableSwitch table_switch);
   bool UploadPoints(int points);
   /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.
   bool OpenTabForUpload(TableSwitch table_switch);

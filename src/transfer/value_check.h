@@ -35,8 +35,7 @@ class ValueCheck {
   /// cmdCheck: marks every bad value, and tells the result.
   void Run();
   /// False after the box that tells what is wrong. Bad fields are marked; a field that was corrected loses
-  /// its mark. For a locked frame, whose kept tab states tell whether a table can be reached and so is to be
-  /// checked.
+  /// its mark.
   bool CheckAllValues();
 
  private:

@@ -405,5 +405,55 @@ TEST_P(LongTableTest, AnsweredNoADownloadWritesTheParametersLeavesTheTableAndIsA
   ExpectAtRest(bench);
 }
 
+/// 100 points of a file, "1.00,101.00", "2.00,102.00" and so on.
+std::string HundredPoints() {
+  std::string text;
+  for (int point = 1; point <= 100; ++point) {
+    text += std::to_string(point) + ".00," + std::to_string(100 + point) + ".00\r\n";
+  }
+  return text;
+}
+
+void OpenTable(TableBench& bench, const std::string& text) {
+  bench.files.Put(u"/korva/data/table.csv", text);
+  bench.dialogs.QueueFile(u"/korva/data/table.csv");
+  bench.Click(Part<Linearizer>(bench.Page()).cmd_csvFileOpen);
+}
+
+TEST_P(LongTableTest, ASetBegunAnewAfterAnOperationWithTheSwitchOffHasAHundredPointsToFillAndToSend) {
+  TableBench bench(GetParam());
+  Linearizer& table = Part<Linearizer>(bench.Page());
+  const ParameterSet uploaded = bench.Page().GroupItem;
+  bench.Press(table.Opt_Lnr, 0);
+  bench.Check();
+  bench.New();
+  bench.Page().GroupItem.TakeOver(uploaded);
+  bench.Do([&] { bench.Page().BuildPage(); });
+  bench.Press(table.Opt_Lnr, 0);
+  bench.Press(table.Opt_Lnr, 1);
+  EXPECT_EQ(table.LnrFlexGrid.Rows(), 101);
+  OpenTable(bench, HundredPoints());
+  EXPECT_EQ(table.LnrFlexGrid.At(100, 2).text, u"200.00");
+  bench.TakeBoxes();
+  bench.DownloadAll();
+  EXPECT_EQ(bench.TakeBoxes(), DownloadBoxes({Shown(BoxKey::DownloadDone)}));
+  EXPECT_EQ(bench.DeviceTable(), bench.SetTable());
+}
+
+TEST_P(LongTableTest, AFileOfValuesAloneOpenedAfterAnOperationWithTheSwitchOffOpensTheTabOfItsTable) {
+  TableBench bench(GetParam());
+  Linearizer& table = Part<Linearizer>(bench.Page());
+  bench.PutTable(bench.OwnTable());
+  bench.Save(kFile);
+  String values = bench.TextOf(kFile);
+  values.erase(0, values.find(u"$Data"));
+  bench.files.Put(kFile, bench.code_page.Encode(values).value());
+  bench.Press(table.Opt_Lnr, 0);
+  bench.Check();
+  bench.Open(kFile);
+  EXPECT_TRUE(TabOpen(bench.Page(), TextKey::Linearizer));
+  EXPECT_EQ(bench.GridTable(), bench.OwnTable());
+}
+
 }  // namespace
 }  // namespace korva::test

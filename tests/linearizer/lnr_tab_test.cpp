@@ -62,7 +62,7 @@ TEST_F(LnrTab, WithoutItsFlagStaysDisabledWhenAModelIsChosen) {
                                     {.model = u"OTHER", .table = 1},
                                     {.model = u"QY", .table = 1},
                                     {.model = u"QHW"},
-                                    {.model = u"QHNY1", .lnr = 1},
+                                    {.model = u"QHNY1", .lnr = 1, .points = 100},
                                     {.model = u"QUO", .type = u"FX: Linearizer"},
                                 });
 }
@@ -174,13 +174,14 @@ TEST(LnrModels, AModelThatIsNotListedHasAShortTableThatItsOptionSwitchesOn) {
   EXPECT_EQ(model.without_flag, TableSwitch::None);
 }
 
-TEST_F(LnrTab, TheStateOfEachTabIsKeptInTheDefinitionDuringAnOperation) {
+TEST_F(LnrTab, TheStateOfEachTabIsKeptBesideTheDefinitionDuringAnOperation) {
   TestPage& page = Prepare({.model = u"QY", .flag = true});
   page.Tabs.SetTabEnabled(kTab, false);
   page.Tabs.SetTabEnabled(4, true);
   page.LockFrame();
-  EXPECT_EQ(page.Def[u"$SSTab"].At(0, kTab), u"False");
-  EXPECT_EQ(page.Def[u"$SSTab"].At(0, 4), u"True");
+  EXPECT_EQ(page.TabFlag(kTab), u"True");
+  EXPECT_FALSE(page.KeptTabEnabled(kTab));
+  EXPECT_TRUE(page.KeptTabEnabled(4));
   for (int tab = 0; tab < page.Tabs.Count(); ++tab) {
     EXPECT_FALSE(page.Tabs.TabEnabled(tab)) << tab;
   }
@@ -189,15 +190,16 @@ TEST_F(LnrTab, TheStateOfEachTabIsKeptInTheDefinitionDuringAnOperation) {
   EXPECT_TRUE(page.Tabs.TabEnabled(4));
 }
 
-TEST_F(LnrTab, OnlyTheExactWordFalseKeepsATabDisabled) {
-  TestPage& page = Prepare({.model = u"QY", .flag = true});
-  page.Def[u"$SSTab"].Set(0, 0, u"false");
-  page.Def[u"$SSTab"].Set(0, 1, u"");
-  page.Def[u"$SSTab"].Set(0, 2, u"False");
-  page.UnlockFrame();
-  EXPECT_TRUE(page.Tabs.TabEnabled(0));
-  EXPECT_TRUE(page.Tabs.TabEnabled(1));
-  EXPECT_FALSE(page.Tabs.TabEnabled(2));
+TEST_F(LnrTab, OnlyTheExactWordFalseKeepsATabDisabledAfterAnOperationToo) {
+  TestPage& page = host.Choose(
+      u"QY", DefText({{.item = u"02", .text = u"0"}}, u"$SSTab\nfalse,,False,True,True,True,True\n"));
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_TRUE(page.Tabs.TabEnabled(0));
+    EXPECT_TRUE(page.Tabs.TabEnabled(1));
+    EXPECT_FALSE(page.Tabs.TabEnabled(2));
+    page.LockFrame();
+    page.UnlockFrame();
+  }
 }
 
 }  // namespace

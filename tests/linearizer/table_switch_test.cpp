@@ -193,7 +193,7 @@ TEST_F(TableCheckTest, ATableInUseWithoutAnyValueIsAFieldLeftBlank) {
   EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::FieldBlank));
 }
 
-TEST_F(TableCheckTest, ATableWhoseTabIsDisabledOrWhoseSwitchIsOffIsNotChecked) {
+TEST_F(TableCheckTest, ATableWhoseSwitchIsOffIsNotCheckedAndOneWhoseTabIsDisabledIs) {
   MakeBad();
   lnr.Lnr().Opt_Table[0].SetValue(true);
   Check();
@@ -201,12 +201,12 @@ TEST_F(TableCheckTest, ATableWhoseTabIsDisabledOrWhoseSwitchIsOffIsNotChecked) {
   lnr.Lnr().Opt_Table[1].SetValue(true);
   bench.page->Tabs.SetTabEnabled(kTableTab, false);
   Check();
-  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::CheckDone));
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::ValueBad));
 }
 
 // Download.
 
-TEST(DownloadTableTest, GoesWhereItIsInUseAndItsTabWasEnabled) {
+TEST(DownloadTableTest, GoesWhereItIsInUseWhateverItsTabIs) {
   struct Case {
     bool tab;
     int option;
@@ -224,7 +224,8 @@ TEST(DownloadTableTest, GoesWhereItIsInUseAndItsTabWasEnabled) {
                 true,
                 {start, Shown(BoxKey::Linearizer16DataMismatch), Shown(BoxKey::LinearizerDownloadFailed)}},
            Case{true, 0, true, false, {start, done}},
-           Case{false, 1, true, false, {start, done}},
+           Case{false, 1, true, true, {start, done}},
+           Case{false, 0, true, false, {start, done}},
        }) {
     LinearizerBench lnr({.after_upload = TableSwitch::TableOption});
     TransferBench& bench = lnr.bench;
