@@ -189,6 +189,9 @@ struct FieldForm {
   int groups;  ///< of the parameter set
   std::span<const ListRule> lists;
   std::span<const UnitList> unit_lists;
+  /// The items of group "01" that show live values on models that don't write them; their fields may be
+  /// blank.
+  std::span<const StringView> live_items;
 };
 
 }  // namespace korva

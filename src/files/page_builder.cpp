@@ -119,7 +119,7 @@ void ParameterPage::ShowField(int row) {
   if (SetCell(row) == kNeedless) {
     CloseField(field);
   } else {
-    field.SetText(ShownText(row));
+    field.SetText(IsLive(row) ? String() : ShownText(row));
   }
   if (Fixed(row)) {
     field.SetLocked(true);

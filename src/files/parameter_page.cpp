@@ -178,6 +178,12 @@ int ParameterPage::FindDataRow(const ItemKey& item) const {
 
 bool ParameterPage::IsWritten(int row) const { return IsNumeric(DataCell(row, kWritePosition)); }
 
+bool ParameterPage::IsLive(int row) const {
+  const auto items = fields_form_.live_items;
+  return !IsWritten(row) && DataCell(row, kGroup) == u"01" &&
+         std::find(items.begin(), items.end(), DataCell(row, kItem)) != items.end();
+}
+
 int ParameterPage::FindI10Row(const String& text) const {
   return text.empty() || !Def.Has(u"$I10") ? -1 : Def.ListOf(u"$I10").FindText(text);
 }

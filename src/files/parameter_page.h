@@ -91,6 +91,9 @@ class ParameterPage : public DevicePage {
   [[nodiscard]] bool Fixed(int row) const { return DataCell(row, kChangeRule) == u"Y"; }
   /// True when a download writes the row, so that it holds a parameter and no live value.
   [[nodiscard]] bool IsWritten(int row) const;
+  /// True when the field of the row is for a live value: what it shows is known only once the device was
+  /// asked, so a page that is built again shows nothing there, whatever the set holds.
+  [[nodiscard]] bool IsLive(int row) const;
   /// Item of group 1 of the set.
   [[nodiscard]] const String& Item(int item) const { return GroupItem.At(1, item); }
   void SetItem(int item, const String& value) { GroupItem.Set(1, item, value); }

@@ -73,10 +73,6 @@ void CountSetting::SetCaptions(Language language) {
   PressButton.SetCaption(CaptionText(TextKey::OutputButton, language));
 }
 
-std::optional<String> CountSetting::ShownText(int row) const {
-  return Serves() && page_.DataCell(row, kItem) == item_.set_key ? std::optional(String()) : std::nullopt;
-}
-
 void CountSetting::PageBuilt() {
   if (HasOwnButton()) {
     PressButton.SetVisible(Serves());

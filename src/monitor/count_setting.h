@@ -35,9 +35,7 @@ class CountSetting final : public PagePart {
 
   void SetCaptions(Language language) override;
   void SetLocked(bool locked) override { PressButton.SetEnabled(!locked); }
-  /// The box for a count starts empty: the set keeps the count that the device showed last.
-  [[nodiscard]] std::optional<String> ShownText(int row) const override;
-  void PageBuilt() override;
+  void PageBuilt() override;  ///< shows its button to models with the count
 
   /// True when the chosen model has this count.
   [[nodiscard]] bool Serves() const;

@@ -1,8 +1,8 @@
 #include "transfer/value_check.h"
 
-#include <algorithm>
-#include <array>
+#include <string>
 
+#include "core/text_utilities.h"
 #include "transfer/known_items.h"
 
 namespace korva {
@@ -75,18 +75,15 @@ bool ValueCheck::CheckBlankFields() {
   return true;
 }
 
-std::span<const StringView> CheckSteps::LiveItems() const {
-  static constexpr std::array<StringView, 7> items = {u"03_set", u"03_mon", u"04", u"05",
-                                                      u"06",     u"07",     u"08"};
-  return items;
-}
-
 bool ValueCheck::IsLiveField(int index) const {
-  const auto items = steps_.LiveItems();
-  return std::any_of(items.begin(), items.end(), [&](StringView item) {
-    const String key(item);
-    return page_.FindTextIndex(key) == index && !page_.IsWritten(page_.FindDataRow(key));
-  });
+  const String number = Ascii(std::to_string(index));
+  for (int row = page_.Def.FindRow(kTextIndex, number); row >= 0;
+       row = page_.Def.FindRow(kTextIndex, number, row + 1)) {
+    if (page_.IsLive(row)) {
+      return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace korva

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <span>
-
 #include "files/parameter_page.h"
 
 namespace korva {
@@ -15,9 +12,6 @@ class CheckSteps {
   CheckSteps& operator=(const CheckSteps&) = delete;
   virtual ~CheckSteps() = default;
 
-  /// The items of group "01" that show live values on models that don't write them, and whose fields may be
-  /// blank: "03_set", "03_mon", "04" to "08".
-  [[nodiscard]] virtual std::span<const StringView> LiveItems() const;
   /// Colours the fields, good or bad; false when one is bad.
   virtual bool CheckValues() = 0;
 };

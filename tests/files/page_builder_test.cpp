@@ -53,10 +53,32 @@ TEST_F(PageBuilder, ANeedlessFieldOpensAgainWithAValue) {
 }
 
 TEST_F(PageBuilder, AFixedFieldShowsItsValueLockedAndGrey) {
-  TestPage& page = ShowWith(5, u"55", DefText({{.item = u"05", .text = u"4", .rule = u"Y"}}));
+  TestPage& page = ShowWith(33, u"55", DefText({{.item = u"33", .text = u"4", .rule = u"Y"}}));
   EXPECT_EQ(page.Text[4].Text(), u"55");
   EXPECT_TRUE(page.Text[4].Locked());
   EXPECT_EQ(page.Text[4].ShownLook(), Look::Grey);
+}
+
+TEST_F(PageBuilder, AFieldOfALiveValueIsBlankOnAPageBuiltAgainAndTheSetStays) {
+  const String rows = DefText({{.item = u"03_set", .text = u"1"},
+                               {.item = u"03_mon", .text = u"2", .rule = u"Y"},
+                               {.item = u"05", .text = u"4", .rule = u"Y"}});
+  TestPage& page = ShowWith(5, u"55", rows);
+  EXPECT_EQ(page.Text[4].Text(), u"");
+  page.Text[1].UserTypes(u"50");
+  page.BuildPage();
+  for (const int index : {1, 2, 4}) {
+    EXPECT_EQ(page.Text[index].Text(), u"") << index;
+  }
+  page.Text[4].SetText(u"56.1");
+  EXPECT_EQ(page.Text[4].Text(), u"56.1") << "read from the device";
+  EXPECT_EQ(page.Item(3), u"50");
+  EXPECT_EQ(page.Item(5), u"56.1");
+}
+
+TEST_F(PageBuilder, AnItemThatTheModelWritesIsNoLiveValue) {
+  TestPage& page = ShowWith(5, u"55", DefText({{.item = u"05", .text = u"4", .position = u"0"}}));
+  EXPECT_EQ(page.Text[4].Text(), u"55");
 }
 
 TEST_F(PageBuilder, ARowThatIsNotOnThePageBuildsNothing) {

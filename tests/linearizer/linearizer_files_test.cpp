@@ -29,7 +29,8 @@ constexpr FieldForm kFields = {
     .arrays = {.lbl_item = 1, .label = 1, .text = 1, .frame = 1, .combo = 1, .lbl_unit = 1},
     .groups = 4,
     .lists = {},
-    .unit_lists = {}};
+    .unit_lists = {},
+    .live_items = {}};
 
 /// A page of any family: its frame and linearizer, and nothing else.
 class LnrPage final : public ParameterPage {

@@ -286,6 +286,27 @@ TEST_P(EveryDefinitionTest, LeavesNothingOfTheModelBefore) {
   }
 }
 
+TEST_P(EveryDefinitionTest, ShowsNothingInTheFieldsOfLiveValuesWhenThePageIsBuiltAgainAndKeepsTheSet) {
+  test::PageBench bench;
+  bench.Choose(GetParam());
+  ParameterPage& page = bench.Page();
+  for (const char16_t* item : {u"03_set", u"03_mon", u"05", u"07"}) {
+    const int row = page.FindDataRow(item);
+    if (row >= 0 && !page.IsWritten(row)) {
+      bench.Do([&] { page.FindField(item)->SetText(u"50"); });
+    }
+  }
+  const ParameterSet kept = page.GroupItem;
+  bench.Do([&] { page.BuildPage(); });
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (!page.IsWritten(row) && !page.DataCell(row, kTextIndex).empty()) {
+      EXPECT_EQ(page.Text[LeadingInteger(page.DataCell(row, kTextIndex))].Text(), u"")
+          << ToUtf8(page.DataCell(row, kItem));
+      EXPECT_EQ(page.SetCell(row), kept.At(page.DataCell(row, kGroup), page.DataCell(row, kItem)));
+    }
+  }
+}
+
 std::string ModelName(const testing::TestParamInfo<String>& parameter) {
   return "Model_" + ToUtf8(parameter.param);
 }

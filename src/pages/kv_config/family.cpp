@@ -34,6 +34,9 @@ constexpr std::array kLists = {
 };
 constexpr std::array kUnitLists = {UnitList{.key = u"$I11QEI", .item = 11}};
 
+constexpr std::array<StringView, 8> kLiveItems = {u"03_set", u"03_mon", u"04", u"05",
+                                                  u"06",     u"07",     u"08", u"32"};
+
 constexpr std::array<StringView, 3> kBackupStations = {u"QD.def", u"QD2.def", u"QD2I.def"};
 constexpr std::array<StringView, 1> kWithOutputCurrent = {u"QD2I.def"};
 constexpr std::array kCycle = {
@@ -112,7 +115,11 @@ constexpr FamilyRecord kKvConfigRecord = {
     .device = {.system_text = SystemText::Value},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kUsualLayout},
-    .fields = FieldForm{.arrays = kArrays, .groups = 4, .lists = kLists, .unit_lists = kUnitLists},
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = kUnitLists,
+                        .live_items = kLiveItems},
     .monitor = {.presence = live::kItems03To08,
                 .cycle = kCycle,
                 .clean = TrimNumericHead,

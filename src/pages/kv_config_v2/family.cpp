@@ -27,6 +27,8 @@ constexpr std::array kLists = {
     ListRule{.key = u"$I29", .table = u"$I29"},
 };
 
+constexpr std::array<StringView, 5> kLiveItems = {u"03_set", u"03_mon", u"05", u"06", u"07"};
+
 constexpr std::array kCycle = {CycleItem{.key = u"05"}, CycleItem{.key = u"06"}, CycleItem{.key = u"07"}};
 
 constexpr std::array<StringView, 2> kSlowModels = {u"QICE.def", u"QEYZ.def"};
@@ -44,7 +46,9 @@ constexpr FamilyRecord kKvConfigV2Record = {
     .device = {.system_text = SystemText::Value},
     .slow_models = ModelSet{.names = kSlowModels, .ending = u"D.def"},
     .definition = {.sections = kSections, .only_file = kNone, .layout = kUnitBoxLayout},
-    .fields = FieldForm{.arrays = kArrays, .groups = 4, .lists = kLists, .unit_lists = {}},
+    .fields =
+        FieldForm{
+            .arrays = kArrays, .groups = 4, .lists = kLists, .unit_lists = {}, .live_items = kLiveItems},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = kCycle,
                 .clean = TrimNumericTail,

@@ -17,7 +17,6 @@ namespace korva {
 namespace {
 
 constexpr StringView kTagKey = u"02";
-constexpr std::array<StringView, 5> kLiveItems = {u"03_set", u"03_mon", u"05", u"06", u"07"};
 
 constexpr int kSettling = 500;  // ms that the device needs after a write
 constexpr StringView kAllReset = u"all prms default";
@@ -58,8 +57,6 @@ std::optional<CodeTable> KvConfigV2Form::CodesOf(int item) const {
   }
 }
 
-std::span<const StringView> KvConfigV2Check::LiveItems() const { return kLiveItems; }
-
 bool KvConfigV2Check::CheckValues() {
   const bool tag_good = fields_.CheckTag();
   return CheckNumbers() && tag_good;
@@ -83,9 +80,8 @@ bool KvConfigV2Check::CheckNumbers() {
 
 bool KvConfigV2Check::IsNumberRow(int row) const {
   const String& item = page_.DataCell(row, kItem);
-  const bool live = std::find(kLiveItems.begin(), kLiveItems.end(), item) != kLiveItems.end();
   return page_.DataCell(row, kOnPage) == u"Y" && !page_.DataCell(row, kTextIndex).empty() &&
-         item != kTagKey && !live;
+         item != kTagKey && !page_.IsLive(row);
 }
 
 void KvConfigV2Download::RoundValues() { Round5ms(Page(), kTimes); }

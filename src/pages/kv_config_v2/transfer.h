@@ -27,7 +27,6 @@ class KvConfigV2Form final : public RowForm {
 class KvConfigV2Check final : public CheckSteps {
  public:
   explicit KvConfigV2Check(ParameterPage& page) : page_(page), fields_(page) {}
-  [[nodiscard]] std::span<const StringView> LiveItems() const override;
   bool CheckValues() override;
 
  private:

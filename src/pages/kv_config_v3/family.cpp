@@ -51,6 +51,9 @@ constexpr std::array kUnitLists = {
     UnitList{.key = u"$I13QHC2", .item = 13},
 };
 
+constexpr std::array<StringView, 9> kLiveItems = {u"03_set", u"03_mon", u"04_set", u"04_mon", u"05",
+                                                  u"06_set", u"06",     u"12",     u"13"};
+
 constexpr std::array kCycle = {CycleItem{.key = u"03_mon"}, CycleItem{.key = u"04_mon"},
                                CycleItem{.key = u"05"}, CycleItem{.key = u"06"}};
 
@@ -104,7 +107,11 @@ constexpr FamilyRecord kKvConfigV3Record = {
     .device = {.system_text = SystemText::Value, .mode_repeats = 1},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kUsualLayout},
-    .fields = FieldForm{.arrays = kArrays, .groups = 2, .lists = kLists, .unit_lists = kUnitLists},
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 2,
+                        .lists = kLists,
+                        .unit_lists = kUnitLists,
+                        .live_items = kLiveItems},
     .monitor = {.presence = live::kItems03To08,
                 .cycle = kCycle,
                 .clean = TrimNumericHead,

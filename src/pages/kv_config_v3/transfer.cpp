@@ -14,9 +14,6 @@ constexpr StringView kTypesKey = u"$I10";
 constexpr StringView kRangesKey = u"$I11";
 constexpr StringView kRangeTable = u"$I11Body";
 
-constexpr std::array<StringView, 9> kLiveItems = {u"03_set", u"03_mon", u"04_set", u"04_mon", u"05",
-                                                  u"06_set", u"06",     u"12",     u"13"};
-
 }  // namespace
 
 void KvConfigV3Upload::AfterItemRead(int row) {
@@ -66,8 +63,6 @@ std::optional<CodeTable> KvConfigV3Form::CodesOf(int item) const {
   const StringView key = Page().DataCell(row, kChoiceKey);
   return CodeTable{.key = key == kRangesKey ? kRangeTable : key};
 }
-
-std::span<const StringView> KvConfigV3Check::LiveItems() const { return kLiveItems; }
 
 bool KvConfigV3Check::CheckValues() {
   if (!fields_.CheckTag() || !fields_.CheckScale()) {

@@ -34,7 +34,6 @@ class KvConfigV3Check final : public CheckSteps {
  public:
   KvConfigV3Check(ParameterPage& page, KvConfigV3Alarms& alarms)
       : page_(page), alarms_(alarms), fields_(page) {}
-  [[nodiscard]] std::span<const StringView> LiveItems() const override;
   bool CheckValues() override;
 
  private:
