@@ -37,7 +37,7 @@ bool Download::DownloadValues() {
     return false;
   }
   steps_.RoundValues();
-  if (!check_.CheckAllValues() || !CheckChoices() || !WriteAllItems()) {
+  if (!check_.CheckAllValues() || !WriteAllItems()) {
     return false;
   }
   page_.TransferBar.SetValue(0);
@@ -71,33 +71,6 @@ bool CollateInputType(const ParameterPage& page) {
     return false;
   }
   return true;
-}
-
-bool Download::CheckChoices() {
-  const StringTable& data = page_.Def.Data();
-  bool good = true;
-  for (int row = 0; row < data.Rows(); ++row) {
-    const int index = LeadingInteger(page_.DataCell(row, kComboIndex));
-    if (!page_.IsWritten(row) || page_.DataCell(row, kComboIndex).empty() || !page_.Combo.Has(index)) {
-      continue;
-    }
-    ComboBox& box = page_.Combo[index];
-    if (!HasCode(row)) {
-      box.SetLook(Look::Bad);
-      good = false;
-    } else if (box.ShownLook() == Look::Bad) {
-      box.SetLook(Look::Normal);
-    }
-  }
-  if (!good) {
-    page_.Box().Show(BoxKey::ValueBad);
-  }
-  return good;
-}
-
-bool Download::HasCode(int row) const {
-  const std::optional<CodeTable> codes = form_.CodesToSend(row);
-  return !codes || ListOf(*codes).FindText(page_.SetCell(row)) >= 0 || steps_.WillBeSpelt(row);
 }
 
 bool Download::WriteAllItems() {
@@ -149,12 +122,8 @@ WriteEntry Download::EntryOf(int row) const {
   return entry;
 }
 
-ChoiceList Download::ListOf(const CodeTable& codes) const {
-  return page_.Def.ListOf(codes.key).UnderTitle(codes.title);
-}
-
 String Download::CodeOf(const CodeTable& codes, const String& item, const String& text) const {
-  const ChoiceList list = ListOf(codes);
+  const ChoiceList list = form_.ListOf(codes);
   const int row = list.FindText(text);
   if (row < 0) {
     throw RuntimeFailure(u"Item" + item + u" の設定値 \"" + text + u"\" に対応するコードが定義ファイル " +

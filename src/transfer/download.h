@@ -20,9 +20,6 @@ class DownloadSteps {
   virtual bool Collate();
   /// Brings values that go to the device on its grid, with a box for each that changes.
   virtual void RoundValues() {}
-  /// True when the cell of a choice, which has no code as it stands, will be brought into the device's own
-  /// spelling.
-  [[nodiscard]] virtual bool WillBeSpelt(int /*row*/) const { return false; }
   /// Makes the device ready for the writes, from programming mode on. False after its box.
   virtual bool BeginWriting() { return page_.EnterProgrammingMode(); }
   /// The data of an entry as it goes out in the end.
@@ -65,14 +62,9 @@ class Download {
  private:
   bool DownloadValues();
   bool DownloadParts();
-  /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
-  /// chosen before; false after the box of bad values. Nothing has been written then.
-  bool CheckChoices();
-  [[nodiscard]] bool HasCode(int row) const;
   bool WriteAllItems();
   [[nodiscard]] WriteList BuildWriteList();
   [[nodiscard]] WriteEntry EntryOf(int row) const;
-  [[nodiscard]] ChoiceList ListOf(const CodeTable& codes) const;
   [[nodiscard]] String CodeOf(const CodeTable& codes, const String& item, const String& text) const;
   bool WriteVerifyList(WriteList& list);
   bool WriteVerified(WriteEntry& entry);

@@ -35,6 +35,15 @@ std::optional<CodeTable> RowForm::CodesToSend(int row) const {
              : std::nullopt;
 }
 
+ChoiceList RowForm::ListOf(const CodeTable& codes) const {
+  return page_.Def.ListOf(codes.key).UnderTitle(codes.title);
+}
+
+bool RowForm::HasCode(int row) const {
+  const std::optional<CodeTable> codes = CodesToSend(row);
+  return !codes || ListOf(*codes).FindText(page_.SetCell(row)) >= 0 || WillBeSpelt(row);
+}
+
 std::optional<CodeTable> RowForm::RangeCodesUnderTitle() const {
   return page_.RangesOfType()
              ? std::optional(CodeTable{.key = u"$I11Body", .title = page_.TitleIndex(page_.InputTypeRow())})

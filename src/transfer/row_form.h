@@ -28,11 +28,17 @@ class RowForm {
   /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
   /// none, or has nothing to choose under the present input type, and is then not written.
   [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
+  /// True when the cell of a choice, which has no code as it stands, will be brought into the device's own
+  /// spelling before it is written.
+  [[nodiscard]] virtual bool WillBeSpelt(int /*row*/) const { return false; }
 
   /// True when a download writes the row under the present choices.
   [[nodiscard]] bool IsToBeWritten(int row) const;
   /// Where the choice of a row must stand to be written; nothing when the row sends no choice.
   [[nodiscard]] std::optional<CodeTable> CodesToSend(int row) const;
+  [[nodiscard]] ChoiceList ListOf(const CodeTable& codes) const;
+  /// False when the row sends a choice for which the model has no code.
+  [[nodiscard]] bool HasCode(int row) const;
 
  protected:
   /// The codes of item 11 under the present input type's title; nothing under a title without any.

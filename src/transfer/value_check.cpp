@@ -2,12 +2,14 @@
 
 #include <string>
 
+#include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "transfer/known_items.h"
 
 namespace korva {
 
-ValueCheck::ValueCheck(ParameterPage& page, CheckSteps& steps) : page_(page), steps_(steps) {
+ValueCheck::ValueCheck(ParameterPage& page, const RowForm& form, CheckSteps& steps)
+    : page_(page), form_(form), steps_(steps) {
   page_.cmdCheck.OnClick = [this] { Run(); };
 }
 
@@ -43,11 +45,14 @@ Finding ValueCheck::FindFault() {
   if (!steps_.CheckValues()) {
     return Finding::Bad;
   }
-  const Finding parts = CheckParts();
-  if (parts == Finding::Good) {
-    page_.TransferBar.SetValue(10);
+  if (const Finding parts = CheckParts(); parts != Finding::Good) {
+    return parts;
   }
-  return parts;
+  if (!CheckChoices()) {
+    return Finding::Bad;
+  }
+  page_.TransferBar.SetValue(10);
+  return Finding::Good;
 }
 
 Finding ValueCheck::CheckParts() {
@@ -84,6 +89,24 @@ bool ValueCheck::IsLiveField(int index) const {
     }
   }
   return false;
+}
+
+bool ValueCheck::CheckChoices() {
+  bool good = true;
+  for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
+    const int index = LeadingInteger(page_.DataCell(row, kComboIndex));
+    if (!page_.IsWritten(row) || page_.DataCell(row, kComboIndex).empty() || !page_.Combo.Has(index)) {
+      continue;
+    }
+    ComboBox& box = page_.Combo[index];
+    if (!form_.HasCode(row)) {
+      box.SetLook(Look::Bad);
+      good = false;
+    } else if (box.ShownLook() == Look::Bad) {
+      box.SetLook(Look::Normal);
+    }
+  }
+  return good;
 }
 
 }  // namespace korva

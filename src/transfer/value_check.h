@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/parameter_page.h"
+#include "transfer/row_form.h"
 
 namespace korva {
 
@@ -17,11 +17,11 @@ class CheckSteps {
 };
 
 /// The check of a page's values, before anything is written and with cmdCheck: blank fields, then the values,
-/// then the parts of the page.
+/// then the parts of the page, then the choices.
 class ValueCheck {
  public:
-  /// Takes the page's button. Both outlive this.
-  ValueCheck(ParameterPage& page, CheckSteps& steps);
+  /// Takes the page's button. All outlive this.
+  ValueCheck(ParameterPage& page, const RowForm& form, CheckSteps& steps);
   ValueCheck(const ValueCheck&) = delete;
   ValueCheck& operator=(const ValueCheck&) = delete;
   ~ValueCheck() = default;
@@ -36,9 +36,13 @@ class ValueCheck {
   bool CheckBlankFields();
   [[nodiscard]] bool IsLiveField(int index) const;
   Finding CheckParts();
+  /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
+  /// chosen before.
+  bool CheckChoices();
   Finding FindFault();
 
   ParameterPage& page_;
+  const RowForm& form_;
   CheckSteps& steps_;
 };
 

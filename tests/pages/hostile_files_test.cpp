@@ -152,9 +152,11 @@ void OpenWithValueReplaced(test::PageBench& bench, const String& model, StringVi
   bench.TakeBoxes();
 }
 
-TEST_F(HostileConfigurationTest, AChoiceThatItsBoxDoesNotListIsShownAndStopsADownloadAsABadValue) {
+TEST_F(HostileConfigurationTest, AChoiceThatItsBoxDoesNotListIsShownAndIsABadValueToACheckAndADownload) {
   OpenWithValueReplaced(bench_, u"QL", u"\"0-100 mV\"", u"\"0-99 mV\"");
   EXPECT_EQ(bench_.Page().Combo[1].Text(), u"0-99 mV");
+  bench_.Check();
+  EXPECT_EQ(bench_.TakeBoxes(), std::vector{test::Shown(BoxKey::ValueBad)});
   bench_.Download();
   EXPECT_EQ(bench_.TakeBoxes().back(), test::Shown(BoxKey::ValueBad));
   EXPECT_EQ(bench_.Page().Combo[1].ShownLook(), Look::Bad);

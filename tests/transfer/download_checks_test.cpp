@@ -123,6 +123,18 @@ TEST_F(DownloadTest, AChoiceWithoutACodeIsMarkedAndStopsItBeforeProgrammingMode)
   EXPECT_EQ(bench.page->Combo[1].ShownLook(), Look::Normal);
 }
 
+TEST_F(DownloadTest, TheCheckRefusesAChoiceWithoutACodeAsADownloadDoes) {
+  bench.page->SetItem(23, u"2:SOMETIMES");
+  bench.Check();
+  EXPECT_EQ(bench.Boxes(), Texts{Shown(BoxKey::ValueBad)});
+  EXPECT_EQ(bench.page->Combo[2].ShownLook(), Look::Bad);
+  EXPECT_TRUE(bench.AtRest());
+  bench.page->SetItem(23, u"1:ON");
+  bench.Check();
+  EXPECT_EQ(bench.Boxes().back(), Shown(BoxKey::CheckDone));
+  EXPECT_EQ(bench.page->Combo[2].ShownLook(), Look::Normal);
+}
+
 TEST_F(DownloadTest, AChoiceThatWasCorrectedLosesItsMarkWithTheNextDownload) {
   bench.page->SetItem(23, u"2:SOMETIMES");
   bench.Download();

@@ -87,7 +87,7 @@ BenchPage::BenchPage(Program& program, const FamilyRecord& record, DeviceLink& l
       check_steps_(*this),
       download_steps_(*this),
       upload_(*this, form_, upload_steps_),
-      check_(*this, check_steps_),
+      check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
   AddOptions({.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit});
   if (model_.linearizer != nullptr) {

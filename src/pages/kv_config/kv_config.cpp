@@ -15,12 +15,12 @@ KvConfig::KvConfig(Program& program, const FamilyRecord& record, DeviceLink& lin
       units_(*this, [this] { return Model().whole_number_limits; }),
       spelling_(*this),
       rules_(*this),
-      form_(*this),
+      form_(*this, spelling_),
       upload_steps_(*this, spelling_),
       check_steps_(*this),
       download_steps_(*this, spelling_),
       upload_(*this, form_, upload_steps_),
-      check_(*this, check_steps_),
+      check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
   AddAllOptions();
   ApplyDesign();

@@ -6,7 +6,12 @@
 
 namespace korva {
 
-KvConfigForm::KvConfigForm(const KvConfig& page) : RowForm(page), page_(page) {}
+KvConfigForm::KvConfigForm(const KvConfig& page, const KvConfigSpelling& spelling)
+    : RowForm(page), page_(page), spelling_(spelling) {}
+
+bool KvConfigForm::WillBeSpelt(int row) const {
+  return LeadingInteger(page_.DataCell(row, kItem)) == kTypeItem && spelling_.Knows(page_.SetCell(row));
+}
 
 std::optional<CodeTable> KvConfigForm::CodesOf(int item) const {
   const bool backup = page_.Model().has_backup_items;
@@ -64,10 +69,6 @@ bool KvConfigCheck::CheckModel() {
 
 KvConfigDownload::KvConfigDownload(KvConfig& page, KvConfigSpelling& spelling)
     : DownloadSteps(page), page_(page), spelling_(spelling) {}
-
-bool KvConfigDownload::WillBeSpelt(int row) const {
-  return LeadingInteger(page_.DataCell(row, kItem)) == kTypeItem && spelling_.Knows(page_.SetCell(row));
-}
 
 bool KvConfigDownload::BeginWriting() {
   if (!DownloadSteps::BeginWriting()) {

@@ -13,13 +13,15 @@ class KvConfig;
 
 class KvConfigForm final : public RowForm {
  public:
-  explicit KvConfigForm(const KvConfig& page);
+  KvConfigForm(const KvConfig& page, const KvConfigSpelling& spelling);
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
+  [[nodiscard]] bool WillBeSpelt(int row) const override;
 
  private:
   [[nodiscard]] std::optional<CodeTable> RangeCodes() const;
 
   const KvConfig& page_;
+  const KvConfigSpelling& spelling_;
 };
 
 class KvConfigUpload final : public UploadSteps {
@@ -46,7 +48,6 @@ class KvConfigCheck final : public CheckSteps {
 class KvConfigDownload final : public DownloadSteps {
  public:
   KvConfigDownload(KvConfig& page, KvConfigSpelling& spelling);
-  [[nodiscard]] bool WillBeSpelt(int row) const override;
   bool BeginWriting() override;
   [[nodiscard]] String FinalData(const WriteEntry& entry) const override;
 

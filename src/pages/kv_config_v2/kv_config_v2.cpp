@@ -19,7 +19,7 @@ KvConfig_V2::KvConfig_V2(Program& program, const FamilyRecord& record, DeviceLin
       check_steps_(*this),
       download_steps_(*this, form_, units),
       upload_(*this, form_, upload_steps_),
-      check_(*this, check_steps_),
+      check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
   AddOptions(
       {.key = u"$I26", .table = u"$I26", .item = u"26", .options = &optAlarm, .captions_from_table = true});

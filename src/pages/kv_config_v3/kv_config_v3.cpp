@@ -37,7 +37,7 @@ KvConfig_V3::KvConfig_V3(Program& program, const FamilyRecord& record, DeviceLin
       check_steps_(*this, alarms_),
       download_steps_(*this),
       upload_(*this, form_, upload_steps_),
-      check_(*this, check_steps_),
+      check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
   AddAllOptions();
   ApplyDesign();
