@@ -17,6 +17,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/field_view.h"
 #include "app/grid_view.h"
 #include "app/looks.h"
 #include "app/memo_view.h"
@@ -200,7 +201,7 @@ QWidget* ControlViews::MakeOption(OptionButton& option, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
-  auto* widget = new QLineEdit(parent);
+  auto* widget = new FieldView(parent);
   Follow(field, widget, [&field, widget] {
     const QString text = ToQt(field.Text());
     if (widget->text() != text) {
@@ -208,12 +209,19 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
       widget->setText(text);
     }
     widget->setReadOnly(field.Locked());
+    widget->setInputMethodHints(field.Numeric() ? Qt::ImhPreferNumbers | Qt::ImhPreferLatin : Qt::ImhNone);
+    widget->ShowMark(field.Marked());
     if (widget->property("look").toInt() != static_cast<int>(field.ShownLook())) {
       ShowLook(widget, field.ShownLook());
     }
   });
-  QObject::connect(widget, &QLineEdit::textEdited, widget,
-                   [this, &field](const QString& text) { Enter([&] { field.UserTypes(FromQt(text)); }); });
+  QObject::connect(widget, &QLineEdit::textEdited, widget, [this, &field, widget](const QString& edited) {
+    const QString text = widget->Typing() ? edited : ToQt(field.AsPasted(FromQt(edited)));
+    if (text != edited) {
+      widget->Amend(text);
+    }
+    Enter([&] { field.UserTypes(FromQt(text)); });
+  });
   widget->installEventFilter(new KeyFilter(widget, [this, &field](Key key) {
     bool taken = false;
     Enter([&] { taken = field.UserPresses(key); });

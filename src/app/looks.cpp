@@ -33,4 +33,15 @@ QPalette PaletteOf(Look look, const QPalette& system) {
   return palette;
 }
 
+void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
+  constexpr int kHalfWave = 3;
+  QPolygon wave;
+  for (int x = area.left(), crest = 0; x <= area.right(); x += kHalfWave, crest = 1 - crest) {
+    wave << QPoint(x, area.bottom() - kHalfWave * crest + 1);
+  }
+  painter.setPen(colour);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawPolyline(wave);
+}
+
 }  // namespace korva

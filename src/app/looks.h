@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainter>
 #include <QPalette>
 
 #include "core/control.h"
@@ -8,5 +9,8 @@ namespace korva {
 
 /// The palette of a field or label in a look: a pair of the system's own colours, light or dark.
 QPalette PaletteOf(Look look, const QPalette& system);
+
+/// Draws the mark of a text that the user should look at: a wave along the lower edge of `area`.
+void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);
 
 }  // namespace korva

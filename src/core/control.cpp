@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/text_utilities.h"
+
 namespace korva {
 
 Control::Control(std::string_view name, int index) : name_(name), index_(index) {}
@@ -41,6 +43,8 @@ void TextField::SetText(const String& text) {
     OnChange();
   }
 }
+
+String TextField::AsPasted(const String& text) const { return numeric_ ? HalfWidthNumber(text) : text; }
 
 Refusal TextField::Refused() const {
   const Refusal refusal = Control::Refused();

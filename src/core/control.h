@@ -148,8 +148,17 @@ class TextField : public Control {
   [[nodiscard]] bool Multiline() const { return multiline_; }
   void SetMultiline(bool multiline) { multiline_ = multiline; }
 
+  /// True for a field that is meant for a number.
+  [[nodiscard]] bool Numeric() const { return numeric_; }
+  void SetNumeric(bool numeric) { Assign(numeric_, numeric); }
+  /// True for a text that the user should look at, though it is taken as it stands.
+  [[nodiscard]] bool Marked() const { return marked_; }
+  void SetMarked(bool marked) { Assign(marked_, marked); }
+
   /// The user's typing: the whole new text.
   void UserTypes(const String& text) { SetText(text); }
+  /// What becomes of a text that the user pasted: a number in full-width characters is meant as a number.
+  [[nodiscard]] String AsPasted(const String& text) const;
   /// True when the key was taken; else it does what it does in any field.
   bool UserPresses(Key key) const { return OnKey && OnKey(key); }
 
@@ -157,6 +166,8 @@ class TextField : public Control {
   String text_;
   bool locked_ = false;
   bool multiline_ = false;
+  bool numeric_ = false;
+  bool marked_ = false;
   Look look_ = Look::Normal;
 };
 

@@ -240,6 +240,10 @@ std::size_t NumericLength(StringView text) {
   return length;
 }
 
+bool IsPlainDecimal(StringView text) {
+  return IsNumeric(text) && text.find_first_not_of(u"+-.0123456789") == StringView::npos;
+}
+
 bool IsNumeric(StringView text) { return !text.empty() && NumericLength(text) == text.size(); }
 
 String ShortestText(double value) {

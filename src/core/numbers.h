@@ -21,6 +21,10 @@ int LeadingInteger(StringView text);
 /// exponent; blanks and TABs around it are allowed.
 bool IsNumeric(StringView text);
 
+/// True when the text is a number as devices write it: an optional sign, digits with at most one decimal
+/// point, and nothing else.
+bool IsPlainDecimal(StringView text);
+
 /// Length of the longest beginning of the text that is numeric; 0 when none is.
 std::size_t NumericLength(StringView text);
 

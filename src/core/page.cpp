@@ -241,6 +241,7 @@ bool Page::OnUnload() {
 }
 
 void Page::SetCaptions(Language language) {
+  language_ = language;
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
     Tabs.SetTabCaption(tab, CaptionText(kind_.design.tabs[static_cast<std::size_t>(tab)].caption, language));
   }

@@ -126,6 +126,8 @@ class Page {
 
   /// Sets every caption from the text table.
   void SetCaptions(Language language);
+  /// A text of the table in the language of the captions.
+  [[nodiscard]] const String& Words(TextKey key) const { return CaptionText(key, language_); }
 
   ModelTable Models;
   String DefFile;
@@ -190,6 +192,7 @@ class Page {
   Program& program_;
   PageKind kind_;
   bool loaded_ = false;
+  Language language_ = Language::Japanese;
   int accepted_model_ = -1;  ///< list position of the model that the page shows
   std::vector<PagePart*> parts_;
   std::vector<Control*> controls_;

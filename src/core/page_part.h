@@ -53,6 +53,8 @@ class PagePart {
   [[nodiscard]] virtual std::optional<String> CellOf(int /*row*/, const String& /*text*/) const {
     return std::nullopt;
   }
+  /// The cell of a row took the text of its field.
+  virtual void FieldChanged(int /*row*/) {}
   virtual void RowShown(int /*row*/) {}
   virtual void PageBuilt() {}  ///< all rows are shown
   virtual void ChoiceMade(const Choice& /*choice*/) {}

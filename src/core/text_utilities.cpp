@@ -112,6 +112,22 @@ String CommaToPoint(StringView text) {
   return changed;
 }
 
+String HalfWidthNumber(StringView text) {
+  constexpr char16_t kFullZero = u'０';
+  constexpr char16_t kFullNine = u'９';
+  constexpr StringView kFullMarks = u"＋－\u2212．";  // U+2212 is the minus of mathematics
+  constexpr StringView kHalfMarks = u"+--.";
+  String half(text);
+  for (char16_t& c : half) {
+    if (c >= kFullZero && c <= kFullNine) {
+      c = static_cast<char16_t>(u'0' + (c - kFullZero));
+    } else if (const std::size_t mark = kFullMarks.find(c); mark != StringView::npos) {
+      c = kHalfMarks[mark];
+    }
+  }
+  return half;
+}
+
 String Trimmed(StringView text) { return Stripped(text, u" "); }
 
 String Ascii(std::string_view text) {

@@ -26,6 +26,9 @@ double NumericValue(StringView text);
 /// Replaces the first comma by a point.
 String CommaToPoint(StringView text);
 
+/// Full-width digits, signs and points become the half-width ones; all else stays.
+String HalfWidthNumber(StringView text);
+
 /// The text without blanks at both ends. TABs stay.
 String Trimmed(StringView text);
 

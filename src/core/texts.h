@@ -48,7 +48,10 @@ enum class TextKey {
   Modify,
   Cancel,
   ChangeOfValue,
-  TableUnsaved,  ///< the status area's notice of a table read from a file
+  // Notices of the status area.
+  TableUnsaved,  ///< a table was read from a file
+  NotPlain,      ///< before the items whose texts are no plain numbers
+  SentAsTyped,   ///< the same of those that were sent
   ChangeCjm,
   CheckTable,
   WriteIn,

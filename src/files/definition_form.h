@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "core/or_none.h"
@@ -192,6 +193,11 @@ struct FieldForm {
   /// The items of group "01" that show live values on models that don't write them; their fields may be
   /// blank.
   std::span<const StringView> live_items;
+  /// The items of group "01" whose fields hold texts; all other fields hold numbers.
+  std::span<const StringView> text_items;
 };
+
+/// The text of the families that have only the tag.
+inline constexpr std::array<StringView, 1> kTagAlone = {u"02"};
 
 }  // namespace korva

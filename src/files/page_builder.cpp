@@ -115,6 +115,7 @@ void ParameterPage::BuildRow(int row) {
 void ParameterPage::ShowField(int row) {
   TextField& field = Text[Place(row, kTextIndex, Text.Count())];
   field.SetVisible(true);
+  field.SetNumeric(IsNumberRow(row));
   OpenField(field);
   if (SetCell(row) == kNeedless) {
     CloseField(field);

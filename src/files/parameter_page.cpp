@@ -84,6 +84,9 @@ void ParameterPage::TextChanged(int index) {
     return;
   }
   GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), CellOf(row, Text[index].Text()));
+  for (PagePart* part : Parts()) {
+    part->FieldChanged(row);
+  }
   // What comes into a field that the user can't change, such as a live value, is no edit of his.
   if (!Text[index].Locked()) {
     MarkEdited();
@@ -178,10 +181,16 @@ int ParameterPage::FindDataRow(const ItemKey& item) const {
 
 bool ParameterPage::IsWritten(int row) const { return IsNumeric(DataCell(row, kWritePosition)); }
 
-bool ParameterPage::IsLive(int row) const {
-  const auto items = fields_form_.live_items;
-  return !IsWritten(row) && DataCell(row, kGroup) == u"01" &&
+bool ParameterPage::IsAmong(std::span<const StringView> items, int row) const {
+  return DataCell(row, kGroup) == u"01" &&
          std::find(items.begin(), items.end(), DataCell(row, kItem)) != items.end();
+}
+
+bool ParameterPage::IsLive(int row) const { return !IsWritten(row) && IsAmong(fields_form_.live_items, row); }
+
+bool ParameterPage::IsNumberRow(int row) const {
+  return DataCell(row, kOnPage) == u"Y" && !DataCell(row, kTextIndex).empty() &&
+         !IsAmong(fields_form_.text_items, row);
 }
 
 int ParameterPage::FindI10Row(const String& text) const {

@@ -102,6 +102,8 @@ class ParameterPage : public DevicePage {
   /// The index that a row has in `column` for an array of `count` controls. Any other text than such an index
   /// ends the program with a text that names the definition, the row and the column.
   [[nodiscard]] int Place(int row, DataColumn column, int count) const;
+  /// True when the row has a field on the page, and the field is for a number.
+  [[nodiscard]] bool IsNumberRow(int row) const;
   /// The item of a row, as the page and as the device names it.
   [[nodiscard]] ItemKey KeyOf(int row) const { return {DataCell(row, kGroup), DataCell(row, kItem)}; }
   [[nodiscard]] WireItem WireOf(int row) const { return KeyOf(row).OnWire(); }
@@ -168,6 +170,9 @@ class ParameterPage : public DevicePage {
   void KeepTabState(int tab, bool enabled) override;
 
  private:
+  /// True for the row of one of these items of group "01".
+  [[nodiscard]] bool IsAmong(std::span<const StringView> items, int row) const;
+
   // Building a row.
   void BuildRow(int row);
   void ShowField(int row);

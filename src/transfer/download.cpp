@@ -13,7 +13,9 @@ namespace korva {
 bool DownloadSteps::Collate() { return CollateInputType(page_); }
 
 Download::Download(ParameterPage& page, const RowForm& form, ValueCheck& check, DownloadSteps& steps)
-    : page_(page), form_(form), check_(check), steps_(steps) {
+    : page_(page), form_(form), check_(check), steps_(steps), numbers_(page, [this](int row) {
+        return DataToSend(row);
+      }) {
   page_.cmdDownload.OnClick = [this] { Run(); };
 }
 
@@ -23,6 +25,7 @@ void Download::Run() {
   }
   page_.BeginDownload();
   page_.LockFrame();
+  numbers_.BeginSending();
   if (DownloadValues()) {
     page_.Box().Show(BoxKey::DownloadDone);
     page_.CheckPendingQuit();
@@ -132,6 +135,14 @@ String Download::CodeOf(const CodeTable& codes, const String& item, const String
   return list.Code(row);
 }
 
+String Download::DataToSend(int row) const {
+  if (!page_.IsWritten(row) || form_.IsChoice(row)) {
+    return {};
+  }
+  const WriteEntry entry = EntryOf(row);
+  return entry.data.empty() || entry.data == kNeedless ? String() : steps_.FinalData(entry);
+}
+
 bool Download::WriteVerifyList(WriteList& list) {
   const int last = steps_.LastPosition();
   int position = 0;
@@ -155,6 +166,9 @@ bool Download::WriteVerified(WriteEntry& entry) {
     if (reply == u"ERROR" || reply == kNeedless) {
       reply.clear();
     }
+  }
+  if (!reply.empty()) {
+    numbers_.Sent(entry.row, entry.data);
   }
   if (reply.empty() || !steps_.CompareReply(entry, reply)) {
     steps_.ShowWriteFailure(entry, reply);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "transfer/number_fields.h"
 #include "transfer/row_form.h"
 #include "transfer/value_check.h"
 
@@ -60,6 +61,8 @@ class Download {
   void Run();
 
  private:
+  /// What goes out for the value of a row in the end; empty for nothing, and for a choice.
+  [[nodiscard]] String DataToSend(int row) const;
   bool DownloadValues();
   bool DownloadParts();
   bool WriteAllItems();
@@ -73,6 +76,7 @@ class Download {
   const RowForm& form_;
   ValueCheck& check_;
   DownloadSteps& steps_;
+  NumberFields numbers_;
 };
 
 /// Compares the input type of the device with the chosen one, since not every type can be set from here.

@@ -129,6 +129,25 @@ TEST(TextField, RefusesTheUserWhenLocked) {
   EXPECT_EQ(field.Refused(), Refusal::Disabled);
 }
 
+TEST(TextField, ForANumberTakesFullWidthDigitsThatArePastedAsHalfWidthOnes) {
+  TextField field("Text", 9);
+  EXPECT_EQ(field.AsPasted(u"１２．５"), u"１２．５");
+  field.SetNumeric(true);
+  EXPECT_EQ(field.AsPasted(u"－１２．５ V"), u"-12.5 V");
+  field.UserTypes(u"１２");
+  EXPECT_EQ(field.Text(), u"１２") << "what is typed stays as it is";
+}
+
+TEST(TextField, TellsItsObserversOfItsMark) {
+  TextField field("Text", 9);
+  int changes = 0;
+  field.Observe([&] { ++changes; });
+  field.SetMarked(true);
+  field.SetMarked(true);
+  EXPECT_TRUE(field.Marked());
+  EXPECT_EQ(changes, 1);
+}
+
 TEST(TextField, PassesKeysOn) {
   TextField field("Text", 1);
   EXPECT_FALSE(field.UserPresses(Key::Enter));

@@ -129,6 +129,16 @@ INSTANTIATE_TEST_SUITE_P(
                     NumberAndText{1e100, u"1E+100"}, NumberAndText{1e-20, u"1E-20"},
                     NumberAndText{1.0 / 30.0, u"3.33333333333333E-02"}));
 
+TEST(IsPlainDecimal, IsASignDigitsAndAPointAndNothingElse) {
+  for (const StringView text : {u"0", u"12", u"-0.5", u"+3", u".5", u"12."}) {
+    EXPECT_TRUE(IsPlainDecimal(text)) << std::string(text.begin(), text.end());
+  }
+  for (const StringView text : {u"", u"-", u".", u"1,5", u"1e2", u"1D2", u"12abc", u"1.5.2", u"- 5", u" 7",
+                                u"7 ", u"5\t", u"１２", u"0x10", u"--1"}) {
+    EXPECT_FALSE(IsPlainDecimal(text)) << std::string(text.begin(), text.end());
+  }
+}
+
 TEST(ShortestText, ReadsBackAsTheSameNumber) {
   for (const double number : {0.1, 1200.0, -299.99, 0.0001, 1e15, 8.25e-9}) {
     EXPECT_EQ(LeadingNumber(ShortestText(number)), number);

@@ -87,6 +87,15 @@ TEST(CommaToPoint, LeavesATextWithoutACommaUnchanged) {
   EXPECT_EQ(CommaToPoint(u""), u"");
 }
 
+TEST(HalfWidthNumber, TurnsFullWidthDigitsSignsAndPointsAndNothingElse) {
+  EXPECT_EQ(HalfWidthNumber(u"０１２３４５６７８９"), u"0123456789");
+  EXPECT_EQ(HalfWidthNumber(u"＋１．５"), u"+1.5");
+  EXPECT_EQ(HalfWidthNumber(u"－２"), u"-2");
+  EXPECT_EQ(HalfWidthNumber(u"\u2212３"), u"-3") << "the minus of mathematics";
+  EXPECT_EQ(HalfWidthNumber(u"1，5 ＡＢ ー"), u"1，5 ＡＢ ー");
+  EXPECT_EQ(HalfWidthNumber(u""), u"");
+}
+
 TEST(Trimmed, CutsBlanksButNoTabsAtBothEnds) {
   EXPECT_EQ(Trimmed(u"  a b  "), u"a b");
   EXPECT_EQ(Trimmed(u" \ta "), u"\ta");

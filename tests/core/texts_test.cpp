@@ -49,16 +49,20 @@ INSTANTIATE_TEST_SUITE_P(Frame, CaptionTest,
 
 INSTANTIATE_TEST_SUITE_P(
     Linearizer, CaptionTest,
-    testing::Values(Caption{TextKey::Row, u"行", u"Row"}, Caption{TextKey::Column, u"列", u"Column"},
-                    Caption{TextKey::NewValue, u"変更内容", u"Content"},
-                    Caption{TextKey::OpenCsv, u"csvﾌｧｲﾙを開く", u"Open *.csv"},
-                    Caption{TextKey::SaveCsv, u"csvﾌｧｲﾙに保存", u"Save *.csv"},
-                    Caption{TextKey::Modify, u"変更する", u"Modify"},
-                    Caption{TextKey::Cancel, u"中止", u"Cancel"},
-                    Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"},
-                    Caption{TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
-                            u"The linearizer table comes from a csv file and is not saved with the settings"},
-                    Caption{TextKey::Curve, u"曲線", u"Curve"}));
+    testing::Values(
+        Caption{TextKey::Row, u"行", u"Row"}, Caption{TextKey::Column, u"列", u"Column"},
+        Caption{TextKey::NewValue, u"変更内容", u"Content"},
+        Caption{TextKey::OpenCsv, u"csvﾌｧｲﾙを開く", u"Open *.csv"},
+        Caption{TextKey::SaveCsv, u"csvﾌｧｲﾙに保存", u"Save *.csv"},
+        Caption{TextKey::Modify, u"変更する", u"Modify"}, Caption{TextKey::Cancel, u"中止", u"Cancel"},
+        Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"},
+        Caption{TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
+                u"The linearizer table comes from a csv file and is not saved with the settings"},
+        Caption{TextKey::NotPlain, u"数値でないﾃﾞｰﾀは、ﾀﾞｳﾝﾛｰﾄﾞでこのまま送信されます: ",
+                u"No plain numbers, a download sends them as they stand: "},
+        Caption{TextKey::SentAsTyped, u"数値でないﾃﾞｰﾀを、このまま送信しました: ",
+                u"No plain numbers, sent as they stand: "},
+        Caption{TextKey::Curve, u"曲線", u"Curve"}));
 
 INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                          testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},

@@ -30,7 +30,8 @@ constexpr FieldForm kFields = {
     .groups = 4,
     .lists = {},
     .unit_lists = {},
-    .live_items = {}};
+    .live_items = {},
+    .text_items = {}};
 
 /// A page of any family: its frame and linearizer, and nothing else.
 class LnrPage final : public ParameterPage {

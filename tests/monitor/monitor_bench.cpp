@@ -15,7 +15,7 @@ namespace {
 constexpr FieldArrays kArrays = {
     .lbl_item = 54, .label = 44, .text = 43, .frame = 9, .combo = 3, .lbl_unit = 40};
 constexpr FieldForm kFields = {
-    .arrays = kArrays, .groups = 4, .lists = {}, .unit_lists = {}, .live_items = {}};
+    .arrays = kArrays, .groups = 4, .lists = {}, .unit_lists = {}, .live_items = {}, .text_items = {}};
 constexpr Milliseconds kLateLatency{3500};
 
 }  // namespace

@@ -277,6 +277,9 @@ TEST_P(EveryDefinitionTest, LeavesNothingOfTheModelBefore) {
   const auto& found = used.Page().Controls();
   ASSERT_EQ(found.size(), expected.size());
   for (std::size_t place = 0; place < found.size(); ++place) {
+    if (found[place] == &used.Page().Notes) {
+      continue;  // it tells of the set, which stays
+    }
     EXPECT_EQ(found[place]->Visible(), expected[place]->Visible()) << found[place]->FullName();
     if (found[place]->Visible()) {
       EXPECT_EQ(found[place]->Enabled(), expected[place]->Enabled()) << found[place]->FullName();
@@ -304,6 +307,43 @@ TEST_P(EveryDefinitionTest, ShowsNothingInTheFieldsOfLiveValuesWhenThePageIsBuil
           << ToUtf8(page.DataCell(row, kItem));
       EXPECT_EQ(page.SetCell(row), kept.At(page.DataCell(row, kGroup), page.DataCell(row, kItem)));
     }
+  }
+}
+
+TEST_P(EveryDefinitionTest, HasNumbersInAllItsFieldsButTheTag) {
+  test::PageBench bench;
+  bench.Choose(GetParam());
+  ParameterPage& page = bench.Page();
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.DataCell(row, kOnPage) == u"Y" && !page.DataCell(row, kTextIndex).empty()) {
+      EXPECT_EQ(page.Text[LeadingInteger(page.DataCell(row, kTextIndex))].Numeric(),
+                page.DataCell(row, kItem) != u"02")
+          << ToUtf8(page.DataCell(row, kItem));
+    }
+  }
+}
+
+TEST_P(EveryDefinitionTest, MarksATextThatIsNoNumberInEachFieldThatIsSentAndInNoOther) {
+  test::PageBench bench;
+  bench.Connect(GetParam());
+  bench.Choose(GetParam());
+  bench.Upload();
+  ParameterPage& page = bench.Page();
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.DataCell(row, kOnPage) != u"Y" || page.DataCell(row, kTextIndex).empty()) {
+      continue;
+    }
+    TextField& field = page.Text[LeadingInteger(page.DataCell(row, kTextIndex))];
+    EXPECT_FALSE(field.Marked()) << "of the device: " << ToUtf8(field.Text());
+    if (!page.WhyRefused(field).empty()) {
+      continue;
+    }
+    bench.Type(field, u"1,5");
+    const bool sent = page.IsWritten(row) && page.DataCell(row, kItem) != u"02";
+    EXPECT_EQ(field.Marked(), sent) << ToUtf8(page.DataCell(row, kItem));
+    const String name =
+        u"Item " + page.DataCell(row, kItem) + u"「1";  // some send the number that it begins with
+    EXPECT_EQ(page.Notes.Told(Notice::NotPlain).find(name) != String::npos, sent) << ToUtf8(name);
   }
 }
 

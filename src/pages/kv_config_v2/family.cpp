@@ -46,9 +46,12 @@ constexpr FamilyRecord kKvConfigV2Record = {
     .device = {.system_text = SystemText::Value},
     .slow_models = ModelSet{.names = kSlowModels, .ending = u"D.def"},
     .definition = {.sections = kSections, .only_file = kNone, .layout = kUnitBoxLayout},
-    .fields =
-        FieldForm{
-            .arrays = kArrays, .groups = 4, .lists = kLists, .unit_lists = {}, .live_items = kLiveItems},
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = kCycle,
                 .clean = TrimNumericTail,

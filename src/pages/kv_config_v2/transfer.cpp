@@ -16,8 +16,6 @@ namespace korva {
 
 namespace {
 
-constexpr StringView kTagKey = u"02";
-
 constexpr int kSettling = 500;  // ms that the device needs after a write
 constexpr StringView kAllReset = u"all prms default";
 
@@ -65,7 +63,7 @@ bool KvConfigV2Check::CheckValues() {
 bool KvConfigV2Check::CheckNumbers() {
   bool good = true;
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-    if (!IsNumberRow(row)) {
+    if (!page_.IsNumberRow(row) || page_.IsLive(row)) {
       continue;
     }
     TextField& field = page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())];
@@ -76,12 +74,6 @@ bool KvConfigV2Check::CheckNumbers() {
     }
   }
   return good;
-}
-
-bool KvConfigV2Check::IsNumberRow(int row) const {
-  const String& item = page_.DataCell(row, kItem);
-  return page_.DataCell(row, kOnPage) == u"Y" && !page_.DataCell(row, kTextIndex).empty() &&
-         item != kTagKey && !page_.IsLive(row);
 }
 
 void KvConfigV2Download::RoundValues() { Round5ms(Page(), kTimes); }

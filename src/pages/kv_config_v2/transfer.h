@@ -31,7 +31,6 @@ class KvConfigV2Check final : public CheckSteps {
 
  private:
   bool CheckNumbers();
-  [[nodiscard]] bool IsNumberRow(int row) const;
 
   ParameterPage& page_;
   FieldChecks fields_;

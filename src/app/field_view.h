@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace korva {
+
+/// A text field of one line on the screen. It tells what was typed from what came in at once (from the
+/// clipboard, by a drop), and draws the mark of a text that the user should look at.
+class FieldView final : public QLineEdit {
+ public:
+  explicit FieldView(QWidget* parent) : QLineEdit(parent) {}
+
+  /// True while a key or an input method changes the text.
+  [[nodiscard]] bool Typing() const { return typing_; }
+  /// Replaces the text where an edit has left it, raising nothing; the cursor stays.
+  void Amend(const QString& text);
+  void ShowMark(bool marked);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool typing_ = false;
+  bool marked_ = false;
+};
+
+}  // namespace korva
