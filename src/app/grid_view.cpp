@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <algorithm>
 
 #include "app/looks.h"
@@ -12,11 +13,33 @@
 
 namespace korva {
 
+namespace {
+
+constexpr int kMarkRole = Qt::UserRole;
+
+/// Draws the cells, and the mark of an open edit over its cell.
+class MarkDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (index.data(kMarkRole).toBool()) {
+      const QColor text = index.data(Qt::ForegroundRole).value<QBrush>().color();
+      painter->save();
+      DrawMark(*painter, option.rect.adjusted(4, 0, -4, -3), text);
+      painter->restore();
+    }
+  }
+};
+
+}  // namespace
+
 GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent)
     : QTableWidget(parent), grid_(grid), click_(std::move(click)) {
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::NoSelection);
   setTabKeyNavigation(false);  // Tab leaves the table
+  setItemDelegate(new MarkDelegate(this));
   verticalHeader()->setVisible(false);
   QHeaderView* head = horizontalHeader();
   head->setSectionResizeMode(QHeaderView::Stretch);
@@ -75,6 +98,7 @@ void GridView::ShowCell(int row, int column) {
   cell_item->setText(ToQt(cell.text));
   cell_item->setBackground(colours.base());
   cell_item->setForeground(colours.text());
+  cell_item->setData(kMarkRole, cell.marked);
   cell_item->setTextAlignment(head ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
 }
 

@@ -222,6 +222,14 @@ void Grid::SetLook(int row, int column, Look look) {
   }
 }
 
+void Grid::SetMarked(int row, int column, bool marked) {
+  Cell& cell = cells_.at(Place(row, column));
+  if (cell.marked != marked) {
+    cell.marked = marked;
+    CellChanged(row, column);
+  }
+}
+
 void Grid::CellChanged(int row, int column) {
   last_change_ = {row, column};
   ++changes_;

@@ -286,6 +286,7 @@ class Grid : public Control {
   struct Cell {
     String text;
     Look look = Look::Normal;
+    bool marked = false;  ///< an edit of its text stands open
     bool operator==(const Cell&) const = default;
   };
   using Control::Control;
@@ -298,6 +299,7 @@ class Grid : public Control {
   [[nodiscard]] const Cell& At(int row, int column) const { return cells_.at(Place(row, column)); }
   void SetText(int row, int column, const String& text);
   void SetLook(int row, int column, Look look);
+  void SetMarked(int row, int column, bool marked);
   [[nodiscard]] int TopRow() const { return top_row_; }
   void SetTopRow(int row) { Assign(top_row_, row); }
   /// Row and column of the cell that changed last, -1 for all: lets a view redraw one cell only.

@@ -61,6 +61,7 @@ class PagePart {
   virtual void SettleTabs(TabMoment /*moment*/) {}
   virtual void SetCleared() {}  ///< the parameter set was emptied
   virtual void SetSaved() {}    ///< the parameter set was written to a configuration file
+  virtual void SetTaken() {}    ///< the parameter set is checked, sent or saved as it now stands
 
   // Sections of a configuration file beyond the values of the items.
   /// The whole section with its key line and line ends; empty for none.

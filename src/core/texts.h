@@ -50,6 +50,7 @@ enum class TextKey {
   ChangeOfValue,
   // Notices of the status area.
   TableUnsaved,  ///< a table was read from a file
+  EditNotTaken,  ///< before the open cell
   NotPlain,      ///< before the items whose texts are no plain numbers
   SentAsTyped,   ///< the same of those that were sent
   ChangeCjm,

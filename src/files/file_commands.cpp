@@ -136,6 +136,9 @@ bool ParameterPage::SaveCfgFile() {
   if (!path) {
     return false;
   }
+  for (PagePart* part : Parts()) {
+    part->SetTaken();
+  }
   const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
   if (const String why = WhyNotWritten(ItsProgram().Surroundings(), *path, text); !why.empty()) {
     Box().Show(BoxKey::SaveFailed, {why});

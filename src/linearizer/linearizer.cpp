@@ -307,6 +307,7 @@ bool Linearizer::SaveCsv() {
   if (!path) {
     return false;
   }
+  editor_.TellOpenEdit();
   const Platform& platform = page_.ItsProgram().Surroundings();
   const String text = CsvText(table_.Shown(), table_.Points(), csv_.Value().writes_size);
   const std::optional<std::string> bytes = platform.code_page.Encode(text);

@@ -29,6 +29,7 @@ class Linearizer final : public PagePart {
   void SettleTabs(TabMoment moment) override;
   void SetCleared() override { SetTableUnsaved(false); }
   void SetSaved() override { SetTableUnsaved(false); }
+  void SetTaken() override { editor_.TellOpenEdit(); }
   void UploadBegins() override { before_ = page_.GroupItem; }
   /// Reads the device's table into the set, where the model has one in use, and shows it. Where the user
   /// doesn't want the 100 points the table is that from before the upload.

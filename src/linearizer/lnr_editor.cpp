@@ -14,6 +14,8 @@ LnrEditor::LnrEditor(Page& page, LnrTable& table) : page_(page), table_(table) {
     field->SetLocked(true);
     field->SetLook(Look::Grey);
   }
+  txtLnrNewValue.SetNumeric(true);
+  txtLnrNewValue.OnChange = [this] { MarkOpenEdit(); };
 }
 
 void LnrEditor::SetCaptions(Language language) {
@@ -31,6 +33,7 @@ void LnrEditor::Select(int row, int column) {
     Ok();
   }
   RestoreColours();
+  table_.SetMarked(LnrPrevRow, LnrPrevCol, false);
   LnrPrevMarked = table_.LookOf(row, column) == Look::Bad;
   table_.SetLook(row, column, Look::Selected);
   LnrPrevRow = row;
@@ -38,6 +41,7 @@ void LnrEditor::Select(int row, int column) {
   LnrRestoreDone = false;
   fraLnrChange.SetVisible(true);
   txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
+  MarkOpenEdit();
   txtLnrRow.SetText(Ascii(std::to_string(row)));
   txtLnrCol.SetText(Ascii(std::to_string(column)));
   txtLnrNewValue.SetFocus();
@@ -51,12 +55,35 @@ void LnrEditor::Ok() {
 }
 
 void LnrEditor::Cancel() {
-  txtLnrNewValue.SetText({});
   Close();
+  txtLnrNewValue.SetText({});
+}
+
+bool LnrEditor::HasChange() const {
+  return IsOpen() && LnrPrevRow > 0 && LnrPrevCol > 0 &&
+         txtLnrNewValue.Text() != table_.Shown().At(LnrPrevRow, LnrPrevCol).text;
+}
+
+void LnrEditor::MarkOpenEdit() {
+  const bool change = HasChange();
+  txtLnrNewValue.SetMarked(change);
+  table_.SetMarked(LnrPrevRow, LnrPrevCol, change);
+  if (!change) {
+    page_.Notes.Tell(Notice::OpenEdit, {});
+  }
+}
+
+void LnrEditor::TellOpenEdit() {
+  if (HasChange()) {
+    page_.Notes.Tell(Notice::OpenEdit, page_.Words(TextKey::EditNotTaken) + page_.Words(TextKey::Row) + u" " +
+                                           txtLnrRow.Text() + u" " + page_.Words(TextKey::Column) + u" " +
+                                           txtLnrCol.Text() + u"「" + txtLnrNewValue.Text() + u"」");
+  }
 }
 
 void LnrEditor::Close() {
   fraLnrChange.SetVisible(false);
+  MarkOpenEdit();
   RestoreColours();
   txtLnrRow.SetText({});
   txtLnrCol.SetText({});
@@ -86,6 +113,7 @@ void LnrEditor::GoToTop() {
     table_.SetLook(1, 1, Look::Selected);
     txtLnrNewValue.SetText(table_.Value(1, 1));
   }
+  MarkOpenEdit();
   txtLnrRow.SetText(u"1");
   txtLnrCol.SetText(u"1");
   table_.ScrollToTop();
@@ -96,6 +124,7 @@ void LnrEditor::TakeMarks() {
     LnrPrevMarked = table_.LookOf(LnrPrevRow, LnrPrevCol) == Look::Bad;
     table_.SetLook(LnrPrevRow, LnrPrevCol, Look::Selected);
   }
+  MarkOpenEdit();
 }
 
 }  // namespace korva

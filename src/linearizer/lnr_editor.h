@@ -11,7 +11,7 @@ namespace korva {
 ///
 /// A press on another cell while Open selects that one; a changed text of the former cell is asked about
 /// first. No text is refused when it is typed: the check of the table marks what is wrong. An open editor
-/// locks nothing.
+/// locks nothing. What was typed and not confirmed is no part of the table: its cell is marked.
 class LnrEditor {
  public:
   /// Adds its controls to the page. Both outlive the editor.
@@ -33,6 +33,9 @@ class LnrEditor {
   void GoToTop();
   /// The check coloured the cells anew: the open cell keeps its own colours and the mark for later.
   void TakeMarks();
+  /// The table is checked, sent or saved as it stands: tells in the status area of a text that is not in it,
+  /// as long as that stands open.
+  void TellOpenEdit();
   [[nodiscard]] bool IsOpen() const { return fraLnrChange.Visible(); }
   void SetCaptions(Language language);
 
@@ -52,6 +55,10 @@ class LnrEditor {
   bool LnrRestoreDone = true;  ///< its colours were restored already
 
  private:
+  /// True when the text under edit is another one than the cell's. Head and point numbers hold no value.
+  [[nodiscard]] bool HasChange() const;
+  /// Marks the open cell and the text under edit while they differ.
+  void MarkOpenEdit();
   void Close();
   void RestoreColours();
 

@@ -49,6 +49,12 @@ void LnrTable::SetLook(int row, int column, Look look) {
   }
 }
 
+void LnrTable::SetMarked(int row, int column, bool marked) {
+  if (IsShown(row, column)) {
+    grid_.SetMarked(row, column, marked);
+  }
+}
+
 void LnrTable::ShowLnrTable() {
   for (int column = 0; column < kLnrColumns; ++column) {
     grid_.SetText(0, column, String(heads_.at(static_cast<std::size_t>(column))));
@@ -69,6 +75,7 @@ void LnrTable::ClearLnrMarks() {
   for (int row = 1; row < grid_.Rows(); ++row) {
     for (int column = 1; column < grid_.Columns(); ++column) {
       grid_.SetLook(row, column, Look::Normal);
+      grid_.SetMarked(row, column, false);
     }
   }
 }

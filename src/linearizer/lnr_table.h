@@ -43,7 +43,7 @@ class LnrTable {
 
   /// Rebuilds the grid from the set: heads, point numbers, both values, all cells plain.
   void ShowLnrTable();
-  /// Puts all value cells to the plain colours.
+  /// Puts all value cells to the plain colours, without the mark of an open edit.
   void ClearLnrMarks();
   /// Empties the grid's value cells and makes them plain; heads, point numbers and the set stay.
   void ClearGrid();
@@ -61,6 +61,8 @@ class LnrTable {
   /// How the cell is coloured. A cell that the grid doesn't show is plain and stays so.
   [[nodiscard]] Look LookOf(int row, int column) const;
   void SetLook(int row, int column, Look look);
+  /// Marks a cell as one with an open edit, or takes the mark away; nothing happens to one that isn't shown.
+  void SetMarked(int row, int column, bool marked);
   [[nodiscard]] const Grid& Shown() const { return grid_; }
   void ScrollToTop() { grid_.SetTopRow(1); }
 

@@ -24,6 +24,9 @@ void ValueCheck::Run() {
 }
 
 bool ValueCheck::CheckAllValues() {
+  for (PagePart* part : page_.Parts()) {
+    part->SetTaken();
+  }
   switch (FindFault()) {
     case Finding::Blank:
       page_.Box().Show(BoxKey::FieldBlank);

@@ -56,6 +56,20 @@ TEST(GridViewTest, ASelectedHeadIsColoured) {
   EXPECT_EQ(bench.table->horizontalHeaderItem(2)->background().style(), Qt::NoBrush);
 }
 
+TEST(GridViewTest, TheMarkOfAnOpenEditIsDrawnInItsCell) {
+  GridBench bench;
+  bench.grid.SetLook(3, 1, Look::Selected);
+  const auto picture = [&] {
+    const QRect cell = bench.table->visualItemRect(bench.table->item(3, 1));
+    return bench.table->viewport()->grab(cell).toImage();
+  };
+  const QImage plain = picture();
+  bench.grid.SetMarked(3, 1, true);
+  EXPECT_NE(picture(), plain);
+  bench.grid.SetMarked(3, 1, false);
+  EXPECT_EQ(picture(), plain);
+}
+
 TEST(GridViewTest, AClickCountsForItsOwnCell) {
   GridBench bench;
   bench.Click(3, 1);

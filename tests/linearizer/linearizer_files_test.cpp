@@ -110,6 +110,15 @@ TEST_P(SaveTableTest, WritesThePointsUpToTheFirstWithoutAnX) {
   EXPECT_EQ(bench_.files.Replacements(), 1);
 }
 
+TEST_P(SaveTableTest, TellsOfAnEditThatStandsOpenAndIsNotInTheFile) {
+  LnrEditor& editor = test::Part<Linearizer>(bench_.page).Editor();
+  editor.Select(2, 1);
+  editor.txtLnrNewValue.UserTypes(u"55");
+  EXPECT_TRUE(bench_.Save(kTableFile));
+  EXPECT_EQ(bench_.files.Bytes(kTableFile), Expected());
+  EXPECT_TRUE(bench_.page.Notes.Told(Notice::OpenEdit).ends_with(u"行 2 列 1「55」"));
+}
+
 TEST_P(SaveTableTest, OverwritesAFile) {
   bench_.files.Put(kTableFile, "an older and much longer table\r\nof several lines\r\nwith more in them\r\n");
   EXPECT_TRUE(bench_.Save(kTableFile));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -283,6 +284,103 @@ TEST(LnrEditorTest, EachCellOfALongTableGoesToItsOwnPlace) {
     bench.Ok();
     EXPECT_EQ(bench.Page().GroupItem.At(place.group, place.item), u"7.5");
   }
+}
+
+// An edit that stands open.
+
+constexpr StringView kNotTaken = u"「変更する」を押していない値は、ﾁｪｯｸ･ﾀﾞｳﾝﾛｰﾄﾞ･保存に含まれません: ";
+
+struct OpenEditTest : testing::Test {
+  [[nodiscard]] const String& Told() { return bench.Page().Notes.Told(Notice::OpenEdit); }
+  TextField& Value() { return test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue; }
+  void Edit(int row, int column, const String& text) {
+    bench.ClickCell(row, column);
+    bench.TypeValue(text);
+  }
+
+  EditorBench bench;
+};
+
+TEST_F(OpenEditTest, ItsCellAndItsTextAreMarkedAsLongAsTheyDiffer) {
+  Edit(3, 2, u"13.5");
+  EXPECT_TRUE(bench.Cell(3, 2).marked);
+  EXPECT_EQ(bench.Cell(3, 2).look, Look::Selected);
+  EXPECT_TRUE(Value().Marked());
+  bench.TypeValue(u"13.33");
+  EXPECT_FALSE(bench.Cell(3, 2).marked);
+  EXPECT_FALSE(Value().Marked());
+  EXPECT_EQ(Told(), u"") << "nothing was checked, sent or saved";
+}
+
+TEST_F(OpenEditTest, IsToldOfAtACheckADownloadAndASave) {
+  const String told = String(kNotTaken) + u"行 3 列 2「13.5」";
+  const std::vector<std::function<void()>> commands = {[&] { bench.Check(); }, [&] { bench.Download(); },
+                                                       [&] { bench.Save(u"/korva/data/kept.cfg"); }};
+  for (const auto& command : commands) {
+    Edit(3, 2, u"13.5");
+    EXPECT_EQ(Told(), u"");
+    command();
+    EXPECT_EQ(Told(), told);
+    EXPECT_TRUE(bench.Cell(3, 2).marked);
+    EXPECT_EQ(bench.Editor(), (Texts{"3", "2", "13.5"})) << "it still stands open";
+    bench.Cancel();
+  }
+}
+
+TEST_F(OpenEditTest, IsToldOfAtACheckThatFailsToo) {
+  Edit(3, 2, u"13.5");
+  bench.Type(u"02", u"TOO LONG A TAG");
+  bench.Check();
+  EXPECT_NE(Told(), u"");
+}
+
+TEST_F(OpenEditTest, IsNoLongerToldOfWhenItIsConfirmedDroppedOrTypedBack) {
+  const std::vector<std::function<void()>> ends = {
+      [&] { bench.Ok(); },
+      [&] { bench.Cancel(); },
+      [&] { bench.TypeValue(u"13.33"); },
+      [&] {
+        bench.dialogs.QueueAnswer(Answer::No);
+        bench.ClickCell(4, 1);
+      },
+  };
+  for (const auto& end : ends) {
+    bench.Do([&] { test::Part<Linearizer>(bench.Page()).Table().Store(3, 2, u"13.33"); });
+    Edit(3, 2, u"13.5");
+    bench.Check();
+    EXPECT_NE(Told(), u"");
+    end();
+    EXPECT_EQ(Told(), u"");
+    EXPECT_FALSE(bench.Cell(3, 2).marked);
+    bench.Do([&] { test::Part<Linearizer>(bench.Page()).Editor().Cancel(); });
+  }
+}
+
+TEST_F(OpenEditTest, ATextThatIsTheCellsOwnIsNoEdit) {
+  bench.ClickCell(3, 2);
+  bench.Check();
+  EXPECT_EQ(Told(), u"");
+}
+
+TEST_F(OpenEditTest, OfTheHeadOrAPointNumberHoldsNoValue) {
+  for (const auto& [row, column] : {std::pair{0, 1}, std::pair{3, 0}}) {
+    Edit(row, column, u"x");
+    bench.Check();
+    EXPECT_EQ(Told(), u"");
+    EXPECT_FALSE(bench.Cell(row, column).marked);
+    bench.Cancel();
+  }
+}
+
+TEST_F(OpenEditTest, GoesWithItsMarkWhenTheTableIsReplaced) {
+  Edit(3, 2, u"13.5");
+  bench.Check();
+  bench.files.Put(u"/korva/data/table.csv", "1,2\r\n");
+  bench.dialogs.QueueFile(u"/korva/data/table.csv");
+  bench.Click(test::Part<Linearizer>(bench.Page()).cmd_csvFileOpen);
+  EXPECT_EQ(Told(), u"");
+  EXPECT_FALSE(bench.Cell(3, 2).marked);
+  EXPECT_FALSE(Value().Marked());
 }
 
 }  // namespace
