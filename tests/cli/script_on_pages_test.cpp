@@ -211,7 +211,7 @@ TEST(TableScript, DumpsAMarkedCell) {
 
 TEST(TableScript, DumpsAnEmptyCellThatIsUnderEdit) {
   TableBench bench;
-  String reason;
+  SystemReason reason;
   bench.files.Replace(u"/t.csv", "0,0\r\n", reason);
   bench.Run("file /t.csv\nclick cmd_csvFileOpen\ncell LnrFlexGrid 5 1");
   EXPECT_EQ(bench.Run("dump LnrFlexGrid"),
