@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/text_utilities.h"
@@ -17,7 +18,7 @@ using Texts = std::vector<std::string>;
 
 /// A program with a device of the model, on a port that can be unplugged.
 struct UnpluggedBench : PageBench {
-  explicit UnpluggedBench(const String& its_model) : model(its_model) {
+  explicit UnpluggedBench(String its_model) : model(std::move(its_model)) {
     Connect(model);
     Choose(model);
   }
