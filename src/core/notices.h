@@ -12,6 +12,7 @@ enum class Notice {
   OpenEdit,     ///< an edit stands open that is not part of the set
   NotPlain,     ///< texts of number fields that are no plain numbers, as they would be sent
   SentAsTyped,  ///< those of them that the last download sent
+  NotKept,      ///< what the file saved last will not give back
   kCount
 };
 

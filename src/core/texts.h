@@ -53,6 +53,8 @@ enum class TextKey {
   EditNotTaken,  ///< before the open cell
   NotPlain,      ///< before the items whose texts are no plain numbers
   SentAsTyped,   ///< the same of those that were sent
+  NotKept,       ///< before what a saved file will not give back
+  MemoLine,      ///< before the number of a line
   ChangeCjm,
   CheckTable,
   WriteIn,

@@ -1,6 +1,7 @@
 #include "files/cfg_file.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <string>
 
@@ -38,12 +39,56 @@ CfgModel ModelOf(const String& def_file, const ModelTable& models) {
   return {.def_file = def_file, .row = def_file.empty() ? 0 : FindModelByDefFile(models, def_file)};
 }
 
+/// What the reading of a configuration file came to.
+struct CfgReading {
+  std::optional<CfgModel> model = {};
+  std::vector<BoxKey> faults = {};  ///< of its form, in the order in which they were met
+  String outside = {};              ///< the item outside the set with which the reading ended
+};
+
+/// Reads the section of a key that is none of the reader's own; false when it is nobody's.
+using SectionOf = std::function<bool(const String& key)>;
+
 /// Reads the sections of one configuration file, which is open. A reader ends with the next key line pushed
 /// back, or at the end of the file.
 class CfgReader {
  public:
-  CfgReader(LineReader& lines, const Boxes& boxes, const String& path, ParameterSet& set)
-      : lines_(lines), boxes_(boxes), path_(path), set_(set) {}
+  CfgReader(LineReader& lines, const ModelTable& models, ParameterSet& set)
+      : lines_(lines), models_(models), set_(set) {}
+
+  CfgReading ReadAll(const SectionOf& other_section) {
+    String key = FirstKey();
+    while (ReadSection(key, other_section)) {
+      key = lines_.ReadLine(kCfgHandle);
+    }
+    return reading_;
+  }
+
+  /// Passes over the lines up to the next key.
+  void SkipSection() {
+    String line;
+    while (NextRecord(line)) {
+    }
+  }
+
+ private:
+  /// False when nothing more is read.
+  bool ReadSection(const String& key, const SectionOf& other_section) {
+    if (key == kDefFileKey) {
+      reading_.model = ReadModel();
+    } else if (key == kDataKey) {
+      ReadData();
+    } else if (key == kMemoKey) {
+      ReadMemo();
+    } else if (!other_section(key)) {
+      if (key != kEndKey) {
+        reading_.faults.push_back(BoxKey::CfgFormat);
+      }
+      return false;
+    }
+    const bool unknown_model = reading_.model && reading_.model->row == 0;
+    return !unknown_model && reading_.outside.empty() && !AtEnd();
+  }
 
   /// The first key line; empty when the file has none.
   String FirstKey() {
@@ -57,13 +102,13 @@ class CfgReader {
 
   [[nodiscard]] bool AtEnd() const { return lines_.AtEnd(kCfgHandle); }
 
-  CfgModel ReadModel(const ModelTable& models) {
+  CfgModel ReadModel() {
     String def_file;
     String line;
     while (NextRecord(line)) {
       def_file = line;
     }
-    return ModelOf(def_file, models);
+    return ModelOf(def_file, models_);
   }
 
   void ReadData() {
@@ -75,12 +120,12 @@ class CfgReader {
       const int item = LeadingInteger(lines_.Field());
       position = lines_.NextField(position, line);
       if (!set_.Has(group, item)) {
-        throw RuntimeFailure(path_ + u"\n" + Ascii("Group ") + Number(group) + Ascii(", Item ") +
-                             Number(item) + u" は設定値の範囲にありません。");
+        reading_.outside = Ascii("Group ") + Number(group) + Ascii(", Item ") + Number(item);
+        return;
       }
       set_.Set(group, item, lines_.Field());
       if (position != -1) {
-        boxes_.Show(BoxKey::CfgDataFormat);
+        reading_.faults.push_back(BoxKey::CfgDataFormat);
         return;
       }
     }
@@ -104,7 +149,6 @@ class CfgReader {
     }
   }
 
- private:
   bool NextRecord(String& line) {
     if (AtEnd()) {
       return false;
@@ -118,10 +162,44 @@ class CfgReader {
   }
 
   LineReader& lines_;
-  const Boxes& boxes_;
-  const String& path_;
+  const ModelTable& models_;
   ParameterSet& set_;
+  CfgReading reading_;
 };
+
+/// The lines of the text, without their ends.
+std::vector<StringView> LinesOf(StringView text) {
+  std::vector<StringView> lines;
+  std::size_t end = text.find(kLineEnd);
+  while (end != StringView::npos) {
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(end + kLineEnd.size());
+    end = text.find(kLineEnd);
+  }
+  lines.push_back(text);
+  return lines;
+}
+
+/// The lines of the memo, from 1, that don't come in `read` behind those before them.
+std::vector<int> LostLines(const String& memo, const String& read) {
+  const std::vector<StringView> wanted = LinesOf(memo);
+  const std::vector<StringView> found = LinesOf(read);
+  std::vector<int> lost;
+  auto next = found.begin();
+  for (std::size_t line = 0; line < wanted.size(); ++line) {
+    if (const auto at = std::find(next, found.end(), wanted[line]); at != found.end()) {
+      next = at + 1;
+    } else {
+      lost.push_back(static_cast<int>(line) + 1);
+    }
+  }
+  return lost;
+}
+
+/// True when a value that was saved has come back. An empty tag may be written in blanks.
+bool CameBack(const String& saved, const String& read) {
+  return saved == read || (saved == kEmptyTag && read.empty());
+}
 
 }  // namespace
 
@@ -178,31 +256,47 @@ std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& mode
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
                                     const String& path, ParameterSet& set, std::span<PagePart* const> parts) {
   set.Clear();
-  CfgReader reader(lines, boxes, path, set);
-  std::optional<CfgModel> model;
-  String line = reader.FirstKey();
-  while (true) {
-    if (line == kDefFileKey) {
-      model = reader.ReadModel(models);
-    } else if (line == kDataKey) {
-      reader.ReadData();
-    } else if (line == kMemoKey) {
-      reader.ReadMemo();
-    } else if (!std::any_of(parts.begin(), parts.end(),
-                            [&](PagePart* part) { return part->ReadCfgSection(line, lines, kCfgHandle); })) {
-      if (line != kEndKey) {
-        boxes.Show(BoxKey::CfgFormat);
-      }
-      break;
-    }
-    const bool unknown_model = model && model->row == 0;
-    if (unknown_model || reader.AtEnd()) {
-      break;
-    }
-    line = lines.ReadLine(kCfgHandle);
-  }
+  const CfgReading reading = CfgReader(lines, models, set).ReadAll([&](const String& key) {
+    return std::any_of(parts.begin(), parts.end(),
+                       [&](PagePart* part) { return part->ReadCfgSection(key, lines, kCfgHandle); });
+  });
   lines.CloseTextFile(kCfgHandle);
-  return model;
+  for (const BoxKey fault : reading.faults) {
+    boxes.Show(fault);
+  }
+  if (!reading.outside.empty()) {
+    throw RuntimeFailure(path + u"\n" + reading.outside + u" は設定値の範囲にありません。");
+  }
+  return reading.model;
+}
+
+CfgLosses LossesOfCfgFile(LineReader& lines, const ModelTable& models, const String& path,
+                          const ParameterSet& set, std::span<PagePart* const> parts) {
+  ParameterSet read(set.Groups());
+  if (SystemReason reason; lines.TryOpenTextFile(path, kCfgHandle, reason, kMostCfgBytes)) {
+    CfgReader reader(lines, models, read);
+    (void)reader.ReadAll([&](const String& key) {
+      const bool known = std::any_of(parts.begin(), parts.end(), [&](const PagePart* part) {
+        return part->CfgSection().starts_with(KeyLine(key));
+      });
+      if (known) {
+        reader.SkipSection();
+      }
+      return known;
+    });
+    lines.CloseTextFile(kCfgHandle);
+  }
+  CfgLosses losses;
+  for (int group = 0; group < set.Groups(); ++group) {
+    for (int item = 0; item < ParameterSet::kItems; ++item) {
+      if (!CameBack(set.At(group, item), read.At(group, item))) {
+        losses.items.emplace_back(group, item);
+      }
+    }
+  }
+  losses.author = set.Author != read.Author;
+  losses.memo_lines = LostLines(set.Memo, read.Memo);
+  return losses;
 }
 
 }  // namespace korva

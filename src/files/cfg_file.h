@@ -4,6 +4,8 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "core/boxes.h"
 #include "core/catalogue.h"
@@ -40,5 +42,21 @@ std::optional<CfgModel> ModelOfCfgFile(LineReader& lines, const ModelTable& mode
 /// program.
 std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const ModelTable& models,
                                     const String& path, ParameterSet& set, std::span<PagePart* const> parts);
+
+/// What a configuration file does not give back.
+struct CfgLosses {
+  std::vector<std::pair<int, int>> items;  ///< group and item, in the file's order
+  bool author = false;
+  std::vector<int> memo_lines;  ///< from 1
+
+  [[nodiscard]] bool None() const { return items.empty() && !author && memo_lines.empty(); }
+};
+
+/// Reads the file that was written of `set` and tells what opening it would not bring back as it stands
+/// there: a value with a comma takes what follows it along, a memo line with one is read as a record. A tag
+/// of ten blanks comes back empty, which means the same. The sections of the page's parts are passed over.
+/// Nothing of a file that can't be read is brought back.
+CfgLosses LossesOfCfgFile(LineReader& lines, const ModelTable& models, const String& path,
+                          const ParameterSet& set, std::span<PagePart* const> parts);
 
 }  // namespace korva

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "core/numbers.h"
 #include "core/program.h"
 #include "core/text_utilities.h"
 #include "files/cfg_file.h"
@@ -35,14 +38,16 @@ String LackedCharacter(const CodePage& code_page, StringView text) {
   return u"「" + lacked + u"」はファイルの文字コードに無い文字なので、保存できません。";
 }
 
-/// Writes the text in place of the file; empty when it stands there, else why not.
-String WhyNotWritten(const Platform& platform, const String& path, const String& text) {
+/// Writes the text in place of the file, reviewed before it takes that place; empty when it stands there,
+/// else why not.
+String WhyNotWritten(const Platform& platform, const String& path, const String& text,
+                     const FileStore::Review& review) {
   const std::optional<std::string> bytes = platform.code_page.Encode(text);
   if (!bytes) {
     return LackedCharacter(platform.code_page, text);
   }
   SystemReason reason;
-  return platform.files.Replace(path, *bytes, reason) ? String() : ReasonText(reason);
+  return platform.files.Replace(path, *bytes, reason, review) ? String() : ReasonText(reason);
 }
 
 /// The bytes of the text, with "?" for each character that the code page lacks.
@@ -50,6 +55,51 @@ std::string EncodeReplacing(const CodePage& code_page, StringView text) {
   std::string bytes;
   ForEachCharacter(text, [&](StringView character) { bytes += code_page.Encode(character).value_or("?"); });
   return bytes;
+}
+
+constexpr std::size_t kLongRun = 8;
+
+/// "Item 14", "Item 60～91": a run of items of one group. Group 1 is that of the page and goes without
+/// saying.
+String NameOfRun(int group, int first, int last) {
+  const auto number = [](int value) { return Ascii(std::to_string(value)); };
+  const String item =
+      u"Item " + FormatMask(first, u"00") + (last > first ? u"～" + FormatMask(last, u"00") : String());
+  return group == 1 ? item : u"Group " + number(group) + u" " + item;
+}
+
+/// The names of what a file has lost, one behind the other.
+std::vector<String> NamesOf(const CfgLosses& losses, const Page& page) {
+  std::vector<String> names;
+  for (std::size_t at = 0; at < losses.items.size();) {
+    const auto [group, first] = losses.items[at];
+    std::size_t end = at + 1;
+    while (end < losses.items.size() &&
+           losses.items[end] == std::pair(group, first + static_cast<int>(end - at))) {
+      ++end;
+    }
+    // The points of a table go as one.
+    end = end - at < kLongRun ? at + 1 : end;
+    names.push_back(NameOfRun(group, first, first + static_cast<int>(end - at) - 1));
+    at = end;
+  }
+  if (losses.author) {
+    names.push_back(page.Words(TextKey::Author));
+  }
+  for (const int line : losses.memo_lines) {
+    names.push_back(page.Words(TextKey::MemoLine) + u" " + Ascii(std::to_string(line)));
+  }
+  return names;
+}
+
+/// Tells in the status area what the file saved last will not give back; withdraws what was told when it will
+/// give back all.
+void TellLosses(Page& page, const CfgLosses& losses) {
+  String text;
+  for (const String& name : NamesOf(losses, page)) {
+    text += (text.empty() ? page.Words(TextKey::NotKept) : String(u"、")) + name;
+  }
+  page.Notes.Tell(Notice::NotKept, text);
 }
 
 }  // namespace
@@ -97,6 +147,7 @@ void ParameterPage::OpenCommand() {
 
 void ParameterPage::OpenChosenFile() {
   ShowFileName();
+  TellLosses(*this, {});
   const String& path = Shared().CfgFilePath;
   const std::optional<CfgModel> model =
       ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem, Parts());
@@ -140,10 +191,15 @@ bool ParameterPage::SaveCfgFile() {
     part->SetTaken();
   }
   const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
-  if (const String why = WhyNotWritten(ItsProgram().Surroundings(), *path, text); !why.empty()) {
+  CfgLosses losses;
+  const auto review = [&](const String& written) {
+    losses = LossesOfCfgFile(ItsProgram().Lines(), Models, written, GroupItem, Parts());
+  };
+  if (const String why = WhyNotWritten(ItsProgram().Surroundings(), *path, text, review); !why.empty()) {
     Box().Show(BoxKey::SaveFailed, {why});
     return false;
   }
+  TellLosses(*this, losses);
   ShowFileName();
   for (PagePart* part : Parts()) {
     part->SetSaved();
@@ -162,6 +218,7 @@ bool ParameterPage::SaveRescueFile(const String& path) {
 
 void ParameterPage::ClearParameterSet() {
   GroupItem.Clear();
+  TellLosses(*this, {});
   for (PagePart* part : Parts()) {
     part->SetCleared();
   }

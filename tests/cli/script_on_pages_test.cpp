@@ -31,8 +31,10 @@ class BuildFiles final : public FileStore {
   std::optional<std::string> Read(const String& path, std::size_t most, SystemReason& reason) const override {
     return written_.Exists(path) ? written_.Read(path, most, reason) : disk_.Read(path, most, reason);
   }
-  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override {
-    return written_.Replace(path, bytes, reason);
+  using FileStore::Replace;
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason,
+               const Review& review) override {
+    return written_.Replace(path, bytes, reason, review);
   }
   [[nodiscard]] char16_t Separator() const override { return disk_.Separator(); }
 

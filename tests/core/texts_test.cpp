@@ -64,7 +64,9 @@ INSTANTIATE_TEST_SUITE_P(
                 u"No plain numbers, a download sends them as they stand: "},
         Caption{TextKey::SentAsTyped, u"数値でないﾃﾞｰﾀを、このまま送信しました: ",
                 u"No plain numbers, sent as they stand: "},
-        Caption{TextKey::Curve, u"曲線", u"Curve"}));
+        Caption{TextKey::NotKept, u"保存したﾌｧｲﾙを開いても、次の内容は元に戻りません: ",
+                u"The saved file will not give these back: "},
+        Caption{TextKey::MemoLine, u"メモの行", u"Notes, line"}, Caption{TextKey::Curve, u"曲線", u"Curve"}));
 
 INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                          testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},

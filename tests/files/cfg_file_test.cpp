@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/text_utilities.h"
 #include "page_host.h"
 
 namespace korva {
@@ -46,6 +47,11 @@ class CfgFile : public testing::Test {
     return other;
   }
   [[nodiscard]] bool Clean() const { return host.dialogs.Boxes().empty(); }
+  /// What a file of the set would not give back.
+  CfgLosses Losses(const String& def_file = u"QH.def") {
+    host.files.Put(kCfgPath, host.code_page.Encode(CfgText(def_file, set, {})).value());
+    return LossesOfCfgFile(lines, models, kCfgPath, set, {});
+  }
 
   test::MemoryHost host;
   SharedState shared;
@@ -316,6 +322,77 @@ TEST_F(CfgFile, NulBytesAndForeignBytesAreRead) {
   EXPECT_TRUE(Clean());
   EXPECT_EQ(set.At(1, 2), u"a\0b"s);
   EXPECT_NE(set.At(1, 3).find(u'\uFFFD'), String::npos);
+}
+
+// What a file does not give back.
+
+using Items = std::vector<std::pair<int, int>>;
+using LineNumbers = std::vector<int>;
+
+TEST_F(CfgFile, LosesNothingOfAPlainSet) {
+  set.Set(0, 99, u"SYSVER   1.00");
+  set.Set(1, 2, String(kEmptyTag));
+  set.Set(1, 14, u"a\"b");
+  set.Author = u"山田";
+  set.Memo = u"one\r\n\r\nthree";
+  EXPECT_TRUE(Losses().None());
+  EXPECT_TRUE(Clean());
+}
+
+TEST_F(CfgFile, LosesWhatFollowsACommaInAValueAndEveryRecordBehindIt) {
+  set.Set(1, 2, u"A,B");
+  EXPECT_EQ(Losses().items, (Items{{1, 2}}));
+  set.Set(1, 14, u"0");
+  set.Set(2, 3, u"5");
+  set.Set(0, 99, u"before");
+  set.Author = u"author";
+  set.Memo = u"one\r\ntwo";
+  const CfgLosses losses = Losses();
+  EXPECT_EQ(losses.items, (Items{{1, 2}, {1, 14}, {2, 3}}));
+  EXPECT_TRUE(losses.author);
+  EXPECT_EQ(losses.memo_lines, (LineNumbers{1, 2}));
+  EXPECT_TRUE(Clean()) << "nothing is opened, so nothing is reported";
+}
+
+TEST_F(CfgFile, LosesQuotesAndBlanksAtTheEndsOfAValue) {
+  set.Set(1, 2, u"5\"");
+  set.Set(1, 3, u"\"x");
+  set.Set(1, 4, u" y");
+  EXPECT_EQ(Losses().items, (Items{{1, 2}, {1, 3}, {1, 4}}));
+}
+
+TEST_F(CfgFile, LosesAnAuthorWithAComma) {
+  set.Author = u"Yamada, T.";
+  EXPECT_TRUE(Losses().author);
+  EXPECT_TRUE(Losses().items.empty());
+}
+
+TEST_F(CfgFile, LosesTheMemoLinesThatAreReadAsSomethingElse) {
+  struct Case {
+    String memo;
+    LineNumbers lost;
+    bool author = false;
+  };
+  for (const Case& one :
+       {Case{u"one\r\ntwo, three\r\nfour", {2}, true}, Case{u"first, second", {1}},
+        Case{u"first\r\n1 bar, 2 bar\r\nlast", {1, 2}}, Case{u"first\r\n5 bar, 2 bar\r\nlast", {2}},
+        Case{u"one\r\n$5 a piece\r\nthree", {2, 3}}, Case{u"one\r\n$Data\r\n9,9,9\r\nfour", {2, 3, 4}},
+        Case{u"one \r\n\"two\"\r\nthree", {1, 2}}}) {
+    set.Author = u"author";
+    set.Memo = one.memo;
+    EXPECT_EQ(Losses().memo_lines, one.lost) << ToUtf8(one.memo);
+    EXPECT_EQ(Losses().author, one.author) << ToUtf8(one.memo);
+  }
+}
+
+TEST_F(CfgFile, LosesEverythingOfAModelThatTheCatalogueLacks) {
+  set.Set(1, 2, u"TAG");
+  EXPECT_EQ(Losses(u"NONE.def").items, (Items{{1, 2}}));
+}
+
+TEST_F(CfgFile, ThatCannotBeReadLosesEverything) {
+  set.Set(1, 2, u"TAG");
+  EXPECT_EQ(LossesOfCfgFile(lines, models, u"/nowhere.cfg", set, {}).items, (Items{{1, 2}}));
 }
 
 TEST_F(CfgFile, ThatIsMissingIsTold) {

@@ -195,5 +195,75 @@ TEST_F(SaveCommand, NewAsksAboutUnsavedChangesAndCancelStopsIt) {
   EXPECT_TRUE(Page().DataChanged);
 }
 
+// What the file will not give back.
+
+constexpr StringView kNotKept = u"保存したﾌｧｲﾙを開いても、次の内容は元に戻りません: ";
+
+class SaveLosses : public SaveCommand {
+ protected:
+  SaveLosses() { host.Choose(u"OTHER"); }
+  [[nodiscard]] const String& Told() { return Page().Notes.Told(Notice::NotKept); }
+};
+
+TEST_F(SaveLosses, NothingIsToldOfASetThatComesBack) {
+  Page().Text[0].UserTypes(u"TAG-1");
+  Page().txtMemo.UserTypes(u"one\r\ntwo");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(), u"");
+}
+
+TEST_F(SaveLosses, EachItemAuthorAndMemoLineThatWouldBeLostIsNamedAndTheFileIsSavedAllTheSame) {
+  Page().txtAuthor.UserTypes(u"Yamada, T.");
+  Page().txtMemo.UserTypes(u"one\r\ntwo, three\r\nfour");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(), String(kNotKept) + u"作者名、メモの行 2");
+  EXPECT_EQ(LastBox(), String(kSaveTitle) + u"ファイルの保存が終了しました。");
+  EXPECT_NE(host.TextOf(kCfg).find(u"two, three"), String::npos) << "the format stays";
+  Page().Text[0].UserTypes(u"A,B");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(),
+            String(kNotKept) + u"Item 02、Item 10、Item 21、作者名、メモの行 1、メモの行 2、メモの行 3");
+}
+
+TEST_F(SaveLosses, TheLostPointsOfATableAreNamedTogether) {
+  Page().GroupItem.Set(1, 60, u"1,5");
+  for (int item = 61; item <= 91; ++item) {
+    Page().SetItem(item, u"0");
+  }
+  Page().GroupItem.Set(2, 7, u"0");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(), String(kNotKept) + u"Item 60～91、Group 2 Item 07");
+}
+
+TEST_F(SaveLosses, WhatIsNotNamedComesBack) {
+  Page().Text[0].UserTypes(u"TAG-1");
+  Page().txtMemo.UserTypes(u"one\r\n5 bar, 2 bar\r\nthree");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(), String(kNotKept) + u"メモの行 2");
+  host.dialogs.QueueFile(kCfg);
+  Page().cmdOpen.Click();
+  EXPECT_EQ(Page().txtMemo.Text(), u"one\r\nthree");
+  EXPECT_EQ(Page().Item(2), u"TAG-1");
+  EXPECT_EQ(Told(), u"") << "the page shows what the file gave";
+}
+
+TEST_F(SaveLosses, ASaveThatLosesNothingASaveThatFailsAndANewSetLeaveTheNoticeAsTheFileIs) {
+  Page().Text[0].UserTypes(u"A,B");
+  EXPECT_TRUE(Save());
+  const String told = Told();
+  EXPECT_NE(told, u"");
+  host.files.FailWrites(MemoryFiles::Fault::DiskFull);
+  EXPECT_FALSE(Save());
+  EXPECT_EQ(Told(), told) << "the old file is still there";
+  host.files.FailWrites(MemoryFiles::Fault::None);
+  Page().Text[0].UserTypes(u"AB");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(Told(), u"");
+  Page().Text[0].UserTypes(u"A,B");
+  EXPECT_TRUE(Save());
+  Page().cmdNew.Click();
+  EXPECT_EQ(Told(), u"");
+}
+
 }  // namespace
 }  // namespace korva::test

@@ -301,5 +301,17 @@ TEST_F(NativeFileStoreTest, LinksInACircleHaveAReason) {
 
 TEST_F(NativeFileStoreTest, TheSeparatorIsThePlatforms) { EXPECT_EQ(store.Separator(), u'/'); }
 
+TEST_F(NativeFileStoreTest, WhatWasWrittenCanBeReadBeforeItTakesTheOldFilesPlace) {
+  const fs::path old = Make("a.cfg", "old");
+  int reviews = 0;
+  EXPECT_TRUE(store.Replace(Path("a.cfg"), "new", reason, [&](const String& written) {
+    ++reviews;
+    EXPECT_EQ(store.Read(written, kMost, reason), "new");
+    EXPECT_EQ(Content(old), "old");
+  }));
+  EXPECT_EQ(reviews, 1);
+  EXPECT_EQ(Content(old), "new");
+}
+
 }  // namespace
 }  // namespace korva

@@ -33,13 +33,19 @@ class MemoryFiles final : public FileStore {
     return found->second;
   }
 
-  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override {
+  using FileStore::Replace;
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason,
+               const Review& review) override {
     ++replacements_;
     if (write_fault_ != Fault::None) {
       reason = ReasonOf(write_fault_);
       return false;
     }
+    const String written = path + u".written";
+    files_[written] = bytes;
+    review(written);
     files_[path] = bytes;
+    files_.erase(written);
     return true;
   }
 

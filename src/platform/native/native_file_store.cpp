@@ -165,9 +165,20 @@ Descriptor CreateTemporary(const fs::path& folder, fs::path& name) {
   }
 }
 
-// Fills the temporary and gives it its final name; 0 for success.
+// A name that is no text can't be told, and its file is not looked at.
+void Show(const fs::path& written, const FileStore::Review& review) {
+  String name;
+  try {
+    name = written.u16string();
+  } catch (const std::exception&) {
+    return;
+  }
+  review(name);
+}
+
+// Fills the temporary, shows it and gives it its final name; 0 for success.
 int FillAndRename(const Descriptor& file, const fs::path& name, const fs::path& target,
-                  std::string_view bytes, const struct stat* old) {
+                  std::string_view bytes, const struct stat* old, const FileStore::Review& review) {
   constexpr mode_t permissions = 07777;
   if (old != nullptr && fchmod(file.Number(), old->st_mode & permissions) != 0) {
     return errno;
@@ -175,13 +186,14 @@ int FillAndRename(const Descriptor& file, const fs::path& name, const fs::path& 
   if (const int error = WriteAll(file.Number(), bytes)) {
     return error;
   }
-  if (fsync(file.Number()) != 0 || rename(name.c_str(), target.c_str()) != 0) {
+  if (fsync(file.Number()) != 0) {
     return errno;
   }
-  return 0;
+  Show(name, review);
+  return rename(name.c_str(), target.c_str()) == 0 ? 0 : errno;
 }
 
-int ReplaceFile(fs::path target, std::string_view bytes) {
+int ReplaceFile(fs::path target, std::string_view bytes, const FileStore::Review& review) {
   if (const int error = FollowLinks(target)) {
     return error;
   }
@@ -204,7 +216,7 @@ int ReplaceFile(fs::path target, std::string_view bytes) {
   if (!file.Open()) {
     return errno;
   }
-  const int error = FillAndRename(file, name, target, bytes, exists ? &old : nullptr);
+  const int error = FillAndRename(file, name, target, bytes, exists ? &old : nullptr, review);
   if (error != 0) {
     unlink(name.c_str());
     return error;
@@ -236,9 +248,10 @@ std::optional<std::string> NativeFileStore::Read(const String& path, std::size_t
   return bytes;
 }
 
-bool NativeFileStore::Replace(const String& path, std::string_view bytes, SystemReason& reason) {
+bool NativeFileStore::Replace(const String& path, std::string_view bytes, SystemReason& reason,
+                              const Review& review) {
   const std::optional<fs::path> native = ToPath(path);
-  const int error = native ? ReplaceFile(*native, bytes) : EILSEQ;
+  const int error = native ? ReplaceFile(*native, bytes, review) : EILSEQ;
   if (error != 0) {
     reason = ReasonOf(error);
   }

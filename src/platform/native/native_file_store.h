@@ -18,7 +18,9 @@ class NativeFileStore final : public FileStore {
   /// replaced. The bytes are on the disk before the name changes. What a save that was killed left in the
   /// folder
   /// (".korva-<process>-<number>.tmp") is removed.
-  bool Replace(const String& path, std::string_view bytes, SystemReason& reason) override;
+  using FileStore::Replace;
+  bool Replace(const String& path, std::string_view bytes, SystemReason& reason,
+               const Review& review) override;
 
   [[nodiscard]] char16_t Separator() const override;
 };
