@@ -37,7 +37,7 @@ void FieldView::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
   if (marked_) {
     QPainter painter(this);
-    DrawMark(painter, rect().adjusted(4, 0, -4, -3), palette().color(QPalette::Text));
+    DrawMark(painter, rect().adjusted(4, 0, -4, -2), palette().color(QPalette::Text));
   }
 }
 

@@ -26,7 +26,7 @@ class MarkDelegate final : public QStyledItemDelegate {
     if (index.data(kMarkRole).toBool()) {
       const QColor text = index.data(Qt::ForegroundRole).value<QBrush>().color();
       painter->save();
-      DrawMark(*painter, option.rect.adjusted(4, 0, -4, -3), text);
+      DrawMark(*painter, option.rect.adjusted(4, 0, -4, -2), text);
       painter->restore();
     }
   }

@@ -34,12 +34,14 @@ QPalette PaletteOf(Look look, const QPalette& system) {
 }
 
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
-  constexpr int kHalfWave = 3;
+  constexpr int kHalfWave = 2;
   QPolygon wave;
   for (int x = area.left(), crest = 0; x <= area.right(); x += kHalfWave, crest = 1 - crest) {
     wave << QPoint(x, area.bottom() - kHalfWave * crest + 1);
   }
-  painter.setPen(colour);
+  QColor faint = colour;
+  faint.setAlphaF(0.6F);
+  painter.setPen(faint);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawPolyline(wave);
 }

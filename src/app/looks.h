@@ -10,7 +10,7 @@ namespace korva {
 /// The palette of a field or label in a look: a pair of the system's own colours, light or dark.
 QPalette PaletteOf(Look look, const QPalette& system);
 
-/// Draws the mark of a text that the user should look at: a wave along the lower edge of `area`.
+/// Draws the mark of a text that the user should look at: a faint wave along the lower edge of `area`.
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);
 
 }  // namespace korva
