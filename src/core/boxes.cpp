@@ -1,8 +1,9 @@
 #include "core/boxes.h"
 
 #include <array>
-#include <cassert>
 #include <cstddef>
+
+#include "core/text_utilities.h"
 
 namespace korva {
 namespace {
@@ -242,24 +243,6 @@ std::vector<Answer> AnswersOf(Buttons buttons) {
       break;
   }
   return {Answer::Ok};
-}
-
-/// Fills the places in one pass, so that an argument that looks like a place stays as it is.
-String Filled(StringView text, std::initializer_list<String> arguments) {
-  String filled;
-  while (!text.empty()) {
-    const bool place = text.size() >= 3 && text[0] == u'{' && text[2] == u'}';
-    if (place) {
-      const auto number = static_cast<std::size_t>(text[1] - u'1');
-      assert(number < arguments.size());
-      filled += number < arguments.size() ? arguments.begin()[number] : String();
-      text.remove_prefix(3);
-    } else {
-      filled += text.front();
-      text.remove_prefix(1);
-    }
-  }
-  return filled;
 }
 
 }  // namespace

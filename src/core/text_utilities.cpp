@@ -1,5 +1,6 @@
 #include "core/text_utilities.h"
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 
@@ -129,6 +130,24 @@ String HalfWidthNumber(StringView text) {
 }
 
 String Trimmed(StringView text) { return Stripped(text, u" "); }
+
+// In one pass, so that an argument that looks like a place stays as it is.
+String Filled(StringView text, std::initializer_list<String> arguments) {
+  String filled;
+  while (!text.empty()) {
+    const bool place = text.size() >= 3 && text[0] == u'{' && text[2] == u'}';
+    if (place) {
+      const auto number = static_cast<std::size_t>(text[1] - u'1');
+      assert(number < arguments.size());
+      filled += number < arguments.size() ? arguments.begin()[number] : String();
+      text.remove_prefix(3);
+    } else {
+      filled += text.front();
+      text.remove_prefix(1);
+    }
+  }
+  return filled;
+}
 
 String Ascii(std::string_view text) {
   String wide;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,9 @@ String HalfWidthNumber(StringView text);
 
 /// The text without blanks at both ends. TABs stay.
 String Trimmed(StringView text);
+
+/// The text with its places "{1}" to "{9}" filled with `arguments` in their order.
+String Filled(StringView text, std::initializer_list<String> arguments);
 
 /// The text of 7-bit characters; any other byte becomes U+FFFD.
 String Ascii(std::string_view text);

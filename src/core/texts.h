@@ -113,6 +113,12 @@ enum class TextKey {
   ReasonReadOnly,
   ReasonInUse,
   ReasonTooLarge,
+  // The port and the line, in the status area.
+  PortNotOpen,  ///< (number, its device, why)
+  PortMissing,
+  PortGroup,      ///< (group whose members may use it)
+  AwaitingItem,   ///< (group, item, try, tries, port's number, bits a second, seconds)
+  AwaitingReply,  ///< (port's number, bits a second, seconds)
   // The same in both languages.
   Com1,
   Com2,

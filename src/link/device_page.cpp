@@ -59,8 +59,19 @@ bool DevicePage::EnterTrimMode(const String& data, BoxKey failure) {
 void DevicePage::ReopenPort() {
   OptCom.Mark(Line().CommPort() - 1);
   Line().Reopen(String(ItsFamily().settings));
+  TellPort();
 }
 
-void DevicePage::ChoosePort(int number) { Line().ChoosePort(number); }
+void DevicePage::ChoosePort(int number) {
+  Line().ChoosePort(number);
+  TellPort();
+}
+
+void DevicePage::RestorePort() {
+  Line().OpenAgainIfBroken();
+  TellPort();
+}
+
+void DevicePage::TellPort() { Notes.Tell(Notice::Port, Line().WhyNotOpen()); }
 
 }  // namespace korva

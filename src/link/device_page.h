@@ -55,9 +55,10 @@ class DevicePage : public Page {
  protected:
   void ReopenPort() override;
   void ChoosePort(int number) override;
-  void RestorePort() override { Line().OpenAgainIfBroken(); }
+  void RestorePort() override;
 
  private:
+  void TellPort();
   bool EnterMode(const String& data, BoxKey failure);
   bool EnterTrimMode(const String& data, BoxKey failure);
 

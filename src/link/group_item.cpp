@@ -64,11 +64,14 @@ bool TellsAnother(const String& reply, const String& data) {
 
 // `count` + 1 tries at most, until one gives a text.
 template <typename Try>
-String FirstText(int count, Try attempt) {
+String FirstText(SerialLink& link, const WireItem& item, int count, Try attempt) {
   String text;
   for (int i = 0; i <= count && text.empty(); ++i) {
+    link.Announce(
+        SerialLink::Purpose{.group = item.group, .item = item.item, .attempt = i + 1, .tries = count + 1});
     text = attempt();
   }
+  link.Announce(std::nullopt);
   return text;
 }
 
@@ -114,18 +117,18 @@ String CokDialect::Write(const WireItem& item, const String& data, Echo echo) {
 }
 
 String CokDialect::ReadItemRetry(int count, const WireItem& item) {
-  return FirstText(count, [&] { return Trimmed(ReadItem(item)); });
+  return FirstText(link_, item, count, [&] { return Trimmed(ReadItem(item)); });
 }
 
 String CokDialect::WriteItemRetry(int count, const WireItem& item, const String& data) {
-  return FirstText(count, [&] {
+  return FirstText(link_, item, count, [&] {
     const String echo = WriteItem(item, data);
     return echo == kEmptyTag ? echo : Trimmed(echo);
   });
 }
 
 String CokDialect::WriteModeRetry(int count, const WireItem& item, const String& data) {
-  return FirstText(count, [&] { return Trimmed(Write(item, data, Echo::AnyText)); });
+  return FirstText(link_, item, count, [&] { return Trimmed(Write(item, data, Echo::AnyText)); });
 }
 
 bool EnterItemDialect::SelectItem(const WireItem& item) {
@@ -180,20 +183,21 @@ String EnterItemDialect::WriteParamPair(const WireItem& item, const String& tail
 }
 
 String EnterItemDialect::ReadParamRetry(int count, const WireItem& item) {
-  return FirstText(count, [&] { return ReadParam(item); });
+  return FirstText(link_, item, count, [&] { return ReadParam(item); });
 }
 
 String EnterItemDialect::WriteParamRetry(int count, const WireItem& item, const String& data) {
-  return FirstText(count, [&] { return WriteParam(item, data); });
+  return FirstText(link_, item, count, [&] { return WriteParam(item, data); });
 }
 
 String EnterItemDialect::WriteModeRetry(int count, const WireItem& item, const String& data) {
-  return FirstText(count, [&] { return SerialLink::StrippedReply(Send(item, data, Echo::AnyText)); });
+  return FirstText(link_, item, count,
+                   [&] { return SerialLink::StrippedReply(Send(item, data, Echo::AnyText)); });
 }
 
 String EnterItemDialect::WriteParamPairRetry(int count, const WireItem& item, const String& tail,
                                              const String& head) {
-  return FirstText(count, [&] { return WriteParamPair(item, tail, head); });
+  return FirstText(link_, item, count, [&] { return WriteParamPair(item, tail, head); });
 }
 
 String EnterItemDialect::ReadItemName(const WireItem& item) {
@@ -206,7 +210,7 @@ String EnterItemDialect::ReadItemName(const WireItem& item) {
 }
 
 String EnterItemDialect::ReadItemNameRetry(int count, const WireItem& item) {
-  return FirstText(count, [&] { return Trimmed(ReadItemName(item)); });
+  return FirstText(link_, item, count, [&] { return Trimmed(ReadItemName(item)); });
 }
 
 }  // namespace korva

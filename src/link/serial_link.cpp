@@ -8,6 +8,7 @@
 
 #include "core/program.h"
 #include "core/text_utilities.h"
+#include "core/texts.h"
 
 namespace korva {
 
@@ -64,9 +65,14 @@ SerialLink::SerialLink(const Platform& platform, SharedState& shared)
     : platform_(platform),
       shared_(shared),
       IntervalTimer("IntervalTimer", platform.loop, Milliseconds(kReplyTimeout)),
-      WaitForTimer("WaitForTimer", platform.loop, Milliseconds(kSlowDevicePeriod)) {
+      WaitForTimer("WaitForTimer", platform.loop, Milliseconds(kSlowDevicePeriod)),
+      WaitingTimer("WaitingTimer", platform.loop, std::chrono::seconds(1)) {
   IntervalTimer.OnTick = [this] { reply_timeout_ = true; };
   WaitForTimer.OnTick = [this] { wait_done_ = true; };
+  WaitingTimer.OnTick = [this] {
+    ++waited_;
+    TellWaiting();
+  };
   platform_.port.OnArrival([this] { OnComm(); });
 }
 
@@ -95,6 +101,7 @@ void SerialLink::OpenAgainIfBroken() {
 void SerialLink::Open() {
   const std::optional<LineSettings> line = ParseSettings(settings_);
   opened_ = line && platform_.port.Open(comm_port_, *line);
+  not_opened_ = !opened_;
   if (OnOpened) {
     OnOpened(comm_port_, settings_, opened_);
   }
@@ -163,7 +170,12 @@ SerialLink::Result SerialLink::SendAndAwait(const String& command) {
   if (unsent != Failure::None) {
     return {.failure = unsent};
   }
+  BeginWaiting();
   std::optional<std::string> bytes = AwaitReply();
+  WaitingTimer.Stop();
+  if (bytes || !purpose_) {
+    EndWaiting();
+  }
   if (!bytes) {
     second_end_due_ = false;
     SetStep(step_ == Step::Doubtful ? Step::Lost : Step::Owed);
@@ -173,6 +185,47 @@ SerialLink::Result SerialLink::SendAndAwait(const String& command) {
   IntervalTimerOff();
   receive_threshold_ = 1;
   return {.reply = TakeReply(*std::move(bytes))};
+}
+
+void SerialLink::Announce(const std::optional<Purpose>& purpose) {
+  purpose_ = purpose;
+  if (!purpose_) {
+    EndWaiting();
+  }
+}
+
+void SerialLink::BeginWaiting() {
+  if (!OnWaiting) {
+    return;
+  }
+  waited_ = 0;
+  WaitingTimer.Stop();
+  WaitingTimer.Start();
+  if (waiting_told_) {
+    TellWaiting();  // a further try
+  }
+}
+
+void SerialLink::EndWaiting() {
+  if (std::exchange(waiting_told_, false)) {
+    OnWaiting({});
+  }
+}
+
+void SerialLink::TellWaiting() {
+  waiting_told_ = true;
+  OnWaiting(WaitingText());
+}
+
+String SerialLink::WaitingText() const {
+  const auto number = [](int value) { return Ascii(std::to_string(value)); };
+  const String baud = settings_.substr(0, settings_.find(u','));
+  if (!purpose_) {
+    return Filled(CaptionText(TextKey::AwaitingReply), {number(comm_port_), baud, number(waited_)});
+  }
+  return Filled(CaptionText(TextKey::AwaitingItem),
+                {purpose_->group, purpose_->item, number(purpose_->attempt), number(purpose_->tries),
+                 number(comm_port_), baud, number(waited_)});
 }
 
 void SerialLink::SetStep(Step step) {
@@ -319,6 +372,21 @@ void SerialLink::Report(bool sent, bool ok, const String& text) const {
   if (OnTraffic) {
     OnTraffic({.sent = sent, .ok = ok, .text = text});
   }
+}
+
+String SerialLink::WhyNotOpen() const {
+  if (!not_opened_) {
+    return {};
+  }
+  const SystemReason reason = platform_.port.WhyNotOpen();
+  String why =
+      reason.what == SystemReason::Case::Missing ? CaptionText(TextKey::PortMissing) : ReasonText(reason);
+  const String group = FromUtf8(platform_.port.UserGroup(comm_port_));
+  if (reason.what == SystemReason::Case::NotPermitted && !group.empty()) {
+    why += Filled(CaptionText(TextKey::PortGroup), {group});
+  }
+  return Filled(CaptionText(TextKey::PortNotOpen),
+                {Ascii(std::to_string(comm_port_)), DeviceName(comm_port_), why});
 }
 
 String SerialLink::DeviceName(int number) const { return FromUtf8(platform_.port.DeviceName(number)); }

@@ -105,6 +105,22 @@ class SerialLink {
   /// Called after each attempt to open COM `number` at `settings`; `open` tells whether it succeeded.
   std::function<void(int number, const String& settings, bool open)> OnOpened;
 
+  /// Why the last attempt to open the port failed, in words for the status area; empty when it did not.
+  [[nodiscard]] String WhyNotOpen() const;
+
+  /// What the exchanges to come are for, of the tries that they may take at most.
+  struct Purpose {
+    String group;
+    String item;
+    int attempt = 1;  ///< from 1
+    int tries = 1;
+  };
+  /// Says what the exchanges to come are for; nothing: for themselves.
+  void Announce(const std::optional<Purpose>& purpose);
+  /// Called when a reply has been awaited for a second, each second from then on and at each further try,
+  /// with what is awaited in words for the status area; with an empty text when it no longer is.
+  std::function<void(const String& text)> OnWaiting;
+
   /// What a user calls the device behind COM `number`.
   [[nodiscard]] String DeviceName(int number) const;
 
@@ -129,6 +145,10 @@ class SerialLink {
   std::optional<std::string> AwaitReply();
   String TakeReply(std::string bytes);
   void StartPause(Milliseconds length);
+  void BeginWaiting();
+  void EndWaiting();
+  void TellWaiting();
+  [[nodiscard]] String WaitingText() const;
   void EndIfQuitting();
   void OnComm();
   void TakeIn();
@@ -141,9 +161,14 @@ class SerialLink {
   int comm_port_ = 1;
   String settings_;
   bool opened_ = false;  ///< by its last choice or reopening; a port that has broken since counts as opened
+  bool not_opened_ = false;  ///< the last attempt to open the port failed
   int receive_threshold_ = 0;
   Timer IntervalTimer;
   Timer WaitForTimer;
+  Timer WaitingTimer;  ///< ticks each second of the wait for a reply
+  int waited_ = 0;     ///< its seconds
+  bool waiting_told_ = false;
+  std::optional<Purpose> purpose_;
   bool reply_timeout_ = false;
   bool wait_done_ = false;
   bool in_use_ = false;  ///< an exchange is under way, or the line is being drained

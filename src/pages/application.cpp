@@ -30,6 +30,12 @@ Application::Application(const Platform& platform, String folder)
     : program(platform, std::move(folder), AllFamilies(),
               [this](Program& owner, const Family& family) { return MakePage(owner, family, link); }),
       link(platform, program.Shared()) {
+  link.line.OnWaiting = [this](const String& text) {
+    if (Page* page = program.Showing()) {
+      page->lblWaiting.SetCaption(text);
+      page->lblWaiting.SetVisible(!text.empty());
+    }
+  };
   link.line.SlowDevice = [this] { return HoldsSlowDevice(program); };
 }
 

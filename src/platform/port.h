@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/system_reason.h"
+
 namespace korva {
 
 /// How a serial line is set; 8 data bits, no parity and 1 stop bit make a character 10 bits long.
@@ -47,6 +49,13 @@ class Port {
   /// The line's speed in bits a second when its timing is known: a character then can't take less than ten
   /// bits' time on the wire. Empty for a line whose characters have no time of their own.
   [[nodiscard]] virtual std::optional<int> TimedBaud() const = 0;
+
+  /// Why the last call of Open failed.
+  [[nodiscard]] virtual SystemReason WhyNotOpen() const = 0;
+
+  /// The group whose members may use the device behind COM `number`, where the system has such a group; else
+  /// empty.
+  [[nodiscard]] virtual std::string UserGroup(int number) const = 0;
 
   /// What a user calls the device or link behind COM `number`, for tooltips; for example "ports/COM1".
   [[nodiscard]] virtual std::string DeviceName(int number) const = 0;

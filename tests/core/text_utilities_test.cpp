@@ -5,6 +5,11 @@
 namespace korva {
 namespace {
 
+TEST(Filled, PutsTheArgumentsIntoTheirPlaces) {
+  EXPECT_EQ(Filled(u"{2} of {1}{2}", {u"{2}", u"b"}), u"b of {2}b") << "an argument is no place";
+  EXPECT_EQ(Filled(u"none {", {}), u"none {");
+}
+
 TEST(IsBetween, IncludesBothEnds) {
   EXPECT_TRUE(IsBetween(10, 0, 10));
   EXPECT_TRUE(IsBetween(10, 0, 0));

@@ -109,6 +109,7 @@ INSTANTIATE_TEST_SUITE_P(
         Caption{TextKey::ReasonNoSpace, u"ﾃﾞｨｽｸの空き容量が足りません。", u"The disk is full."},
         Caption{TextKey::ReasonReadOnly, u"ﾃﾞｨｽｸは読み取り専用です。", u"The disk is read-only."},
         Caption{TextKey::ReasonInUse, u"ほかのﾌﾟﾛｸﾞﾗﾑが使用中です。", u"Another program is using it."},
+        Caption{TextKey::PortMissing, u"ﾎﾟｰﾄが見つかりません。", u"The port was not found."},
         Caption{TextKey::ReasonTooLarge, u"ﾌｧｲﾙが大きすぎます。", u"The file is too large."}));
 
 TEST(Texts, TellWhyTheSystemRefusedOrElseTheSystemsOwnWords) {

@@ -64,6 +64,20 @@ struct Bench {
   BarePage page;
 };
 
+TEST(DevicePage, TellsInTheStatusAreaWhyItsPortIsNotOpen) {
+  Bench bench(u"First");
+  EXPECT_FALSE(bench.page.Notes.Visible());
+  bench.page.OptCom[1].Click();
+  EXPECT_EQ(bench.page.Notes.Told(Notice::Port),
+            u"COM 2（virtual COM2）を開けません。ﾎﾟｰﾄが見つかりません。");
+  EXPECT_TRUE(bench.page.Notes.Visible());
+  bench.page.OptCom[0].Click();
+  EXPECT_EQ(bench.page.Notes.Told(Notice::Port), u"");
+  bench.host.port.Remove(1);
+  bench.page.BeginOperation();
+  EXPECT_NE(bench.page.Notes.Told(Notice::Port), u"") << "the adapter is not back yet";
+}
+
 struct FamilyCase {
   StringView word;
   std::string settings;

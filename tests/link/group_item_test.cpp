@@ -44,6 +44,21 @@ TEST_F(CokDialectTest, AReadSelectsGroupAndItemAndCutsTheLeadingLetter) {
   EXPECT_EQ(line.Sent(), "G01 I14");
 }
 
+TEST_F(CokDialectTest, EachTryIsToldWhileItsReplyIsAwaited) {
+  std::vector<std::string> told;
+  link.OnWaiting = [&](const String& text) {
+    const std::string words = ToUtf8(text);
+    if (told.empty() || words.empty() || words.ends_with(" 0 秒")) {
+      told.push_back(words);
+    }
+  };
+  EXPECT_EQ(cok.ReadItemRetry(2, {u"03", u"14"}), u"");
+  EXPECT_EQ(told,
+            (std::vector<std::string>{"応答待ち: Group 03, Item 14（1/3 回目）COM 1, 1200 bps, 1 秒",
+                                      "応答待ち: Group 03, Item 14（2/3 回目）COM 1, 1200 bps, 0 秒",
+                                      "応答待ち: Group 03, Item 14（3/3 回目）COM 1, 1200 bps, 0 秒", ""}));
+}
+
 TEST_F(CokDialectTest, ARetriedReadIsTrimmed) {
   Replies({"COK", "D  12.5 "});
   EXPECT_EQ(cok.ReadItem({u"01", u"14"}), u"  12.5");

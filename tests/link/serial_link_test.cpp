@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/text_utilities.h"
@@ -51,6 +52,63 @@ TEST_F(SerialLinkTest, ACommandGoesOutWithItsCarriageReturnAndTheReplyComesBackW
   EXPECT_EQ(link.SendCommandWaitReply(u"G01\r"), u"COK");
   EXPECT_EQ(line.Sent(), "G01");
   EXPECT_EQ(host.loop.Now(), 4 * kCharacter + 10ms);
+}
+
+// What is told while it waits.
+
+TEST_F(SerialLinkTest, TellsEachSecondWhatItAwaitsAndThenThatItDoesNoMore) {
+  std::vector<std::pair<Clock, std::string>> told;
+  link.OnWaiting = [&](const String& text) { told.emplace_back(host.loop.Now(), ToUtf8(text)); };
+  line.AnswerNext({{2500ms, "COK\r"}});
+  link.SendCommandTrimmed(u"G01\r");
+  const Clock end = 4 * kCharacter + 2500ms;
+  EXPECT_EQ(told, (std::vector<std::pair<Clock, std::string>>{{1s, "応答待ち: COM 1, 1200 bps, 1 秒"},
+                                                              {2s, "応答待ち: COM 1, 1200 bps, 2 秒"},
+                                                              {end, ""}}));
+  told.clear();
+  line.AnswerNext("COK");
+  link.SendCommandTrimmed(u"G01\r");
+  EXPECT_TRUE(told.empty()) << "a device that answers is not waited for";
+}
+
+TEST_F(SerialLinkTest, TellsWhichItemItAwaitsAtWhichTry) {
+  std::vector<std::string> told;
+  link.OnWaiting = [&](const String& text) { told.push_back(ToUtf8(text)); };
+  const auto announce = [this](int attempt) {
+    link.Announce(SerialLink::Purpose{.group = u"01", .item = u"14", .attempt = attempt, .tries = 4});
+  };
+  announce(1);
+  link.SendCommandTrimmed(u"G01\r");
+  EXPECT_EQ(told.at(0), "応答待ち: Group 01, Item 14（1/4 回目）COM 1, 1200 bps, 1 秒");
+  EXPECT_NE(told.back(), "") << "another try follows";
+  told.clear();
+  announce(2);
+  line.AnswerNext({{1500ms, "COK\r"}});
+  link.SendCommandTrimmed(u"G01\r");
+  EXPECT_EQ(told,
+            (std::vector<std::string>{"応答待ち: Group 01, Item 14（2/4 回目）COM 1, 1200 bps, 0 秒",
+                                      "応答待ち: Group 01, Item 14（2/4 回目）COM 1, 1200 bps, 1 秒", ""}));
+}
+
+TEST_F(SerialLinkTest, TellsWhyItsPortIsNotOpen) {
+  EXPECT_EQ(link.WhyNotOpen(), u"");
+  link.ChoosePort(2);
+  EXPECT_EQ(link.WhyNotOpen(), u"COM 2（virtual COM2）を開けません。ﾎﾟｰﾄが見つかりません。");
+  host.port.RefuseFor({.what = SystemReason::Case::InUse, .words = u"busy"}, "dialout");
+  link.ChoosePort(3);
+  EXPECT_EQ(link.WhyNotOpen(), u"COM 3（virtual COM3）を開けません。ほかのﾌﾟﾛｸﾞﾗﾑが使用中です。");
+  host.port.RefuseFor({.what = SystemReason::Case::NotPermitted, .words = u"denied"}, "dialout");
+  EXPECT_EQ(link.WhyNotOpen(),
+            u"COM 3（virtual COM3）を開けません。ｱｸｾｽする権限がありません。"
+            u"ｸﾞﾙｰﾌﾟ dialout に加わり、ﾛｸﾞｲﾝし直してください。");
+  host.port.RefuseFor({.what = SystemReason::Case::NotPermitted, .words = u"denied"});
+  EXPECT_EQ(link.WhyNotOpen(), u"COM 3（virtual COM3）を開けません。ｱｸｾｽする権限がありません。");
+  host.port.RefuseFor({.words = u"Input/output error"});
+  EXPECT_EQ(link.WhyNotOpen(), u"COM 3（virtual COM3）を開けません。Input/output error");
+  link.ChoosePort(1);
+  EXPECT_EQ(link.WhyNotOpen(), u"");
+  link.Close();
+  EXPECT_EQ(link.WhyNotOpen(), u"") << "closed, not refused";
 }
 
 TEST_F(SerialLinkTest, AReplyThatArrivesInSeveralChunksIsJoined) {

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <termios.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
@@ -129,6 +132,51 @@ TEST_F(QtPortTest, APortThatDoesNotExistOrIsNoLineCannotBeOpened) {
     EXPECT_FALSE(port->Write("G01\r"));
   }
   EXPECT_EQ(arrivals, 0);
+}
+
+TEST_F(QtPortTest, APortThatCannotBeOpenedTellsWhy) {
+  using enum SystemReason::Case;
+  std::ofstream(folder / "ports" / "COM2") << "a file";
+  fs::create_directory(folder / "ports" / "COM3");
+  fs::create_symlink("/dev/nothing-of-this-name", folder / "ports" / "COM4");
+  EXPECT_FALSE(port->Open(2, {}));
+  EXPECT_EQ(port->WhyNotOpen().what, Other);
+  EXPECT_EQ(port->WhyNotOpen().words, u"Inappropriate ioctl for device");
+  EXPECT_FALSE(port->Open(3, {}));
+  EXPECT_EQ(port->WhyNotOpen().what, Folder);
+  EXPECT_FALSE(port->Open(4, {}));
+  EXPECT_EQ(port->WhyNotOpen().what, Missing);
+}
+
+TEST_F(QtPortTest, APortThatAnotherProgramHasIsInUse) {
+  QtPort other(loop.Gate(), folder);
+  ASSERT_TRUE(other.Open(1, {}));
+  EXPECT_FALSE(port->Open(1, {}));
+  EXPECT_EQ(port->WhyNotOpen().what, SystemReason::Case::InUse);
+  other.Close();
+  EXPECT_TRUE(port->Open(1, {}));
+}
+
+TEST_F(QtPortTest, APortWithoutPermissionTellsThatAndTheGroupThatHasIt) {
+  if (getuid() != 0) {
+    GTEST_SKIP() << "only the superuser can give a device to a group";
+  }
+  constexpr gid_t kDialout = 20;  // everywhere on the system that the program is built for
+  ASSERT_EQ(chown(terminal.Device().c_str(), 0, kDialout), 0);
+  ASSERT_EQ(chmod(terminal.Device().c_str(), 0660), 0);
+  fs::permissions(folder, fs::perms(0755));
+  EXPECT_EQ(port->UserGroup(1), "dialout");
+  const pid_t user = fork();
+  if (user == 0) {
+    const bool refused = setuid(65534) == 0 && !port->Open(1, {}) &&
+                         port->WhyNotOpen().what == SystemReason::Case::NotPermitted;
+    _exit(refused ? 0 : 1);
+  }
+  int status = 0;
+  waitpid(user, &status, 0);
+  EXPECT_EQ(status, 0);
+  ASSERT_EQ(chmod(terminal.Device().c_str(), 0640), 0);
+  EXPECT_EQ(port->UserGroup(1), "") << "its members may not write";
 }
 
 TEST_F(QtPortTest, TheDeviceIsNamedAsTheUserKnowsIt) {

@@ -1,5 +1,6 @@
 #include "platform/qt/qt_port.h"
 
+#include <QFileInfo>
 #include <QMetaObject>
 #include <algorithm>
 #include <array>
@@ -30,12 +31,11 @@ fs::path NamedDevice(const fs::path& folder, int number) {
 }
 
 // The name by which the system opens and locks the device. A lock has the name of the device, so a link to it
-// must be resolved first. Empty when there is no such device.
-std::string SystemDevice(const fs::path& folder, int number) {
+// must be resolved first. Empty when there is no such device; `error` then tells why.
+std::string SystemDevice(const fs::path& folder, int number, std::error_code& error) {
 #ifdef _WIN32
   return NamedDevice(folder, number).string();
 #else
-  std::error_code error;
   const fs::path device = fs::canonical(folder / NamedDevice(folder, number), error);
   return error ? std::string() : device.string();
 #endif
@@ -77,17 +77,43 @@ QtPort::~QtPort() { Close(); }
 
 bool QtPort::Open(int number, const LineSettings& settings) {
   Close();
-  const std::string device = SystemDevice(folder_, number);
-  if (device.empty() || !Configure(serial_, settings)) {
-    return false;
+  std::error_code error;
+  const std::string device = SystemDevice(folder_, number, error);
+  if (device.empty()) {
+    const bool denied = error == std::errc::permission_denied;
+    return Refuse({.what = denied ? SystemReason::Case::NotPermitted : SystemReason::Case::Missing,
+                   .words = QString::fromStdString(error.message()).toStdU16String()});
+  }
+  if (!Configure(serial_, settings)) {
+    return Refuse({.words = serial_.errorString().toStdU16String()});
   }
   serial_.setPortName(QString::fromStdString(device));
   if (!serial_.open(QIODevice::ReadWrite)) {
-    return false;
+    return Refuse(ReasonOf(device));
   }
   serial_.clear(QSerialPort::Input);  // what came while the line was closed is lost
   state_ = State::Open;
   return true;
+}
+
+bool QtPort::Refuse(const SystemReason& reason) {
+  why_not_open_ = reason;
+  return false;
+}
+
+SystemReason QtPort::ReasonOf(const std::string& device) const {
+  using enum SystemReason::Case;
+  SystemReason reason{.words = serial_.errorString().toStdU16String()};
+  const QFileInfo file(QString::fromStdString(device));
+  if (file.isDir()) {
+    reason.what = Folder;
+  } else if (serial_.error() == QSerialPort::DeviceNotFoundError) {
+    reason.what = Missing;
+  } else if (serial_.error() == QSerialPort::PermissionError) {
+    // Who may use the device and can't, finds it locked.
+    reason.what = file.isReadable() && file.isWritable() ? InUse : NotPermitted;
+  }
+  return reason;
 }
 
 void QtPort::Close() {
@@ -111,6 +137,13 @@ std::string QtPort::Take() { return std::exchange(arrived_, {}); }
 
 std::optional<int> QtPort::TimedBaud() const {
   return IsOpen() ? std::optional(serial_.baudRate()) : std::nullopt;
+}
+
+std::string QtPort::UserGroup(int number) const {
+  std::error_code error;
+  const QFileInfo file(QString::fromStdString(SystemDevice(folder_, number, error)));
+  const bool may_use = file.permission(QFile::ReadGroup | QFile::WriteGroup);
+  return may_use && file.groupId() != 0 ? file.group().toStdString() : std::string();
 }
 
 std::string QtPort::DeviceName(int number) const { return NamedDevice(folder_, number).string(); }

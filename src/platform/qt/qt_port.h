@@ -39,11 +39,15 @@ class QtPort final : public Port {
   /// As Port says. The action must not pump: nothing more arrives before it has returned.
   void OnArrival(std::function<void()> action) override { on_arrival_ = std::move(action); }
   [[nodiscard]] std::optional<int> TimedBaud() const override;
+  [[nodiscard]] SystemReason WhyNotOpen() const override { return why_not_open_; }
+  [[nodiscard]] std::string UserGroup(int number) const override;
   [[nodiscard]] std::string DeviceName(int number) const override;
 
  private:
   enum class State { Closed, Open, Broken };
 
+  bool Refuse(const SystemReason& reason);
+  [[nodiscard]] SystemReason ReasonOf(const std::string& device) const;
   void Collect();
   void Break();
   void Notify();
@@ -52,6 +56,7 @@ class QtPort final : public Port {
   std::filesystem::path folder_;
   QSerialPort serial_;
   State state_ = State::Closed;
+  SystemReason why_not_open_;
   std::string arrived_;
   std::function<void()> on_arrival_;
 };

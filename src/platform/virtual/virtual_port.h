@@ -44,10 +44,18 @@ class VirtualPort final : public Port {
   std::string Take() override;
   void OnArrival(std::function<void()> action) override { on_arrival_ = std::move(action); }
   [[nodiscard]] std::optional<int> TimedBaud() const override;
+  [[nodiscard]] SystemReason WhyNotOpen() const override { return refusal_; }
+  [[nodiscard]] std::string UserGroup(int /*number*/) const override { return user_group_; }
   [[nodiscard]] std::string DeviceName(int number) const override;
 
   /// Makes COM `number` exist, with `line` at its far end; without one it is an open end that never answers.
   void Connect(int number, VirtualLine* line = nullptr) { lines_[number] = line; }
+
+  /// What a port that can't be opened tells: that it does not exist, unless a test says otherwise.
+  void RefuseFor(const SystemReason& reason, std::string user_group = {}) {
+    refusal_ = reason;
+    user_group_ = std::move(user_group);
+  }
 
   /// COM `number` no longer exists: it can't be opened, and if it is open it breaks.
   void Remove(int number);
@@ -81,6 +89,8 @@ class VirtualPort final : public Port {
   LineSettings settings_;
   Clock sending_until_{0};    // when the program's last character has left the wire
   Clock answering_until_{0};  // when the line's last paced character has arrived
+  SystemReason refusal_{.what = SystemReason::Case::Missing, .words = u"No such file or directory"};
+  std::string user_group_;
   std::string arrived_;
   std::function<void()> on_arrival_;
 };
