@@ -5,13 +5,11 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSignalBlocker>
 #include <cmath>
 #include <optional>
@@ -19,6 +17,7 @@
 
 #include "app/field_view.h"
 #include "app/grid_view.h"
+#include "app/list_view.h"
 #include "app/looks.h"
 #include "app/memo_view.h"
 #include "app/text.h"
@@ -62,39 +61,6 @@ class KeyFilter : public QObject {
   }
 
   std::function<bool(Key)> press_;
-};
-
-/// A list in which the keyboard's focus alone chooses nothing: a list without a choice would else take its
-/// first entry as soon as its page comes to the front.
-class EntryList : public QListWidget {
- public:
-  using QListWidget::QListWidget;
-
- protected:
-  void focusInEvent(QFocusEvent* event) override {
-    const QSignalBlocker blocker(this);
-    const int row = currentRow();
-    QListWidget::focusInEvent(event);
-    setCurrentRow(row);
-  }
-};
-
-/// Remembers the list's entry from before a press of the mouse.
-class PressFilter : public QObject {
- public:
-  explicit PressFilter(QListWidget* list) : QObject(list), list_(list) {}
-  [[nodiscard]] int RowBefore() const { return row_before_; }
-
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::MouseButtonPress) {
-      row_before_ = list_->currentRow();
-    }
-    return QObject::eventFilter(watched, event);
-  }
-
- private:
-  QListWidget* list_;
-  int row_before_ = -1;
 };
 
 void ShowLook(QWidget* widget, Look look) {
@@ -277,42 +243,9 @@ QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeList(ListBox& list, QWidget* parent) {
-  auto* widget = new EntryList(parent);
-  widget->setUniformItemSizes(true);
-  Follow(list, widget, [&list, widget] {
-    const QSignalBlocker blocker(widget);
-    if (static_cast<std::size_t>(widget->count()) != list.Entries().size()) {
-      widget->clear();
-      for (const String& entry : list.Entries()) {
-        widget->addItem(ToQt(entry));
-      }
-    }
-    widget->setCurrentRow(list.ListIndex());
-    const QSignalBlocker bar_blocker(widget->verticalScrollBar());
-    if (list.TopIndex() >= 0 && list.TopIndex() < widget->count() &&
-        widget->row(widget->itemAt(1, 1)) != list.TopIndex()) {
-      widget->scrollToItem(widget->item(list.TopIndex()), QAbstractItemView::PositionAtTop);
-    }
-    if (list.ListIndex() >= 0) {
-      widget->scrollToItem(widget->item(list.ListIndex()));
-    }
-  });
-  QObject::connect(widget, &QListWidget::currentRowChanged, widget, [this, &list](int row) {
-    if (row >= 0 && row != list.ListIndex()) {
-      Enter([&list, row] { list.UserPicks(row); });
-    }
-  });
-  // A click on the present entry counts as well; a press that moves to another one is told above.
-  auto* press = new PressFilter(widget);
-  widget->viewport()->installEventFilter(press);
-  QObject::connect(widget, &QListWidget::itemPressed, widget, [this, &list, press](QListWidgetItem* item) {
-    const int row = item->listWidget()->row(item);
-    if (row == press->RowBefore()) {
-      Enter([&list, row] { list.UserPicks(row); });
-    }
-  });
-  QObject::connect(widget->verticalScrollBar(), &QScrollBar::valueChanged, widget,
-                   [&list, widget] { list.SetTopIndex(std::max(0, widget->row(widget->itemAt(1, 1)))); });
+  const auto pick = [this, &list](int position) { Enter([&list, position] { list.UserPicks(position); }); };
+  auto* widget = new ListView(list, pick, parent);
+  Follow(list, widget, [widget] { widget->Show(); });
   return widget;
 }
 

@@ -1,0 +1,72 @@
+#include "app/list_view.h"
+
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+#include "app/text.h"
+
+namespace korva {
+
+ListView::ListView(ListBox& list, std::function<void(int position)> pick, QWidget* parent)
+    : QListWidget(parent), list_(list), pick_(std::move(pick)) {
+  setUniformItemSizes(true);
+  connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
+    if (!following_ && row >= 0 && row != list_.ListIndex()) {
+      pick_(row);
+    }
+  });
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+    if (!following_) {
+      list_.SetTopIndex(std::max(0, TopRow()));
+    }
+  });
+}
+
+void ListView::Show() {
+  const QScopedValueRollback following(following_, true);
+  Fill();
+  if (list_.TopIndex() >= 0 && list_.TopIndex() < count() && list_.TopIndex() != TopRow()) {
+    scrollToItem(item(list_.TopIndex()), QAbstractItemView::PositionAtTop);
+  }
+  if (currentRow() != list_.ListIndex()) {
+    setCurrentRow(list_.ListIndex());
+    scrollToItem(currentItem());
+  }
+}
+
+void ListView::Fill() {
+  const auto& entries = list_.Entries();
+  const auto last =
+      std::find_if(entries.rbegin(), entries.rend(), [](const String& entry) { return !entry.empty(); });
+  const auto shown = entries.rend() - last;
+  if (count() == shown) {
+    return;
+  }
+  clear();
+  std::for_each(entries.begin(), entries.begin() + shown,
+                [this](const String& entry) { addItem(ToQt(entry)); });
+}
+
+// The keyboard's focus alone chooses nothing: a list without a choice would else take its first entry as soon
+// as its page comes to the front.
+void ListView::focusInEvent(QFocusEvent* event) {
+  const QScopedValueRollback following(following_, true);
+  const int row = currentRow();
+  QListWidget::focusInEvent(event);
+  setCurrentRow(row);
+}
+
+// A click on the present entry counts as well; a press that moves to another one is told above.
+void ListView::mousePressEvent(QMouseEvent* event) {
+  const int before = currentRow();
+  const int pressed = row(itemAt(event->position().toPoint()));
+  QListWidget::mousePressEvent(event);
+  if (pressed >= 0 && pressed == before) {
+    pick_(pressed);
+  }
+}
+
+}  // namespace korva

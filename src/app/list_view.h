@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QListWidget>
+#include <functional>
+
+#include "core/control.h"
+
+namespace korva {
+
+/// A list on the screen. The empty entries at its end can't be told apart and stand for nothing: they are not
+/// shown. What is scrolled by the user is the list's top row; a newly chosen entry comes into view.
+class ListView final : public QListWidget {
+ public:
+  /// `pick` carries out the user's choice of the entry at a position.
+  ListView(ListBox& list, std::function<void(int position)> pick, QWidget* parent);
+  /// Brings the widget to what the list holds; called after each change of it.
+  void Show();
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  void Fill();
+  [[nodiscard]] int TopRow() const { return row(itemAt(1, 1)); }
+
+  ListBox& list_;
+  std::function<void(int position)> pick_;
+  bool following_ = false;  ///< the page chooses or scrolls, not the user
+};
+
+}  // namespace korva
