@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -61,6 +62,16 @@ class KeyFilter : public QObject {
   }
 
   std::function<bool(Key)> press_;
+};
+
+/// A closed box takes no wheel: who scrolls past it would choose something, and clear values that depend on
+/// it. The wheel scrolls what the box stands in.
+class ChoiceBox : public QComboBox {
+ public:
+  explicit ChoiceBox(QWidget* parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+ protected:
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
 void ShowLook(QWidget* widget, Look look) {
@@ -215,7 +226,7 @@ QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
 }
 
 QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
-  auto* widget = new QComboBox(parent);
+  auto* widget = new ChoiceBox(parent);
   Follow(combo, widget, [&combo, widget] {
     const QSignalBlocker blocker(widget);
     QStringList entries;

@@ -17,6 +17,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "app/text.h"
 #include "app/window_host.h"
@@ -154,6 +155,23 @@ TEST(WindowTest, TheListOfAComboBoxAndTheUsersChoice) {
   combo->setFocus();
   QTest::keyClick(combo, Qt::Key_Home);
   EXPECT_EQ(ToQt(bench.Page().Item(10)), combo->itemText(0));
+}
+
+TEST(WindowTest, TheWheelOverAClosedComboBoxChoosesNothingAndIsLeftToTheTab) {
+  Bench bench("QUO");
+  bench.Upload();
+  bench.Show(1);
+  auto* combo = bench.Find<QComboBox>("Combo(0)");
+  const String type = bench.Page().Item(10);
+  const String zero = bench.Page().Item(14);
+  combo->setFocus();
+  const QPointF centre = combo->rect().center();
+  QWheelEvent wheel(centre, combo->mapToGlobal(centre), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(combo, &wheel);
+  EXPECT_EQ(ToQt(bench.Page().Item(10)), ToQt(type));
+  EXPECT_EQ(ToQt(bench.Page().Item(14)), ToQt(zero));
+  EXPECT_FALSE(wheel.isAccepted());
 }
 
 TEST(WindowTest, OptionButtonsFollowTheirGroup) {
