@@ -46,4 +46,8 @@ void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
   painter.drawPolyline(wave);
 }
 
+int Digits(const QWidget* widget, int count) {
+  return widget->fontMetrics().horizontalAdvance(QLatin1Char('0')) * count;
+}
+
 }  // namespace korva

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPalette>
+#include <QWidget>
 
 #include "core/control.h"
 
@@ -9,6 +10,8 @@ namespace korva {
 
 /// The palette of a field or label in a look: a pair of the system's own colours, light or dark.
 QPalette PaletteOf(Look look, const QPalette& system);
+/// Width of `count` digits in the widget's font, in pixels.
+int Digits(const QWidget* widget, int count);
 
 /// Draws the mark of a text that the user should look at: a faint wave along the lower edge of `area`.
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);

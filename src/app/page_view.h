@@ -8,8 +8,7 @@
 #include "app/control_views.h"
 #include "core/page.h"
 
-class QGridLayout;
-class QGroupBox;
+class QPushButton;
 
 namespace korva {
 
@@ -28,22 +27,9 @@ class PageView : public QWidget {
   QWidget* MakeModelList();
   QWidget* MakeTabs();
   QWidget* MakeButtons();
+  void AddShortcut(const Button& button, QPushButton& widget);
   QWidget* MakeStatus();
   QWidget* MakeNotice();
-  QWidget* MakeTab(const DesignTab& tab);
-  QGroupBox* MakeGroup(const DesignGroup& group, QWidget* parent);
-  // Each adds what it shows to `controls`.
-  void AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box, std::vector<Control*>& controls);
-  void AddLabels(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
-                 std::vector<Control*>& controls);
-  void AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
-                std::vector<Control*>& controls);
-  /// The frame that a row shows; nullptr when it shows something else.
-  [[nodiscard]] Frame* FrameOf(const DesignRow& row) const;
-  QWidget* MakeRowOf(const std::vector<Control*>& controls, QWidget* parent);
-  QWidget* MakeOptions(Frame& frame, QWidget* parent);
-  /// Shows a box only while `frame` (which may be missing) and at least one of the controls are shown.
-  static void ShowWithAny(QWidget* box, Control* frame, const std::vector<Control*>& controls);
   void FollowTabs();
 
   Page& page_;

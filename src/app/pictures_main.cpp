@@ -74,7 +74,7 @@ struct Options {
   QCommandLineOption as{"as", "Name of the picture, with --tab.", "NAME"};
   QCommandLineOption check{"check", "Save nothing: compare with the pictures in the folder."};
   QCommandLineOption about{"about", "Print what decides how texts are drawn, and end."};
-  QCommandLineOption size{"size", "Size of the window in pixels.", "WxH"};
+  QCommandLineOption size{"size", "Size of the window in pixels.", "WxH", "1180x740"};
   QCommandLineOption dark{"dark", "With dark system colours."};
 };
 
@@ -298,13 +298,15 @@ int main(int argc, char** argv) {
   PictureDialogs dialogs(arguments.value(options.open), arguments.value(options.csv));
   korva::WindowHost host(home.isEmpty() ? korva::ProgramFolder() : std::filesystem::path(korva::FromQt(home)),
                          &dialogs);
-  if (arguments.isSet(options.size)) {
-    const auto size = Pair(arguments.value(options.size), QLatin1Char('x'));
-    if (!size) {
-      Complain(QStringLiteral("--size needs a width and a height, such as 1180x740"));
-      return 1;
-    }
-    host.Window().resize(size->first, size->second);
+  const auto size = Pair(arguments.value(options.size), QLatin1Char('x'));
+  if (!size) {
+    Complain(QStringLiteral("--size needs a width and a height, such as 1180x740"));
+    return 1;
   }
-  return host.Start() && TakePictures(arguments, options, host) ? 0 : 1;
+  if (!host.Start()) {
+    return 1;
+  }
+  host.Window().showNormal();
+  host.Window().resize(size->first, size->second);
+  return TakePictures(arguments, options, host) ? 0 : 1;
 }

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QScreen>
+#include <QStyle>
 #include <QStyleFactory>
 
 #include "app/text.h"
@@ -11,8 +13,13 @@ namespace korva {
 
 namespace {
 
-constexpr int kStartWidth = 1180;
-constexpr int kStartHeight = 740;
+constexpr QSize kUsualSize(1180, 740);
+
+/// What the window's frame takes of the screen.
+QSize FrameSize(const QStyle& style) {
+  const int border = style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  return {2 * border, style.pixelMetric(QStyle::PM_TitleBarHeight) + border};
+}
 
 }  // namespace
 
@@ -35,7 +42,6 @@ WindowHost::WindowHost(const std::filesystem::path& folder, Dialogs* dialogs)
                    folder.u16string()),
       window_(application_) {
   dialogs_.SetParent(&window_);
-  window_.resize(kStartWidth, kStartHeight);
 }
 
 bool WindowHost::Start() {
@@ -47,8 +53,18 @@ bool WindowHost::Start() {
   if (loop_.Gate().Ended()) {
     return false;
   }
-  window_.show();
+  ShowWindow();
   return true;
+}
+
+void WindowHost::ShowWindow() {
+  const QSize room = window_.screen()->availableSize() - FrameSize(*window_.style());
+  window_.resize(kUsualSize.boundedTo(room));
+  if (window_.size() == kUsualSize) {
+    window_.show();
+  } else {
+    window_.showMaximized();
+  }
 }
 
 }  // namespace korva

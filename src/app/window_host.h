@@ -23,7 +23,8 @@ class WindowHost {
   /// `folder` is the program's folder; `dialogs` take the place of boxes and dialogs on the screen.
   explicit WindowHost(const std::filesystem::path& folder, Dialogs* dialogs = nullptr);
 
-  /// Starts the program and shows its window. False when that ended the program.
+  /// Starts the program and shows its window, which takes the whole screen where that is too small for its
+  /// usual size. False when that ended the program.
   bool Start();
   /// Runs until the program has ended; the process's exit status.
   int Run() { return loop_.Run(); }
@@ -32,6 +33,8 @@ class WindowHost {
   [[nodiscard]] Program& Running() { return application_.program; }
 
  private:
+  void ShowWindow();
+
   QtEventLoop loop_;
   QtPort port_;
   QtDialogs dialogs_;

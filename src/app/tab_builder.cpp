@@ -1,0 +1,260 @@
+#include "app/tab_builder.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QScrollArea>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "app/curve_view.h"
+#include "app/looks.h"
+#include "app/text.h"
+
+namespace korva {
+
+namespace {
+
+// Widths in digits of the font.
+constexpr int kNumberColumn = 8;
+constexpr int kCaptionColumn = 18;
+constexpr int kField = 16;
+constexpr int kWideField = 26;
+constexpr int kUnitBox = 9;
+constexpr int kShortField = 5;
+constexpr int kMemo = 60;
+constexpr int kUnitColumn = 7;
+constexpr int kGridLines = 9;  ///< that a grid has at least; it grows with the window
+
+std::vector<std::string_view> Names(std::string_view names) {
+  std::vector<std::string_view> found;
+  while (!names.empty()) {
+    const std::size_t end = std::min(names.find(' '), names.size());
+    found.push_back(names.substr(0, end));
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return found;
+}
+
+/// Width of a text field: of a value, of a row or column number, else of a free text.
+int DigitsOfField(std::string_view name) {
+  if (name == "Text" || name == "txtLnrNewValue") {
+    return kField;
+  }
+  return name.starts_with("txtLnr") ? kShortField : kMemo;
+}
+
+bool HasCurve(const DesignGroup& group) {
+  return std::any_of(group.rows.begin(), group.rows.end(),
+                     [](const DesignRow& row) { return !row.curve.empty(); });
+}
+
+/// A style sheet would do this in one line, and take most of the time until a page shows.
+void MakeHeadingBold(QGroupBox* box) {
+  QFont font = box->font();
+  font.setBold(false);
+  for (QWidget* child : box->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    child->setFont(font);
+  }
+  font.setBold(true);
+  box->setFont(font);
+}
+
+/// Gives a field the size that its kind asks for; true when it is to fill the space that it gets.
+bool SizeField(QWidget* widget, const Control& control) {
+  if (auto* memo = qobject_cast<QPlainTextEdit*>(widget)) {
+    memo->setMinimumWidth(Digits(memo, kMemo));
+    memo->setMinimumHeight(memo->fontMetrics().lineSpacing() * 8);
+    return true;
+  }
+  if (auto* grid = qobject_cast<QTableWidget*>(widget)) {
+    grid->setMinimumHeight(grid->verticalHeader()->defaultSectionSize() * kGridLines);
+    grid->setFixedWidth(Digits(grid, 2 * kWideField));
+    return true;
+  }
+  if (dynamic_cast<const ComboBox*>(&control) != nullptr) {
+    widget->setFixedWidth(Digits(widget, control.Name() == "cbo_unit" ? kUnitBox : kWideField));
+  } else if (dynamic_cast<const TextField*>(&control) != nullptr) {
+    widget->setFixedWidth(Digits(widget, DigitsOfField(control.Name())));
+  }
+  return false;
+}
+
+}  // namespace
+
+QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
+  auto* area = new QScrollArea(parent);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  auto* content = new QWidget(area);
+  auto* columns = new QHBoxLayout(content);
+  std::array<QVBoxLayout*, 2> stacks = {new QVBoxLayout, new QVBoxLayout};
+  for (QVBoxLayout* stack : stacks) {
+    columns->addLayout(stack);
+  }
+  for (const DesignGroup& group : tab.groups) {
+    QGroupBox* box = MakeGroup(group, content);
+    const bool wide = HasCurve(group);
+    const bool tall = wide || box->findChild<QTableWidget*>() != nullptr;
+    stacks.at(static_cast<std::size_t>(group.column))->addWidget(box, tall ? 1 : 0);
+    if (wide) {
+      columns->setStretch(group.column, 1);
+    }
+    if (columns->stretch(group.column) > 0 && !group.frame.empty()) {
+      // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
+      QSizePolicy policy = box->sizePolicy();
+      policy.setRetainSizeWhenHidden(true);
+      box->setSizePolicy(policy);
+    }
+  }
+  for (QVBoxLayout* stack : stacks) {
+    stack->addStretch(0);
+  }
+  if (columns->stretch(0) + columns->stretch(1) == 0) {
+    columns->addStretch(1);
+  }
+  area->setWidget(content);
+  return area;
+}
+
+QGroupBox* TabBuilder::MakeGroup(const DesignGroup& group, QWidget* parent) {
+  auto* box = new QGroupBox(ToQt(CaptionText(group.heading)), parent);
+  auto* layout = new QGridLayout(box);
+  layout->setColumnMinimumWidth(3, Digits(parent, kUnitColumn));
+  layout->setColumnStretch(3, 1);
+  std::vector<Control*> controls;
+  for (const DesignRow& row : group.rows) {
+    AddRow(row, *layout, box, controls);
+  }
+  MakeHeadingBold(box);
+  auto* frame =
+      group.frame.empty() ? nullptr : dynamic_cast<CaptionedControl*>(page_.FindControl(group.frame));
+  if (frame != nullptr) {
+    Follow(*frame, box, [box, frame] {
+      if (const QString title = ToQt(frame->Caption()); box->title() != title) {
+        box->setTitle(title);
+      }
+    });
+  }
+  ShowWithAny(box, frame, controls);
+  return box;
+}
+
+void TabBuilder::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
+                        std::vector<Control*>& controls) {
+  const int line = layout.rowCount();
+  if (!row.curve.empty()) {
+    controls.push_back(page_.FindControl(row.curve));
+    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, 4);
+    return;
+  }
+  AddLabels(row, line, layout, box, controls);
+  AddField(row, line, layout, box, controls);
+}
+
+void TabBuilder::AddLabels(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+                           std::vector<Control*>& controls) {
+  const auto add = [&](std::string_view name, int column, int width) {
+    auto* control = dynamic_cast<CaptionedControl*>(page_.FindControl(name));
+    if (control == nullptr) {
+      return;
+    }
+    QWidget* label = ControlViews::CaptionView(*control, box);
+    label->setMinimumWidth(Digits(label, width));
+    if (column == 0) {
+      label->setForegroundRole(QPalette::PlaceholderText);
+    }
+    const bool many_lines = row.field == "txtMemo";
+    layout.addWidget(label, line, column, many_lines ? Qt::AlignTop : Qt::AlignVCenter);
+    controls.push_back(control);
+  };
+  add(row.number, 0, kNumberColumn);
+  add(row.label, 1, kCaptionColumn);
+  if (FrameOf(row) != nullptr) {
+    add(row.field, 1, kCaptionColumn);
+  }
+  add(row.unit, 3, 0);
+}
+
+Frame* TabBuilder::FrameOf(const DesignRow& row) const {
+  return dynamic_cast<Frame*>(page_.FindControl(row.field));
+}
+
+void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+                          std::vector<Control*>& controls) {
+  Frame* frame = FrameOf(row);
+  std::vector<Control*> fields;
+  for (const std::string_view name : Names(row.field)) {
+    fields.push_back(page_.FindControl(name));
+  }
+  controls.insert(controls.end(), fields.begin(), fields.end());
+  const bool alone = row.number.empty() && row.label.empty() && frame == nullptr;
+  QWidget* field = nullptr;
+  bool fills = false;
+  if (frame != nullptr) {
+    field = MakeOptions(*frame, box);
+  } else if (fields.size() == 1) {
+    field = views_.Make(*fields.front(), box);
+    fills = SizeField(field, *fields.front());
+  } else {
+    field = MakeRowOf(fields, box);
+  }
+  const Qt::Alignment alignment = fills ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+  // What has no unit may use its place, so that the units stand right behind their fields.
+  const int first = alone ? 0 : 2;
+  layout.addWidget(field, line, first, 1, (row.unit.empty() ? 4 : 3) - first, alignment);
+}
+
+QWidget* TabBuilder::MakeRowOf(const std::vector<Control*>& controls, QWidget* parent) {
+  auto* area = new QWidget(parent);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (Control* control : controls) {
+    QWidget* widget = views_.Make(*control, area);
+    SizeField(widget, *control);
+    layout->addWidget(widget);
+  }
+  ShowWithAny(area, nullptr, controls);
+  return area;
+}
+
+QWidget* TabBuilder::MakeOptions(Frame& frame, QWidget* parent) {
+  QWidget* area = views_.Make(frame, parent);
+  auto* layout = new QHBoxLayout(area);
+  layout->setContentsMargins(0, 0, 0, 0);
+  for (const DesignOptions& options : page_.ItsDesign().options) {
+    OptionGroup* group = page_.FindOptions(options.options);
+    if (group == nullptr || options.frame != frame.FullName()) {
+      continue;
+    }
+    for (int place = 0; place < group->Count(); ++place) {
+      layout->addWidget(views_.Make((*group)[place], area));
+    }
+  }
+  layout->addStretch(1);
+  return area;
+}
+
+void TabBuilder::ShowWithAny(QWidget* box, Control* frame, const std::vector<Control*>& controls) {
+  const auto update = [guard = QPointer<QWidget>(box), frame, controls] {
+    if (!guard) {
+      return;
+    }
+    const bool any = std::any_of(controls.begin(), controls.end(),
+                                 [](const Control* control) { return control->Visible(); });
+    guard->setVisible(any && (frame == nullptr || frame->Visible()));
+  };
+  update();
+  for (Control* control : controls) {
+    control->Observe(update);
+  }
+  if (frame != nullptr) {
+    frame->Observe(update);
+  }
+}
+
+}  // namespace korva
