@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 #include <cmath>
@@ -48,6 +49,8 @@ class KeyFilter : public QObject {
       case Qt::Key_Return:
       case Qt::Key_Enter:
         return Key::Enter;
+      case Qt::Key_Escape:
+        return Key::Escape;
       case Qt::Key_Up:
         return Key::Up;
       case Qt::Key_Down:
@@ -84,6 +87,20 @@ bool IsLockedList(const Control& control) {
   return dynamic_cast<const ComboBox*>(&control) != nullptr && control.Locked();
 }
 
+/// Puts the keyboard's focus on a widget, and its tab's area where it can be seen. A text is selected, so
+/// that typing replaces it.
+void TakeFocus(QWidget& widget) {
+  widget.setFocus();
+  if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
+    field->selectAll();
+  }
+  for (QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget()) {
+    if (auto* area = qobject_cast<QScrollArea*>(at)) {
+      area->ensureWidgetVisible(&widget);
+    }
+  }
+}
+
 QString ShownBreaks(const String& text) { return ToQt(text).remove(QLatin1Char('\r')); }
 
 }  // namespace
@@ -104,7 +121,7 @@ void Follow(Control& control, QWidget* widget, std::function<void()> update) {
   });
   control.ObserveFocus([guard = QPointer<QWidget>(widget)] {
     if (guard) {
-      guard->setFocus();
+      TakeFocus(*guard);
     }
   });
 }

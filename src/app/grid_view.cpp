@@ -50,6 +50,11 @@ GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, Q
   disconnect(head, &QHeaderView::sectionEntered, this, nullptr);
   connect(head, &QHeaderView::sectionClicked, this, [this](int column) { click_(0, column); });
   connect(this, &QTableWidget::cellClicked, this, [this](int row, int column) { click_(row, column); });
+  connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int column) {
+    if (!following_) {
+      grid_.SetCurrentCell(std::max(0, row), std::max(0, column));
+    }
+  });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
     if (!following_) {
       grid_.SetTopRow(std::max(1, rowAt(0)));
@@ -65,6 +70,7 @@ void GridView::Show() {
     ShowCell(row, column);
   }
   seen_ = grid_.Changes();
+  ShowCurrent();
   ShowTopRow();
 }
 
@@ -81,7 +87,6 @@ void GridView::ShowAll() {
 }
 
 void GridView::ShowCell(int row, int column) {
-  FollowSelected(row, column);
   if (row == 0) {
     ShowHead(column);
     return;
@@ -116,18 +121,14 @@ void GridView::ShowHead(int column) {
   head->setForeground(plain ? QBrush() : colours.text());
 }
 
-void GridView::FollowSelected(int row, int column) {
-  const std::pair cell(row, column);
-  const bool selected = grid_.At(row, column).look == Look::Selected;
-  if (!selected && selected_ == cell) {
-    selected_.reset();
-  } else if (selected && selected_ != cell) {
-    selected_ = cell;
-    if (row > 0) {
-      setCurrentCell(row, column);
-      scrollTo(model()->index(row, column));
-    }
+void GridView::ShowCurrent() {
+  const auto [row, column] = grid_.CurrentCell();
+  if (row == std::max(0, currentRow()) && column == std::max(0, currentColumn())) {
+    return;
   }
+  const bool none = row == 0;
+  setCurrentCell(none ? -1 : row, none ? -1 : column);
+  scrollTo(currentIndex());
 }
 
 void GridView::ShowTopRow() {

@@ -3,7 +3,6 @@
 #include <QTableWidget>
 #include <functional>
 #include <optional>
-#include <utility>
 
 #include "core/control.h"
 
@@ -13,7 +12,7 @@ namespace korva {
 /// hidden, so that rows and columns have the grid's numbers.
 ///
 /// The arrow keys move the frame of the keyboard only; Enter or Space then does what a click would. Which
-/// cell is under edit is the page's to say: the frame goes to each newly selected cell, and so does the view.
+/// cell is under edit is the page's to say.
 class GridView final : public QTableWidget {
  public:
   /// `click` carries out the user's click on a cell.
@@ -30,14 +29,13 @@ class GridView final : public QTableWidget {
   void ShowAll();
   void ShowCell(int row, int column);
   void ShowHead(int column);
-  void FollowSelected(int row, int column);
+  void ShowCurrent();
   void ShowTopRow();
 
   Grid& grid_;
   std::function<void(int row, int column)> click_;
-  std::optional<std::pair<int, int>> selected_;  ///< the cell shown as selected
-  std::optional<unsigned> seen_;                 ///< how many changes of the grid it shows
-  bool following_ = false;                       ///< the page scrolls, not the user
+  std::optional<unsigned> seen_;  ///< how many changes of the grid it shows
+  bool following_ = false;        ///< the page scrolls, not the user
 };
 
 }  // namespace korva

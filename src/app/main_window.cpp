@@ -45,7 +45,13 @@ void MainWindow::ShowPage(Page& page) {
       setWindowTitle(model.isEmpty() ? QStringLiteral("KORVA") : model + QStringLiteral(" - KORVA"));
     });
   }
+  const QWidget* focus = pages_->isAncestorOf(focusWidget()) ? focusWidget() : nullptr;
   pages_->setCurrentWidget(view);
+  // The keyboard stays where it was on the former page.
+  auto* same = focus == nullptr ? nullptr : view->findChild<QWidget*>(focus->objectName());
+  if (same != nullptr && !focus->objectName().isEmpty()) {
+    same->setFocus();
+  }
 }
 
 void MainWindow::DropPage(Page& page) { delete ViewOf(page); }

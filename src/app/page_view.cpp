@@ -6,10 +6,12 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTabBar>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
+#include "app/focus_keeper.h"
 #include "app/looks.h"
 #include "app/tab_builder.h"
 #include "app/text.h"
@@ -49,6 +51,7 @@ PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addLayout(middle, 1);
   all->addWidget(MakeStatus());
+  new FocusKeeper(*this);
 }
 
 QWidget* PageView::MakeModelList() {
@@ -96,16 +99,27 @@ QWidget* PageView::MakeTabs() {
 
 void PageView::FollowTabs() {
   Follow(page_.Tabs, tabs_, [this] {
-    // While all tabs are disabled the one in front stays in front.
     const QSignalBlocker blocker(tabs_);
+    const int front = tabs_->currentIndex();
+    // Of a tab in front that is disabled the bar would bring another one to the front.
+    QSignalBlocker bar_blocker(tabs_->tabBar());
     for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
       if (const QString caption = ToQt(page_.Tabs.TabCaption(tab)); tabs_->tabText(tab) != caption) {
         tabs_->setTabText(tab, caption);
       }
       tabs_->setTabEnabled(tab, page_.Tabs.TabEnabled(tab));
+      ShowBadTab(tab, page_.Tabs.TabBad(tab));
     }
+    tabs_->tabBar()->setCurrentIndex(front);
+    bar_blocker.unblock();
     tabs_->setCurrentIndex(page_.Tabs.Current());
   });
+}
+
+void PageView::ShowBadTab(int tab, bool bad) {
+  if (bad == tabs_->tabIcon(tab).isNull()) {
+    tabs_->setTabIcon(tab, bad ? style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());
+  }
 }
 
 void PageView::ShowTab(int tab) {

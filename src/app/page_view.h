@@ -31,6 +31,7 @@ class PageView : public QWidget {
   QWidget* MakeStatus();
   QWidget* MakeNotice();
   void FollowTabs();
+  void ShowBadTab(int tab, bool bad);
 
   Page& page_;
   ControlViews views_;

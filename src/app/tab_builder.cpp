@@ -90,6 +90,7 @@ QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
   auto* area = new QScrollArea(parent);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);  // it would be a stop of the keyboard that nobody sees
   auto* content = new QWidget(area);
   auto* columns = new QHBoxLayout(content);
   std::array<QVBoxLayout*, 2> stacks = {new QVBoxLayout, new QVBoxLayout};

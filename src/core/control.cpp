@@ -203,6 +203,11 @@ void Grid::Resize(int rows, int columns) {
   if (top_row_ >= rows_) {
     top_row_ = 1;
   }
+  if (current_cell_.first >= rows_ || current_cell_.second >= columns_) {
+    current_cell_ = {0, 0};
+  }
+  bad_cells_ = static_cast<int>(
+      std::count_if(cells_.begin(), cells_.end(), [](const Cell& cell) { return cell.look == Look::Bad; }));
   CellChanged(-1, -1);
 }
 
@@ -216,10 +221,15 @@ void Grid::SetText(int row, int column, const String& text) {
 
 void Grid::SetLook(int row, int column, Look look) {
   Cell& cell = cells_.at(Place(row, column));
-  if (cell.look != look) {
-    cell.look = look;
-    CellChanged(row, column);
+  if (cell.look == look) {
+    return;
   }
+  bad_cells_ += static_cast<int>(look == Look::Bad) - static_cast<int>(cell.look == Look::Bad);
+  cell.look = look;
+  if (look == Look::Selected && row > 0) {
+    current_cell_ = {row, column};
+  }
+  CellChanged(row, column);
 }
 
 void Grid::SetMarked(int row, int column, bool marked) {
@@ -252,6 +262,8 @@ void TabControl::SetCurrent(int tab) {
 void TabControl::SetTabEnabled(int tab, bool enabled) {
   Assign(tabs_.at(static_cast<std::size_t>(tab)).enabled, enabled);
 }
+
+void TabControl::SetTabBad(int tab, bool bad) { Assign(tabs_.at(static_cast<std::size_t>(tab)).bad, bad); }
 
 Timer::Timer(std::string_view name, EventLoop& loop, Milliseconds interval)
     : Control(name), loop_(loop), interval_(interval) {}

@@ -53,6 +53,8 @@ class Control {
 
   [[nodiscard]] virtual bool Locked() const { return false; }
   [[nodiscard]] virtual Look ShownLook() const { return Look::Normal; }
+  /// True while something on it is marked as a bad value.
+  [[nodiscard]] virtual bool IsBad() const { return ShownLook() == Look::Bad; }
   /// What a user reads on it: text, caption or the chosen entry.
   [[nodiscard]] virtual String ShownText() const { return {}; }
 
@@ -125,7 +127,7 @@ class Frame : public CaptionedControl {
   using CaptionedControl::CaptionedControl;
 };
 
-enum class Key { Enter, Up, Down, Left, Right };
+enum class Key { Enter, Escape, Up, Down, Left, Right };
 
 /// A text field. `OnChange` is raised when its text becomes another one, by the user or by the program.
 class TextField : public Control {
@@ -300,8 +302,13 @@ class Grid : public Control {
   void SetText(int row, int column, const String& text);
   void SetLook(int row, int column, Look look);
   void SetMarked(int row, int column, bool marked);
+  [[nodiscard]] bool IsBad() const override { return bad_cells_ > 0; }
   [[nodiscard]] int TopRow() const { return top_row_; }
   void SetTopRow(int row) { Assign(top_row_, row); }
+  /// Row and column of the cell that has the frame of the keyboard, which a view keeps in sight. Row 0: none
+  /// has. It goes to each value cell that is newly selected.
+  [[nodiscard]] std::pair<int, int> CurrentCell() const { return current_cell_; }
+  void SetCurrentCell(int row, int column) { Assign(current_cell_, {row, column}); }
   /// Row and column of the cell that changed last, -1 for all: lets a view redraw one cell only.
   [[nodiscard]] std::pair<int, int> LastChange() const { return last_change_; }
   /// How often cells or the size have changed: tells a view whether a change is one of the table at all.
@@ -321,8 +328,10 @@ class Grid : public Control {
   int rows_ = 0;
   int columns_ = 0;
   int top_row_ = 1;
+  std::pair<int, int> current_cell_ = {0, 0};
   std::pair<int, int> last_change_ = {-1, -1};
   unsigned changes_ = 0;
+  int bad_cells_ = 0;
   std::vector<Cell> cells_;
 };
 
@@ -335,6 +344,9 @@ class TabControl : public Control {
   void SetTabCaption(int tab, const String& caption);
   [[nodiscard]] bool TabEnabled(int tab) const { return TabAt(tab).enabled; }
   void SetTabEnabled(int tab, bool enabled);
+  /// True while a bad value stands on the tab.
+  [[nodiscard]] bool TabBad(int tab) const { return TabAt(tab).bad; }
+  void SetTabBad(int tab, bool bad);
   /// The tab in front.
   [[nodiscard]] int Current() const { return current_; }
   void SetCurrent(int tab);
@@ -345,6 +357,7 @@ class TabControl : public Control {
   struct Tab {
     String caption;
     bool enabled = true;
+    bool bad = false;
   };
   [[nodiscard]] const Tab& TabAt(int tab) const { return tabs_.at(static_cast<std::size_t>(tab)); }
   std::vector<Tab> tabs_;

@@ -289,6 +289,34 @@ int Page::TabOf(const Control& control) const {
   return -1;
 }
 
+Control* Page::FirstShown(const std::function<bool(const Control&)>& wanted) const {
+  const auto found = std::find_if(placed_.begin(), placed_.end(), [&](const Control* control) {
+    return control->Refused() != Refusal::Hidden && wanted(*control);
+  });
+  return found == placed_.end() ? nullptr : *found;
+}
+
+void Page::GoTo(Control& control) {
+  if (const int tab = TabOf(control); tab >= 0 && Tabs.TabEnabled(tab)) {
+    Tabs.SetCurrent(tab);
+  }
+  control.SetFocus();
+}
+
+void Page::FollowBad(const Control& control, int tab) {
+  const bool bad = control.IsBad() && control.Visible();
+  if (bad == bad_.contains(&control)) {
+    return;
+  }
+  if (bad) {
+    bad_.insert(&control);
+  } else {
+    bad_.erase(&control);
+  }
+  Tabs.SetTabBad(tab, std::any_of(bad_.begin(), bad_.end(),
+                                  [&](const Control* one) { return tabs_of_.at(one) == tab; }));
+}
+
 std::string_view Page::WhyRefused(const Control& control) const {
   if (!Showing()) {
     return "page not showing";
@@ -363,7 +391,10 @@ void Page::PlaceControl(std::string_view name, const DesignGroup& group, int tab
   if (control == nullptr) {
     throw RuntimeFailure(u"画面の設計表に無い部品があります: " + String(name.begin(), name.end()));
   }
-  tabs_of_[control] = tab;
+  if (tabs_of_.emplace(control, tab).second) {
+    placed_.push_back(control);
+    control->Observe([this, control, tab] { FollowBad(*control, tab); });
+  }
   if (!group.frame.empty() && name != group.frame) {
     control->PutInto(FindControl(group.frame));
   }

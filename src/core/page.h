@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -98,6 +99,10 @@ class Page {
   [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
   [[nodiscard]] int TabOf(const Control& control) const;
+  /// The first control that is shown and `wanted`, in the order of tabs, boxes and lines; nullptr for none.
+  [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const;
+  /// Brings the control's tab to the front, if it is enabled, and puts the keyboard's focus on the control.
+  void GoTo(Control& control);
   /// Why the user can't act on the control: its own state, or "tab disabled"; empty when he can.
   [[nodiscard]] std::string_view WhyRefused(const Control& control) const;
   /// The control of this full name ("Text(3)"), nullptr when the page has none.
@@ -186,6 +191,8 @@ class Page {
   void SetLocked(bool locked);
   void PlaceGroup(const DesignGroup& group, int tab);
   void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
+  /// Marks the tab of a control that became bad or good.
+  void FollowBad(const Control& control, int tab);
   void FillModelList();
   void RegisterFrame();
 
@@ -199,6 +206,8 @@ class Page {
   std::map<std::string, Control*, std::less<>> by_name_;  ///< the same, by FullName()
   std::vector<OptionGroup*> option_groups_;
   std::map<const Control*, int> tabs_of_;
+  std::vector<Control*> placed_;  ///< by the design, in its order
+  std::set<const Control*> bad_;  ///< of these, the shown ones with a bad value
 };
 
 }  // namespace korva

@@ -74,6 +74,8 @@ class PagePart {
   virtual void UploadBegins() {}  ///< the parameter set still holds what it held before
   virtual void Upload() {}        ///< the items have been read and are shown
   [[nodiscard]] virtual Finding Check() { return Finding::Good; }
+  /// The control whose values Check judges; nullptr when it isn't one alone.
+  [[nodiscard]] virtual Control* Checked() { return nullptr; }
   /// The items have been written. False, after its box, ends the download.
   virtual bool Download() { return true; }
 };

@@ -59,20 +59,32 @@ void Linearizer::ListenToControls() {
       editor_.Select(row, column);
     }
   };
-  editor_.cmdLnrChangeOK.OnClick = [this] {
-    if (!Refused()) {
-      editor_.Ok();
-    }
-  };
-  editor_.cmdLnrChangeCancel.OnClick = [this] { editor_.Cancel(); };
-  editor_.txtLnrNewValue.OnKey = [this](Key key) {
-    if (key == Key::Enter) {
-      editor_.cmdLnrChangeOK.Click();
-    }
-    return key == Key::Enter;
-  };
+  editor_.cmdLnrChangeOK.OnClick = [this] { Change(0); };
+  editor_.cmdLnrChangeCancel.OnClick = [this] { CancelChange(); };
+  editor_.txtLnrNewValue.OnKey = [this](Key key) { return PressInEditor(key); };
   cmd_csvFileOpen.OnClick = [this] { OpenCsv(); };
   cmd_csvFileSave.OnClick = [this] { SaveCsv(); };
+}
+
+void Linearizer::Change(int rows) {
+  if (!Refused()) {
+    editor_.Ok();
+    editor_.ReturnToTable(rows);
+  }
+}
+
+void Linearizer::CancelChange() {
+  editor_.Cancel();
+  editor_.ReturnToTable(0);
+}
+
+bool Linearizer::PressInEditor(Key key) {
+  if (key == Key::Enter) {
+    Change(1);
+  } else if (key == Key::Escape) {
+    CancelChange();
+  }
+  return key == Key::Enter || key == Key::Escape;
 }
 
 void Linearizer::SetCaptions(Language language) {
@@ -191,6 +203,7 @@ bool Linearizer::CheckLnrTable() {
                         ? CheckLnrRange(table_)
                         : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, LnrProgressBar);
   editor_.TakeMarks();
+  table_.GoToFirstBad();
   return good;
 }
 

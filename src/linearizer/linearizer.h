@@ -35,6 +35,7 @@ class Linearizer final : public PagePart {
   /// doesn't want the 100 points the table is that from before the upload.
   void Upload() override;
   [[nodiscard]] Finding Check() override;
+  [[nodiscard]] Control* Checked() override { return &LnrFlexGrid; }
   bool Download() override;
 
   /// True when the model's linearizer is in use.
@@ -72,6 +73,10 @@ class Linearizer final : public PagePart {
 
  private:
   void ListenToControls();
+  /// Ends an edit with the cell's new text; the keyboard stays in the table, `rows` further down.
+  void Change(int rows);
+  void CancelChange();
+  bool PressInEditor(Key key);
   [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }
   [[nodiscard]] const LnrModel& Model() const { return ModelRow(family_.models, page_.DefFile); }
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;

@@ -54,6 +54,8 @@ void LnrEditor::Ok() {
   page_.DataChanged = true;
 }
 
+void LnrEditor::ReturnToTable(int rows) { table_.GoTo(LnrPrevRow + rows, LnrPrevCol); }
+
 void LnrEditor::Cancel() {
   Close();
   txtLnrNewValue.SetText({});

@@ -24,6 +24,8 @@ class LnrEditor {
   void Select(int row, int column);
   /// cmdLnrChangeOK: the cell takes the text as it stands. Head and point numbers stay as they are.
   void Ok();
+  /// Leaves the keyboard in the table, `rows` below the cell selected last, or in its last row.
+  void ReturnToTable(int rows);
   /// cmdLnrChangeCancel
   void Cancel();
   /// The table was rebuilt: the editor closes, no cell is selected.

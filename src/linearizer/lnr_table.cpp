@@ -112,6 +112,22 @@ void LnrTable::Store(int row, int column, const String& text) {
   }
 }
 
+void LnrTable::GoTo(int row, int column) {
+  grid_.SetCurrentCell(std::min(row, grid_.Rows() - 1), column);
+  grid_.SetFocus();
+}
+
+void LnrTable::GoToFirstBad() {
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    for (int column = 1; column < grid_.Columns(); ++column) {
+      if (grid_.At(row, column).look == Look::Bad) {
+        grid_.SetCurrentCell(row, column);
+        return;
+      }
+    }
+  }
+}
+
 bool LnrTable::IsBlank() const {
   for (int row = 1; row <= points_; ++row) {
     if (!Trimmed(Value(row, 1)).empty() || !Trimmed(Value(row, 2)).empty()) {

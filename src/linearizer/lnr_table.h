@@ -64,6 +64,10 @@ class LnrTable {
   /// Marks a cell as one with an open edit, or takes the mark away; nothing happens to one that isn't shown.
   void SetMarked(int row, int column, bool marked);
   [[nodiscard]] const Grid& Shown() const { return grid_; }
+  /// Puts the keyboard into the grid, on this cell or the last one of its column.
+  void GoTo(int row, int column);
+  /// Puts the frame of the keyboard on the first cell that is marked bad, if one is.
+  void GoToFirstBad();
   void ScrollToTop() { grid_.SetTopRow(1); }
 
  private:

@@ -33,6 +33,7 @@ void Download::Run() {
     page_.EndDownload();
   }
   page_.UnlockFrame();
+  check_.GoToFault();
 }
 
 bool Download::DownloadValues() {

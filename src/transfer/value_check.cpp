@@ -1,12 +1,19 @@
 #include "transfer/value_check.h"
 
 #include <string>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "transfer/known_items.h"
 
 namespace korva {
+
+namespace {
+
+bool IsEmpty(const TextField& field) { return field.Visible() && field.Enabled() && field.Text().empty(); }
+
+}  // namespace
 
 ValueCheck::ValueCheck(ParameterPage& page, const RowForm& form, CheckSteps& steps)
     : page_(page), form_(form), steps_(steps) {
@@ -21,6 +28,19 @@ void ValueCheck::Run() {
   }
   page_.ResetBars();
   page_.UnlockFrame();
+  GoToFault();
+}
+
+void ValueCheck::NoteBad() {
+  fault_ = page_.FirstShown([this](const Control& control) {
+    return control.IsBad() && page_.KeptTabEnabled(page_.TabOf(control));
+  });
+}
+
+void ValueCheck::GoToFault() {
+  if (Control* fault = std::exchange(fault_, nullptr)) {
+    page_.GoTo(*fault);
+  }
 }
 
 bool ValueCheck::CheckAllValues() {
@@ -41,17 +61,20 @@ bool ValueCheck::CheckAllValues() {
 }
 
 Finding ValueCheck::FindFault() {
+  fault_ = nullptr;
   if (!CheckBlankFields()) {
     return Finding::Blank;
   }
   page_.TransferBar.SetValue(5);
   if (!steps_.CheckValues()) {
+    NoteBad();
     return Finding::Bad;
   }
   if (const Finding parts = CheckParts(); parts != Finding::Good) {
     return parts;
   }
   if (!CheckChoices()) {
+    NoteBad();
     return Finding::Bad;
   }
   page_.TransferBar.SetValue(10);
@@ -61,6 +84,7 @@ Finding ValueCheck::FindFault() {
 Finding ValueCheck::CheckParts() {
   for (PagePart* part : page_.Parts()) {
     if (const Finding finding = part->Check(); finding != Finding::Good) {
+      fault_ = part->Checked();
       return finding;
     }
   }
@@ -68,19 +92,21 @@ Finding ValueCheck::CheckParts() {
 }
 
 bool ValueCheck::CheckBlankFields() {
-  const int tag = page_.FindTextIndex(u"02");
-  for (int index = 0; index < page_.Text.Count(); ++index) {
-    const TextField& field = page_.Text[index];
-    if (!field.Visible() || !field.Enabled() || !field.Text().empty()) {
-      continue;
-    }
-    if (index == tag) {
-      page_.SetItem(kTagItem, String(kEmptyTag));
-    } else if (!field.Locked() && !IsLiveField(index)) {
-      return false;
-    }
+  if (const int tag = page_.FindTextIndex(u"02"); tag >= 0 && IsEmpty(page_.Text[tag])) {
+    page_.SetItem(kTagItem, String(kEmptyTag));
   }
-  return true;
+  fault_ = page_.FirstShown([this](const Control& control) {
+    return control.Name() == page_.Text[0].Name() && IsBlank(control.Index());
+  });
+  for (int index = 0; index < page_.Text.Count() && fault_ == nullptr; ++index) {
+    fault_ = IsBlank(index) ? &page_.Text[index] : nullptr;
+  }
+  return fault_ == nullptr;
+}
+
+bool ValueCheck::IsBlank(int index) const {
+  const TextField& field = page_.Text[index];
+  return IsEmpty(field) && !field.Locked() && index != page_.FindTextIndex(u"02") && !IsLiveField(index);
 }
 
 bool ValueCheck::IsLiveField(int index) const {

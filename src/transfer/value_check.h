@@ -31,10 +31,16 @@ class ValueCheck {
   /// False after the box that tells what is wrong. Bad fields are marked; a field that was corrected loses
   /// its mark.
   bool CheckAllValues();
+  /// Remembers the first bad control of the page as what GoToFault goes to.
+  void NoteBad();
+  /// Where the last check failed, brings its first blank or bad field to the front, once. For a frame that is
+  /// unlocked again.
+  void GoToFault();
 
  private:
   bool CheckBlankFields();
   [[nodiscard]] bool IsLiveField(int index) const;
+  [[nodiscard]] bool IsBlank(int index) const;
   Finding CheckParts();
   /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
   /// chosen before.
@@ -44,6 +50,7 @@ class ValueCheck {
   ParameterPage& page_;
   const RowForm& form_;
   CheckSteps& steps_;
+  Control* fault_ = nullptr;  ///< the first field that failed the last check
 };
 
 }  // namespace korva

@@ -407,6 +407,32 @@ TEST_F(GridTest, EndsTheProgramForACellOutsideIt) {
   EXPECT_THROW((void)grid_.At(-1, 0), RuntimeFailure);
 }
 
+TEST_F(GridTest, IsBadWhileACellIsMarkedBad) {
+  EXPECT_FALSE(grid_.IsBad());
+  grid_.SetLook(1, 1, Look::Bad);
+  grid_.SetLook(2, 1, Look::Bad);
+  grid_.SetLook(1, 1, Look::Selected);
+  EXPECT_TRUE(grid_.IsBad());
+  grid_.Resize(2, 2);
+  EXPECT_FALSE(grid_.IsBad());
+  grid_.SetLook(1, 1, Look::Bad);
+  EXPECT_TRUE(grid_.IsBad());
+  grid_.SetLook(1, 1, Look::Normal);
+  EXPECT_FALSE(grid_.IsBad());
+}
+
+TEST_F(GridTest, TheFrameOfTheKeyboardGoesToANewlySelectedValueCell) {
+  grid_.SetLook(0, 1, Look::Selected);
+  EXPECT_EQ(grid_.CurrentCell(), std::pair(0, 0));
+  grid_.SetLook(2, 1, Look::Selected);
+  EXPECT_EQ(grid_.CurrentCell(), std::pair(2, 1));
+  grid_.SetCurrentCell(1, 0);
+  EXPECT_EQ(grid_.CurrentCell(), std::pair(1, 0));
+  grid_.SetCurrentCell(2, 0);
+  grid_.Resize(2, 2);
+  EXPECT_EQ(grid_.CurrentCell(), std::pair(0, 0));
+}
+
 TEST(TabControl, HasACaptionAndAStateForEachTab) {
   TabControl tabs("KvCfg_Tab", 7);
   ChangeCounter changes(tabs);
@@ -423,6 +449,10 @@ TEST(TabControl, HasACaptionAndAStateForEachTab) {
   EXPECT_FALSE(tabs.TabEnabled(3));
   EXPECT_TRUE(tabs.TabEnabled(2));
   EXPECT_EQ(tabs.Current(), 2);
+  tabs.SetTabBad(3, true);
+  EXPECT_TRUE(tabs.TabBad(3));
+  EXPECT_FALSE(tabs.TabBad(2));
+  EXPECT_EQ(changes.Take(), 1);
 }
 
 TEST(ProgressBar, TellsItsObserversOfANewValue) {

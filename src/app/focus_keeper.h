@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace korva {
+
+/// Gives the keyboard's focus back to the widget that lost it by being disabled, as soon as it is enabled
+/// again: an operation on the device disables nearly all of the page, and the focus wanders off.
+///
+/// What takes the focus on purpose meanwhile, by the program or the mouse, keeps it.
+class FocusKeeper : public QObject {
+ public:
+  /// Keeps the focus of the widgets that stand on `page` now. Belongs to it.
+  explicit FocusKeeper(QWidget& page);
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void FocusLeft(QWidget& widget);
+  void FocusCame(Qt::FocusReason reason);
+  void Enabled(const QWidget& widget);
+
+  QPointer<QWidget> lost_;  ///< had the focus when it was disabled
+  bool wandering_ = false;  ///< the focus is on its way from a disabled widget to the next one
+};
+
+}  // namespace korva
