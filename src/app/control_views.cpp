@@ -77,9 +77,14 @@ class ChoiceBox : public QComboBox {
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
-void ShowLook(QWidget* widget, Look look) {
-  widget->setPalette(PaletteOf(look, QApplication::palette(widget)));
+void ShowLook(QWidget* widget, Look look, bool dimmed = false) {
+  QPalette palette = PaletteOf(look, QApplication::palette(widget));
+  if (dimmed) {
+    palette.setBrush(QPalette::Text, QApplication::palette(widget).brush(QPalette::Disabled, QPalette::Text));
+  }
+  widget->setPalette(palette);
   widget->setProperty("look", static_cast<int>(look));
+  widget->setProperty("dimmed", dimmed);
 }
 
 /// A list that can't be chosen from is shown disabled; a locked field can still be read and copied from.
@@ -205,8 +210,9 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
     widget->setReadOnly(field.Locked());
     widget->setInputMethodHints(field.Numeric() ? Qt::ImhPreferNumbers | Qt::ImhPreferLatin : Qt::ImhNone);
     widget->ShowMark(field.Marked());
-    if (widget->property("look").toInt() != static_cast<int>(field.ShownLook())) {
-      ShowLook(widget, field.ShownLook());
+    if (widget->property("look").toInt() != static_cast<int>(field.ShownLook()) ||
+        widget->property("dimmed").toBool() != field.Dimmed()) {
+      ShowLook(widget, field.ShownLook(), field.Dimmed());
     }
   });
   QObject::connect(widget, &QLineEdit::textEdited, widget, [this, &field, widget](const QString& edited) {

@@ -23,6 +23,8 @@ namespace {
 
 constexpr int kModelList = 18;  ///< width in digits of the font
 
+constexpr QRgb kAlarmColour = 0xFFB71C1C;  ///< a red that white text can be read on
+
 struct Shortcut {
   std::string_view control;
   const char* keys;
@@ -42,7 +44,9 @@ PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
   // In the order in which Tab walks through them.
   QWidget* model_list = MakeModelList();
   auto* right = new QVBoxLayout;
+  right->addWidget(MakeBanner());
   right->addWidget(MakeNotice());
+  right->addWidget(MakeHeldClose());
   right->addWidget(MakeTabs(), 1);
   right->addWidget(MakeButtons());
   auto* middle = new QHBoxLayout;
@@ -64,6 +68,31 @@ QWidget* PageView::MakeModelList() {
   layout->addWidget(caption);
   layout->addWidget(list, 1);
   return area;
+}
+
+QWidget* PageView::MakeBanner() {
+  auto* banner = static_cast<QLabel*>(views_.Make(page_.lblForced, this));
+  QPalette palette = banner->palette();
+  palette.setColor(QPalette::Window, kAlarmColour);
+  palette.setColor(QPalette::WindowText, Qt::white);
+  banner->setPalette(palette);
+  banner->setAutoFillBackground(true);
+  banner->setAlignment(Qt::AlignCenter);
+  banner->setMargin(Digits(banner, 1));
+  QFont font = banner->font();
+  font.setBold(true);
+  banner->setFont(font);
+  return banner;
+}
+
+QWidget* PageView::MakeHeldClose() {
+  auto* text = static_cast<QLabel*>(views_.Make(page_.lblHeldClose, this));
+  text->setWordWrap(true);
+  text->setMargin(Digits(text, 1));
+  text->setAutoFillBackground(true);
+  text->setBackgroundRole(QPalette::ToolTipBase);
+  text->setForegroundRole(QPalette::ToolTipText);
+  return text;
 }
 
 QWidget* PageView::MakeNotice() {

@@ -29,7 +29,9 @@ class PageView : public QWidget {
   QWidget* MakeButtons();
   void AddShortcut(const Button& button, QPushButton& widget);
   QWidget* MakeStatus();
+  QWidget* MakeBanner();
   QWidget* MakeNotice();
+  QWidget* MakeHeldClose();
   void FollowTabs();
   void ShowBadTab(int tab, bool bad);
 

@@ -145,6 +145,9 @@ class TextField : public Control {
   [[nodiscard]] Look ShownLook() const override { return look_; }
   [[nodiscard]] String ShownText() const override { return text_; }
   [[nodiscard]] Refusal Refused() const override;
+  /// True for a value that is not read at present, though fields beside it are live.
+  [[nodiscard]] bool Dimmed() const { return dimmed_; }
+  void SetDimmed(bool dimmed) { Assign(dimmed_, dimmed); }
 
   /// True for a field of several lines (the memo); a line break is CR LF.
   [[nodiscard]] bool Multiline() const { return multiline_; }
@@ -167,6 +170,7 @@ class TextField : public Control {
  private:
   String text_;
   bool locked_ = false;
+  bool dimmed_ = false;
   bool multiline_ = false;
   bool numeric_ = false;
   bool marked_ = false;

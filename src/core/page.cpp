@@ -23,6 +23,8 @@ Page::Page(Program& program, const PageKind& kind)
   OptCom.RaisesWhenOn = true;
   lbl_Waitfor.SetVisible(false);
   lblWaiting.SetVisible(false);
+  lblForced.SetVisible(false);
+  lblHeldClose.SetVisible(false);
   flaMsg_CannotEnd.SetVisible(false);
   lblMsg_CannotEnd.PutInto(&flaMsg_CannotEnd);
 
@@ -43,7 +45,7 @@ void Page::RegisterFrame() {
        &cmdNew,         &cmdCheck,       &cmdExit,        &txtAuthor,        &txtMemo,          &txtDirName,
        &txtFileTitle,   &lblAuthor,      &lblMemo,        &lblDirName,       &lblFileTitle,     &Tabs,
        &TransferBar,    &lbl_Waitfor,    &lbl_FrmVersion, &flaMsg_CannotEnd, &lblMsg_CannotEnd, &lblWaiting,
-       &Notes});
+       &lblForced,      &lblHeldClose,   &Notes});
   Register(OptCom);
 }
 
@@ -82,6 +84,7 @@ void Page::FillModelList() {
 }
 
 void Page::OnActivate() {
+  ShowForced();
   lst_TypeSelect.SetTopIndex(Shared().ListTopIndex);
   lst_TypeSelect.SetListIndex(Shared().SelectedModelIndex);
   ReopenPort();
@@ -158,6 +161,8 @@ void Page::BeginOperation() {
   Shared().DownloadBusy = false;
   // A close request that a download held off is not to cut a later operation short.
   Shared().QuitRequested = false;
+  lblHeldClose.SetVisible(false);
+  HoldClose(TextKey::CloseAtPause);
   ResetBars();
   RestorePort();
 }
@@ -165,11 +170,31 @@ void Page::BeginOperation() {
 void Page::BeginDownload() {
   BeginOperation();
   Shared().DownloadBusy = true;
+  HoldClose(TextKey::CloseAtEnd);
+}
+
+void Page::HoldClose(TextKey what_will_happen) { lblHeldClose.SetCaption(CaptionText(what_will_happen)); }
+
+void Page::TellForced(const String& value) {
+  if (Shared().ForcedOutput != value) {
+    Shared().ForcedOutput = value;
+    ShowForced();
+  }
+}
+
+void Page::ShowForced() {
+  const String& value = Shared().ForcedOutput;
+  lblForced.SetCaption(CaptionText(TextKey::OutputForced) + u"  " + value);
+  lblForced.SetVisible(!value.empty());
+  for (PagePart* part : parts_) {
+    part->OutputForced(!value.empty());
+  }
 }
 
 void Page::EndOperation() {
   Shared().CommBusy = false;
   Shared().DownloadBusy = false;
+  lblHeldClose.SetVisible(false);
   ResetBars();
 }
 
@@ -226,6 +251,7 @@ bool Page::OnUnload() {
   SharedState& shared = Shared();
   if (shared.CommBusy) {
     shared.QuitRequested = true;
+    lblHeldClose.SetVisible(true);
     if (shared.DownloadBusy) {
       flaMsg_CannotEnd.SetCaption({});
       lblMsg_CannotEnd.SetCaption(CannotEndText());

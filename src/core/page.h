@@ -71,6 +71,10 @@ class Page {
   void EndOperation();
   void EndDownload();       ///< returns the device to monitor mode first, unless CommFailed
   void CheckPendingQuit();  ///< EndDownload, then ends the program if the user wanted to close it meanwhile
+  /// What a close request waits for from now on, a text of the keys Close...; each Begin... sets its own.
+  void HoldClose(TextKey what_will_happen);
+  /// Tells over the page, on every page, at what the device holds its output; empty: it was let go.
+  void TellForced(const String& value);
   void LockFrame();
   void UnlockFrame();
   void ResetBars();  ///< all progress bars to 0
@@ -168,6 +172,8 @@ class Page {
   Label lblWaiting{"lblWaiting"};  ///< what an operation is waiting for; hidden while it waits for nothing
   Notices Notes{"lblNotices"};
   Label lbl_FrmVersion{"lbl_FrmVersion"};
+  Label lblForced{"lblForced"};        ///< the banner of a forced output; hidden while none is
+  Label lblHeldClose{"lblHeldClose"};  ///< that a close request is held, and what will happen
   Frame flaMsg_CannotEnd{"flaMsg_CannotEnd"};
   Label lblMsg_CannotEnd{"lblMsg_CannotEnd"};
 
@@ -189,6 +195,7 @@ class Page {
 
  private:
   void SetLocked(bool locked);
+  void ShowForced();
   void PlaceGroup(const DesignGroup& group, int tab);
   void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
   /// Marks the tab of a control that became bad or good.

@@ -42,6 +42,8 @@ class PagePart {
   virtual void SetLocked(bool /*locked*/) {}
   virtual void ResetBars() {}  ///< puts the part's progress bars to 0
   virtual void TabEntered(int /*tab*/) {}
+  /// The device holds its output at a value of the user's, or does so no longer.
+  virtual void OutputForced(bool /*forced*/) {}
 
   // The model and its parameter set, row by row of the definition.
   virtual void PageCleared() {}     ///< the fields were emptied for another model or a new set

@@ -15,6 +15,7 @@ struct SharedState {
   bool CommBusy = false;                  ///< a long operation on the device is under way
   bool DownloadBusy = false;              ///< the operation must not be cut off by ending the program
   bool QuitRequested = false;             ///< the user tried to close the program while CommBusy was set
+  String ForcedOutput;                    ///< what a device holds its output at; empty while none is forced
   String LastItemReply;                   ///< the device's last reply to an item exchange
   String LineField;                       ///< last field taken by LineReader::NextField
   String LineBuffer;                      ///< last line read by LineReader::ReadLine

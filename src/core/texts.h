@@ -48,6 +48,10 @@ enum class TextKey {
   Modify,
   Cancel,
   ChangeOfValue,
+  OutputForced,  ///< heads the value in the banner of a forced output
+  CloseAtPause,  ///< a close request ends the program at the next pause of the line
+  CloseAtEnd,    ///< … when the operation has ended well
+  CloseAtOff,    ///< … when the user lets the output go
   // Notices of the status area.
   TableUnsaved,  ///< a table was read from a file
   EditNotTaken,  ///< before the open cell

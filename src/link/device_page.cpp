@@ -28,7 +28,13 @@ bool DevicePage::LinkTest() {
   return !CommFailed;
 }
 
-bool DevicePage::EnterMonitorMode() { return EnterMode(u"0", BoxKey::NotMonitorMode); }
+bool DevicePage::EnterMonitorMode() {
+  if (!EnterMode(u"0", BoxKey::NotMonitorMode)) {
+    return false;
+  }
+  TellForced({});  // in this mode the device's output is its own
+  return true;
+}
 
 bool DevicePage::EnterProgrammingMode() { return EnterMode(u"1", BoxKey::NotProgrammingMode); }
 

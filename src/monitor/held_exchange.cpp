@@ -8,6 +8,7 @@ void BeginHeldExchange(Page& page) {
   page.BeginOperation();
   page.LockFrame();
   page.Shared().DownloadBusy = true;
+  page.HoldClose(TextKey::CloseAtEnd);
 }
 
 void EndHeldExchange(Page& page, bool released) {

@@ -39,6 +39,19 @@ void OutputSetting::PageBuilt() {
   for (Control* control : std::initializer_list<Control*>{&IO_lblSet, &cmdSet, &cmdStatusMonOFF}) {
     control->SetVisible(has_box);
   }
+  OutputForced(!page_.Shared().ForcedOutput.empty());
+}
+
+void OutputSetting::OutputForced(bool /*forced*/) {
+  for (TextField* box : MonitorBoxes()) {
+    box->SetDimmed(false);  // it shows what the output is forced to
+  }
+}
+
+void OutputSetting::TellForced(const String& value) {
+  const Label* unit = page_.UnitLabelOf(page_.FindDataRow(family_.monitor_key));
+  const bool has_unit = unit == nullptr || value.ends_with(unit->Caption());
+  page_.TellForced(has_unit ? value : value + u" " + unit->Caption());
 }
 
 void OutputSetting::Set() {
@@ -87,6 +100,7 @@ void OutputSetting::Force(TextField& set_box) {
     for (TextField* box : shown) {
       box->SetText(taken);
     }
+    TellForced(taken.empty() ? value : taken);
   }
   blinking.reset();
   for (TextField* box : shown) {
@@ -96,6 +110,7 @@ void OutputSetting::Force(TextField& set_box) {
   if (forced) {
     KeepInReach(page_, cmdStatusMonOFF);
     cmdStatusMonOFF.SetFocus();
+    page_.HoldClose(TextKey::CloseAtOff);
     return;
   }
   set_box.SetEnabled(true);
@@ -128,6 +143,7 @@ void OutputSetting::Off() {
     page_.BeginOperation();
     page_.LockFrame();
   }
+  page_.HoldClose(TextKey::CloseAtEnd);
   page_.Shared().DownloadBusy = true;  // no wait of the exchange may end the program
   EndHeldExchange(page_, page_.EnterMonitorMode());
   TextField* set_box = page_.FindField(family_.set_key);

@@ -25,6 +25,7 @@ class OutputSetting final : public PagePart {
 
   void SetCaptions(Language language) override;
   void SetLocked(bool locked) override;
+  void OutputForced(bool forced) override;
   void PageBuilt() override;  ///< shows the controls to models that have a box for the value
 
   /// cmdSet. Does nothing on a model without a box for the value, and while an operation runs.
@@ -45,6 +46,7 @@ class OutputSetting final : public PagePart {
   /// What shows the value that the device took.
   [[nodiscard]] std::vector<TextField*> MonitorBoxes() const;
   [[nodiscard]] String PrefixOf(StringView key) const;
+  void TellForced(const String& value);
 
   ParameterPage& page_;
   const OutputFamily& family_;

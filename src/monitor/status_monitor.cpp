@@ -49,6 +49,18 @@ void StatusMonitor::PageBuilt() {
        std::initializer_list<Control*>{&fraMonitoring, &IO_lblShow, &cmdMonitorON, &cmdMonitorOFF}) {
     control->SetVisible(has_monitor);
   }
+  OutputForced(!page_.Shared().ForcedOutput.empty());
+}
+
+void StatusMonitor::OutputForced(bool forced) {
+  for (int index = 0; index < page_.Text.Count(); ++index) {
+    page_.Text[index].SetDimmed(false);
+  }
+  for (const CycleItem& item : family_.cycle) {
+    if (TextField* box = LiveRow(item.key) < 0 ? nullptr : page_.FindField(item.key)) {
+      box->SetDimmed(forced);
+    }
+  }
 }
 
 void StatusMonitor::Start() {

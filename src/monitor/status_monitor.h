@@ -19,6 +19,8 @@ class StatusMonitor final : public PagePart {
 
   void SetCaptions(Language language) override;
   void SetLocked(bool locked) override;
+  /// While the output is forced no value is read: what stands in the boxes is dimmed.
+  void OutputForced(bool forced) override;
   void PageBuilt() override;  ///< shows the controls to models that have a monitor
 
   /// cmdMonitorON. Does nothing on a model without monitor items, or while an operation runs. Returns, after

@@ -45,7 +45,8 @@ TEST_P(SmallScreenTest, HasEveryButtonInView) {
   page.Notes.Tell(Notice::Port, String(160, u'あ'));
   page.lblWaiting.SetCaption(String(20, u'あ'));
   for (Control* shown :
-       std::initializer_list<Control*>{&page.lbl_Waitfor, &page.lblWaiting, &page.flaMsg_CannotEnd}) {
+       std::initializer_list<Control*>{&page.lbl_Waitfor, &page.lblWaiting, &page.flaMsg_CannotEnd,
+                                       &page.lblForced, &page.lblHeldClose}) {
     shown->SetVisible(true);
   }
   bench.window.resize(screen.room);

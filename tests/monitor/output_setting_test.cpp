@@ -377,5 +377,102 @@ TEST(OutputSettingTest, OffWithoutAForcedOutputSendsMonitorModeAndKeepsTheTabsAs
   EXPECT_FALSE(bench.page->Tabs.TabEnabled(1));
 }
 
+// What the user sees of it.
+
+String Banner(const Page& page) { return page.lblForced.Visible() ? page.lblForced.Caption() : String(); }
+String Held(const Page& page) { return page.lblHeldClose.Visible() ? page.lblHeldClose.Caption() : String(); }
+
+TEST_P(EveryOutputTest, ABannerTellsTheValueAsLongAsTheOutputIsForced) {
+  OutputBench bench(GetParam());
+  EXPECT_EQ(Banner(*bench.page), u"");
+  bench.Set(FromUtf8(GetParam().typed));
+  const std::string unit = bench.Unit(FromUtf8(GetParam().item + "_mon"));
+  EXPECT_EQ(ToUtf8(Banner(*bench.page)),
+            "出力を強制中  " + GetParam().shown + (GetParam().shown.ends_with(unit) ? "" : " " + unit));
+  bench.Off();
+  EXPECT_EQ(Banner(*bench.page), u"");
+}
+
+TEST(OutputBanner, TellsTheSentValueOfADeviceThatEchoesNothing) {
+  OutputBench bench;
+  bench.line.silent_from = 4;
+  bench.Set(u"50.5");
+  EXPECT_EQ(Banner(*bench.page), u"出力を強制中  50.5 %");
+}
+
+TEST(OutputBanner, DoesNotComeWhenTheDeviceTakesNoProgrammingMode) {
+  OutputBench bench;
+  bench.line.silent_from = 1;
+  bench.Set(u"50.5");
+  EXPECT_EQ(bench.Boxes(), std::vector{kProgrammingFailure});
+  EXPECT_EQ(Banner(*bench.page), u"");
+}
+
+TEST(OutputBanner, StaysWhileTheDeviceTakesNoMonitorModeSinceItsOutputMayStillBeForced) {
+  OutputBench bench;
+  bench.Set(u"50.5");
+  bench.line.silent_from = bench.line.Commands().size() + 1;
+  bench.Off();
+  EXPECT_EQ(bench.Boxes(), std::vector{kMonitorFailure});
+  EXPECT_EQ(Banner(*bench.page), u"出力を強制中  50.5 %");
+  bench.line.silent_from = static_cast<std::size_t>(-1);
+  bench.Off();
+  EXPECT_EQ(Banner(*bench.page), u"");
+}
+
+TEST(OutputBanner, TheLiveValuesThatAreNotReadMeanwhileAreDimmed) {
+  OutputBench bench;
+  bench.Set(u"50.5");
+  EXPECT_TRUE(bench.Box(u"05").Dimmed());
+  EXPECT_FALSE(bench.set_box.Dimmed());
+  EXPECT_FALSE(bench.mon_box.Dimmed());
+  bench.Off();
+  EXPECT_FALSE(bench.Box(u"05").Dimmed());
+}
+
+TEST(HeldClose, IsToldWhileTheOutputIsForcedWithWhatWillHappen) {
+  OutputBench bench;
+  bench.Set(u"50.5");
+  bench.program.PressClose();
+  EXPECT_FALSE(bench.ended);
+  EXPECT_EQ(Held(*bench.page), u"終了は保留中です。OFFで出力の強制を終えるとﾌﾟﾛｸﾞﾗﾑを終了します。");
+  bench.Off();
+  EXPECT_TRUE(bench.ended);
+}
+
+TEST(HeldClose, IsNotToldAnyMoreWhenTheWindowStays) {
+  OutputBench bench;
+  bench.Set(u"50.5");
+  bench.program.PressClose();
+  bench.line.silent_from = bench.line.Commands().size() + 1;
+  bench.Off();
+  EXPECT_FALSE(bench.ended);
+  EXPECT_EQ(Held(*bench.page), u"");
+}
+
+TEST(HeldClose, IsToldInTheMonitorToo) {
+  OutputBench bench;
+  String told;
+  bench.host.loop.After(200ms, [&] {
+    bench.program.PressClose();
+    told = Held(*bench.page);
+  });
+  bench.Start();
+  EXPECT_TRUE(bench.ended);
+  EXPECT_EQ(told, u"終了は保留中です。通信の次の区切りでﾌﾟﾛｸﾞﾗﾑを終了します。");
+}
+
+TEST(HeldClose, OfAnExchangeTellsThatItEndsWithIt) {
+  OutputBench bench;
+  String told;
+  bench.host.loop.After(5ms, [&] {
+    bench.program.PressClose();
+    told = Held(*bench.page);
+  });
+  bench.Off();
+  EXPECT_TRUE(bench.ended);
+  EXPECT_EQ(told, u"終了は保留中です。この処理が正常に終わるとﾌﾟﾛｸﾞﾗﾑを終了します。");
+}
+
 }  // namespace
 }  // namespace korva

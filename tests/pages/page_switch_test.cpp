@@ -201,8 +201,10 @@ TEST_P(CaptionTest, EveryCaptionOfThePageIsInTheTextTableInBothLanguages) {
       const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
       const bool option = dynamic_cast<const OptionButton*>(control) != nullptr &&
                           control->Name().starts_with("Opt_") && !known(control->ShownText());
-      const bool told = control == &bench.Page().Notes ||
-                        control == &bench.Page().lblWaiting;  // what happens makes their texts
+      // What happens makes the texts of these.
+      const Page& page = bench.Page();
+      const bool told = control == &page.Notes || control == &page.lblWaiting || control == &page.lblForced ||
+                        control == &page.lblHeldClose;
       if (captioned == nullptr || FromDefinition(*control) || option || told ||
           control->Name().ends_with("Msg_CannotEnd")) {
         continue;
