@@ -106,6 +106,10 @@ void TakeFocus(QWidget& widget) {
   }
 }
 
+// Widths of a progress bar in digits of the font.
+constexpr int kBar = 26;
+constexpr int kShortestBar = 14;
+
 QString ShownBreaks(const String& text) { return ToQt(text).remove(QLatin1Char('\r')); }
 
 }  // namespace
@@ -210,6 +214,7 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
     widget->setReadOnly(field.Locked());
     widget->setInputMethodHints(field.Numeric() ? Qt::ImhPreferNumbers | Qt::ImhPreferLatin : Qt::ImhNone);
     widget->ShowMark(field.Marked());
+    widget->setAlignment((field.Numeric() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (widget->property("look").toInt() != static_cast<int>(field.ShownLook()) ||
         widget->property("dimmed").toBool() != field.Dimmed()) {
       ShowLook(widget, field.ShownLook(), field.Dimmed());
@@ -295,7 +300,18 @@ QWidget* ControlViews::MakeGrid(Grid& grid, QWidget* parent) {
 QWidget* ControlViews::MakeBar(ProgressBar& bar, QWidget* parent) {
   auto* widget = new QProgressBar(parent);
   widget->setRange(0, 100);
-  Follow(bar, widget, [&bar, widget] { widget->setValue(static_cast<int>(std::lround(bar.Value()))); });
+  widget->setMinimumWidth(Digits(widget, kShortestBar));
+  widget->setMaximumWidth(Digits(widget, kBar));
+  Follow(bar, widget, [&bar, widget] {
+    const bool at_rest = bar.Value() <= 0;
+    widget->setFormat(ToQt(bar.Caption()) + (at_rest ? QString() : QStringLiteral("  %p%")));
+    widget->setValue(static_cast<int>(std::lround(bar.Value())));
+    if (widget->property("at rest") != at_rest) {
+      widget->setProperty("at rest", at_rest);
+      widget->setPalette(at_rest ? PaletteAtRest(QApplication::palette(widget))
+                                 : QApplication::palette(widget));
+    }
+  });
   return widget;
 }
 

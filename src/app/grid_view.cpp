@@ -100,9 +100,11 @@ void GridView::ShowCell(int row, int column) {
   const bool head = column == 0;
   const QPalette colours =
       PaletteOf(head && cell.look == Look::Normal ? Look::Grey : cell.look, QApplication::palette(this));
+  // What has no colours of its own looks disabled when the table is.
+  const bool plain = cell.look == Look::Normal;
   cell_item->setText(ToQt(cell.text));
-  cell_item->setBackground(colours.base());
-  cell_item->setForeground(colours.text());
+  cell_item->setBackground(plain && !head ? QBrush() : colours.base());
+  cell_item->setForeground(plain ? QBrush() : colours.text());
   cell_item->setData(kMarkRole, cell.marked);
   cell_item->setTextAlignment(head ? Qt::AlignCenter : Qt::AlignRight | Qt::AlignVCenter);
 }

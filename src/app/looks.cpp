@@ -19,6 +19,10 @@ QPalette PaletteOf(Look look, const QPalette& system) {
       break;
     case Look::Grey:
       pair(system.window(), system.windowText());
+      // Disabled, it looks like anything that is.
+      for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        palette.setBrush(QPalette::Disabled, role, system.brush(QPalette::Disabled, role));
+      }
       break;
     case Look::Bad:
     case Look::Selected:
@@ -44,6 +48,15 @@ void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
   painter.setPen(faint);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawPolyline(wave);
+}
+
+QPalette PaletteAtRest(const QPalette& system) {
+  QPalette palette = system;
+  palette.setBrush(QPalette::Base, system.window());
+  for (const auto role : {QPalette::Text, QPalette::WindowText}) {
+    palette.setBrush(role, system.brush(QPalette::Disabled, role));
+  }
+  return palette;
 }
 
 int Digits(const QWidget* widget, int count) {

@@ -2,6 +2,10 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QMessageBox>
+#include <iostream>
 
 #include "app/text.h"
 #include "app/window_host.h"
@@ -9,30 +13,74 @@
 #include "platform/qt/end_signals.h"
 #include "platform/qt/program_folder.h"
 
+namespace {
+
+struct CommandLine {
+  CommandLine() {
+    parser.setApplicationDescription(
+        QStringLiteral("Configures industrial signal conditioners and transmitters over a serial port."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption(home);
+    parser.addPositionalArgument(QStringLiteral("FILE.cfg"), QStringLiteral("Configuration file to open."),
+                                 QStringLiteral("[FILE.cfg]"));
+  }
+  QCommandLineOption home{QStringLiteral("home"),
+                          QStringLiteral("The program's folder, in which system, data and ports lie "
+                                         "(default: the folder of the executable)."),
+                          QStringLiteral("DIR")};
+  QCommandLineParser parser;
+};
+
+/// Answers --version and --help, for which no display is needed, and ends the process then.
+void AnswerWithoutWindow(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  CommandLine arguments;
+  arguments.parser.parse(QCoreApplication::arguments());  // what is wrong with it is told later
+  if (arguments.parser.isSet(QStringLiteral("version"))) {
+    arguments.parser.showVersion();
+  }
+  if (arguments.parser.isSet(QStringLiteral("help"))) {
+    arguments.parser.showHelp();
+  }
+}
+
+void TellMissingFont(QWidget* parent) {
+  const QString text = korva::MissingFontText(QFontDatabase::families(QFontDatabase::Japanese));
+  if (!text.isEmpty()) {
+    std::cerr << "korva: " << text.toStdString() << '\n';
+    QMessageBox::warning(parent, QStringLiteral("KORVA"), text);
+  }
+}
+
+}  // namespace
+
 // An exception here means a broken installation of Qt; ending the process is all that can be done about it.
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   korva::PrepareProcess();
+  QCoreApplication::setApplicationName(QStringLiteral("KORVA"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(KORVA_VERSION));
+  AnswerWithoutWindow(argc, argv);
+
   korva::QtEventLoop::ChooseDispatcher();
   const QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("KORVA"));
-  QCommandLineParser arguments;
-  arguments.setApplicationDescription(
-      QStringLiteral("Configures industrial signal conditioners and transmitters over a serial port."));
-  arguments.addHelpOption();
-  const QCommandLineOption home(QStringLiteral("home"),
-                                QStringLiteral("The program's folder, in which system, data and ports lie "
-                                               "(default: the folder of the executable)."),
-                                QStringLiteral("DIR"));
-  arguments.addOption(home);
-  arguments.process(application);
-
+  CommandLine arguments;
+  arguments.parser.process(application);
+  if (arguments.parser.positionalArguments().size() > 1) {
+    std::cerr << "korva: only one file can be opened\n";
+    return 2;
+  }
   korva::PrepareLook();
-  const std::filesystem::path folder = arguments.isSet(home)
-                                           ? std::filesystem::path(korva::FromQt(arguments.value(home)))
-                                           : korva::ProgramFolder();
-  korva::WindowHost host(folder);
+  const QString home = arguments.parser.value(arguments.home);
+  korva::WindowHost host(home.isEmpty() ? korva::ProgramFolder()
+                                        : std::filesystem::path(korva::FromQt(home)));
   const korva::EndSignals end_signals([&host] { host.Window().RequestEnd(); });
-  host.Start();
+  if (host.Start()) {
+    TellMissingFont(&host.Window());
+    for (const QString& file : arguments.parser.positionalArguments()) {
+      host.Open(QFileInfo(file).absoluteFilePath());
+    }
+  }
   return host.Run();
 }

@@ -199,7 +199,10 @@ QWidget* PageView::MakeStatus() {
     }
     ++column;
   }
-  layout->setColumnStretch(3, 1);
+  // The bars keep their width as long as there is room.
+  layout->setColumnStretch(0, 1);
+  layout->setColumnStretch(1, 1);
+  layout->setColumnStretch(3, 100);
   int line = 1;
   for (const char* name : {"lbl_LnrUnsaved", "lblNotices"}) {
     if (auto* text = qobject_cast<QLabel*>(make(name))) {

@@ -96,6 +96,9 @@ std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {
   if (!dialog.start_folder.empty()) {
     chooser.setDirectory(ToQt(dialog.start_folder));
   }
+  if (dialog.save && !dialog.name.empty()) {
+    chooser.selectFile(ToQt(dialog.name));
+  }
   const bool chosen = chooser.exec() == QDialog::Accepted;
   gate_.RaiseIfEnded();
   if (!chosen || chooser.selectedFiles().isEmpty()) {

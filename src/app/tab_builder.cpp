@@ -28,6 +28,7 @@ constexpr int kUnitBox = 9;
 constexpr int kShortField = 5;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
+constexpr int kColumns = 6;    ///< of a box: number, caption, field, unit, buttons, rest
 constexpr int kGridLines = 9;  ///< that a grid has at least; it grows with the window
 
 std::vector<std::string_view> Names(std::string_view names) {
@@ -126,7 +127,7 @@ QGroupBox* TabBuilder::MakeGroup(const DesignGroup& group, QWidget* parent) {
   auto* box = new QGroupBox(ToQt(CaptionText(group.heading)), parent);
   auto* layout = new QGridLayout(box);
   layout->setColumnMinimumWidth(3, Digits(parent, kUnitColumn));
-  layout->setColumnStretch(3, 1);
+  layout->setColumnStretch(kColumns - 1, 1);
   std::vector<Control*> controls;
   for (const DesignRow& row : group.rows) {
     AddRow(row, *layout, box, controls);
@@ -150,7 +151,7 @@ void TabBuilder::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
   const int line = layout.rowCount();
   if (!row.curve.empty()) {
     controls.push_back(page_.FindControl(row.curve));
-    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, 4);
+    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, kColumns);
     return;
   }
   AddLabels(row, line, layout, box, controls);
@@ -185,13 +186,18 @@ Frame* TabBuilder::FrameOf(const DesignRow& row) const {
   return dynamic_cast<Frame*>(page_.FindControl(row.field));
 }
 
+std::vector<Control*> TabBuilder::ControlsOf(std::string_view names) const {
+  std::vector<Control*> controls;
+  for (const std::string_view name : Names(names)) {
+    controls.push_back(page_.FindControl(name));
+  }
+  return controls;
+}
+
 void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
                           std::vector<Control*>& controls) {
   Frame* frame = FrameOf(row);
-  std::vector<Control*> fields;
-  for (const std::string_view name : Names(row.field)) {
-    fields.push_back(page_.FindControl(name));
-  }
+  const std::vector<Control*> fields = ControlsOf(row.field);
   controls.insert(controls.end(), fields.begin(), fields.end());
   const bool alone = row.number.empty() && row.label.empty() && frame == nullptr;
   QWidget* field = nullptr;
@@ -207,7 +213,13 @@ void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, Q
   const Qt::Alignment alignment = fills ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
   // What has no unit may use its place, so that the units stand right behind their fields.
   const int first = alone ? 0 : 2;
-  layout.addWidget(field, line, first, 1, (row.unit.empty() ? 4 : 3) - first, alignment);
+  const bool alone_in_line = row.unit.empty() && row.buttons.empty();
+  layout.addWidget(field, line, first, 1, (alone_in_line ? kColumns : 3) - first, alignment);
+  if (!row.buttons.empty()) {
+    const std::vector<Control*> buttons = ControlsOf(row.buttons);
+    controls.insert(controls.end(), buttons.begin(), buttons.end());
+    layout.addWidget(MakeRowOf(buttons, box), line, 4, Qt::AlignLeft | Qt::AlignVCenter);
+  }
 }
 
 QWidget* TabBuilder::MakeRowOf(const std::vector<Control*>& controls, QWidget* parent) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "app/control_views.h"
@@ -26,6 +27,7 @@ class TabBuilder {
                  std::vector<Control*>& controls);
   void AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
                 std::vector<Control*>& controls);
+  [[nodiscard]] std::vector<Control*> ControlsOf(std::string_view names) const;
   /// The frame that a row shows; nullptr when it shows something else.
   [[nodiscard]] Frame* FrameOf(const DesignRow& row) const;
   QWidget* MakeRowOf(const std::vector<Control*>& controls, QWidget* parent);

@@ -1,10 +1,13 @@
 #include "app/window_host.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
+#include <QLibraryInfo>
 #include <QScreen>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTranslator>
 
 #include "app/text.h"
 #include "core/texts.h"
@@ -21,6 +24,17 @@ QSize FrameSize(const QStyle& style) {
   return {2 * border, style.pixelMetric(QStyle::PM_TitleBarHeight) + border};
 }
 
+/// The texts of Qt's own dialogs and menus.
+void LoadTranslation() {
+  auto* translator = new QTranslator(QCoreApplication::instance());
+  const QString name = QStringLiteral("qtbase_ja");
+  const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/translations");
+  if (translator->load(name, beside) ||
+      translator->load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(translator);
+  }
+}
+
 }  // namespace
 
 void PrepareLook() {
@@ -29,6 +43,15 @@ void PrepareLook() {
   QFont font = QApplication::font();
   font.setFamilies({ToQt(String(kFontName)), QStringLiteral("Noto Sans CJK JP"), font.family()});
   QApplication::setFont(font);
+  LoadTranslation();
+}
+
+QString MissingFontText(const QStringList& japanese_families) {
+  return japanese_families.isEmpty()
+             ? QStringLiteral(
+                   "No font with Japanese characters is installed, so the texts of KORVA can't be "
+                   "read. Install one, for instance the package fonts-noto-cjk, and start again.")
+             : QString();
 }
 
 WindowHost::WindowHost(const std::filesystem::path& folder, Dialogs* dialogs)
@@ -55,6 +78,11 @@ bool WindowHost::Start() {
   }
   ShowWindow();
   return true;
+}
+
+void WindowHost::Open(const QString& path) {
+  loop_.Gate().Enter(
+      [&] { application_.program.Showing()->OpenFile(FromQt(QDir::toNativeSeparators(path))); });
 }
 
 void WindowHost::ShowWindow() {

@@ -13,9 +13,14 @@
 
 namespace korva {
 
-/// Chooses the look that suits Japanese text: the fonts and the style. Call once, after the application
-/// object is made.
+/// Chooses the look that suits Japanese text: the fonts, the style and the language of Qt's own texts, out of
+/// the folder translations beside the program or Qt's own one. Call once, after the application object is
+/// made.
 void PrepareLook();
+
+/// Tells that the texts can't be read, where no family of fonts has Japanese characters; empty where one has.
+/// In English, since Japanese could not be read.
+QString MissingFontText(const QStringList& japanese_families);
 
 /// The program with its window, on the Qt host. The application object must exist.
 class WindowHost {
@@ -26,6 +31,8 @@ class WindowHost {
   /// Starts the program and shows its window, which takes the whole screen where that is too small for its
   /// usual size. False when that ended the program.
   bool Start();
+  /// Opens a configuration file, whose path is absolute; a window that shows tells of a failure in a box.
+  void Open(const QString& path);
   /// Runs until the program has ended; the process's exit status.
   int Run() { return loop_.Run(); }
 

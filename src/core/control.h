@@ -153,7 +153,7 @@ class TextField : public Control {
   [[nodiscard]] bool Multiline() const { return multiline_; }
   void SetMultiline(bool multiline) { multiline_ = multiline; }
 
-  /// True for a field that is meant for a number.
+  /// True for a field that is meant for a number, which stands right-aligned.
   [[nodiscard]] bool Numeric() const { return numeric_; }
   void SetNumeric(bool numeric) { Assign(numeric_, numeric); }
   /// True for a text that the user should look at, though it is taken as it stands.
@@ -368,10 +368,10 @@ class TabControl : public Control {
   int current_ = 0;
 };
 
-/// A progress bar from 0 to 100 with a single-precision value.
-class ProgressBar : public Control {
+/// A progress bar from 0 to 100 with a single-precision value; its caption tells of what. At 0 it is at rest.
+class ProgressBar : public CaptionedControl {
  public:
-  using Control::Control;
+  using CaptionedControl::CaptionedControl;
   [[nodiscard]] float Value() const { return value_; }
   void SetValue(float value) { Assign(value_, value); }
 

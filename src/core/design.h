@@ -11,9 +11,9 @@ namespace korva {
 /// Where the controls of a page stand. The window lays a page out from these tables, and a script learns from
 /// them which tab must be enabled before a control can be reached. Controls go by their full names.
 
-/// One line of a box: number label, caption label, field and unit label, side by side. An empty name leaves
-/// its place free. `field` may name several controls, separated by blanks, that share the place (buttons
-/// side by side; a text field and a combo box of which only one is shown).
+/// One line of a box: number label, caption label, field, unit label and buttons, side by side. An empty name
+/// leaves its place free. `field` may name several controls, separated by blanks, that share the place
+/// (buttons side by side; a text field and a combo box of which only one is shown).
 struct DesignRow {
   /// The item whose place this is, as in column 1 of $Data ("14", "03_set"); several, separated by blanks,
   /// where models have different items here; empty in a line of no item.
@@ -22,6 +22,7 @@ struct DesignRow {
   std::string_view label = {};
   std::string_view field = {};
   std::string_view unit = {};
+  std::string_view buttons = {};  ///< what is pressed for the field, behind its unit; several like `field`
   std::string_view curve =
       {};  ///< a grid of points whose picture fills the line, and nothing else stands in it
 };

@@ -271,7 +271,7 @@ void Page::SetCaptions(Language language) {
   for (int tab = 0; tab < Tabs.Count(); ++tab) {
     Tabs.SetTabCaption(tab, CaptionText(kind_.design.tabs[static_cast<std::size_t>(tab)].caption, language));
   }
-  const std::array<std::pair<CaptionedControl*, TextKey>, 13> captions = {{
+  const std::array<std::pair<CaptionedControl*, TextKey>, 14> captions = {{
       {&lbl_TypeSelect, TextKey::Model},
       {&lblAuthor, TextKey::Author},
       {&lblDirName, TextKey::Directory},
@@ -285,6 +285,7 @@ void Page::SetCaptions(Language language) {
       {&cmdNew, TextKey::New},
       {&cmdExit, TextKey::Exit},
       {&lbl_Waitfor, TextKey::Waiting},
+      {&TransferBar, TextKey::TransferBar},
   }};
   for (const auto& [control, key] : captions) {
     control->SetCaption(CaptionText(key, language));
@@ -402,7 +403,7 @@ void Page::PlaceGroup(const DesignGroup& group, int tab) {
     if (!row.curve.empty() && dynamic_cast<Grid*>(FindControl(row.curve)) == nullptr) {
       throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
     }
-    for (std::string_view names : {row.number, row.label, row.field, row.unit}) {
+    for (std::string_view names : {row.number, row.label, row.field, row.unit, row.buttons}) {
       while (!names.empty()) {
         const std::size_t end = std::min(names.find(' '), names.size());
         PlaceControl(names.substr(0, end), group, tab);

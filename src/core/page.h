@@ -127,6 +127,8 @@ class Page {
   virtual bool EnterMonitorMode() = 0;
   virtual void ClearParameterSet() = 0;
   virtual void BuildPage() = 0;
+  /// Opens a configuration file as if the user had chosen it with cmdOpen; `path` is absolute.
+  virtual void OpenFile(const String& /*path*/) {}
   /// Reads the configuration file that was chosen last (CfgFilePath) into this page, which shows.
   virtual void OpenChosenFile() {}
   virtual bool SaveCfgFile() = 0;  ///< through the file dialog; true when a file was written

@@ -100,6 +100,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::ResetSecond, .japanese = u"ﾘｾｯﾄ 2", .english = u"RESET 2"},
     {.key = TextKey::ResetCalibration, .japanese = u"校正 ﾘｾｯﾄ"},
     {.key = TextKey::Transmitting, .japanese = u"転送中", .english = u"Transmitting"},
+    {.key = TextKey::TransferBar, .japanese = u"設定値", .english = u"Settings"},
     {.key = TextKey::Setting, .japanese = u"設定", .english = u"Setting"},
     {.key = TextKey::Monitor, .japanese = u"表示", .english = u"Monitor"},
     {.key = TextKey::CountSet, .japanese = u"設定", .english = u"COUNT SET"},

@@ -83,6 +83,7 @@ enum class TextKey {
   ResetCalibration,
   Transmitting,
   // I/O check.
+  TransferBar,  ///< progress with the values of the set
   Setting,
   Monitor,
   CountSet,      ///< heads the set values of counters

@@ -15,6 +15,8 @@ namespace korva {
 
 namespace {
 
+constexpr int kTagItem = 2;
+
 /// Calls `visit` with each character of the text, a pair of surrogates as one.
 template <typename Visitor>
 void ForEachCharacter(StringView text, const Visitor& visit) {
@@ -109,15 +111,31 @@ std::optional<String> ParameterPage::ChooseCfgFile(bool save) {
   std::optional<String> path = platform.dialogs.ChooseFile({.save = save,
                                                             .start_folder = txtDirName.Text(),
                                                             .filter = save ? CfgFilter() : OpenCfgFilter(),
-                                                            .filter_index = save ? 1 : kOpenCfgFilterIndex});
+                                                            .filter_index = save ? 1 : kOpenCfgFilterIndex,
+                                                            .name = save ? ProposedName(u".cfg") : String()});
   CfgLoaded = path && !path->empty();
   if (!CfgLoaded) {
     return std::nullopt;
   }
-  const std::size_t name = path->rfind(platform.files.Separator()) + 1;
-  Shared().CfgFilePath = *path;
-  Shared().CfgFileName = path->substr(name);
+  TakePath(*path);
   return path;
+}
+
+void ParameterPage::TakePath(const String& path) {
+  Shared().CfgFilePath = path;
+  Shared().CfgFileName = path.substr(path.rfind(ItsProgram().Surroundings().files.Separator()) + 1);
+}
+
+String ParameterPage::ProposedName(StringView suffix) const {
+  const String tag = Item(kTagItem) == kNeedless ? String() : Trimmed(Item(kTagItem));
+  String name = tag.empty() ? lst_TypeSelect.Text() : tag;
+  std::replace_if(
+      name.begin(), name.end(),
+      [](char16_t character) {
+        return character < u' ' || StringView(u"\\/:*?\"<>|").find(character) != StringView::npos;
+      },
+      u'_');
+  return name.empty() ? name : name.append(suffix);
 }
 
 void ParameterPage::ShowFileName() {
@@ -128,9 +146,20 @@ void ParameterPage::ShowFileName() {
 }
 
 void ParameterPage::OpenCommand() {
-  if (ConfirmDiscard() || !ChooseCfgFile(false)) {
-    return;
+  if (!ConfirmDiscard() && ChooseCfgFile(false)) {
+    OpenTakenPath();
   }
+}
+
+void ParameterPage::OpenFile(const String& path) {
+  if (!ConfirmDiscard()) {
+    CfgLoaded = true;
+    TakePath(path);
+    OpenTakenPath();
+  }
+}
+
+void ParameterPage::OpenTakenPath() {
   if (!OpenCfgFile(ItsProgram().Lines(), Box(), Shared().CfgFilePath)) {
     ShowFileName();
     return;

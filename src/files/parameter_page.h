@@ -81,6 +81,10 @@ class ParameterPage : public DevicePage {
   void OpenCommand();
   void NewCommand();  ///< cmdNew
   void OpenChosenFile() override;
+  void OpenFile(const String& path) override;
+  /// What a save dialog proposes: the tag, or without one the model, with `suffix` (".cfg"). Characters that
+  /// no file can be named with become "_".
+  [[nodiscard]] String ProposedName(StringView suffix) const;
   bool SaveCfgFile() override;
   bool SaveRescueFile(const String& path) override;
   void ClearParameterSet() override;
@@ -205,6 +209,8 @@ class ParameterPage : public DevicePage {
 
   // Files.
   std::optional<String> ChooseCfgFile(bool save);
+  void TakePath(const String& path);
+  void OpenTakenPath();
   void ShowFileName();
   void SelectModelOfFile(int row);
 

@@ -89,6 +89,7 @@ bool Linearizer::PressInEditor(Key key) {
 
 void Linearizer::SetCaptions(Language language) {
   editor_.SetCaptions(language);
+  LnrProgressBar.SetCaption(CaptionText(TextKey::Linearizer, language));
   cmd_csvFileOpen.SetCaption(CaptionText(TextKey::OpenCsv, language));
   cmd_csvFileSave.SetCaption(CaptionText(TextKey::SaveCsv, language));
   lbl_LnrUnsaved.SetCaption(CaptionText(TextKey::TableUnsaved, language));
@@ -260,8 +261,10 @@ bool Linearizer::Download() {
 
 std::optional<String> Linearizer::ChooseCsvFile(bool save) const {
   const Platform& platform = page_.ItsProgram().Surroundings();
-  const auto path = platform.dialogs.ChooseFile(
-      {.save = save, .start_folder = page_.txtDirName.Text(), .filter = CsvFilter()});
+  const auto path = platform.dialogs.ChooseFile({.save = save,
+                                                 .start_folder = page_.txtDirName.Text(),
+                                                 .filter = CsvFilter(),
+                                                 .name = save ? page_.ProposedName(u".csv") : String()});
   return path && path->empty() ? std::nullopt : path;
 }
 

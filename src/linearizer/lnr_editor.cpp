@@ -14,7 +14,9 @@ LnrEditor::LnrEditor(Page& page, LnrTable& table) : page_(page), table_(table) {
     field->SetLocked(true);
     field->SetLook(Look::Grey);
   }
-  txtLnrNewValue.SetNumeric(true);
+  for (TextField* field : {&txtLnrRow, &txtLnrCol, &txtLnrNewValue}) {
+    field->SetNumeric(true);
+  }
   txtLnrNewValue.OnChange = [this] { MarkOpenEdit(); };
 }
 

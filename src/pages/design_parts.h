@@ -95,6 +95,12 @@ constexpr DesignRow LiveRow(const ItemPlace& place) {
           .unit = ElementName<arrays::kUnit>(place.field)};
 }
 
+/// The row with these buttons.
+constexpr DesignRow WithButtons(DesignRow row, std::string_view buttons) {
+  row.buttons = buttons;
+  return row;
+}
+
 /// `parts` one behind the other.
 template <typename T, std::size_t... sizes>
 constexpr auto Joined(const std::array<T, sizes>&... parts) {
@@ -165,11 +171,11 @@ constexpr auto MonitorRows(const std::array<DesignRow, count>& values) {
                 std::array{DesignRow{.field = "cmdMonitorON cmdMonitorOFF"}});
 }
 
-/// The boxes of a forced output under their heading, with its buttons.
+/// The boxes of a forced output under their heading, its buttons beside the first, which takes the value.
 template <std::size_t count>
-constexpr auto OutputRows(const std::array<DesignRow, count>& values) {
-  return Joined(std::array{DesignRow{.field = "IO_lblSet"}}, values,
-                std::array{DesignRow{.field = "cmdSet cmdStatusMonOFF"}});
+constexpr auto OutputRows(std::array<DesignRow, count> values) {
+  values.front() = WithButtons(values.front(), "cmdSet cmdStatusMonOFF");
+  return Joined(std::array{DesignRow{.field = "IO_lblSet"}}, values);
 }
 
 /// The two boxes of a tab I/O check: live values and forced output.

@@ -40,6 +40,7 @@ struct FileDialog {
   String start_folder;
   String filter;
   int filter_index = 1;
+  String name = {};  ///< of the file, as a save dialog proposes it; empty: none
 };
 
 /// The user, as far as boxes and file dialogs go.

@@ -75,10 +75,8 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
 constexpr std::array kSettingRows =
     Joined(OutputRows(std::array{LiveRow({.item = u"03_set", .label = 0, .field = 1})}),
            std::array{
-               LiveRow({.item = u"04_set", .label = 2, .field = 3}),
-               DesignRow{.field = "cmdSet2"},
-               LiveRow({.item = u"06_set", .label = 5, .field = 6}),
-               DesignRow{.field = "cmdSet3"},
+               WithButtons(LiveRow({.item = u"04_set", .label = 2, .field = 3}), "cmdSet2"),
+               WithButtons(LiveRow({.item = u"06_set", .label = 5, .field = 6}), "cmdSet3"),
            });
 
 /// Commands with the boxes of their answers.
