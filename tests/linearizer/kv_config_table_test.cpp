@@ -422,7 +422,7 @@ void OpenTable(TableBench& bench, const std::string& text) {
 
 TEST_P(LongTableTest, ASetBegunAnewAfterAnOperationWithTheSwitchOffHasAHundredPointsToFillAndToSend) {
   TableBench bench(GetParam());
-  Linearizer& table = Part<Linearizer>(bench.Page());
+  auto& table = Part<Linearizer>(bench.Page());
   const ParameterSet uploaded = bench.Page().GroupItem;
   bench.Press(table.Opt_Lnr, 0);
   bench.Check();
@@ -442,7 +442,7 @@ TEST_P(LongTableTest, ASetBegunAnewAfterAnOperationWithTheSwitchOffHasAHundredPo
 
 TEST_P(LongTableTest, AFileOfValuesAloneOpenedAfterAnOperationWithTheSwitchOffOpensTheTabOfItsTable) {
   TableBench bench(GetParam());
-  Linearizer& table = Part<Linearizer>(bench.Page());
+  auto& table = Part<Linearizer>(bench.Page());
   bench.PutTable(bench.OwnTable());
   bench.Save(kFile);
   String values = bench.TextOf(kFile);
