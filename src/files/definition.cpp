@@ -147,6 +147,7 @@ Definition::Definition(const Family& family, const DefinitionForm& form) : famil
       tables_.emplace(shape.key, StringTable(shape.rows, shape.columns));
     }
   }
+  data_ = &(*this)[u"$Data"];
 }
 
 StringTable& Definition::operator[](StringView key) {

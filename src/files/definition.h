@@ -73,11 +73,14 @@ class Definition {
  public:
   /// Both outlive the definition.
   Definition(const Family& family, const DefinitionForm& form);
+  Definition(const Definition&) = delete;
+  Definition& operator=(const Definition&) = delete;
+  ~Definition() = default;
   /// The table of a key of the family ("$Data", "$I10", "$I11Title", "$I11Body", "$SSTab"). Any other key is
   /// a fault of the program and ends it.
   [[nodiscard]] StringTable& operator[](StringView key);
   [[nodiscard]] const StringTable& operator[](StringView key) const;
-  [[nodiscard]] const StringTable& Data() const { return (*this)[u"$Data"]; }
+  [[nodiscard]] const StringTable& Data() const { return *data_; }
   /// Cell of a row of $Data, where the family has that column; empty in a family without it.
   [[nodiscard]] const String& Cell(int row, DataColumn column) const;
   /// First row of $Data from `first` on whose `column`, which the family has, equals `text`; -1 when none
@@ -101,6 +104,7 @@ class Definition {
   const Family& family_;
   const DefinitionForm& form_;
   std::map<StringView, StringTable> tables_;
+  const StringTable* data_ = nullptr;  ///< the one of them that is asked most
 };
 
 /// Name of the file that defines a model: the catalogue's, or the one file of a family that has only one.

@@ -30,6 +30,18 @@ TEST(NativeCodePage, BackslashAndTildeAreThemselves) {
   EXPECT_EQ(page.Decode("\\~"), u"\\~");
 }
 
+TEST(NativeCodePage, EachAsciiCharacterIsTheSameAloneAndBesideAnother) {
+  const NativeCodePage page;
+  for (int code = 0; code < 0x80; ++code) {
+    const auto c = static_cast<char>(code);
+    const String text(1, static_cast<char16_t>(c));
+    EXPECT_EQ(page.Encode(text), std::string(1, c));
+    EXPECT_EQ(page.Encode(text + u"ｱ"), std::string(1, c) + "\xB1");
+    EXPECT_EQ(page.Decode(std::string(1, c)), text);
+    EXPECT_EQ(page.Decode(std::string(1, c) + "\xB1"), text + u"ｱ");
+  }
+}
+
 TEST(NativeCodePage, ASecondByteThatLooksLikeABackslashStaysInItsCharacter) {
   const NativeCodePage page;
   EXPECT_EQ(page.Encode(u"表"), "\x95\\");

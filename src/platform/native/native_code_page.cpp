@@ -2,7 +2,9 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <stdexcept>
 
 namespace korva {
@@ -31,6 +33,12 @@ void Convert(iconv_t conversion, std::string_view& in, char*& out, std::size_t o
   in.remove_prefix(in.size() - left);
 }
 
+// What both forms write alike, and nearly all that a device sends.
+template <typename Text>
+bool IsAscii(const Text& text) {
+  return std::all_of(text.begin(), text.end(), [](auto c) { return static_cast<std::uint32_t>(c) < 0x80; });
+}
+
 }  // namespace
 
 NativeCodePage::NativeCodePage()
@@ -42,6 +50,9 @@ NativeCodePage::~NativeCodePage() {
 }
 
 std::optional<std::string> NativeCodePage::Encode(StringView text) const {
+  if (IsAscii(text)) {
+    return std::string(text.begin(), text.end());
+  }
   std::string_view in(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t));
   std::string bytes(in.size(), '\0');  // a character has at most two bytes in either form
   char* end = bytes.data();
@@ -54,6 +65,9 @@ std::optional<std::string> NativeCodePage::Encode(StringView text) const {
 }
 
 String NativeCodePage::Decode(std::string_view bytes) const {
+  if (IsAscii(bytes)) {
+    return {bytes.begin(), bytes.end()};
+  }
   String text(bytes.size(), u'\0');  // a byte gives at most one unit
   char* const begin = reinterpret_cast<char*>(text.data());
   char* const limit = begin + text.size() * sizeof(char16_t);

@@ -1,6 +1,6 @@
 // A definition file of any bytes, read as one of some family.
 
-#include <vector>
+#include <deque>
 
 #include "files/definition.h"
 #include "pages/registry.h"
@@ -11,9 +11,9 @@ namespace korva {
 namespace {
 
 /// One of each family; reading clears it first.
-std::vector<Definition>& Definitions() {
-  static std::vector<Definition> definitions = [] {
-    std::vector<Definition> all;
+std::deque<Definition>& Definitions() {
+  static std::deque<Definition> definitions = [] {
+    std::deque<Definition> all;
     for (const RegistryEntry& entry : Registry()) {
       all.emplace_back(entry.record.family, entry.record.definition);
     }
