@@ -459,8 +459,12 @@ TEST_F(EndToEnd, EndsWithStatus5WhenWhatItPrintsCantBeWritten) {
 }
 
 TEST_F(EndToEnd, FinishesADownloadWhoseReportNobodyTakes) {
-  StartSim();
-  const QString script = Write("script.txt", kUpload + "answer ok\nclick cmdDownload\nwait 60000\n");
+  StartSim({"--fast", "--latency", "5"});
+  std::string lines = kUpload + "answer ok\nclick cmdDownload\n";
+  for (int i = 0; i < 100; ++i) {
+    lines += "show ProgressBar\nwait 100\n";
+  }
+  const QString script = Write("script.txt", lines);
   ChildProgram shell("/bin/bash",
                      InShell(R"(| sed '/^> "D1"$/q' ; exit ${PIPESTATUS[0]})", At({"--line", script})));
   EXPECT_EQ(shell.Status(), 5);
