@@ -8,6 +8,7 @@
 #include "sim/number.h"
 #include "sim/parameters.h"
 #include "sim/point_table.h"
+#include "sim/setup.h"
 
 namespace korva::sim {
 
@@ -56,11 +57,12 @@ struct Device::State {
       : model(std::move(of_model)),
         family(FamilyOf(model)),
         options(std::move(with)),
+        setup(definition, model.definition_file.substr(0, model.definition_file.find('.')), options.curves),
         parameters(model, std::move(definition), family, options.system_text),
         slow(AnswersSlowly(parameters.ModelCode())),
         table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table) {}
 
-  std::string Execute(std::string_view line);
+  std::string Execute(std::string_view line, MemoryAccess::Trouble trouble = {});
   std::string SelectGroup(std::string_view text);
   std::string SelectItem(std::string_view text);
   std::string ReplyValue();
@@ -68,6 +70,11 @@ struct Device::State {
   std::string TakeParameter(std::string_view data);
   void EnterMode(std::string_view data);
   std::string Refusal(WriteResult result) const;
+  bool InAccess(std::string_view line) const;
+  std::string RefusalOf(std::string_view line, WriteResult result) const;
+  std::string TitleOf(const Item& item) const;
+  std::string StoredText(const Item& item) const;
+  bool SetStored(const Item& item, std::string_view value);
   std::string ValueText(const Item& item) const;
   std::string PaddedText(const Item& item) const;
   double LiveNumber(const Item& item) const;
@@ -78,6 +85,8 @@ struct Device::State {
   Model model;
   const Family& family;
   DeviceOptions options;
+  Setup setup;
+  MemoryAccess access{setup.memory};
   Parameters parameters;
   bool slow;
   PointTable table;
@@ -93,7 +102,10 @@ struct Device::State {
 // --- menu
 // ---------------------------------------------------------------------------------------------------
 
-std::string Device::State::Execute(std::string_view line) {
+std::string Device::State::Execute(std::string_view line, MemoryAccess::Trouble trouble) {
+  if (InAccess(line)) {
+    return access.Answer(line, trouble);
+  }
   const std::string_view text = line.empty() ? line : line.substr(1);
   switch (line.empty() ? '\0' : line.front()) {
     case 'G':
@@ -125,8 +137,9 @@ std::string Device::State::SelectItem(std::string_view text) {
   if (selected == nullptr && !point) {
     return Refusal(WriteResult::Refused);
   }
+  access.Enter();
   if (family.dialect == Dialect::EnterItem) {
-    return "D" + RightAlign(selected != nullptr ? selected->title : "Linearize Table", kDisplayWidth);
+    return "D" + RightAlign(selected != nullptr ? TitleOf(*selected) : "Linearize Table", kDisplayWidth);
   }
   if (selected != nullptr && parameters.Needless(*selected)) {
     selected = nullptr;
@@ -199,6 +212,18 @@ std::string Device::State::Refusal(WriteResult result) const {
   return std::string(result == WriteResult::NotUsable ? kNotUsable : kRefused);
 }
 
+bool Device::State::InAccess(std::string_view line) const {
+  return selected != nullptr && selected->kind == Item::Kind::Access && line.starts_with('D');
+}
+
+/// The access has codes in either dialect.
+std::string Device::State::RefusalOf(std::string_view line, WriteResult result) const {
+  if (InAccess(line)) {
+    return std::string(result == WriteResult::NotUsable ? kNotUsable : kRefused);
+  }
+  return Refusal(result);
+}
+
 // --- values
 // -------------------------------------------------------------------------------------------------
 
@@ -209,9 +234,30 @@ std::string Device::State::ValueText(const Item& item) const {
     case Item::Kind::Live:
     case Item::Kind::Output:
       return FormatNumber(LiveNumber(item), 2);
+    case Item::Kind::Stored:
+      return StoredText(item);
     default:
       return parameters.Text(item);
   }
+}
+
+/// What the display shows when an item is selected: of the model its text.
+std::string Device::State::TitleOf(const Item& item) const {
+  return item.kind == Item::Kind::Stored && item.group == "00" ? StoredText(item) : item.title;
+}
+
+std::string Device::State::StoredText(const Item& item) const {
+  if (item.group == "00") {
+    return setup.ModelText();
+  }
+  return item.item == "10" ? setup.InputText() : setup.OutputText();
+}
+
+bool Device::State::SetStored(const Item& item, std::string_view value) {
+  if (item.group == "00") {
+    return setup.SetModelText(value);
+  }
+  return item.item == "10" ? setup.SetInput(value) : setup.SetOutput(value);
 }
 
 /// The value as a reply has it, between "D" and the line end.
@@ -299,7 +345,11 @@ Device Device::ForModel(const std::filesystem::path& home, std::string_view name
     throw SetupError(name.empty() ? "the catalogue has no models"
                                   : "the catalogue has no model \"" + std::string(name) + "\"");
   }
-  return {*found, Definition::Read(home, *found), options};
+  DeviceOptions complete = options;
+  if (complete.curves.empty()) {
+    complete.curves = home / "system" / "z2Kv";
+  }
+  return {*found, Definition::Read(home, *found), complete};
 }
 
 Reply Device::Answer(std::string_view line) {
@@ -308,16 +358,20 @@ Reply Device::Answer(std::string_view line) {
   const auto strikes = [&](Fault fault) { return std::ranges::find(struck, fault) != struck.end(); };
   Reply reply;
   reply.latency = state_->options.latency.value_or(state_->slow ? kSlowLatency : kLatency);
-  if (strikes(Fault::Silent) || strikes(Fault::SecondTryOnly)) {
+  const bool in_access = state_->InAccess(line);
+  if (strikes(Fault::Silent) || strikes(Fault::SecondTryOnly) ||
+      (in_access && strikes(Fault::SilentAccess))) {
     reply.silent = true;
     return reply;
   }
-  if (strikes(Fault::Refused)) {
-    reply.text = state_->Refusal(WriteResult::Refused);
+  const bool place = in_access && MemoryAccess::ChoosesPlace(line);
+  if (strikes(Fault::Refused) || (place && strikes(Fault::RefusedAddress))) {
+    reply.text = state_->RefusalOf(line, WriteResult::Refused);
   } else if (strikes(Fault::NotUsable)) {
-    reply.text = state_->Refusal(WriteResult::NotUsable);
+    reply.text = state_->RefusalOf(line, WriteResult::NotUsable);
   } else {
-    reply.text = state_->Execute(line);
+    reply.text =
+        state_->Execute(line, {.stuck = strikes(Fault::StuckByte), .wrong = strikes(Fault::WrongReadBack)});
     if (strikes(Fault::WrongEcho) && state_->IsEcho(line, reply.text)) {
       reply.text = OtherValue(reply.text, state_->EchoedValue(reply.text));
     }
@@ -352,6 +406,9 @@ bool Device::Set(std::string_view group, std::string_view item, std::string_view
   if (found == nullptr || found->kind == Item::Kind::Mode) {
     return false;
   }
+  if (found->kind == Item::Kind::Stored) {
+    return state_->SetStored(*found, value);
+  }
   if (found->kind != Item::Kind::Live && found->kind != Item::Kind::Output) {
     return state_->parameters.Set(*found, value);
   }
@@ -361,6 +418,8 @@ bool Device::Set(std::string_view group, std::string_view item, std::string_view
   }
   return number.has_value();
 }
+
+Memory& Device::GetMemory() { return state_->setup.memory; }
 
 const Family& Device::GetFamily() const { return state_->family; }
 

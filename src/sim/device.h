@@ -10,6 +10,7 @@
 #include "sim/definition.h"
 #include "sim/family.h"
 #include "sim/faults.h"
+#include "sim/memory.h"
 
 namespace korva::sim {
 
@@ -36,6 +37,8 @@ inline constexpr std::chrono::milliseconds kLateReply{3500};
 struct DeviceOptions {
   std::string system_text =
       "SYSVER   1.00";  ///< Group 00, item 99. It also decides how model QUO spells its types.
+  /// Folder of the sensors' curves (`.tct`). Empty: of the catalogue's devices `system/z2Kv`, of others none.
+  std::filesystem::path curves = {};
   /// From command to reply, not below 0. None: the model's own, see `kLatency`.
   std::optional<std::chrono::milliseconds> latency = std::nullopt;
 };
@@ -46,6 +49,8 @@ struct DeviceOptions {
 /// State: its parameters (power-up values until written), its mode ('0' monitor, '1' programming, others as
 /// written), the selected group and item, and the number of command lines taken. A failed "G" or "I" leaves
 /// nothing selected. Parameters take data in programming mode only; the mode item takes it always.
+/// A family with a memory has an item, group 99 and item 10, that lets its bytes be read and written in any
+/// mode for as long as it is selected.
 ///
 /// A test makes one with `Device::ForModel(home, "QHW")`, or for a made-up definition with
 /// `Device(model, Definition::Parse(text))`, and talks to it with `Answer("G01")`, or lets a `Line` do so.
@@ -91,6 +96,10 @@ class Device {
   /// on from it; a frequency is in the unit that the device's unit item holds. \return false when there is no
   /// such item or it doesn't take this value; nothing has changed then.
   bool Set(std::string_view group, std::string_view item, std::string_view value);
+
+  /// The device's memory, to look into and to change from outside; of a family that has none a memory that
+  /// nothing reaches.
+  Memory& GetMemory();
 
   const Family& GetFamily() const;
   const Model& GetModel() const;

@@ -51,6 +51,7 @@ struct Family {
   std::string_view reset_item;  ///< Item of group 01 that resets all parameters; empty: none.
   bool counts;                  ///< A live value that can be set and is no percentage is a count.
   std::string_view empty_tag;   ///< What a device without a tag answers in the `EnterItem` dialect.
+  bool memory = false;          ///< Types, calibration and curve stand in a memory with an access of its own.
 };
 
 /// The family of a family word, compared exactly; null when there is none.

@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 14> kFaults{{
+constexpr std::array<FaultInfo, 18> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -30,6 +30,14 @@ constexpr std::array<FaultInfo, 14> kFaults{{
     {.fault = Fault::Half, .name = "half", .what = "first half of the reply, no line end"},
     {.fault = Fault::Empty, .name = "empty", .what = "a lone carriage return"},
     {.fault = Fault::WrongEcho, .name = "wrong-echo", .what = "a write's echo shows another value"},
+    {.fault = Fault::StuckByte, .name = "stuck-byte", .what = "memory: the last byte written doesn't take"},
+    {.fault = Fault::RefusedAddress, .name = "refused-address", .what = "memory: DS is answered with CNG"},
+    {.fault = Fault::SilentAccess,
+     .name = "silent-access",
+     .what = "memory: no reply to DS and D, the command is lost"},
+    {.fault = Fault::WrongReadBack,
+     .name = "wrong-read-back",
+     .what = "memory: the last byte read is another than the one held"},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

@@ -29,6 +29,11 @@ enum class Fault {
   Half,               ///< The first half of the reply, without a line end.
   Empty,              ///< The reply is a lone carriage return.
   WrongEcho,  ///< A write is carried out but its echo shows another value; other commands are answered well.
+  // The access to the device's memory; other command lines are not struck.
+  StuckByte,       ///< The last byte of a write stays as it was; the write is answered well.
+  RefusedAddress,  ///< A place in the memory ("DS") is answered with "CNG", not chosen.
+  SilentAccess,    ///< A command of the access is lost, the way into it is not.
+  WrongReadBack,   ///< The last byte read is another than the one that the memory holds.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

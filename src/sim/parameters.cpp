@@ -37,6 +37,7 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
   AddFixed("00", "01", "Model", code_);
   AddFixed("01", "00", "Model", code_);
   AddUnits();
+  AddMemory();
   if (!family_.reset_item.empty()) {
     AddFixed("01", family_.reset_item, "prms initializer", "0");
   }
@@ -135,6 +136,21 @@ void Parameters::AddUnits() {
   item.title = "unit frequency";
   item.kind = Item::Kind::Choice;
   item.section = kFrequencyUnits;
+}
+
+/// What is kept in the memory is told by items, but not set by them.
+void Parameters::AddMemory() {
+  if (!family_.memory) {
+    return;
+  }
+  AddFixed("99", "10", "EEPROM Access", {});
+  Find("99", "10")->kind = Item::Kind::Access;
+  Find("00", "01")->kind = Item::Kind::Stored;
+  for (const std::string_view item : {"10", "11"}) {
+    if (Item* const type = Find("01", item)) {
+      type->kind = Item::Kind::Stored;
+    }
+  }
 }
 
 void Parameters::AddFixed(std::string_view group, std::string_view item, std::string_view title,

@@ -35,6 +35,8 @@ struct Item {
     Output,   ///< A measured value that takes a number to force the output.
     Count,    ///< A whole number that goes on by itself in monitor mode, and can be set.
     Command,  ///< Acts when it is written without data: sets a count to 0. Reads as 0.
+    Stored,   ///< A text that stands in the device's memory; takes no data.
+    Access,   ///< Lets the device's memory be read and written byte by byte while it is selected.
   };
 
   std::string group;
@@ -105,6 +107,7 @@ class Parameters {
   void AddRow(const Definition::Row& row);
   void AddFixed(std::string_view group, std::string_view item, std::string_view title, std::string value);
   void AddUnits();
+  void AddMemory();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;

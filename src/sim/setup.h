@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "sim/definition.h"
+#include "sim/memory.h"
+
+namespace korva::sim {
+
+/// What a transmitter keeps in its memory instead of in items that could be written: the types of its input
+/// and output, its model text, the calibration of each, and the curve of its sensor or its linearizer.
+///
+/// As it leaves its maker it has the first type of each list, the calibration that goes with them, a date,
+/// and
+/// the curve of its sensor out of the curves' folder. Where that file is missing it has no valid curve (table
+/// type 99, as after a broken writing); a model without sensor and linearizer has no table at all.
+class Setup {
+ public:
+  /// \param code    Definition file without its ending, such as "Z2WT".
+  /// \param curves  Folder of the `.tct` files.
+  Setup(const Definition& definition, std::string_view code, const std::filesystem::path& curves);
+
+  Memory memory;
+
+  // Texts as the items report them.
+  std::string ModelText() const;
+  std::string InputText() const;
+  std::string OutputText() const;
+
+  /// Gives the transmitter a type as its maker does, with all that goes with it.
+  /// \param choice  Text or code of a row. \return false when the list has no such row; nothing changes then.
+  bool SetInput(std::string_view choice);
+  bool SetOutput(std::string_view choice);
+  /// Gives it a model text, at most 16 characters.
+  bool SetModelText(std::string_view text);
+
+ private:
+  void ChooseInput(const Definition::Row& row);
+  void ChooseOutput(const Definition::Row& row);
+  void PutTable(const Definition::Row& type);
+  void PutModelText();
+  void PutCurve(std::size_t index);
+  void PutLinearizer();
+
+  std::vector<Definition::Row> inputs_;
+  std::vector<Definition::Row> outputs_;
+  std::string code_;
+  std::filesystem::path curves_;
+  std::string input_tag_;
+  std::string output_tag_;
+};
+
+}  // namespace korva::sim
