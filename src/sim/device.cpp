@@ -9,6 +9,7 @@
 #include "sim/parameters.h"
 #include "sim/point_table.h"
 #include "sim/setup.h"
+#include "sim/transmitter.h"
 
 namespace korva::sim {
 
@@ -75,9 +76,12 @@ struct Device::State {
   std::string TitleOf(const Item& item) const;
   std::string StoredText(const Item& item) const;
   bool SetStored(const Item& item, std::string_view value);
+  void SetNumber(std::string_view item, std::string_view value);
   std::string ValueText(const Item& item) const;
+  std::string UnitBehind(const Item& item) const;
   std::string PaddedText(const Item& item) const;
   double LiveNumber(const Item& item) const;
+  std::string LiveUnit(const Item& item) const;
   std::string LiveText(const Item& item) const;
   bool IsEcho(std::string_view line, std::string_view reply) const;
   std::string EchoedValue(const std::string& reply) const;
@@ -91,6 +95,7 @@ struct Device::State {
   bool slow;
   PointTable table;
   LiveValues live;
+  Transmitter transmitter{setup, parameters, table, live};
   FaultPlan faults;
   int exchanges = 0;
   char mode = kMonitor;
@@ -236,9 +241,17 @@ std::string Device::State::ValueText(const Item& item) const {
       return FormatNumber(LiveNumber(item), 2);
     case Item::Kind::Stored:
       return StoredText(item);
+    case Item::Kind::Number:
+      return parameters.Text(item) + UnitBehind(item);
     default:
       return parameters.Text(item);
   }
+}
+
+/// A transmitter tells the unit of each number that has one.
+std::string Device::State::UnitBehind(const Item& item) const {
+  const auto unit = family.memory ? transmitter.UnitOf(item) : std::string{};
+  return unit.empty() ? unit : " " + unit;
 }
 
 /// What the display shows when an item is selected: of the model its text.
@@ -257,7 +270,20 @@ bool Device::State::SetStored(const Item& item, std::string_view value) {
   if (item.group == "00") {
     return setup.SetModelText(value);
   }
-  return item.item == "10" ? setup.SetInput(value) : setup.SetOutput(value);
+  const bool input = item.item == "10";
+  const bool done = input ? setup.SetInput(value) : setup.SetOutput(value);
+  if (done) {
+    const auto limits = input ? setup.InputLimits() : setup.OutputLimits();
+    SetNumber(input ? "14" : "12", limits.low);
+    SetNumber(input ? "15" : "13", limits.high);
+  }
+  return done;
+}
+
+void Device::State::SetNumber(std::string_view item, std::string_view value) {
+  if (Item* const found = parameters.Find("01", item)) {
+    parameters.Set(*found, value);
+  }
 }
 
 /// The value as a reply has it, between "D" and the line end.
@@ -279,6 +305,9 @@ std::string Device::State::PaddedText(const Item& item) const {
 
 /// Values in percent or current have their own range, the input values that of zero and span.
 double Device::State::LiveNumber(const Item& item) const {
+  if (family.memory) {
+    return transmitter.Value(item);
+  }
   if (item.unit == "mA") {
     return live.Value(item.item, 4, 20);
   }
@@ -292,11 +321,15 @@ double Device::State::LiveNumber(const Item& item) const {
                     parameters.Quantity(*span).value_or(100));
 }
 
+std::string Device::State::LiveUnit(const Item& item) const {
+  const auto unit = family.memory ? transmitter.UnitOf(item) : item.unit;
+  return unit.empty() || unit.starts_with('$') ? "%" : unit;
+}
+
 std::string Device::State::LiveText(const Item& item) const {
   const std::string number = RightAlign(ValueText(item), kLiveWidth);
   if (family.live_form == LiveForm::Unit) {
-    const bool own_unit = !item.unit.empty() && !item.unit.starts_with('$');
-    return item.prefix + number + " " + (own_unit ? item.unit : "%");
+    return item.prefix + number + " " + LiveUnit(item);
   }
   // A value that is also read as a parameter has its prefix alone, since that is what the reader cuts off.
   return (item.prefix.empty() && !item.uploaded ? "PV:" : item.prefix) + number;

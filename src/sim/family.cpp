@@ -8,8 +8,8 @@ namespace korva::sim {
 namespace {
 
 constexpr std::size_t kNoColumn = 99;  // beyond every row
-constexpr DataColumns kColumns{.unit = 14, .unit_box = kNoColumn, .position = 23};
-constexpr DataColumns kSecondColumns{.unit = 15, .unit_box = 14, .position = 24};
+constexpr DataColumns kColumns{.unit = 14, .unit_box = kNoColumn, .position = 23, .follows = 15};
+constexpr DataColumns kSecondColumns{.unit = 15, .unit_box = 14, .position = 24, .follows = kNoColumn};
 
 // LiteForth and LiteFifth answer an upload in the COK dialect.
 constexpr std::array<Family, 11> kFamilies{{
@@ -85,7 +85,7 @@ constexpr std::array<Family, 11> kFamilies{{
      .output_item = "03",
      .live_items = "03 04 06 07",
      .live_form = LiveForm::Unit,
-     .table = TableShape::None,
+     .table = TableShape::ByModel,
      .typed_input = false,
      .columns = kColumns,
      .span_item = "15",
@@ -93,6 +93,7 @@ constexpr std::array<Family, 11> kFamilies{{
      .reset_item = "",
      .counts = false,
      .empty_tag = "",
+     .kinds = true,
      .memory = true},
     {.word = "LiteUniv",
      .folder = "z2Univ",
@@ -109,7 +110,8 @@ constexpr std::array<Family, 11> kFamilies{{
      .unit_item = "",
      .reset_item = "",
      .counts = false,
-     .empty_tag = ""},
+     .empty_tag = "",
+     .kinds = true},
     {.word = "LiteSecond",
      .folder = "z2Kv_2",
      .baud = 9600,
@@ -125,7 +127,8 @@ constexpr std::array<Family, 11> kFamilies{{
      .unit_item = "",
      .reset_item = "",
      .counts = false,
-     .empty_tag = ""},
+     .empty_tag = "",
+     .kinds = true},
     {.word = "LiteThird",
      .folder = "z2Kv_3",
      .baud = 1200,
@@ -189,7 +192,8 @@ constexpr std::array<Family, 11> kFamilies{{
      .unit_item = "",
      .reset_item = "",
      .counts = false,
-     .empty_tag = ""},
+     .empty_tag = "",
+     .kinds = true},
 }};
 
 }  // namespace

@@ -30,6 +30,7 @@ struct DataColumns {
   std::size_t unit;      ///< Text of the unit.
   std::size_t unit_box;  ///< Box of frequency units, beyond the row where the family has none.
   std::size_t position;  ///< Place in the order of writing.
+  std::size_t follows;   ///< List of the choice that brings the unit.
 };
 
 /// What devices of one family have in common.
@@ -51,7 +52,9 @@ struct Family {
   std::string_view reset_item;  ///< Item of group 01 that resets all parameters; empty: none.
   bool counts;                  ///< A live value that can be set and is no percentage is a count.
   std::string_view empty_tag;   ///< What a device without a tag answers in the `EnterItem` dialect.
-  bool memory = false;          ///< Types, calibration and curve stand in a memory with an access of its own.
+  /// Column 22 tells the kind of an item; no reply has a prefix.
+  bool kinds = false;
+  bool memory = false;  ///< Types, calibration and curve stand in a memory with an access of its own.
 };
 
 /// The family of a family word, compared exactly; null when there is none.

@@ -2,9 +2,14 @@
 
 namespace korva::sim {
 
+std::optional<double> LiveValues::Held(std::string_view item) const {
+  const auto held = held_.find(item);
+  return held == held_.end() ? std::nullopt : std::optional(held->second);
+}
+
 double LiveValues::Value(std::string_view item, double zero, double span) const {
-  if (const auto held = held_.find(item); held != held_.end()) {
-    return held->second;
+  if (const auto held = Held(item)) {
+    return *held;
   }
   // A triangle between 40 % and 60 % in steps of 0.5 %.
   constexpr unsigned period = 80;

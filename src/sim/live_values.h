@@ -27,9 +27,13 @@ class LiveValues {
   /// \return false when the percentage is beyond what the output can do; nothing changes then.
   bool Force(double percent);
   void Release() { forced_.reset(); }
+  /// The percentage that the output is forced to; none while it isn't.
+  std::optional<double> Forced() const { return forced_; }
 
   /// Lets an item stand still at a value.
   void Hold(std::string_view item, double value) { held_[std::string(item)] = value; }
+  /// The value that an item stands still at; none while it doesn't.
+  std::optional<double> Held(std::string_view item) const;
 
  private:
   unsigned reads_ = 0;

@@ -31,6 +31,9 @@ constexpr std::array kPowerUp = {
     PowerUp{.family = "Second", .models = "", .item = "24", .value = "100"},
     PowerUp{.family = "Second", .models = "", .item = "25", .value = "100"},
     PowerUp{.family = "Second", .models = "", .item = "33", .value = "1000"},
+    // data of a cold junction sensor that was never exchanged
+    PowerUp{.family = "Lite", .models = "", .item = "34", .value = "-999.9"},
+    PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},
     // scale of the output
     PowerUp{.models = "", .item = "19", .value = "0.00"},
     PowerUp{.models = "", .item = "20", .value = "100.00"},
@@ -199,7 +202,7 @@ std::string_view SensorText(std::size_t row, std::string_view system_text) {
 bool RefusesTrailingPoint(std::string_view model) { return HasWord("QN QUO QC", model); }
 
 TableShape TableOfModel(std::string_view model) {
-  if (HasWord("QHNY1 QHNY2 QHW1", model)) {
+  if (HasWord("QHNY1 QHNY2 QHW1 Z2WT2 Z2WR2 Z2WV Z2WV2 Z8WV", model)) {
     return TableShape::Points100;
   }
   const bool short_table = HasWord("QHW QUO QY QZ QEI 10QCE QCE2 QEI2 QCB2 QEB2 QNA2", model);

@@ -15,7 +15,7 @@ namespace {
 constexpr double kLowestCount = -99'999'999;
 constexpr double kHighestCount = 4'294'967'295;
 
-bool IsFine(const Item& item) { return item.prefix == "FINZER" || item.prefix == "FINSPN"; }
+bool IsFine(const Item& item) { return item.form == "FINZER" || item.form == "FINSPN"; }
 
 /// An alarm value less the direction that may stand behind it.
 std::string_view WithoutDirection(std::string_view text) {

@@ -71,8 +71,10 @@ void Parameters::AddRow(const Definition::Row& row) {
   }
   fill(item->unit, family_.columns.unit);
   item->frequency = item->frequency || !Field(row, family_.columns.unit_box).empty();
-  if (Field(row, kPrefix) != "O" && Field(row, kPrefix) != "N") {  // these mark choices, they are no prefixes
-    fill(item->prefix, kPrefix);
+  fill(item->follows, family_.columns.follows);
+  fill(item->form, kPrefix);
+  if (!family_.kinds && item->form != "O" && item->form != "N") {  // these mark choices, they are no prefixes
+    item->prefix = item->form;
   }
   item->uploaded = item->uploaded || Field(row, kUpload) == "Y";
   ClassifyRow(row, *item);
@@ -105,7 +107,7 @@ Item::Kind Parameters::KindOf(const Definition::Row& row, const Item& item) cons
   if (!definition_.Rows(list).empty() || (list == "$I11" && !definition_.Rows(kRanges).empty())) {
     return Item::Kind::Choice;
   }
-  if (item.prefix == "TG:" || (item.group == "01" && item.item == "02")) {
+  if (item.form == "TG:" || (item.group == "01" && item.item == "02")) {
     return Item::Kind::Tag;
   }
   if (item.group != "01") {
@@ -224,14 +226,25 @@ void Parameters::PowerUp(Item& item) const {
 }
 
 std::string Parameters::PowerUpText(const Item& item) const {
-  if (item.prefix == "FINZER") {
+  if (item.form == "FINZER") {
     return "0.00";
   }
-  if (item.prefix == "FINSPN") {
+  if (item.form == "FINSPN") {
     return "100.00";
+  }
+  if (family_.memory && item.group == "01" && HasWord("12 13 14 15", item.item)) {
+    return FirstTypeLimit(item);
   }
   return IsLimited(item) ? PowerUpLimit(item.item == "15")
                          : std::string(PowerUpNumber(family_.word, code_, item.item));
+}
+
+/// Zero and span of a device that comes up with the first types of its lists: their limits.
+std::string Parameters::FirstTypeLimit(const Item& item) const {
+  const bool input = item.item == "14" || item.item == "15";
+  const bool zero = item.item == "12" || item.item == "14";
+  const auto& types = definition_.Rows(input ? "$I10" : "$I11");
+  return types.empty() ? "0" : Field(types.front(), zero ? 2 : 3);
 }
 
 std::string Parameters::PowerUpLimit(bool span) const {

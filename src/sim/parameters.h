@@ -43,8 +43,10 @@ struct Item {
   std::string item;
   Kind kind = Kind::Number;
   std::string title;       ///< As the device's display names it.
+  std::string form;        ///< Word of the definition for its kind, or its prefix.
   std::string prefix;      ///< Stands before the value in a reply.
   std::string unit;        ///< Unit that the definition gives.
+  std::string follows;     ///< List of the choice that brings the unit.
   std::string tail;        ///< Stands behind a number in a reply, with a blank before it if it has one.
   bool frequency = false;  ///< A number that is held in the unit that it was written in.
   bool directed = false;   ///< A number that may be written with a direction behind it.
@@ -114,6 +116,7 @@ class Parameters {
   std::size_t FirstRow(const Item& item) const;
   std::string PowerUpText(const Item& item) const;
   std::string PowerUpLimit(bool span) const;
+  std::string FirstTypeLimit(const Item& item) const;
 
   const std::vector<Definition::Row>& Rows(const Item& choice) const;
   std::size_t TextColumn(const Item& item) const;

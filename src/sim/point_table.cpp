@@ -59,6 +59,14 @@ std::optional<std::size_t> PointTable::Find(std::string_view group, std::string_
 
 std::string PointTable::Text(std::size_t position) const { return FormatNumber(values_.at(position), 2); }
 
+std::vector<Point> PointTable::Points() const {
+  std::vector<Point> points;
+  for (std::size_t i = 0; i + 1 < values_.size(); i += 2) {
+    points.push_back({.x = values_[i], .y = values_[i + 1]});
+  }
+  return points;
+}
+
 std::string PointTable::Head(std::size_t position) {
   const std::size_t point = ((position / 2) + 1) % 100;
   const std::string digits = std::to_string(point);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "sim/family.h"
+#include "sim/point.h"
 
 namespace korva::sim {
 
@@ -24,6 +25,9 @@ class PointTable {
 
   /// The value with two decimals, as the device holds it.
   std::string Text(std::size_t position) const;
+
+  /// The points in their order; empty without a table.
+  std::vector<Point> Points() const;
 
   /// Head of the value in a reply: always six characters, "X(05):". Point 100 shows as 00.
   static std::string Head(std::size_t position);

@@ -203,8 +203,14 @@ void StoreTable(Memory& memory, const Table& table) {
   put(kTableRise, table.rise);
 }
 
+/// What one percent of a linearizer is stored as.
+std::int32_t LinearizerScale(std::string_view code) { return code.starts_with("Z2WF") ? 32768 : 65536; }
+
 // --- lists of types
 
+constexpr std::size_t kLowColumn = 2;
+constexpr std::size_t kHighColumn = 3;
+constexpr std::size_t kUnitColumn = 5;
 constexpr std::size_t kTagColumn = 6;
 constexpr std::size_t kConverterColumn = 7;
 
@@ -224,6 +230,25 @@ const Definition::Row* FindType(const std::vector<Definition::Row>& rows, std::s
     return !choice.empty() && (Field(row, 1) == choice || Field(row, 0) == choice);
   });
   return found == rows.end() ? nullptr : &*found;
+}
+
+Setup::Limits LimitsOf(const Definition::Row* row) {
+  return row == nullptr ? Setup::Limits{}
+                        : Setup::Limits{.low = Field(*row, kLowColumn), .high = Field(*row, kHighColumn)};
+}
+
+/// The values from the start that the descriptor tells to the memory's end; none when that is no place for
+/// them.
+std::vector<std::int32_t> StoredValues(const Memory& memory) {
+  const auto start = static_cast<std::size_t>(memory.Number(kTableStart.address, kTableStart.size) & 0xFFFF);
+  std::vector<std::int32_t> values;
+  if (start < Memory::kSize - (kValueSize * kMostValues)) {
+    return values;
+  }
+  for (std::size_t at = start; at + kValueSize <= Memory::kSize; at += kValueSize) {
+    values.push_back(memory.Number(at, kValueSize));
+  }
+  return values;
 }
 
 }  // namespace
@@ -296,22 +321,30 @@ void Setup::PutModelText() { SetModelText(code_ + "-" + input_tag_ + output_tag_
 
 void Setup::PutTable(const Definition::Row& type) {
   if (!SensorsOf(KindOf(code_)).empty()) {
-    PutCurve(static_cast<std::size_t>(WholeNumber(Field(type, 0))));
+    PutCurve(type);
   } else if (KindOf(code_) == 'F' || KindOf(code_) == 'M') {
     PutLinearizer();
   }
 }
 
-void Setup::PutCurve(std::size_t index) {
+void Setup::PutCurve(const Definition::Row& type) {
+  const auto index = static_cast<std::size_t>(WholeNumber(Field(type, 0)));
   const auto sensors = SensorsOf(KindOf(code_));
   const auto values = index < sensors.size()
                           ? ReadCurve(curves_ / (std::string(sensors[index].file) + ".tct"))
                           : std::vector<std::int32_t>{};
+  sensor_range_.reset();
   if (values.empty() || values.size() > kMostValues) {
     memory.PutNumber(kTableType.address, kTableType.size, kNoTable);
     return;
   }
   const std::int32_t base = sensors[index].base;
+  const auto at = [&](std::size_t column) {
+    const auto last = static_cast<std::int32_t>(values.size()) - 1;
+    const auto degree = WholeNumber(Field(type, column)) - base;
+    return static_cast<double>(values[static_cast<std::size_t>(std::clamp(degree, 0, last))]);
+  };
+  sensor_range_ = {.x = at(kLowColumn), .y = at(kHighColumn)};
   StoreTable(memory, {.type = static_cast<std::int32_t>(index),
                       .base = base,
                       .top = base + static_cast<std::int32_t>(values.size()) - 1,
@@ -324,7 +357,7 @@ void Setup::PutCurve(std::size_t index) {
 void Setup::PutLinearizer() {
   constexpr std::int32_t points = 11;
   constexpr std::int32_t byte = 256;
-  const std::int32_t scale = code_.starts_with("Z2WF") ? 32768 : 65536;
+  const std::int32_t scale = LinearizerScale(code_);
   std::vector<std::int32_t> values;
   for (std::int32_t point = 0; point < points; ++point) {
     values.insert(values.end(), 2, 10 * point * scale);
@@ -334,6 +367,48 @@ void Setup::PutLinearizer() {
                       .top = 100 * byte,
                       .values = values,
                       .rise = values.back() - values.front()});
+}
+
+// --- what the memory means
+
+std::string Setup::InputUnit() const {
+  const auto* const row = FindType(inputs_, InputText());
+  return row == nullptr ? std::string{} : Field(*row, kUnitColumn);
+}
+
+Setup::Limits Setup::InputLimits() const { return LimitsOf(FindType(inputs_, InputText())); }
+
+Setup::Limits Setup::OutputLimits() const { return LimitsOf(FindType(outputs_, OutputText())); }
+
+bool Setup::HasSensor() const { return !SensorsOf(KindOf(code_)).empty(); }
+
+bool Setup::HasColdJunction() const { return KindOf(code_) == 'T'; }
+
+std::vector<Point> Setup::StoredCurve() const {
+  const auto type = memory.Number(kTableType.address, kTableType.size);
+  std::vector<Point> points;
+  if (!HasSensor() || type < 0 || type >= std::ssize(SensorsOf(KindOf(code_)))) {
+    return points;
+  }
+  double temperature = memory.Number(kTableBases.front().address, kTableBases.front().size);
+  for (const auto value : StoredValues(memory)) {
+    points.push_back({.x = static_cast<double>(value), .y = temperature});
+    temperature += memory.Number(kTablePitch.address, kTablePitch.size);
+  }
+  return points;
+}
+
+std::vector<Point> Setup::StoredLinearizer() const {
+  std::vector<Point> points;
+  if (memory.Number(kTableType.address, kTableType.size) != kLinearizer) {
+    return points;
+  }
+  const auto values = StoredValues(memory);
+  const double scale = LinearizerScale(code_);
+  for (std::size_t i = 0; i + 1 < values.size(); i += 2) {
+    points.push_back({.x = values[i] / scale, .y = values[i + 1] / scale});
+  }
+  return points;
 }
 
 }  // namespace korva::sim

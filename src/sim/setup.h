@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "sim/definition.h"
 #include "sim/memory.h"
+#include "sim/point.h"
 
 namespace korva::sim {
 
@@ -38,12 +40,37 @@ class Setup {
   /// Gives it a model text, at most 16 characters.
   bool SetModelText(std::string_view text);
 
+  /// Column of the type that the memory tells; empty when its text is none of the list's.
+  std::string InputUnit() const;
+
+  /// Lowest and highest values that the types of the present texts allow to zero and span of input and
+  /// output; empty texts without such a type.
+  struct Limits {
+    std::string low;
+    std::string high;
+  };
+  Limits InputLimits() const;
+  Limits OutputLimits() const;
+
+  bool HasSensor() const;
+  bool HasColdJunction() const;
+
+  /// What the sensor that the maker connected gives at the ends of its type's range, in microvolts or
+  /// milliohms; none without a sensor's curve.
+  std::optional<Point> SensorRange() const { return sensor_range_; }
+
+  /// Temperature over signal as the memory has them now; empty without a valid table.
+  std::vector<Point> StoredCurve() const;
+
+  /// Y over X in %; empty without a valid table.
+  std::vector<Point> StoredLinearizer() const;
+
  private:
   void ChooseInput(const Definition::Row& row);
   void ChooseOutput(const Definition::Row& row);
   void PutTable(const Definition::Row& type);
   void PutModelText();
-  void PutCurve(std::size_t index);
+  void PutCurve(const Definition::Row& type);
   void PutLinearizer();
 
   std::vector<Definition::Row> inputs_;
@@ -52,6 +79,7 @@ class Setup {
   std::filesystem::path curves_;
   std::string input_tag_;
   std::string output_tag_;
+  std::optional<Point> sensor_range_;
 };
 
 }  // namespace korva::sim
