@@ -171,6 +171,7 @@ enum class ListFill {
   InputType,  ///< by the row's change rule (column 19)
   Range,      ///< the column of the range table under the present input type's title
   Whole,      ///< column 1 of all rows of the table
+  Coded,      ///< column 1 of all rows with a code; a fixed row's box is locked
 };
 struct ListRule {
   StringView key;    ///< "$I10"
@@ -195,6 +196,11 @@ struct FieldForm {
   std::span<const StringView> live_items;
   /// The items of group "01" whose fields hold texts; all other fields hold numbers.
   std::span<const StringView> text_items;
+  /// The items of group "01" whose fields may be blank when the set is checked: something else than a
+  /// download sends them.
+  std::span<const StringView> blank_items = {};
+  /// The items of group "01" whose combo boxes may not be blank when the set is checked.
+  std::span<const StringView> needed_choices = {};
 };
 
 /// The text of the families that have only the tag.

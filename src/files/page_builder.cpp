@@ -43,6 +43,14 @@ void AddEntries(ComboBox& box, const ChoiceList& list) {
   }
 }
 
+void AddCodedEntries(ComboBox& box, const ChoiceList& list) {
+  for (int row = 0; row < list.Rows(); ++row) {
+    if (!list.Code(row).empty()) {
+      box.AddEntry(list.Text(row));
+    }
+  }
+}
+
 String ShownValue(const String& cell) { return cell == kNeedless ? String() : cell; }
 
 }  // namespace
@@ -151,6 +159,19 @@ void ParameterPage::ShowBox(int row) {
     case ListFill::Whole:
       AddEntries(box, list);
       break;
+    case ListFill::Coded:
+      FillCodedList(box, row, list);
+      break;
+  }
+}
+
+void ParameterPage::FillCodedList(ComboBox& box, int row, const ChoiceList& list) {
+  AddCodedEntries(box, list);
+  if (Fixed(row)) {
+    CloseBox(box);
+  }
+  if (DataCell(row, kChoiceKey) == kInputTypeKey) {
+    ShowInputTypeUnits(InputTypeRow());
   }
 }
 

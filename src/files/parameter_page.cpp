@@ -188,6 +188,12 @@ bool ParameterPage::IsAmong(std::span<const StringView> items, int row) const {
 
 bool ParameterPage::IsLive(int row) const { return !IsWritten(row) && IsAmong(fields_form_.live_items, row); }
 
+bool ParameterPage::MayBeBlank(int row) const {
+  return IsLive(row) || IsAmong(fields_form_.blank_items, row);
+}
+
+bool ParameterPage::NeedsChoice(int row) const { return IsAmong(fields_form_.needed_choices, row); }
+
 bool ParameterPage::IsNumberRow(int row) const {
   return DataCell(row, kOnPage) == u"Y" && !DataCell(row, kTextIndex).empty() &&
          !IsAmong(fields_form_.text_items, row);

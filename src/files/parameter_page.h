@@ -98,6 +98,10 @@ class ParameterPage : public DevicePage {
   /// True when the field of the row is for a live value: what it shows is known only once the device was
   /// asked, so a page that is built again shows nothing there, whatever the set holds.
   [[nodiscard]] bool IsLive(int row) const;
+  /// True when the field of the row may be blank in a set that goes to the device.
+  [[nodiscard]] bool MayBeBlank(int row) const;
+  /// True when the box of the row must not be blank in a set that goes to the device.
+  [[nodiscard]] bool NeedsChoice(int row) const;
   /// Item of group 1 of the set.
   [[nodiscard]] const String& Item(int item) const { return GroupItem.At(1, item); }
   void SetItem(int item, const String& value) { GroupItem.Set(1, item, value); }
@@ -182,6 +186,7 @@ class ParameterPage : public DevicePage {
   void ShowField(int row);
   void ShowBox(int row);
   void FillInputTypes(ComboBox& box, int row, const ChoiceList& types) const;
+  void FillCodedList(ComboBox& box, int row, const ChoiceList& list);
   void ShowOptions(int row);
   void FixOptions(int row, OptionGroup& options) const;
   void ShowUnit(int row);

@@ -14,14 +14,15 @@ ItemAccess& DevicePage::Items() const {
   return link_.enter_item;
 }
 
+String DevicePage::ReadIdentity(const WireItem& item) const {
+  return traits_.system_text == SystemText::Title ? EnterItem().ReadItemNameRetry(kItemRepeats, item)
+                                                  : Items().ReadRetry(kItemRepeats, item);
+}
+
 bool DevicePage::LinkTest() {
-  const WireItem item{.group = u"00", .item = u"99"};
   CommFailed = false;
   TransferBar.SetValue(5);
-  const String text = traits_.system_text == SystemText::Title
-                          ? EnterItem().ReadItemNameRetry(kItemRepeats, item)
-                          : Items().ReadRetry(kItemRepeats, item);
-  if (text.empty()) {
+  if (ReadIdentity({.group = u"00", .item = u"99"}).empty()) {
     CommFailed = true;
     Box().ShowCommFailure();
   }

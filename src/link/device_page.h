@@ -38,6 +38,10 @@ class DevicePage : public Page {
   /// there is no answer. Puts the progress bar to 5.
   bool LinkTest();
 
+  /// Reads an item that tells what the device is, in the way of the family's system text; empty when there is
+  /// no answer.
+  [[nodiscard]] String ReadIdentity(const WireItem& item) const;
+
   // Each sends the command of its mode; false, after its box, when the device doesn't take it. Whatever text
   // comes back counts as taken.
   bool EnterMonitorMode() override;

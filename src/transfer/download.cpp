@@ -10,6 +10,8 @@
 
 namespace korva {
 
+bool DownloadSteps::ConfirmModel() { return ModelChosen(page_); }
+
 bool DownloadSteps::Collate() { return CollateInputType(page_); }
 
 Download::Download(ParameterPage& page, const RowForm& form, ValueCheck& check, DownloadSteps& steps)
@@ -37,7 +39,7 @@ void Download::Run() {
 }
 
 bool Download::DownloadValues() {
-  if (!page_.LinkTest() || !ModelChosen(page_) || !page_.EnterMonitorMode() || !steps_.Collate()) {
+  if (!page_.LinkTest() || !steps_.ConfirmModel() || !page_.EnterMonitorMode() || !steps_.Collate()) {
     return false;
   }
   steps_.RoundValues();
@@ -53,28 +55,68 @@ bool Download::DownloadParts() {
   return std::all_of(parts.begin(), parts.end(), [](PagePart* part) { return part->Download(); });
 }
 
-bool CollateInputType(const ParameterPage& page) {
-  const ChoiceList types = page.Def.ListOf(u"$I10");
-  const String in_device = Trimmed(page.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = u"10"}));
-  const int device_row = page.FindI10Row(in_device);
-  if (device_row < 0) {
-    return true;
-  }
-  const String chosen = Trimmed(page.Item(kTypeItem));
-  if (!types.Settable(device_row)) {
-    if (chosen == in_device) {
-      return true;
+namespace {
+
+/// A choice that some devices have from their maker, for good.
+struct FixedChoice {
+  StringView item;  ///< of group "01"
+  StringView list;
+  BoxKey mismatch;      ///< (caption)
+  BoxKey not_settable;  ///< (caption), or without an argument
+};
+constexpr FixedChoice kInputType = {.item = u"10",
+                                    .list = u"$I10",
+                                    .mismatch = BoxKey::InputTypeMismatch,
+                                    .not_settable = BoxKey::InputTypeNotSettable};
+constexpr FixedChoice kOutputType = {.item = u"11",
+                                     .list = u"$I11",
+                                     .mismatch = BoxKey::OutputTypeMismatch,
+                                     .not_settable = BoxKey::OutputTypeMismatch};
+
+int RowOf(const ChoiceList& list, const String& text) { return text.empty() ? -1 : list.FindText(text); }
+
+/// The device's choice as it reports it.
+String InDevice(const ParameterPage& page, const FixedChoice& choice) {
+  return Trimmed(page.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = String(choice.item)}));
+}
+
+/// `device_row` is that of `in_device`, the device's choice.
+bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const String& in_device,
+                   int device_row) {
+  const ChoiceList list = page.Def.ListOf(choice.list);
+  const String chosen = Trimmed(page.Item(LeadingInteger(choice.item)));
+  const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
+  const String caption = named ? page.CaptionLabels[device_row].Caption() : String();
+  if (!list.Settable(device_row)) {
+    if (chosen != in_device) {
+      page.Box().Show(choice.mismatch, {caption});
     }
-    const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
-    page.Box().Show(BoxKey::InputTypeMismatch, {named ? page.CaptionLabels[device_row].Caption() : String()});
-    return false;
+    return chosen == in_device;
   }
-  const int chosen_row = page.FindI10Row(chosen);
-  if (chosen_row >= 0 && types.Cell(chosen_row, &ListColumns::settable) == u"N") {
-    page.Box().Show(BoxKey::InputTypeNotSettable);
+  const int chosen_row = RowOf(list, chosen);
+  if (chosen_row >= 0 && list.Cell(chosen_row, &ListColumns::settable) == u"N") {
+    page.Box().Show(choice.not_settable, {caption});
     return false;
   }
   return true;
+}
+
+}  // namespace
+
+bool CollateInputType(const ParameterPage& page) {
+  const String in_device = InDevice(page, kInputType);
+  const int row = page.FindI10Row(in_device);
+  return row < 0 || CollateChoice(page, kInputType, in_device, row);
+}
+
+bool CollateOutputType(const ParameterPage& page) {
+  const String in_device = InDevice(page, kOutputType);
+  const int row = RowOf(page.Def.ListOf(kOutputType.list), in_device);
+  if (row < 0) {
+    page.Box().Show(BoxKey::OutputTypeUnknown);
+    return false;
+  }
+  return CollateChoice(page, kOutputType, in_device, row);
 }
 
 bool Download::WriteAllItems() {

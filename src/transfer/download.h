@@ -16,6 +16,8 @@ class DownloadSteps {
   DownloadSteps& operator=(const DownloadSteps&) = delete;
   virtual ~DownloadSteps() = default;
 
+  /// Makes sure that model and device belong together. False after its box.
+  virtual bool ConfirmModel();
   /// Compares what is fixed in the device with what was chosen, before the values are looked at. False after
   /// its box.
   virtual bool Collate();
@@ -82,5 +84,8 @@ class Download {
 /// Compares the input type of the device with the chosen one, since not every type can be set from here.
 /// False after its box.
 bool CollateInputType(const ParameterPage& page);
+/// The same for the output type, item 11 in the list $I11. One that stands in no row of the list is a fault
+/// here.
+bool CollateOutputType(const ParameterPage& page);
 
 }  // namespace korva

@@ -95,17 +95,40 @@ bool FieldChecks::CheckZeroSpan(bool whole_numbers) {
     Mark(kZeroItem, good);
     return Mark(kSpanItem, good);
   }
-  const Limits limits = LimitsOfType(type, whole_numbers);
-  if (!AtLeast(zero, limits.low)) {
-    return Mark(kZeroItem, false);
+  return MarkPair(kZeroItem, kSpanItem, LimitsOfType(type, whole_numbers));
+}
+
+bool FieldChecks::MarkPair(int low_item, int high_item, const Limits& limits) {
+  const double low = LeadingNumber(FieldOf(low_item)->Text());
+  const double high = LeadingNumber(FieldOf(high_item)->Text());
+  if (!AtLeast(low, limits.low)) {
+    return Mark(low_item, false);
   }
-  if (!AtLeast(limits.high, span_end)) {
-    Mark(kZeroItem, true);
-    return Mark(kSpanItem, false);
+  if (!AtLeast(limits.high, high)) {
+    Mark(low_item, true);
+    return Mark(high_item, false);
   }
-  const bool good = AtLeast(span_end - zero, limits.span);
-  Mark(kZeroItem, good);
-  return Mark(kSpanItem, good);
+  const bool good = AtLeast(high - low, limits.span);
+  Mark(low_item, good);
+  return Mark(high_item, good);
+}
+
+bool FieldChecks::CheckOutputRange() {
+  if (FieldOf(kOutputZeroItem) == nullptr || FieldOf(kOutputSpanItem) == nullptr ||
+      page_.Item(kOutputZeroItem) == kNeedless || page_.Item(kOutputSpanItem) == kNeedless) {
+    return true;
+  }
+  const ChoiceList outputs = page_.Def.ListOf(u"$I11");
+  const String& output = page_.Item(kRangeItem);
+  const int row = output.empty() ? -1 : outputs.FindText(output);
+  if (row < 0) {
+    return true;
+  }
+  const auto limit = [&](ListColumn column) { return LeadingNumber(outputs.Cell(row, column)); };
+  return MarkPair(kOutputZeroItem, kOutputSpanItem,
+                  {.low = limit(&ListColumns::low),
+                   .high = limit(&ListColumns::high),
+                   .span = limit(&ListColumns::span)});
 }
 
 bool FieldChecks::IsGoodWithoutRange(double zero, double span_end) {

@@ -67,6 +67,9 @@ class FieldChecks {
   /// in another unit than deg C are rounded to whole numbers, else to those within them, and an input type
   /// without limits has those of a voltage.
   bool CheckZeroSpan(bool whole_numbers);
+  /// Items 12 and 13 against the limits and the smallest span of the output type, item 11; they have no unit
+  /// that changes. An output type that stands in no row has no limits.
+  bool CheckOutputRange();
   /// Items 19 and 20: 20 above 19, both from -299.99 to 299.99.
   bool CheckScale();
   /// Items 14 and 15 against the limits of the range chosen in item 11, under the title of the input type.
@@ -89,6 +92,7 @@ class FieldChecks {
   bool Mark(int item, bool good);
   [[nodiscard]] String UnitOf(int item) const;
   [[nodiscard]] Limits LimitsOfType(int type, bool whole_numbers) const;
+  bool MarkPair(int low_item, int high_item, const Limits& limits);
   static bool IsGoodWithoutRange(double zero, double span_end);
   bool CheckRange(const ItemRange& range);
   bool CheckRangesInOrder(std::span<const ItemRange> ranges);

@@ -6,6 +6,8 @@ namespace korva {
 inline constexpr int kTagItem = 2;
 inline constexpr int kTypeItem = 10;
 inline constexpr int kRangeItem = 11;
+inline constexpr int kOutputZeroItem = 12;
+inline constexpr int kOutputSpanItem = 13;
 inline constexpr int kZeroItem = 14;
 inline constexpr int kSpanItem = 15;
 inline constexpr int kScaleLowItem = 19;

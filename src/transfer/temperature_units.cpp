@@ -9,8 +9,8 @@
 
 namespace korva {
 
-TemperatureUnits::TemperatureUnits(ParameterPage& page, std::function<bool()> whole_numbers)
-    : page_(page), whole_numbers_(std::move(whole_numbers)) {
+TemperatureUnits::TemperatureUnits(ParameterPage& page, std::function<TemperatureForm()> form)
+    : page_(page), form_(std::move(form)) {
   page_.Add(*this);
 }
 
@@ -54,7 +54,8 @@ bool TemperatureUnits::ChangeUnitOfRow(int row, const String& unit) {
     return true;
   }
   const double value = ConvertTemperature(old_unit, unit, LeadingNumber(field.Text()));
-  if (whole_numbers_()) {
+  const TemperatureForm form = form_();
+  if (form == TemperatureForm::Whole) {
     field.SetText(FormatMask(value, u"#0"));
     return true;
   }
@@ -62,7 +63,9 @@ bool TemperatureUnits::ChangeUnitOfRow(int row, const String& unit) {
   if (type < 0) {
     return false;
   }
-  field.SetText(WithinLimits(value, page_.DataCell(row, kItem), type, unit));
+  field.SetText(form == TemperatureForm::TwoDecimals
+                    ? FormatMask(value, u"##0.00")
+                    : WithinLimits(value, page_.DataCell(row, kItem), type, unit));
   return true;
 }
 

@@ -20,6 +20,10 @@ Upload::Upload(ParameterPage& page, const RowForm& form, UploadSteps& steps)
   page_.cmdUpload.OnClick = [this] { Run(); };
 }
 
+String UploadSteps::ReadItem(int row) const {
+  return page_.Items().ReadRetry(kItemRepeats, page_.WireOf(row));
+}
+
 void Upload::Run() {
   if (page_.OperationRuns() || page_.ConfirmDiscard()) {
     return;
@@ -27,56 +31,67 @@ void Upload::Run() {
   page_.BeginOperation();
   page_.LockFrame();
   const bool begun = page_.LinkTest() && steps_.ConfirmModel();
-  if (begun && UploadValues()) {
-    for (PagePart* part : page_.Parts()) {
-      part->Upload();
-    }
+  const Values values = begun ? UploadValues() : Values{};
+  if (values.complete) {
+    ReadParts();
     page_.Box().Show(BoxKey::UploadDone);
   }
   page_.EndOperation();
   page_.UnlockFrame();
-  if (begun) {
+  if (values.complete || values.any) {
     page_.DataChanged = true;  // the page now differs from any file
+  }
+  if (begun) {
     page_.SettleTabs(TabMoment::Uploaded);
   }
 }
 
-bool Upload::UploadValues() {
+void Upload::ReadParts() {
+  for (PagePart* part : page_.Parts()) {
+    part->Upload();
+  }
+}
+
+Upload::Values Upload::UploadValues() {
   page_.UploadBusy = true;
   for (PagePart* part : page_.Parts()) {
     part->UploadBegins();
   }
-  const bool complete = ReadAllItems();
+  const Values values = ReadAllItems();
   page_.BuildPage();
   for (TextField* field : {&page_.txtAuthor, &page_.txtMemo, &page_.txtFileTitle}) {
     field->SetText({});
   }
   page_.UploadBusy = false;
   page_.TransferBar.SetValue(100);
-  return complete;
+  return values;
 }
 
-bool Upload::ReadAllItems() {
+Upload::Values Upload::ReadAllItems() {
   page_.GroupItem.ClearItems();
   page_.TransferBar.SetValue(0);
   page_.EnterMonitorMode();  // a device that doesn't take it is read all the same
+  Values values;
   const int rows = page_.Def.Data().Rows();
   for (int row = 0; row < rows; ++row) {
     if (page_.DataCell(row, kUploaded) != u"Y") {
       continue;
     }
-    if (ReadRow(row) == RowRead::Stop) {
-      return false;
+    const RowRead read = ReadRow(row);
+    if (read == RowRead::Stop) {
+      return values;
     }
+    values.any = values.any || read == RowRead::Read;
     page_.TransferBar.SetValue(static_cast<float>(row + 1) / static_cast<float>(rows) * 100);
   }
+  values.complete = true;
   page_.TransferBar.SetValue(100);
   steps_.AfterAllRead();
-  return true;
+  return values;
 }
 
 RowRead Upload::ReadRow(int row) {
-  const String answer = page_.Items().ReadRetry(kItemRepeats, page_.WireOf(row));
+  const String answer = steps_.ReadItem(row);
   const RowRead read = steps_.Judge(answer);
   if (read == RowRead::Stop) {
     return read;

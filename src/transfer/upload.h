@@ -22,6 +22,8 @@ class UploadSteps {
   /// Makes sure that model and device belong together, and that the user wants to start. False, after its
   /// box, ends the upload with the page unchanged.
   virtual bool ConfirmModel();
+  /// Reads the item of a row from the device.
+  [[nodiscard]] virtual String ReadItem(int row) const;
   /// What the answer to the reading of a row means. Stop comes after its box; what was read up to there is
   /// shown, and nothing is reported as complete.
   virtual RowRead Judge(const String& answer) { return answer.empty() ? RowRead::Empty : RowRead::Read; }
@@ -37,7 +39,8 @@ class UploadSteps {
 };
 
 /// cmdUpload: reads every item of the model into the set and shows it. An item that doesn't answer leaves an
-/// empty cell and the upload goes on.
+/// empty cell and the upload goes on, unless the family ends it there: then what was read is shown, no part
+/// reads anything, and nothing is reported as complete.
 ///
 /// It is one sequence: its questions, the flags and the locked frame around it, its steps, and the closing
 /// that runs once, whichever step failed. While it runs the frame is locked; the state of the tabs from
@@ -53,8 +56,14 @@ class Upload {
   void Run();
 
  private:
-  bool UploadValues();
-  bool ReadAllItems();
+  /// What became of the reading of the items.
+  struct Values {
+    bool complete = false;  ///< none of them ended it
+    bool any = false;       ///< one at least went into the set
+  };
+  void ReadParts();
+  Values UploadValues();
+  Values ReadAllItems();
   RowRead ReadRow(int row);
   [[nodiscard]] String StripReplyPrefix(int row, const String& reply) const;
 

@@ -96,24 +96,34 @@ bool ValueCheck::CheckBlankFields() {
     page_.SetItem(kTagItem, String(kEmptyTag));
   }
   fault_ = page_.FirstShown([this](const Control& control) {
-    return control.Name() == page_.Text[0].Name() && IsBlank(control.Index());
+    const auto* const field = dynamic_cast<const TextField*>(&control);
+    const auto* const box = dynamic_cast<const ComboBox*>(&control);
+    return (field != nullptr && IsBlank(*field)) || (box != nullptr && IsBlank(*box));
   });
   for (int index = 0; index < page_.Text.Count() && fault_ == nullptr; ++index) {
-    fault_ = IsBlank(index) ? &page_.Text[index] : nullptr;
+    fault_ = IsBlank(page_.Text[index]) ? &page_.Text[index] : nullptr;
   }
   return fault_ == nullptr;
 }
 
-bool ValueCheck::IsBlank(int index) const {
-  const TextField& field = page_.Text[index];
-  return IsEmpty(field) && !field.Locked() && index != page_.FindTextIndex(u"02") && !IsLiveField(index);
+bool ValueCheck::IsBlank(const TextField& field) const {
+  return field.Name() == page_.Text[0].Name() && IsEmpty(field) && !field.Locked() &&
+         field.Index() != page_.FindTextIndex(u"02") && !MayBeBlank(field.Index());
 }
 
-bool ValueCheck::IsLiveField(int index) const {
+bool ValueCheck::IsBlank(const ComboBox& box) const {
+  if (box.Name() != page_.Combo[0].Name() || !box.Text().empty() || box.Locked()) {
+    return false;
+  }
+  const int row = page_.FindComboRow(box.Index());
+  return row < page_.Def.Data().Rows() && page_.NeedsChoice(row);
+}
+
+bool ValueCheck::MayBeBlank(int index) const {
   const String number = Ascii(std::to_string(index));
   for (int row = page_.Def.FindRow(kTextIndex, number); row >= 0;
        row = page_.Def.FindRow(kTextIndex, number, row + 1)) {
-    if (page_.IsLive(row)) {
+    if (page_.MayBeBlank(row)) {
       return true;
     }
   }

@@ -39,8 +39,9 @@ class ValueCheck {
 
  private:
   bool CheckBlankFields();
-  [[nodiscard]] bool IsLiveField(int index) const;
-  [[nodiscard]] bool IsBlank(int index) const;
+  [[nodiscard]] bool MayBeBlank(int index) const;
+  [[nodiscard]] bool IsBlank(const TextField& field) const;
+  [[nodiscard]] bool IsBlank(const ComboBox& box) const;
   Finding CheckParts();
   /// Marks each combo box whose text has no code in the model's tables, such as a range of the input type
   /// chosen before.

@@ -81,7 +81,10 @@ BenchPage::BenchPage(Program& program, const FamilyRecord& record, DeviceLink& l
     : ParameterPage(program, {.family = record.family, .tab_control = "KvCfg_Tab", .design = kSevenTabDesign},
                     FormsOf(record), link),
       model_(model),
-      units_(*this, [this] { return model_.whole_number_limits; }),
+      units_(*this,
+             [this] {
+               return model_.whole_number_limits ? TemperatureForm::Whole : TemperatureForm::WithinLimits;
+             }),
       form_(*this),
       upload_steps_(*this),
       check_steps_(*this),

@@ -12,7 +12,10 @@ KvConfig::KvConfig(Program& program, const FamilyRecord& record, DeviceLink& lin
       linearizer(*this, record.table.Value(), record.csv),
       monitor(*this, record.monitor),
       output(*this, record.output, monitor),
-      units_(*this, [this] { return Model().whole_number_limits; }),
+      units_(*this,
+             [this] {
+               return Model().whole_number_limits ? TemperatureForm::Whole : TemperatureForm::WithinLimits;
+             }),
       spelling_(*this),
       rules_(*this),
       form_(*this, spelling_),

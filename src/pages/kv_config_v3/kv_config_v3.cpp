@@ -30,7 +30,7 @@ KvConfig_V3::KvConfig_V3(Program& program, const FamilyRecord& record, DeviceLin
       command12_(*this, kResetFirst),
       command13_(*this, kResetSecond),
       heads_(*this),
-      units_(*this, [] { return false; }),
+      units_(*this, [] { return TemperatureForm::WithinLimits; }),
       alarms_(*this),
       form_(*this, alarms_),
       upload_steps_(*this),
