@@ -59,6 +59,8 @@ enum class TextKey {
   SentAsTyped,   ///< the same of those that were sent
   NotKept,       ///< before what a saved file will not give back
   MemoLine,      ///< before the number of a line
+  NoTable,       ///< the device has no linearizer stored
+  TableNotRead,  ///< or it could not be read
   ChangeCjm,
   CheckTable,
   WriteIn,

@@ -33,13 +33,14 @@ String LackedCharacter(const CodePage& code_page, const Grid& grid) {
 
 }  // namespace
 
-Linearizer::Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv)
+Linearizer::Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv,
+                       LnrStore* store)
     : page_(page),
       family_(family),
       csv_(csv),
       table_(page.GroupItem, LnrFlexGrid, family_.quantities.front().heads),
       editor_(page, table_),
-      transfer_(page, table_, LnrProgressBar) {
+      transfer_(page, table_, LnrProgressBar, store) {
   page_.Add(*this);
   page_.RegisterAll<Control>({&LnrProgressBar, &LnrFlexGrid, &lbl_LnrUnsaved});
   if (csv_.Has()) {
@@ -106,7 +107,13 @@ void Linearizer::SetLocked(bool locked) {
   }
 }
 
+void Linearizer::UploadBegins() {
+  before_ = page_.GroupItem;
+  page_.Notes.Tell(Notice::NoTable, {});
+}
+
 void Linearizer::PageCleared() {
+  page_.Notes.Tell(Notice::NoTable, {});
   LnrFlexGrid.Resize(PointsOf(Model().points) + 1, kLnrColumns);
   editor_.Reset();
   table_.ClearGrid();
@@ -129,9 +136,13 @@ void Linearizer::SettleTabs(TabMoment moment) {
       SetTableUnsaved(false);
       break;
     case TabMoment::Uploaded:
-      SettleTab(model.after_upload);
+      SettleTab(AfterUpload());
       break;
   }
+}
+
+TableSwitch Linearizer::AfterUpload() const {
+  return family_.needs_flag && !TabFlagged() ? TableSwitch::None : Model().after_upload;
 }
 
 void Linearizer::SettleTab(TableSwitch table_switch) {
@@ -219,12 +230,13 @@ Finding Linearizer::Check() {
 }
 
 void Linearizer::Upload() {
-  const LnrModel& model = Model();
-  const bool read = OpenTabForUpload(model.after_upload);
-  const bool kept = read && !UploadPoints(model.points);
+  const int points = Model().points;
+  const TableSwitch table_switch = AfterUpload();
+  const bool read = OpenTabForUpload(table_switch);
+  const bool kept = read && !UploadPoints(points);
   SetTableUnsaved(kept && TableUnsaved());
-  if (model.after_upload != TableSwitch::None) {
-    SetUp(model.points);
+  if (table_switch != TableSwitch::None) {
+    SetUp(points);
   }
   before_.reset();
 }

@@ -16,8 +16,10 @@ namespace korva {
 /// a click that was under way, is refused with a box.
 class Linearizer final : public PagePart {
  public:
-  /// Adds itself and its controls to the page; without `csv` the table has no files. All outlive this.
-  Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv);
+  /// Adds itself and its controls to the page; without `csv` the table has no files. `store` is nullptr where
+  /// all models have items for the table. All outlive this.
+  Linearizer(ParameterPage& page, const LnrFamily& family, const OrNone<CsvFamily>& csv,
+             LnrStore* store = nullptr);
 
   void SetCaptions(Language language) override;
   /// The table, its editor and its files: an upload enables their tab before it reads the table.
@@ -30,7 +32,7 @@ class Linearizer final : public PagePart {
   void SetCleared() override { SetTableUnsaved(false); }
   void SetSaved() override { SetTableUnsaved(false); }
   void SetTaken() override { editor_.TellOpenEdit(); }
-  void UploadBegins() override { before_ = page_.GroupItem; }
+  void UploadBegins() override;
   /// Reads the device's table into the set, where the model has one in use, and shows it. Where the user
   /// doesn't want the 100 points the table is that from before the upload.
   void Upload() override;
@@ -87,6 +89,8 @@ class Linearizer final : public PagePart {
   /// True when the model has a table, as its definition and its row tell, and its linearizer is in use: the
   /// table is then checked and sent, whatever state its tab is in.
   [[nodiscard]] bool InUse() const;
+  /// The switch that counts after an upload.
+  [[nodiscard]] TableSwitch AfterUpload() const;
   void SettleTab(TableSwitch table_switch);
   bool UploadPoints(int points);
   /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.

@@ -29,6 +29,8 @@ struct LnrFamily {
   LnrRule rule = LnrRule::Curve;
   std::span<const LnrQuantity> quantities;  ///< the first is the one of a new page
   std::span<const LnrModel> models = {};    ///< those that differ from the defaults
+  /// A model whose definition has no flag for the tab has no table, after an upload either.
+  bool needs_flag = false;
   /// The input types whose table is in use, as the devices spell them.
   std::span<const StringView> table_types = {};
 };

@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kHead = 6;  ///< "X(05):", before each value
 constexpr double kDeviceRounding = 0.01;
 constexpr StringView kLongGroup = u"02";
+constexpr StringView kStoredMask = u"##0.00";  ///< of what a store holds
 
 /// The value behind the head; empty for a reply without one.
 String ValueOf(const String& reply) {
@@ -65,10 +66,51 @@ bool LnrTransfer::Upload() {
   if (IsLong() && !page_.Box().Ask(BoxKey::UploadLinearizer)) {
     return false;
   }
+  if (HasStore()) {
+    UploadFromStore();
+    return true;
+  }
   for (const Block& block : BlocksOfTable()) {
     UploadBlock(block);
   }
   return true;
+}
+
+void LnrTransfer::UploadFromStore() {
+  const std::optional<std::vector<LnrPoint>> points = store_->Read();
+  page_.EnterMonitorMode();
+  table_.Clear();
+  if (!points) {
+    page_.Notes.Tell(Notice::NoTable, page_.Words(TextKey::TableNotRead));
+    return;
+  }
+  int row = 0;
+  for (const LnrPoint& point : *points) {
+    ++row;
+    table_.Store(row, 1, FormatMask(point.x, kStoredMask));
+    table_.Store(row, 2, FormatMask(point.y, kStoredMask));
+  }
+  page_.Notes.Tell(Notice::NoTable, points->empty() ? page_.Words(TextKey::NoTable) : String());
+}
+
+std::vector<LnrPoint> LnrTransfer::PointsOfTable() const {
+  const auto number = [this](int row, int column) {
+    return LeadingNumber(ValueFromLnrCell(table_.Value(row, column)));
+  };
+  std::vector<LnrPoint> points;
+  for (int row = 1; row <= table_.Points() && !Trimmed(table_.Value(row, 1)).empty(); ++row) {
+    points.push_back({.x = number(row, 1), .y = number(row, 2)});
+  }
+  return points;
+}
+
+bool LnrTransfer::DownloadToStore() {
+  const bool written = store_->Write(PointsOfTable());
+  page_.EnterMonitorMode();
+  if (!written) {
+    page_.Box().Show(BoxKey::LinearizerDownloadFailed);
+  }
+  return written;
 }
 
 void LnrTransfer::UploadBlock(const Block& block) {
@@ -85,6 +127,9 @@ bool LnrTransfer::DownloadLnr() {
     if (!page_.Box().Ask(BoxKey::DownloadLinearizer)) {
       return true;
     }
+  }
+  if (HasStore()) {
+    return DownloadToStore();
   }
   if (!page_.EnterProgrammingMode()) {
     return false;

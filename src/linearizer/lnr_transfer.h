@@ -1,21 +1,24 @@
 #pragma once
 
 #include "files/parameter_page.h"
+#include "linearizer/lnr_store.h"
 #include "linearizer/lnr_table.h"
 
 namespace korva {
 
 /// The table's way to and from the device, one item for each value: 32 items for 16 points, 200 for 100
 /// points, which is why the user is asked about those. LnrProgressBar shows how far it is, for 100 points
-/// once for each half of the table.
+/// once for each half of the table. On models with a store of their own (LnrStore) that is read and written
+/// in place of the items.
 class LnrTransfer {
  public:
-  /// `bar` is LnrProgressBar. All outlive this.
-  LnrTransfer(ParameterPage& page, LnrTable& table, ProgressBar& bar)
-      : page_(page), table_(table), bar_(bar) {}
+  /// `bar` is LnrProgressBar; `store` is nullptr on pages whose models all have items. All outlive this.
+  LnrTransfer(ParameterPage& page, LnrTable& table, ProgressBar& bar, LnrStore* store = nullptr)
+      : page_(page), table_(table), bar_(bar), store_(store) {}
 
-  /// Reads the whole table into the set. A value that the device doesn't give is empty. False when the user
-  /// doesn't want the 100 points: nothing was read then.
+  /// Reads the whole table into the set. A value that the device doesn't give is empty; a store without a
+  /// table, or that can't be read, gives an empty one, and the status area tells so. False when the user doesn't want the 100 points:
+  /// nothing was read then.
   bool Upload();
   /// Puts the device in programming mode and writes the whole table, each value read before and proved
   /// after it. False, after its box, when the mode was not taken or a value was not: what was written up to
@@ -26,6 +29,10 @@ class LnrTransfer {
   struct Block;
 
   [[nodiscard]] std::vector<Block> BlocksOfTable() const;
+  [[nodiscard]] bool HasStore() const { return store_ != nullptr && store_->Serves(); }
+  void UploadFromStore();
+  bool DownloadToStore();
+  [[nodiscard]] std::vector<LnrPoint> PointsOfTable() const;
   void UploadBlock(const Block& block);
   bool DownloadBlock(const Block& block);
   bool WriteItem(const Block& block, int item);
@@ -35,6 +42,7 @@ class LnrTransfer {
   ParameterPage& page_;
   LnrTable& table_;
   ProgressBar& bar_;
+  LnrStore* store_;
 };
 
 /// True when the device's reply to a write of `sent` tells the same value, give or take 0.01, to which
