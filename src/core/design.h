@@ -39,7 +39,7 @@ struct DesignGroup {
 enum class TabRule {
   OpenUnlessFalse,  ///< closed where the flag is exactly "False"
   OpenIfTrue,       ///< closed unless the flag is exactly "True"
-  BySwitch,         ///< the linearizer's: what stands on it settles it, by the model's switch
+  BySwitch,         ///< what stands on it settles it: the linearizer by the model's switch, and so on
 };
 
 struct DesignTab {

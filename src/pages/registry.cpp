@@ -12,6 +12,7 @@
 #include "pages/kv_config_v3/kv_config_v3.h"
 #include "pages/univ_config/family.h"
 #include "pages/z2_kv_config/family.h"
+#include "pages/z2_kv_config/z2_kv_config.h"
 #include "pages/z2_kv_config_v2/family.h"
 #include "pages/z2_kv_config_v3/family.h"
 #include "pages/z2_kv_config_v4/family.h"
@@ -33,7 +34,7 @@ constexpr std::array kRegistry = {
     RegistryEntry{.record = kKvConfigRecord, .page = PageMaker(Make<KvConfig>)},
     RegistryEntry{.record = kKvConfigV2Record, .page = PageMaker(Make<KvConfig_V2>)},
     RegistryEntry{.record = kKvConfigV3Record, .page = PageMaker(Make<KvConfig_V3>)},
-    RegistryEntry{.record = kZ2KvConfigRecord, .page = kNone},
+    RegistryEntry{.record = kZ2KvConfigRecord, .page = PageMaker(Make<z2KvConfig>)},
     RegistryEntry{.record = kZ2UnivConfigRecord, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV2Record, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV3Record, .page = kNone},

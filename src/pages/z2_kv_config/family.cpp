@@ -31,6 +31,23 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 7, .kind = SectionKind::List},
 };
 
+constexpr FieldArrays kArrays = {
+    .lbl_item = 49, .label = 49, .text = 43, .frame = 3, .combo = 1, .lbl_unit = 43};
+constexpr std::array kLists = {
+    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Coded},
+    ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Coded},
+};
+constexpr std::array<StringView, 6> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"06", u"07"};
+constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
+constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
+
+/// The tab of every model that has a table at all follows Opt_Lnr.
+constexpr std::array kLinearizers = {LnrModel{.def_file = u"Z",
+                                              .beginning = true,
+                                              .points = kLnrLongPoints,
+                                              .on_choice = TableSwitch::LnrOption,
+                                              .after_upload = TableSwitch::LnrOption}};
+
 constexpr std::array kCycle = {CycleItem{.key = u"04"}, CycleItem{.key = u"03"}, CycleItem{.key = u"06"},
                                CycleItem{.key = u"07"}};
 
@@ -66,14 +83,24 @@ constexpr FamilyRecord kZ2KvConfigRecord = {
     .device = {.system_text = SystemText::Title},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kTitledLayout},
-    .fields = kNone,
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone,
+                        .blank_items = kColdJunctionItems,
+                        .needed_choices = kTypes10And11},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = kCycle,
                 .clean = TrimNumericTail,
                 .needs_unit = true,
                 .units = kUnits},
     .output = kTrimmedOutput,
-    .table = kPercentTable,
+    .table = LnrFamily{.points = kLnrLongPoints,
+                       .quantities = kPercentQuantity,
+                       .models = kLinearizers,
+                       .needs_flag = true},
     .csv = CsvFamily{.reader = {.size_records = SizeRecords::SkipOne}, .saves = true},
 };
 

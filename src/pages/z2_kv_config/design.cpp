@@ -1,0 +1,113 @@
+#include "pages/z2_kv_config/design.h"
+
+#include <array>
+
+#include "pages/design_parts.h"
+
+namespace korva {
+
+namespace {
+
+constexpr auto kInputRows = std::to_array<DesignRow>({
+    PlainRow({.item = u"02", .label = 10, .field = 0}),
+    ListRow({.item = u"10", .label = 11, .field = 0}),
+    {.field = "lbl_Range"},
+    OptionRow({.item = u"16", .label = 30, .field = 1}),
+    OptionRow({.item = u"24", .label = 32, .field = 3}),
+});
+
+constexpr auto kRangeRows = std::to_array<DesignRow>({
+    OptionRow({.item = u"21", .label = 31, .field = 0}),
+    FieldRow({.item = u"14", .label = 12, .field = 1}),
+    FieldRow({.item = u"15", .label = 13, .field = 2}),
+    OptionRow({.item = u"23", .label = 33, .field = 2}),
+});
+
+constexpr auto kOutputRows = std::to_array<DesignRow>({
+    ListRow({.item = u"11", .label = 14, .field = 1}),
+    FieldRow({.item = u"12", .label = 15, .field = 3}),
+    FieldRow({.item = u"13", .label = 16, .field = 4}),
+    FieldRow({.item = u"19", .label = 22, .field = 10}),
+    FieldRow({.item = u"20", .label = 23, .field = 11}),
+});
+
+constexpr auto kFineAdjustmentRows = std::to_array<DesignRow>({
+    FieldRow({.item = u"17", .label = 18, .field = 5}),
+    FieldRow({.item = u"18", .label = 19, .field = 6}),
+});
+
+/// The indexes that no item of today's models has: a new item takes any of them.
+constexpr std::array kFreeRows = [] {
+  constexpr std::array kLabels = {6,  7,  8,  9,  17, 24, 25, 26, 27, 28, 29, 34, 35, 36,
+                                  37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49};
+  constexpr std::array kFields = {9,  12, 13, 14, 15, 16, 17, 18, 19, 26, 27, 28, 29, 30,
+                                  31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43};
+  static_assert(kLabels.size() == kFields.size());
+  std::array<DesignRow, kFields.size()> rows{};
+  for (std::size_t place = 0; place < rows.size(); ++place) {
+    rows.at(place) = FieldRow({.item = {}, .label = kLabels.at(place), .field = kFields.at(place)});
+  }
+  return rows;
+}();
+
+constexpr std::array kPointRows = PointRows("cmd_csvFileOpen cmd_csvFileSave");
+
+constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
+constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
+    {.field = "lbl_CJMmsg"},
+    FieldRow({.item = u"34", .label = 20, .field = 7}),
+    FieldRow({.item = u"35", .label = 21, .field = 8}),
+    {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
+    {.label = "lblPrg", .field = "CJM_ProgressBar"},
+});
+
+constexpr std::array kMonitorRows = MonitorRows(std::array{
+    LiveRow({.item = u"04", .label = 2, .field = 22}),
+    LiveRow({.item = u"03", .label = 3, .field = 23}),
+    LiveRow({.item = u"06", .label = 4, .field = 24}),
+    LiveRow({.item = u"07", .label = 5, .field = 25}),
+});
+
+constexpr std::array kSettingRows = OutputRows(std::array{
+    LiveRow({.item = u"03_set", .label = 0, .field = 20}),
+    LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
+});
+
+constexpr std::array kInputGroups = {
+    DesignGroup{.heading = TextKey::Input, .rows = kInputRows},
+    DesignGroup{.column = 1, .heading = TextKey::Range, .rows = kRangeRows},
+};
+constexpr std::array kOutputGroups = {
+    DesignGroup{.heading = TextKey::Output, .rows = kOutputRows},
+    DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineAdjustmentRows},
+    DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kFreeRows},
+};
+constexpr std::array kTableGroups = TableGroups(kPointRows);
+constexpr std::array kCjmGroups = {
+    DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
+    DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
+};
+constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, kSettingRows);
+
+constexpr std::array kTabs = {
+    kFileTab,
+    DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
+    DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
+    TableTab(kTableGroups),
+    DesignTab{.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups},
+    kPortTab,
+    DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
+};
+
+constexpr std::array kOptions = {
+    DesignOptions{.options = "optTempUnit", .frame = "Frame(0)"},
+    DesignOptions{.options = "Opt_FiltSW", .frame = "Frame(1)"},
+    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(2)"},
+    DesignOptions{.options = "optBurn", .frame = "Frame(3)"},
+};
+
+}  // namespace
+
+const Design kZ2KvConfigDesign = {.tabs = kTabs, .options = kOptions};
+
+}  // namespace korva

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "transfer/download.h"
+#include "transfer/field_checks.h"
+#include "transfer/upload.h"
+
+namespace korva {
+
+// What the page of family Lite does its own way in upload, check and download. The page outlives all of it.
+
+/// The kind of an item tells how it travels: none is a choice, any other a value.
+class Z2KvConfigForm final : public RowForm {
+ public:
+  using RowForm::RowForm;
+  [[nodiscard]] bool IsChoice(int row) const override { return Page().DataCell(row, kItemKind).empty(); }
+  [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
+};
+
+/// The device tells its model. An item that doesn't answer, or that it refuses, ends the upload.
+class Z2KvConfigUpload final : public UploadSteps {
+ public:
+  using UploadSteps::UploadSteps;
+  bool ConfirmModel() override;
+  [[nodiscard]] String ReadItem(int row) const override;
+  RowRead Judge(const String& answer) override;
+  /// Drops the unit behind a value.
+  void AfterItemRead(int row) override;
+};
+
+class Z2KvConfigCheck final : public CheckSteps {
+ public:
+  explicit Z2KvConfigCheck(ParameterPage& page) : fields_(page) {}
+  bool CheckValues() override;
+
+ private:
+  FieldChecks fields_;
+};
+
+class Z2KvConfigDownload final : public DownloadSteps {
+ public:
+  using DownloadSteps::DownloadSteps;
+  bool ConfirmModel() override;
+  /// The input type and the output type.
+  bool Collate() override;
+  [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+};
+
+}  // namespace korva
