@@ -186,7 +186,7 @@ TEST(MemoryFaultTest, RefusalsHaveTheCodesOfTheAccess) {
 
 // --- items that tell what the memory holds
 
-TEST(SetupTest, ItemsTellTheTextsOfTheMemory) {
+TEST(StoredItemTest, ItemsTellTheTextsOfTheMemory) {
   auto device = OpenTransmitter();
   EXPECT_EQ(Read(device, "00", "01"), "D      Z2WV-A1X-S");
   EXPECT_EQ(Send(device, "D"), "D      Z2WV-A1X-S");
@@ -200,14 +200,14 @@ TEST(SetupTest, ItemsTellTheTextsOfTheMemory) {
   EXPECT_EQ(device.Value("01", "11"), "0-10 V");
 }
 
-TEST(SetupTest, TypesTakeNoDataThroughTheirItems) {
+TEST(StoredItemTest, TypesTakeNoDataThroughTheirItems) {
   auto device = Transmitter();
   EnterProgramming(device);
   EXPECT_EQ(Write(device, "01", "10", "5"), "D    invalid data");
   EXPECT_EQ(device.Value("01", "10"), "first type");
 }
 
-TEST(SetupTest, MakerSetsATypeWithAllThatGoesWithIt) {
+TEST(StoredItemTest, MakerSetsATypeWithAllThatGoesWithIt) {
   auto device = Transmitter();
   EXPECT_FALSE(device.Set("01", "10", "third type"));
   EXPECT_TRUE(device.Set("01", "10", "5"));

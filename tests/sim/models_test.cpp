@@ -21,10 +21,10 @@ class ModelsTest : public testing::TestWithParam<Model> {
     return options;
   }
 
-  /// The item's number, less a unit that the device sets right behind it.
+  /// The item's number, less a unit that the device sets behind it.
   std::optional<double> Number(const std::string& item) const {
     const auto value = device_.Value("01", item);
-    return ParseNumber(value.substr(0, value.find_first_of("H%")));
+    return ParseNumber(value.substr(0, value.find_last_of("0123456789.") + 1));
   }
 
   /// The row of a section with this text in any column.
@@ -37,10 +37,10 @@ class ModelsTest : public testing::TestWithParam<Model> {
     return nullptr;
   }
 
-  /// What stands before the value of a row; the words for a choice's form are no prefix.
-  static std::string Prefix(const Definition::Row& row) {
+  /// What stands before the value of a row; the words for a choice's form, or a value's kind, are no prefix.
+  std::string Prefix(const Definition::Row& row) const {
     const auto& prefix = Field(row, 22);
-    return prefix == "O" || prefix == "N" ? std::string{} : prefix;
+    return device_.GetFamily().kinds || prefix == "O" || prefix == "N" ? std::string{} : prefix;
   }
 
   /// A reply as a configurator takes it: without the "D", and in the dialect of a display without the blanks.
