@@ -108,11 +108,14 @@ std::string_view HelpText() {
   --latency MS      from command to reply, 0 to 60000; default: 10, slow models 300,
                     with --fast 0
   --sysver TEXT     system text of the device (group 00, item 99); default: "SYSVER   1.00"
-  --set GG/II=TEXT  value of an item at the start, for a choice its text or code; may be repeated
+  --set GG/II=TEXT  value of an item at the start, for a choice its text or code, for a live value a
+                    number at which it stands still; may be repeated
   --fault NAME      always; NAME@N for the N-th command line only, NAME@N-M, NAME@N- from the
-                    N-th on, NAME=COMMAND for each command line with this text; may be repeated
+                    N-th on, NAME=COMMAND for each command line with this text; may be repeated;
+                    stuck-byte, wrong-read-back, refused-address and silent-access strike the
+                    access to the memory of the models that have one
   --trace           print the traffic
-  --list            print the models and the faults, and end
+  --list            print the models and all faults, and end
   --help            print this, and end
 
 It prints one line when it is ready, serves until SIGINT or SIGTERM, and removes its link then.
