@@ -51,7 +51,7 @@ TEST(Catalogue, NamesEveryDefinition) {
   for (const auto& [word, family] : Families()) {
     for (const auto& file :
          std::filesystem::directory_iterator(SystemFolder() + "/" + std::string(family.folder))) {
-      EXPECT_TRUE(named.contains(file.path().string())) << file.path();
+      EXPECT_TRUE(file.path().extension() != ".def" || named.contains(file.path().string())) << file.path();
     }
   }
 }

@@ -40,4 +40,7 @@ bool OneOf(std::string_view text, std::initializer_list<std::string_view> allowe
   return std::ranges::find(allowed, text) != allowed.end();
 }
 
-std::string_view TableOf(std::string_view list) { return list == "$I11" ? "$I11Body" : list; }
+std::string_view TableOf(const Source& source, std::string_view list) {
+  constexpr std::string_view body = "$I11Body";
+  return list == "$I11" && source.Find(body) != nullptr ? body : list;
+}

@@ -39,5 +39,5 @@ std::optional<double> Number(const std::string& text);
 
 bool OneOf(std::string_view text, std::initializer_list<std::string_view> allowed);
 
-/// The section that holds the texts of a list key.
-std::string_view TableOf(std::string_view list);
+/// The section that holds the texts of a list key: of `$I11` its body where it has one.
+std::string_view TableOf(const Source& source, std::string_view list);

@@ -14,7 +14,7 @@ TEST_P(DefinitionLists, HasTheListAndTheDefaultOfEachChoice) {
     if (row[kList].empty()) {
       continue;
     }
-    const auto& texts = source.Rows(TableOf(row[kList]));
+    const auto& texts = source.Rows(TableOf(source, row[kList]));
     EXPECT_FALSE(texts.empty()) << At(row) << "has no section " << row[kList];
     const int last = Index(row[columns.last_option]);
     EXPECT_LE(Index(row[columns.default_option]), last) << At(row);
@@ -70,11 +70,14 @@ TEST_P(DefinitionLists, HasTextsThatTheDisplayCanShow) {
   }
 }
 
-// The unit of live values is looked up from row 1 on.
+// The unit of live values is looked up from row 1 on where types have titles.
 TEST_P(DefinitionLists, LeavesRow0EmptyWhereALiveUnitFollows) {
+  if (facts.types.title == kNoColumn) {
+    return;
+  }
   for (const auto& row : source.Rows("$Data")) {
     if (row[kItem] == "06" && row[kUploaded].empty() && !row[columns.follows].empty()) {
-      const auto& texts = source.Rows(TableOf(row[columns.follows]));
+      const auto& texts = source.Rows(TableOf(source, row[columns.follows]));
       ASSERT_FALSE(texts.empty());
       EXPECT_EQ(texts[0][0], "") << At(row) << row[columns.follows];
     }
@@ -82,14 +85,10 @@ TEST_P(DefinitionLists, LeavesRow0EmptyWhereALiveUnitFollows) {
 }
 
 TEST_P(DefinitionLists, RatesEachFrequencyRangeByAUnitAndASpan) {
-  for (const auto& section : source.sections) {
-    const auto shape = std::ranges::find(facts.shapes, section.key, &Shape::key);
-    if (shape == facts.shapes.end() || shape->columns != 4) {
-      continue;
-    }
-    for (const auto& row : section.rows) {
+  for (const auto list : facts.frequency_lists) {
+    for (const auto& row : source.Rows(list)) {
       EXPECT_TRUE(row[0].empty() || (!row[2].empty() && Number(row[3]).value_or(0) > 0))
-          << section.key << " line " << row.line;
+          << list << " line " << row.line;
     }
   }
 }
@@ -97,11 +96,12 @@ TEST_P(DefinitionLists, RatesEachFrequencyRangeByAUnitAndASpan) {
 TEST_P(DefinitionLists, HasTheTitleOfTheRangesOfEachInputType) {
   const auto& titles = source.Rows("$I11Title");
   for (const auto& row : source.Rows("$I10")) {
-    if (!row[7].empty()) {
+    if (!row[facts.types.title].empty()) {
       ASSERT_EQ(titles.size(), 1U) << "line " << row.line;
-      const auto found = std::ranges::find(titles[0].fields, row[7]);
+      const auto& title = row[facts.types.title];
+      const auto found = std::ranges::find(titles[0].fields, title);
       EXPECT_LT(found - titles[0].fields.begin(), std::min<std::ptrdiff_t>(4, std::ssize(titles[0].fields)))
-          << "line " << row.line << ": " << row[7];
+          << "line " << row.line << ": " << title;
     }
   }
 }
@@ -112,16 +112,25 @@ TEST_P(DefinitionLists, LimitsZeroAndSpanByNumbersInOrder) {
     const auto to = Number(row[high]);
     EXPECT_TRUE(from && to && *from < *to) << "line " << row.line << ": " << row[low] << " to " << row[high];
   };
-  for (const auto& row : source.Rows("$I10")) {
-    EXPECT_TRUE(row[0].empty() || (OneOf(row[5], {"Y", "N"}) && OneOf(row[6], {"Y", "N"})))
-        << "line " << row.line;
-    if (row[2].empty() && row[3].empty() && row[4].empty()) {
-      continue;  // no range to set
-    }
+  const auto limited = [&](const SourceRow& row) {
     rising(row, 2, 3);
     const auto span = Number(row[4]);
     ASSERT_TRUE(span) << "line " << row.line;
     EXPECT_LE(*span, Number(row[3]).value_or(0) - Number(row[2]).value_or(0)) << "line " << row.line;
+  };
+  for (const auto& row : source.Rows("$I11")) {
+    limited(row);
+  }
+  for (const auto& row : source.Rows("$I10")) {
+    const auto flagged = [&](std::size_t column) {
+      return column == kNoColumn || OneOf(row[column], {"Y", "N"});
+    };
+    EXPECT_TRUE(row[0].empty() || (flagged(facts.types.fixed) && flagged(facts.types.settable)))
+        << "line " << row.line;
+    if (row[2].empty() && row[3].empty() && row[4].empty()) {
+      continue;  // no range to set
+    }
+    limited(row);
   }
   for (const auto& row : source.Rows("$I11Body")) {
     for (std::size_t title = 1; title <= 3; ++title) {
@@ -136,10 +145,11 @@ TEST_P(DefinitionLists, LimitsZeroAndSpanByNumbersInOrder) {
 TEST_P(DefinitionLists, HoldsEveryRangeWithinTheInputTypesThatOfferIt) {
   for (const auto& type : source.Rows("$I10")) {
     const auto& titles = source.Rows("$I11Title");
-    const auto title = titles.empty() || type[7].empty()
-                           ? 0
-                           : static_cast<std::size_t>(std::ranges::find(titles[0].fields, type[7]) -
-                                                      titles[0].fields.begin());
+    const auto title =
+        titles.empty() || type[facts.types.title].empty()
+            ? 0
+            : static_cast<std::size_t>(std::ranges::find(titles[0].fields, type[facts.types.title]) -
+                                       titles[0].fields.begin());
     for (const auto& range : source.Rows("$I11Body")) {
       if (title == 0 || title > 3 || range[title].empty()) {
         continue;
@@ -150,6 +160,102 @@ TEST_P(DefinitionLists, HoldsEveryRangeWithinTheInputTypesThatOfferIt) {
       EXPECT_LE(high, Number(type[3])) << type[1] << " with " << range[title];
       EXPECT_GE(high - low, Number(type[4])) << type[1] << " with " << range[title];
     }
+  }
+}
+
+// Of types that stand in the device's memory with their text, tag and converter.
+TEST_P(DefinitionLists, TellsWhatTheMemoryHoldsOfEachType) {
+  constexpr std::size_t text_size = 16;
+  constexpr int converters = 3;
+  const auto check = [&](std::string_view list, const TypeColumns& types) {
+    if (types.tag == kNoColumn) {
+      return;
+    }
+    EXPECT_FALSE(source.Rows(list).empty()) << list;
+    std::set<std::string> tags;
+    for (const auto& row : source.Rows(list)) {
+      const auto code = Number(row[0]);
+      EXPECT_TRUE(code && *code >= 0 && *code <= 127) << list << " line " << row.line;
+      EXPECT_LE(row[1].size(), text_size) << list << " line " << row.line;
+      EXPECT_TRUE(OneOf(row[types.settable], {"Y", "N"})) << list << " line " << row.line;
+      EXPECT_TRUE(!row[types.tag].empty() && tags.insert(row[types.tag]).second)
+          << list << " line " << row.line << ": " << row[types.tag];
+      EXPECT_EQ(row[types.tag].find('-'), std::string::npos) << "it would end a part of the model text";
+      EXPECT_TRUE(types.unit == kNoColumn || !row[types.unit].empty()) << list << " line " << row.line;
+      if (types.converter != kNoColumn) {
+        EXPECT_TRUE(Index(row[types.converter]) >= 0 && Index(row[types.converter]) < converters)
+            << list << " line " << row.line;
+      }
+    }
+  };
+  check("$I10", facts.types);
+  check("$I11", facts.outputs);
+}
+
+// What a download copies by a type's number in the memory has a place there.
+TEST_P(DefinitionLists, HasACalibrationOfEachOutputType) {
+  constexpr double banks = 3;
+  for (const auto& row : source.Rows("$I11")) {
+    EXPECT_TRUE(facts.outputs.tag == kNoColumn || Number(row[0]).value_or(banks) < banks)
+        << "line " << row.line;
+  }
+}
+
+// The head of the model text is the model, and all of it fits its place with the longest tags.
+TEST_P(DefinitionLists, FitsItsModelTextIntoTheMemory) {
+  constexpr std::size_t text_size = 16;
+  constexpr std::size_t separators_and_tail = 3;
+  if (facts.types.tag == kNoColumn) {
+    return;
+  }
+  const auto longest = [&](std::string_view list, std::size_t column) {
+    std::size_t size = 0;
+    for (const auto& row : source.Rows(list)) {
+      size = std::max(size, row[column].size());
+    }
+    return size;
+  };
+  EXPECT_LE(GetParam().name.size() + longest("$I10", facts.types.tag) + longest("$I11", facts.outputs.tag) +
+                separators_and_tail,
+            text_size);
+}
+
+// A download of a sensor's type writes its curve, but no calibration of another converter.
+TEST_P(DefinitionLists, NumbersASensorByItsCurveAndKeepsItsConverter) {
+  const auto kind = GetParam().family == "Lite" ? GetParam().name.at(3) : '\0';
+  const double curves = kind == 'T' ? 13 : kind == 'R' ? 8 : 0;
+  if (curves == 0) {
+    return;
+  }
+  const auto& types = source.Rows("$I10");
+  EXPECT_EQ(static_cast<double>(types.size()), curves);
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    EXPECT_EQ(Number(types[i][0]), static_cast<double>(i)) << "line " << types[i].line;
+    EXPECT_EQ(types[i][facts.types.converter], types[0][facts.types.converter]) << "line " << types[i].line;
+    EXPECT_EQ(types[i][facts.types.unit], "deg C") << "line " << types[i].line;
+  }
+}
+
+// The limits of zero and span lie on the curve, whose ends the device can't pass.
+TEST_P(DefinitionLists, LimitsASensorToItsCurve) {
+  struct Ends {
+    double base;
+    double top;
+  };
+  const std::vector<Ends> thermocouples = {
+      {-50, 1860},  {-273, 1470}, {-273, 1020}, {-260, 1300}, {-272, 500},  {23, 1920}, {-100, 1860},
+      {-100, 1860}, {-50, 2415},  {-273, 1400}, {-250, 600},  {-250, 1000}, {-50, 1495}};
+  const std::vector<Ends> resistances = {{-235, 560}, {-240, 900}, {-240, 900}, {-235, 700},
+                                         {-100, 330}, {-240, 900}, {-100, 250}, {-210, 310}};
+  const auto kind = GetParam().family == "Lite" ? GetParam().name.at(3) : '\0';
+  if (kind != 'T' && kind != 'R') {
+    return;
+  }
+  for (const auto& row : source.Rows("$I10")) {
+    const auto& ends =
+        (kind == 'T' ? thermocouples : resistances).at(static_cast<std::size_t>(Number(row[0]).value_or(0)));
+    EXPECT_GE(Number(row[2]), ends.base) << "line " << row.line;
+    EXPECT_LE(Number(row[3]), ends.top) << "line " << row.line;
   }
 }
 

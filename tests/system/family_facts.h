@@ -44,6 +44,16 @@ struct Columns {
   std::array<std::size_t, 3> unused{};  ///< mean nothing
 };
 
+/// Columns of a list of types: of `$I10`, and of `$I11` where that is a list of its own.
+struct TypeColumns {
+  std::size_t fixed = kNoColumn;  ///< `Y` or `N`
+  std::size_t settable = kNoColumn;
+  std::size_t title = kNoColumn;
+  std::size_t unit = kNoColumn;
+  std::size_t tag = kNoColumn;  ///< what a type is called in the model text
+  std::size_t converter = kNoColumn;
+};
+
 struct Shape {
   std::string_view key;
   std::size_t rows;
@@ -84,7 +94,14 @@ struct FamilyFacts {
   std::vector<Place> plan;
   std::vector<std::string_view> follow_keys = {};  ///< lists that a unit can follow
   std::vector<std::string_view> conditions;        ///< words for when a download writes an item
-  bool forms = false;  ///< a choice is marked by `O` or `N`, and a value needs no prefix
+  std::vector<std::string_view> frequency_lists = {};
+  TypeColumns types = {};                                         ///< of `$I10`
+  TypeColumns outputs = {};                                       ///< of `$I11` as a list
+  std::vector<std::string_view> type_rules = {"Y", "N", "$I10"};  ///< of the box of input types
+  /// Parameters that are read, but that no download writes through their items.
+  std::vector<std::string_view> unwritten_items = {};
+  bool titled_version = true;  ///< the row of the version text has a title, which is not that text itself
+  bool forms = false;          ///< a choice is marked by `O` or `N`, and a value needs no prefix
   std::vector<std::string_view> rounded_items = {};  ///< times that the program brings onto the device's grid
   std::vector<FixedRow> fixed_rows = {};
   int last_position;
