@@ -11,6 +11,7 @@ namespace korva {
 using Clock = std::chrono::nanoseconds;  ///< time since the loop's own start; never runs backwards
 using Milliseconds = std::chrono::milliseconds;
 using TimerId = std::uint64_t;
+using Date = std::chrono::year_month_day;
 
 /// The host's event loop: the only place where the program waits.
 class EventLoop {
@@ -22,6 +23,9 @@ class EventLoop {
 
   /// Time since the loop's start.
   [[nodiscard]] virtual Clock Now() const = 0;
+
+  /// The day by the user's calendar and clock.
+  [[nodiscard]] virtual Date Today() const = 0;
 
   /// Starts a timer that ticks every `interval` (at least 1 ms; the first tick after one interval), precise
   /// to the millisecond, until it is stopped. `tick` enters through the gate. Returns a number that was never

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 #include <chrono>
+#include <ctime>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -49,6 +50,18 @@ TEST_F(QtEventLoopTest, ATimerTicksAfterEachIntervalToTheMillisecond) {
   for (std::size_t tick = 0; tick < ticks.size(); ++tick) {
     EXPECT_GE(ticks[tick], 20ms * (tick + 1)) << "never too early";
   }
+}
+
+TEST_F(QtEventLoopTest, TodayIsTheDayOfTheLocalCalendar) {
+  const auto local_day = [] {
+    const std::time_t now = std::time(nullptr);
+    std::tm fields{};
+    localtime_r(&now, &fields);
+    return std::chrono::year(fields.tm_year + 1900) / (fields.tm_mon + 1) / fields.tm_mday;
+  };
+  const Date before = local_day();
+  const Date today = loop.Today();
+  EXPECT_TRUE(today == before || today == local_day()) << "midnight may pass meanwhile";
 }
 
 TEST_F(QtEventLoopTest, TimersOfTheSameLoopTickInTheOrderOfTheirTimes) {

@@ -27,6 +27,14 @@ TEST(VirtualEventLoop, SleepsUntilTheNextEventAndDeliversIt) {
   EXPECT_EQ(loop.PumpCount(), 2U);
 }
 
+TEST(VirtualEventLoop, TodayIsTheDayThatATestSets) {
+  VirtualEventLoop loop;
+  const Date day = std::chrono::year(2026) / 11 / 22;
+  loop.SetToday(day);
+  loop.RunFor(48h);
+  EXPECT_EQ(loop.Today(), day);
+}
+
 TEST(VirtualEventLoop, EventsOfTheSameInstantComeInTheOrderOfScheduling) {
   VirtualEventLoop loop;
   std::string order;

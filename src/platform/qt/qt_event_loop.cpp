@@ -1,6 +1,7 @@
 #include "platform/qt/qt_event_loop.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QtGlobal>
 #include <algorithm>
 
@@ -13,6 +14,11 @@ QtEventLoop::QtEventLoop() : start_(std::chrono::steady_clock::now()) {
 QtEventLoop::~QtEventLoop() = default;
 
 void QtEventLoop::ChooseDispatcher() { qputenv("QT_NO_GLIB", "1"); }
+
+Date QtEventLoop::Today() const {
+  const QDate today = QDate::currentDate();
+  return std::chrono::year(today.year()) / today.month() / today.day();
+}
 
 TimerId QtEventLoop::StartTimer(Milliseconds interval, std::function<void()> tick) {
   const TimerId id = ++last_timer_;

@@ -30,6 +30,7 @@ class QtEventLoop final : public QObject, public EventLoop {
   static void ChooseDispatcher();
 
   [[nodiscard]] Clock Now() const override { return std::chrono::steady_clock::now() - start_; }
+  [[nodiscard]] Date Today() const override;
   TimerId StartTimer(Milliseconds interval, std::function<void()> tick) override;
   void StopTimer(TimerId timer) override;
   void Pump() override;

@@ -20,6 +20,9 @@ namespace korva {
 class VirtualEventLoop final : public EventLoop {
  public:
   [[nodiscard]] Clock Now() const override { return now_; }
+  [[nodiscard]] Date Today() const override { return today_; }
+  /// The day does not follow the clock: it is the one of the last call.
+  void SetToday(Date today) { today_ = today; }
   TimerId StartTimer(Milliseconds interval, std::function<void()> tick) override;
   void StopTimer(TimerId timer) override;
 
@@ -82,6 +85,7 @@ class VirtualEventLoop final : public EventLoop {
   void JumpToNext();
 
   Clock now_{0};
+  Date today_{std::chrono::year(2024), std::chrono::February, std::chrono::day(29)};
   std::uint64_t next_sequence_ = 0;
   std::size_t pumps_ = 0;
   std::size_t one_off_events_ = 0;  // scheduled events that are no ticks
