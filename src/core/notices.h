@@ -9,6 +9,7 @@ namespace korva {
 /// What the status area can tell, in the order in which it shows: one text at a time of each.
 enum class Notice {
   Port,         ///< why the port did not open
+  Stage,        ///< what a long operation is about, and how far it is
   OpenEdit,     ///< an edit stands open that is not part of the set
   NotPlain,     ///< texts of number fields that are no plain numbers, as they would be sent
   SentAsTyped,  ///< those of them that the last download sent

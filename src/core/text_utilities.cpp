@@ -1,5 +1,6 @@
 #include "core/text_utilities.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
@@ -132,6 +133,14 @@ String HalfWidthNumber(StringView text) {
 String Trimmed(StringView text) { return Stripped(text, u" "); }
 
 // In one pass, so that an argument that looks like a place stays as it is.
+bool IsLike(StringView text, StringView pattern) {
+  const auto matches = [](char16_t character, char16_t wanted) {
+    const bool digit = character >= u'0' && character <= u'9';
+    return wanted == u'?' || character == wanted || (wanted == u'#' && digit);
+  };
+  return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(), matches);
+}
+
 String Filled(StringView text, std::initializer_list<String> arguments) {
   String filled;
   while (!text.empty()) {

@@ -33,6 +33,10 @@ String HalfWidthNumber(StringView text);
 /// The text without blanks at both ends. TABs stay.
 String Trimmed(StringView text);
 
+/// True when the text has the pattern's characters, in which "?" stands for any one and "#" for any digit:
+/// "Z2WT.def" is like "Z#W?.def".
+bool IsLike(StringView text, StringView pattern);
+
 /// The text with its places "{1}" to "{9}" filled with `arguments` in their order.
 String Filled(StringView text, std::initializer_list<String> arguments);
 

@@ -126,6 +126,18 @@ enum class TextKey {
   PortGroup,      ///< (group whose members may use it)
   AwaitingItem,   ///< (group, item, try, tries, port's number, bits a second, seconds)
   AwaitingReply,  ///< (port's number, bits a second, seconds)
+  // Stages of the work on the device's memory, in the status area.
+  InputTypeUnread,  ///< of the device, before any is rewritten
+  StageDate,
+  StageInputType,
+  StageOutputType,
+  StageModelText,
+  StageCalibration,
+  StageCurve,       ///< (the sensor's curve file)
+  StageLinearizer,  ///< writing it
+  StageReadLinearizer,
+  BlocksDone,  ///< (stage, blocks done, of blocks)
+  TimeLeft,    ///< (minutes, seconds), behind BlocksDone
   // The same in both languages.
   Com1,
   Com2,

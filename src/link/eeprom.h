@@ -39,6 +39,7 @@ class Eeprom {
   /// What is stored: a number, or a text of one byte a character.
   using Value = std::variant<std::int32_t, String>;
   static constexpr std::int32_t kFailed = -1;
+  static constexpr int kSize = 8192;  ///< bytes
 
   /// Both outlive this.
   Eeprom(SerialLink& link, const CodePage& code_page) : link_(link), code_page_(code_page) {}

@@ -155,5 +155,21 @@ TEST(Ascii, WidensSevenBitCharactersOnly) {
   EXPECT_EQ(Ascii("a\x80"), u"a\uFFFD");
 }
 
+TEST(IsLikeTest, AQuestionMarkStandsForAnyCharacterAndAHashForAnyDigit) {
+  EXPECT_TRUE(IsLike(u"Z2WT.def", u"Z2WT.def"));
+  EXPECT_TRUE(IsLike(u"Z2WT.def", u"Z#W?.def"));
+  EXPECT_TRUE(IsLike(u"Z8WM2.def", u"Z#WM2.def"));
+  EXPECT_TRUE(IsLike(u"Z2W2.def", u"Z2W?.def"));
+  EXPECT_TRUE(IsLike(u"", u""));
+}
+
+TEST(IsLikeTest, TheWholeTextCounts) {
+  EXPECT_FALSE(IsLike(u"Z2WT2.def", u"Z2W?.def"));
+  EXPECT_FALSE(IsLike(u"Z2W.def", u"Z2W?.def"));
+  EXPECT_FALSE(IsLike(u"ZAWT.def", u"Z#WT.def"));
+  EXPECT_FALSE(IsLike(u"z2WT.def", u"Z2WT.def"));
+  EXPECT_FALSE(IsLike(u"", u"?"));
+}
+
 }  // namespace
 }  // namespace korva

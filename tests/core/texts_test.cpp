@@ -68,6 +68,19 @@ INSTANTIATE_TEST_SUITE_P(
                 u"The saved file will not give these back: "},
         Caption{TextKey::MemoLine, u"メモの行", u"Notes, line"}, Caption{TextKey::Curve, u"曲線", u"Curve"}));
 
+INSTANTIATE_TEST_SUITE_P(
+    MemoryOfTheDevice, CaptionTest,
+    testing::Values(
+        Caption{TextKey::InputTypeUnread,
+                u"変換器の入力ﾀｲﾌﾟ(Item10)を読み込めなかったので、ﾀﾞｳﾝﾛｰﾄﾞを中止しました。",
+                u"The download was given up: the device's input type (item 10) could not be read."},
+        Caption{TextKey::StageDate, u"EEPROM: ﾀﾞｳﾝﾛｰﾄﾞ日付を書き込んでいます",
+                u"EEPROM: writing the date of the download"},
+        Caption{TextKey::StageCurve, u"EEPROM: ｾﾝｻのｶｰﾌﾞ {1} を書き込んでいます",
+                u"EEPROM: writing the sensor's curve {1}"},
+        Caption{TextKey::BlocksDone, u"{1}: {2}/{3} ﾌﾞﾛｯｸ", u"{1}: {2} of {3} blocks"},
+        Caption{TextKey::TimeLeft, u"、残り {1} 分 {2} 秒", u", {1} min {2} s left"}));
+
 INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                          testing::Values(Caption{TextKey::Setting, u"設定", u"Setting"},
                                          Caption{TextKey::Monitor, u"表示", u"Monitor"},
