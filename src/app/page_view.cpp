@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyle>
@@ -35,6 +36,22 @@ constexpr std::array kShortcuts = {
     Shortcut{"cmdUpload", "Ctrl+U"}, Shortcut{"cmdDownload", "Ctrl+D"}, Shortcut{"cmdCheck", "Ctrl+K"},
     Shortcut{"cmdOpen", "Ctrl+O"},   Shortcut{"cmdSave", "Ctrl+S"},     Shortcut{"cmdNew", "Ctrl+N"},
     Shortcut{"cmdExit", "Ctrl+Q"},
+};
+
+/// Holds a text that changes every second while an operation waits. Since the place stays as it is, the text
+/// alone is painted then, and the page isn't laid out anew.
+class TextPlace : public QWidget {
+ public:
+  TextPlace(QWidget* text, QWidget* parent) : QWidget(parent), text_(text) {
+    text_->setParent(this);
+    setFixedHeight(text_->fontMetrics().height());
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* /*event*/) override { text_->setGeometry(rect()); }
+
+ private:
+  QWidget* text_;
 };
 
 }  // namespace
@@ -193,16 +210,18 @@ QWidget* PageView::MakeStatus() {
     return control == nullptr ? nullptr : views_.Make(*control, area);
   };
   int column = 0;
-  for (const char* name : {"ProgressBar", "LnrProgressBar", "lbl_Waitfor", "lblWaiting", "lbl_FrmVersion"}) {
+  for (const char* name : {"ProgressBar", "LnrProgressBar", "lbl_Waitfor"}) {
     if (QWidget* widget = make(name)) {
       layout->addWidget(widget, 0, column);
     }
     ++column;
   }
+  layout->addWidget(new TextPlace(make("lblWaiting"), area), 0, column);
   // The bars keep their width as long as there is room.
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
-  layout->setColumnStretch(3, 100);
+  layout->setColumnStretch(column++, 100);
+  layout->addWidget(make("lbl_FrmVersion"), 0, column++);
   int line = 1;
   for (const char* name : {"lbl_LnrUnsaved", "lblNotices"}) {
     if (auto* text = qobject_cast<QLabel*>(make(name))) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPaintEvent>
 #include <QTableWidget>
@@ -36,6 +37,9 @@ class Paints : public QObject {
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
     auto* widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::LayoutRequest && widget != nullptr && widget->layout() != nullptr) {
+      ++layouts;
+    }
     if (event->type() == QEvent::Paint && widget != nullptr && window_.isAncestorOf(widget)) {
       const QRegion region =
           static_cast<QPaintEvent*>(event)->region().translated(widget->mapTo(&window_, QPoint()));
@@ -48,6 +52,7 @@ class Paints : public QObject {
     return false;
   }
   void Reset() {
+    layouts = 0;
     of.clear();
     beyond.clear();
   }
@@ -59,6 +64,7 @@ class Paints : public QObject {
   }
 
   QRegion allowed;
+  int layouts = 0;  ///< how often something was laid out anew
   std::map<std::string, int> of;
   std::set<std::string> beyond;
 
@@ -183,6 +189,23 @@ TEST(RepaintTest, AMarkedCellPaintsItselfAndItsCurveOnly) {
   grid.SetLook(5, 2, Look::Bad);
   EXPECT_GT(paints.Painted(), 0U);
   EXPECT_EQ(paints.beyond, std::set<std::string>{});
+}
+
+TEST(RepaintTest, WhatIsWaitedForPaintsItselfAndLaysNothingOut) {
+  WindowBench bench("QN");
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&bench.window));
+  Label& text = bench.Page().lblWaiting;
+  Paints paints(bench.window);
+  const auto* widget = bench.Find<QLabel>("lblWaiting");
+  paints.allowed = AreaOf(widget->parentWidget());
+  EXPECT_GT(paints.allowed.boundingRect().width(), 300);
+  for (const char16_t* shown : {u"1 s", u"2 s", u"a longer text of 3 s", u""}) {
+    text.SetCaption(shown);
+    text.SetVisible(!text.Caption().empty());
+    EXPECT_GT(paints.Painted(), 0U);
+    EXPECT_EQ(paints.beyond, std::set<std::string>{});
+    EXPECT_EQ(paints.layouts, 0);
+  }
 }
 
 TEST(RepaintTest, ALockedListIsNotPaintedForAChangeThatItDoesNotShow) {
