@@ -195,7 +195,10 @@ TEST(RepaintTest, WhatIsWaitedForPaintsItselfAndLaysNothingOut) {
   WindowBench bench("QN");
   EXPECT_TRUE(QTest::qWaitForWindowExposed(&bench.window));
   Label& text = bench.Page().lblWaiting;
+  text.SetVisible(true);
   Paints paints(bench.window);
+  while (paints.Painted() > 0 || paints.layouts > 0) {
+  }
   const auto* widget = bench.Find<QLabel>("lblWaiting");
   paints.allowed = AreaOf(widget->parentWidget());
   EXPECT_GT(paints.allowed.boundingRect().width(), 300);
