@@ -19,38 +19,20 @@ namespace {
 constexpr long kNanosecondsPerSecond = 1'000'000'000;
 
 timespec Later(timespec time, long nanoseconds) {
-  const long sum = time.tv_nsec + nanoseconds + kNanosecondsPerSecond;
-  time.tv_sec += sum / kNanosecondsPerSecond - 1;
-  time.tv_nsec = sum % kNanosecondsPerSecond;
+  time.tv_nsec += nanoseconds;
+  time.tv_sec += time.tv_nsec / kNanosecondsPerSecond;
+  time.tv_nsec %= kNanosecondsPerSecond;
   return time;
-}
-
-timespec Now() {
-  timespec time{};
-  clock_gettime(CLOCK_MONOTONIC, &time);
-  return time;
-}
-
-bool Before(const timespec& one, const timespec& other) {
-  return one.tv_sec != other.tv_sec ? one.tv_sec < other.tv_sec : one.tv_nsec < other.tv_nsec;
-}
-
-// A wire is never late, but a sleeper is, by up to a character's time at 38400 bit/s: the last stretch is spent
-// awake.
-void AwaitExactly(const timespec& time) {
-  constexpr long kAwake = 300'000;  // nanoseconds
-  const timespec early = Later(time, -kAwake);
-  clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &early, nullptr);
-  while (Before(Now(), time)) {
-  }
 }
 
 // Sends byte by byte, the first one when the command's and its own time on the wire have passed.
 void AnswerPaced(int line, std::size_t command_length, std::string_view answer, long character) {
-  timespec time = Later(Now(), character * static_cast<long>(command_length));
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC, &time);
+  time = Later(time, character * static_cast<long>(command_length));
   for (const char byte : answer) {
     time = Later(time, character);
-    AwaitExactly(time);
+    clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &time, nullptr);
     if (write(line, &byte, 1) != 1) {
       return;
     }
