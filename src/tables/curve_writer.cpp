@@ -152,13 +152,15 @@ int CurveWriter::DownloadLnrTable(StringView model, std::span<const LnrPoint> po
   if (!IsCurve(values)) {
     return kNotBegun;
   }
-  return Write({.type = kLinearizer,
-                .base = Rounded(points.front().x * kEndScale),
-                .top = Rounded(points.back().x * kEndScale),
-                .difference = Rounded((points.back().x - points.front().x) * image->scale),
-                .points = static_cast<int>(points.size()),
-                .values = std::move(values)},
-               {.bar = linearizer_bar_, .stage = TextKey::StageLinearizer});
+  const int result = Write({.type = kLinearizer,
+                            .base = Rounded(points.front().x * kEndScale),
+                            .top = Rounded(points.back().x * kEndScale),
+                            .difference = Rounded((points.back().x - points.front().x) * image->scale),
+                            .points = static_cast<int>(points.size()),
+                            .values = std::move(values)},
+                           {.bar = linearizer_bar_, .stage = TextKey::StageLinearizer});
+  notice_.End();
+  return result;
 }
 
 int CurveWriter::Write(const Table& table, const Manner& manner) {
@@ -235,7 +237,9 @@ std::optional<std::vector<LnrPoint>> CurveWriter::UploadLnrTable(StringView mode
   }
   notice_.Begin(TextKey::StageReadLinearizer);
   const std::optional<int> start = ReadLnrStart();
-  return start ? ReadPoints(*start, image->scale) : std::nullopt;
+  std::optional<std::vector<LnrPoint>> points = start ? ReadPoints(*start, image->scale) : std::nullopt;
+  notice_.End();
+  return points;
 }
 
 std::optional<int> CurveWriter::ReadLnrStart() {

@@ -385,6 +385,19 @@ TEST_F(LinearizerImageTest, WhatWasWrittenIsReadBack) {
   }
 }
 
+TEST_F(LinearizerImageTest, TheStatusAreaTellsTheBlocksOfTheWritingAndThePointsOfTheReadingAndThenNothing) {
+  ASSERT_EQ(Write("Z2WM", {{0, 0}, {25, 1}, {50, 2}, {75, 3}, {100, 100}}), 0);
+  ASSERT_EQ(bench.notices.size(), 6U);
+  EXPECT_EQ(bench.notices.at(0), "EEPROM: ﾘﾆｱﾗｲｻﾞを書き込んでいます");
+  EXPECT_TRUE(bench.notices.at(4).starts_with("EEPROM: ﾘﾆｱﾗｲｻﾞを書き込んでいます: 3/3 ﾌﾞﾛｯｸ、"));
+  EXPECT_EQ(bench.notices.at(5), "");
+  bench.notices.clear();
+  Read("Z2WM");
+  ASSERT_EQ(bench.notices.size(), 8U);
+  EXPECT_TRUE(bench.notices.at(6).starts_with("EEPROM: ﾘﾆｱﾗｲｻﾞを読み込んでいます: 5/5 ﾌﾞﾛｯｸ、"));
+  EXPECT_EQ(bench.notices.at(7), "");
+}
+
 TEST_F(LinearizerImageTest, AValueOfMinus1IsRead) {
   ASSERT_EQ(Write("Z2WM", {{-1.0 / 65536, 0}, {100, 100}}), 0);
   EXPECT_EQ(Read("Z2WM"), (std::vector<LnrPoint>{{-1.0 / 65536, 0}, {100, 100}}));

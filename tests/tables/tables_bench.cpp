@@ -25,20 +25,21 @@ constexpr FieldForm kFields = {
     .text_items = kTagAlone};
 const std::array<const Family*, 1> kFamilies = {&kZ2KvConfigRecord.family};
 
-/// The types of a definition: of its rows those of items 10 and 11, and their lists.
-std::string TypesOf(const std::string& definition) {
+/// The types of a definition: of its rows those of items 10 and 11, and their lists, or `types` in their
+/// place.
+std::string TypesOf(const std::string& definition, const std::string& types_instead) {
   std::string types;
   bool wanted = false;
   std::istringstream lines(definition);
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with('$')) {
-      wanted = line.starts_with("$I10") || line.starts_with("$I11");
+      wanted = types_instead.empty() && (line.starts_with("$I10") || line.starts_with("$I11"));
     }
     if (wanted || line.starts_with("$Data") || line.starts_with("01,  10,") || line.starts_with("01,  11,")) {
       types += line + "\n";
     }
   }
-  return types + "$End\r\n";
+  return types + types_instead + "$End\r\n";
 }
 
 sim::Device Transmitter(const std::string& model) {
@@ -62,7 +63,7 @@ TablesPage::TablesPage(Program& program, DeviceLink& link)
           {.device = kZ2KvConfigRecord.device, .definition = kZ2KvConfigRecord.definition, .fields = kFields},
           link) {}
 
-TablesBench::TablesBench(const std::string& model, const std::string& def_file)
+TablesBench::TablesBench(const std::string& model, const std::string& def_file, const std::string& types)
     : device(Transmitter(model)),
       program(platform, u"/korva", {.all = kFamilies, .root = kZ2KvConfigRecord.family},
               [this](Program& owner, const Family& /*family*/) {
@@ -73,7 +74,8 @@ TablesBench::TablesBench(const std::string& model, const std::string& def_file)
       link(platform, program.Shared()) {
   const std::string file = def_file.empty() ? model + ".def" : def_file;
   files.Put(u"/korva/system/MdlVTRMFx.jpn", "$Type\r\nModel, " + file + ", Lite\r\n$End\r\n");
-  files.Put(u"/korva/system/z2Kv/" + Ascii(file), TypesOf(BytesOfHome("system/z2Kv/" + model + ".def")));
+  files.Put(u"/korva/system/z2Kv/" + Ascii(file),
+            TypesOf(BytesOfHome("system/z2Kv/" + model + ".def"), types));
   for (const SensorKind kind : {SensorKind::Thermocouple, SensorKind::Resistance}) {
     for (const CurveFile& curve : CurveFiles(kind)) {
       files.Put(CurvePath(u"/korva", curve, u'/'), BytesOfHome("system/z2Kv/" + ToUtf8(curve.name)));

@@ -43,9 +43,10 @@ class TablesPage final : public ParameterPage {
 /// The program with one page, for one model of the second line with its types as they are sold, and such a
 /// device on COM 1, on a line that takes no time. It has all curves, and the first type of each list.
 struct TablesBench {
-  /// `model` is the name of a definition of the build's, without ".def"; `def_file` what the page's model is
-  /// known by, where a test makes one up.
-  explicit TablesBench(const std::string& model, const std::string& def_file = {});
+  /// `model` is the name of a definition of the build's, without ".def", and of the device. Where a test
+  /// makes one up, the page knows it as `def_file` and with the lists `types`.
+  explicit TablesBench(const std::string& model, const std::string& def_file = {},
+                       const std::string& types = {});
 
   [[nodiscard]] EepromStage& Stage() const { return page->stage; }
   [[nodiscard]] CurveWriter& Curves() const { return page->stage.Curves(); }
