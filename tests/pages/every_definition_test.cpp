@@ -15,6 +15,7 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "support/page_parts.h"
+#include "tables/cold_junction.h"
 
 namespace korva {
 namespace {
@@ -165,11 +166,7 @@ class Examination {
     if (page_.DataCell(row, kWriteCondition).empty()) {
       Fault(row, "a position, but never written");
     }
-    const String& prefix = page_.DataCell(row, kReplyPrefix);
-    const bool form = prefix == u"O" || prefix == u"N";
-    const bool needs_prefix = page_.ItsFamily().dialect == Dialect::Cok;
-    const bool choice = !page_.DataCell(row, kChoiceKey).empty();
-    if (needs_prefix ? prefix.empty() != choice : form != choice) {
+    if (TellsChoice(row) == page_.DataCell(row, kChoiceKey).empty()) {
       Fault(row, "a value is written by its prefix, a choice by its code");
     }
     if (page_.DataCell(row, kUploaded) != u"Y") {
@@ -177,9 +174,20 @@ class Examination {
     }
   }
 
-  /// The table's switch opens its tab later, and nothing opens that of live values which are not read.
+  /// Whether the column of prefixes, or of kinds, says that the row is a choice.
+  [[nodiscard]] bool TellsChoice(int row) const {
+    if (page_.Def.HasColumn(kItemKind)) {
+      return page_.DataCell(row, kItemKind).empty();
+    }
+    const String& prefix = page_.DataCell(row, kReplyPrefix);
+    return page_.ItsFamily().dialect == Dialect::Cok ? prefix.empty() : prefix == u"O" || prefix == u"N";
+  }
+
+  /// The table's switch opens its tab later, few models have a cold junction, and nothing opens that of live
+  /// values which are not read.
   [[nodiscard]] bool MayBeClosed(int tab) const {
     return tab == page_.TabWith(TextKey::Linearizer) ||
+           (tab == page_.TabWith(TextKey::Cjm) && !test::Part<ColdJunction>(page_).Serves()) ||
            (tab == page_.TabWith(TextKey::IoCheck) &&
             !test::Part<StatusMonitor>(page_).cmdMonitorON.Visible());
   }
@@ -214,9 +222,9 @@ class Examination {
   /// Above, beside and below the tabs.
   static bool InView(const Control& control) {
     static const std::set<std::string_view> names = {
-        "lst_TypeSelect", "lbl_TypeSelect", "cmdUpload",      "cmdDownload", "cmdOpen",
-        "cmdSave",        "cmdNew",         "cmdCheck",       "cmdExit",     "KvCfg_Tab",
-        "ProgressBar",    "LnrProgressBar", "lbl_FrmVersion", "lbl_Waitfor", "lblMsg_CannotEnd"};
+        "lst_TypeSelect", "lbl_TypeSelect", "cmdUpload",   "cmdDownload",     "cmdOpen",     "cmdSave",
+        "cmdNew",         "cmdCheck",       "cmdExit",     "KvCfg_Tab",       "z2KvCfg_Tab", "ProgressBar",
+        "LnrProgressBar", "lbl_FrmVersion", "lbl_Waitfor", "lblMsg_CannotEnd"};
     return names.contains(control.Name());
   }
 

@@ -81,7 +81,7 @@ std::vector<String> ModelsOf(StringView family) {
 
 std::vector<String> AllModels() {
   std::vector<String> names;
-  for (const StringView family : {u"First", u"Second", u"Third"}) {
+  for (const StringView family : {u"First", u"Second", u"Third", u"Lite"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }
@@ -165,9 +165,15 @@ void PageBench::Type(TextField& field, const String& text) {
 
 void PageBench::Type(const String& item, const String& text) { Type(Field(item), text); }
 
+std::vector<BoxKey> PageBench::QuestionsOfUpload() {
+  const bool tells_model = Page().ItsFamily().word == u"Lite";
+  return tells_model ? std::vector<BoxKey>() : std::vector{BoxKey::ModelMatches, BoxKey::StartUpload};
+}
+
 void PageBench::Upload() {
-  dialogs.QueueAnswer(Answer::Yes);
-  dialogs.QueueAnswer(Answer::Ok);
+  for (const BoxKey question : QuestionsOfUpload()) {
+    dialogs.QueueAnswer(question == BoxKey::StartUpload ? Answer::Ok : Answer::Yes);
+  }
   Click(Page().cmdUpload);
 }
 

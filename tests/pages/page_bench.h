@@ -80,7 +80,9 @@ class PageBench : public PageFolder {
   void Type(const String& item, const String& text);  ///< into the field of an item of group "01"
 
   // Whole jobs.
-  void Upload();  ///< answers its two questions
+  /// The questions of an upload, in their order: none where the device tells its model.
+  [[nodiscard]] std::vector<BoxKey> QuestionsOfUpload();
+  void Upload();  ///< answers its questions
   void Download();
   void Check() { Click(Page().cmdCheck); }
   void Save(const String& path);

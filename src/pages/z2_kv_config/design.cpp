@@ -8,19 +8,28 @@ namespace korva {
 
 namespace {
 
+constexpr int kFirstFreeNumber = 6;  ///< number labels below it are those of live values
+
+/// An option group with room for a caption label beside its frame.
+constexpr DesignRow LabelledOptionRow(const ItemPlace& place) {
+  DesignRow row = OptionRow(place);
+  row.label = ElementName<arrays::kCaption>(place.label);
+  return row;
+}
+
 constexpr auto kInputRows = std::to_array<DesignRow>({
-    PlainRow({.item = u"02", .label = 10, .field = 0}),
+    FieldRow({.item = u"02", .label = 10, .field = 0}),
     ListRow({.item = u"10", .label = 11, .field = 0}),
     {.field = "lbl_Range"},
-    OptionRow({.item = u"16", .label = 30, .field = 1}),
-    OptionRow({.item = u"24", .label = 32, .field = 3}),
+    LabelledOptionRow({.item = u"16", .label = 30, .field = 1}),
+    LabelledOptionRow({.item = u"24", .label = 32, .field = 3}),
 });
 
 constexpr auto kRangeRows = std::to_array<DesignRow>({
-    OptionRow({.item = u"21", .label = 31, .field = 0}),
+    LabelledOptionRow({.item = u"21", .label = 31, .field = 0}),
     FieldRow({.item = u"14", .label = 12, .field = 1}),
     FieldRow({.item = u"15", .label = 13, .field = 2}),
-    OptionRow({.item = u"23", .label = 33, .field = 2}),
+    LabelledOptionRow({.item = u"23", .label = 33, .field = 2}),
 });
 
 constexpr auto kOutputRows = std::to_array<DesignRow>({
@@ -38,14 +47,19 @@ constexpr auto kFineAdjustmentRows = std::to_array<DesignRow>({
 
 /// The indexes that no item of today's models has: a new item takes any of them.
 constexpr std::array kFreeRows = [] {
+  // The caption labels of the live values stand here too: those are captioned by their numbers.
   constexpr std::array kLabels = {6,  7,  8,  9,  17, 24, 25, 26, 27, 28, 29, 34, 35, 36,
-                                  37, 38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49};
+                                  37, 38, 39, 40, 41, 42, 43, 0,  1,  2,  3,  4,  5};
   constexpr std::array kFields = {9,  12, 13, 14, 15, 16, 17, 18, 19, 26, 27, 28, 29, 30,
                                   31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43};
   static_assert(kLabels.size() == kFields.size());
   std::array<DesignRow, kFields.size()> rows{};
   for (std::size_t place = 0; place < rows.size(); ++place) {
-    rows.at(place) = FieldRow({.item = {}, .label = kLabels.at(place), .field = kFields.at(place)});
+    DesignRow& row = rows.at(place);
+    row = FieldRow({.item = {}, .label = kLabels.at(place), .field = kFields.at(place)});
+    if (kLabels.at(place) < kFirstFreeNumber) {
+      row.number = {};
+    }
   }
   return rows;
 }();

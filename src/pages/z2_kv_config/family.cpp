@@ -32,7 +32,7 @@ constexpr std::array kSections = {
 };
 
 constexpr FieldArrays kArrays = {
-    .lbl_item = 49, .label = 49, .text = 43, .frame = 3, .combo = 1, .lbl_unit = 43};
+    .lbl_item = 43, .label = 43, .text = 43, .frame = 3, .combo = 1, .lbl_unit = 43};
 constexpr std::array kLists = {
     ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Coded},
     ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Coded},
