@@ -68,6 +68,7 @@ constexpr std::array<BoxRow, kBoxCount> kBoxes = {{
     {.key = BoxKey::ModelMismatch,
      .title = kDownload,
      .text = u"選択した機種名と接続している変換器が一致していません。"},
+    {.key = BoxKey::CurveFileNotFound, .title = kDownload, .text = u"ファイルが見つかりません。\n\r{1}"},
     {.key = BoxKey::ModelOfFileUnknown, .title = kUpload, .text = u"機種名ｺﾝﾎﾞﾎﾞｯｸｽ(ModelType$) 照合ｴﾗｰ"},
     {.key = BoxKey::NoModelChosen, .title = kUpload, .text = u"機種名を選択して下さい。"},
     {.key = BoxKey::ModelUnknown, .title = kUpload, .text = u"機種名ｺﾝﾎﾞﾎﾞｯｸｽ 照合ｴﾗｰ"},

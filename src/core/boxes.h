@@ -27,6 +27,7 @@ enum class BoxKey {
   ItemDownloadMismatch,  ///< (group and item)
   ItemWriteFailed,       ///< (group, item)
   ModelMismatch,         ///< the device is of another model
+  CurveFileNotFound,     ///< (file) the curve of the chosen sensor
   // Upload: warnings.
   ModelOfFileUnknown,  ///< the file's model was not found in the list
   NoModelChosen,

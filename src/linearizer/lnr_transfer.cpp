@@ -77,7 +77,7 @@ bool LnrTransfer::Upload() {
 }
 
 void LnrTransfer::UploadFromStore() {
-  const std::optional<std::vector<LnrPoint>> points = store_->Read();
+  const std::optional<std::vector<LnrPoint>> points = store_->Read(bar_);
   page_.EnterMonitorMode();
   table_.Clear();
   if (!points) {
@@ -105,7 +105,7 @@ std::vector<LnrPoint> LnrTransfer::PointsOfTable() const {
 }
 
 bool LnrTransfer::DownloadToStore() {
-  const bool written = store_->Write(PointsOfTable());
+  const bool written = store_->Write(PointsOfTable(), bar_);
   page_.EnterMonitorMode();
   if (!written) {
     page_.Box().Show(BoxKey::LinearizerDownloadFailed);

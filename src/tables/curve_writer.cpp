@@ -143,7 +143,7 @@ int CurveWriter::DownloadCurve(SensorKind kind, int type, const Manner& manner) 
                manner);
 }
 
-int CurveWriter::DownloadLnrTable(StringView model, std::span<const LnrPoint> points) {
+int CurveWriter::DownloadLnrTable(StringView model, std::span<const LnrPoint> points, ProgressBar& bar) {
   const LnrImage* const image = FindLnrImage(model);
   if (image == nullptr) {
     return kNotBegun;
@@ -158,7 +158,7 @@ int CurveWriter::DownloadLnrTable(StringView model, std::span<const LnrPoint> po
                             .difference = Rounded((points.back().x - points.front().x) * image->scale),
                             .points = static_cast<int>(points.size()),
                             .values = std::move(values)},
-                           {.bar = linearizer_bar_, .stage = TextKey::StageLinearizer});
+                           {.bar = bar, .stage = TextKey::StageLinearizer});
   notice_.End();
   return result;
 }
@@ -230,14 +230,14 @@ bool CurveWriter::WriteDescriptor(const Table& table, const Manner& manner) {
          (!manner.head_behind_fields || write_head()) && WriteField(memory::kTableType, 1, table.type);
 }
 
-std::optional<std::vector<LnrPoint>> CurveWriter::UploadLnrTable(StringView model) {
+std::optional<std::vector<LnrPoint>> CurveWriter::UploadLnrTable(StringView model, ProgressBar& bar) {
   const LnrImage* const image = FindLnrImage(model);
   if (image == nullptr) {
     return std::vector<LnrPoint>();
   }
   notice_.Begin(TextKey::StageReadLinearizer);
   const std::optional<int> start = ReadLnrStart();
-  std::optional<std::vector<LnrPoint>> points = start ? ReadPoints(*start, image->scale) : std::nullopt;
+  std::optional<std::vector<LnrPoint>> points = start ? ReadPoints(*start, image->scale, bar) : std::nullopt;
   notice_.End();
   return points;
 }
@@ -253,7 +253,7 @@ std::optional<int> CurveWriter::ReadLnrStart() {
   return ReadField(memory::kTableStart, 2);
 }
 
-std::optional<std::vector<LnrPoint>> CurveWriter::ReadPoints(int start, double scale) {
+std::optional<std::vector<LnrPoint>> CurveWriter::ReadPoints(int start, double scale, ProgressBar& bar) {
   std::vector<LnrPoint> points;
   const int count = PointsFrom(start);
   notice_.BeginBlocks(TextKey::StageReadLinearizer, count);
@@ -264,7 +264,7 @@ std::optional<std::vector<LnrPoint>> CurveWriter::ReadPoints(int start, double s
       return std::nullopt;
     }
     points.push_back({.x = *x / scale, .y = *y / scale});
-    linearizer_bar_.SetValue(static_cast<float>(points.size()) / static_cast<float>(count) * 100.0F);
+    bar.SetValue(static_cast<float>(points.size()) / static_cast<float>(count) * 100.0F);
     notice_.BlockDone();
   }
   return points;

@@ -33,9 +33,9 @@ std::string ImageOf(std::span<const std::int32_t> values);
 /// and the caller leaves it, whatever comes of the writing.
 class CurveWriter {
  public:
-  /// All outlive this. `linearizer_bar` shows how far a linearizer is, the page's own bar how far a curve.
-  CurveWriter(Page& page, Eeprom& eeprom, StageNotice& notice, ProgressBar& linearizer_bar)
-      : page_(page), eeprom_(eeprom), notice_(notice), linearizer_bar_(linearizer_bar) {}
+  /// All outlive this. The page's own bar shows how far a curve is.
+  CurveWriter(Page& page, Eeprom& eeprom, StageNotice& notice)
+      : page_(page), eeprom_(eeprom), notice_(notice) {}
 
   /// Writes the curve of the number `type` (FindCurveFile). `name` is what the user knows the input type by.
   /// 0; -1 when nothing was written, which is so for a number that has no curve and for a file that can't be
@@ -44,10 +44,10 @@ class CurveWriter {
   int DownloadRtdTable(int type, const String& name);
   /// Writes a linearizer. `model` is one of FindLnrImage. -1 also for points that are not 2 to 100, whose X
   /// don't rise as they are stored, or of which the memory can't hold one.
-  int DownloadLnrTable(StringView model, std::span<const LnrPoint> points);
+  int DownloadLnrTable(StringView model, std::span<const LnrPoint> points, ProgressBar& bar);
   /// The points of the linearizer in the device: none when it holds another table or no legal one, nothing
   /// when it could not be read.
-  std::optional<std::vector<LnrPoint>> UploadLnrTable(StringView model);
+  std::optional<std::vector<LnrPoint>> UploadLnrTable(StringView model, ProgressBar& bar);
 
  private:
   struct Table;
@@ -60,13 +60,12 @@ class CurveWriter {
   bool WriteField(int address, int size, std::int32_t value);
   /// Where the linearizer begins; the memory's end when there is none, nothing when that could not be read.
   std::optional<int> ReadLnrStart();
-  std::optional<std::vector<LnrPoint>> ReadPoints(int start, double scale);
+  std::optional<std::vector<LnrPoint>> ReadPoints(int start, double scale, ProgressBar& bar);
   std::optional<std::int32_t> ReadField(int address, int size);
 
   Page& page_;
   Eeprom& eeprom_;
   StageNotice& notice_;
-  ProgressBar& linearizer_bar_;
 };
 
 }  // namespace korva

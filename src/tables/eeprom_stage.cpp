@@ -143,11 +143,11 @@ std::span<const EepromStage::Step> EepromStage::Steps() {
   return steps;
 }
 
-EepromStage::EepromStage(ParameterPage& page, ProgressBar& linearizer_bar)
+EepromStage::EepromStage(ParameterPage& page)
     : page_(page),
       eeprom_(page.Line(), page.ItsProgram().Surroundings().code_page),
       notice_(page),
-      curves_(page, eeprom_, notice_, linearizer_bar) {
+      curves_(page, eeprom_, notice_) {
   page_.Add(*this);
 }
 

@@ -18,8 +18,8 @@ namespace korva {
 /// written before a failure stays in the device.
 class EepromStage final : public PagePart {
  public:
-  /// Adds itself to the page. `linearizer_bar` shows how far a linearizer is. Both outlive this.
-  EepromStage(ParameterPage& page, ProgressBar& linearizer_bar);
+  /// Adds itself to the page, which outlives this.
+  explicit EepromStage(ParameterPage& page);
 
   /// The name of the curve's file that the chosen input type needs and that can't be read; empty when there
   /// is none such.

@@ -24,6 +24,7 @@ const std::map<BoxKey, std::size_t>& PlacesOfBoxes() {
       {BoxKey::EepromDataInvalid, 1},  {BoxKey::RoundedTo5Msec, 3},       {BoxKey::RoundedTo005V, 3},
       {BoxKey::OutputOutOfRange, 2},   {BoxKey::CountOutOfRange, 2},      {BoxKey::ThresholdOutOfRange, 2},
       {BoxKey::ZeroTrimOutOfRange, 2}, {BoxKey::SpanTrimOutOfRange, 2},   {BoxKey::CfgOpenFailed, 1},
+      {BoxKey::CurveFileNotFound, 1},
   };
   return places;
 }
@@ -95,7 +96,8 @@ INSTANTIATE_TEST_SUITE_P(
         Warning{BoxKey::ItemDownloadMismatch, u"ﾀﾞｳﾝﾛｰﾄﾞ", u"<1>で ﾀﾞｳﾝﾛｰﾄﾞﾃﾞｰﾀ照合ｴﾗｰ"},
         Warning{BoxKey::ItemWriteFailed, u"ﾀﾞｳﾝﾛｰﾄﾞ", u"Group=<1>, Item=<2>で ﾃﾞｰﾀ書き込みｴﾗｰ"},
         Warning{BoxKey::ModelMismatch, u"ﾀﾞｳﾝﾛｰﾄﾞ",
-                u"選択した機種名と接続している変換器が一致していません。"}));
+                u"選択した機種名と接続している変換器が一致していません。"},
+        Warning{BoxKey::CurveFileNotFound, u"ﾀﾞｳﾝﾛｰﾄﾞ", u"ファイルが見つかりません。\n\r<1>"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Upload, WarningTest,

@@ -15,6 +15,7 @@ namespace korva::test {
 namespace {
 
 const std::filesystem::path kSources = KORVA_SYSTEM_SOURCES;
+const std::filesystem::path kCurves = KORVA_HOME "/system/z2Kv";
 
 std::string Encoded(const CodePage& code_page, StringView text) {
   String lines;
@@ -24,17 +25,26 @@ std::string Encoded(const CodePage& code_page, StringView text) {
   return code_page.Encode(lines).value();
 }
 
-/// The system folder's files as a build encodes them, by their paths in the program's folder. Read once.
+std::string BytesOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The system folder's files as a build encodes and makes them, by their paths in the program's folder. Read
+/// once.
 const std::map<String, std::string>& SystemFiles() {
   static const std::map<String, std::string> files = [] {
     const NativeCodePage code_page;
     std::map<String, std::string> found;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(kSources)) {
       if (const auto kind = entry.path().extension(); kind == ".def" || kind == ".jpn") {
-        std::ifstream file(entry.path(), std::ios::binary);
-        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
         const std::string path = std::filesystem::relative(entry.path(), kSources).generic_string();
-        found[u"/korva/system/" + FromUtf8(path)] = Encoded(code_page, FromUtf8(bytes));
+        found[u"/korva/system/" + FromUtf8(path)] = Encoded(code_page, FromUtf8(BytesOf(entry.path())));
+      }
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(kCurves)) {
+      if (entry.path().extension() == ".tct") {
+        found[u"/korva/system/z2Kv/" + FromUtf8(entry.path().filename().string())] = BytesOf(entry.path());
       }
     }
     return found;
@@ -105,9 +115,11 @@ PageBench::PageBench() {
 
 sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& options) {
   const std::string name = ToUtf8(model);
+  sim::DeviceOptions with_curves = options;
+  with_curves.curves = kCurves;
   device_.emplace(
       sim::Model{.name = name, .definition_file = name + ".def", .family_word = ToUtf8(FamilyOf(model).word)},
-      sim::Definition::Parse(files.Bytes(DefPath(model)).value()), options);
+      sim::Definition::Parse(files.Bytes(DefPath(model)).value()), with_curves);
   line_.emplace(port, *device_);
   port.Connect(1, &*line_);
   return *device_;

@@ -243,12 +243,13 @@ TEST_F(CurveWriterTest, TheStatusAreaTellsTheCurveTheBlocksAndTheTimeLeft) {
 struct LinearizerImageTest : testing::Test {
   int Write(const std::string& model, const std::vector<LnrPoint>& points) {
     int result = 0;
-    bench.Run([&] { result = bench.Curves().DownloadLnrTable(Ascii(model), points); });
+    bench.Run(
+        [&] { result = bench.Curves().DownloadLnrTable(Ascii(model), points, bench.page->LnrProgressBar); });
     return result;
   }
   std::optional<std::vector<LnrPoint>> Read(const std::string& model) {
     std::optional<std::vector<LnrPoint>> points;
-    bench.Run([&] { points = bench.Curves().UploadLnrTable(Ascii(model)); });
+    bench.Run([&] { points = bench.Curves().UploadLnrTable(Ascii(model), bench.page->LnrProgressBar); });
     return points;
   }
   TablesBench bench{"Z2WM"};
@@ -406,7 +407,8 @@ TEST_F(LinearizerImageTest, AValueOfMinus1IsRead) {
 TEST_F(LinearizerImageTest, ADeviceThatHoldsATemperatureTableHasNoLinearizer) {
   TablesBench thermocouple("Z2WT");
   std::optional<std::vector<LnrPoint>> points;
-  thermocouple.Run([&] { points = thermocouple.Curves().UploadLnrTable(u"Z2WM"); });
+  thermocouple.Run(
+      [&] { points = thermocouple.Curves().UploadLnrTable(u"Z2WM", thermocouple.page->LnrProgressBar); });
   EXPECT_EQ(points, std::vector<LnrPoint>());
   EXPECT_EQ(thermocouple.Sent(), "G99 I10 DS0201-1 D");
 }
@@ -435,7 +437,7 @@ TEST_F(LinearizerImageTest, ADeviceThatCantBeReadTellsNothing) {
     TablesBench another("Z2WM");
     another.device.AddFault(sim::ParseFault(fault));
     std::optional<std::vector<LnrPoint>> points = std::vector<LnrPoint>();
-    another.Run([&] { points = another.Curves().UploadLnrTable(u"Z2WM"); });
+    another.Run([&] { points = another.Curves().UploadLnrTable(u"Z2WM", another.page->LnrProgressBar); });
     EXPECT_EQ(points, std::nullopt) << fault;
   }
 }

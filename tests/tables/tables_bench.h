@@ -34,7 +34,7 @@ class TablesPage final : public ParameterPage {
   TablesPage(Program& program, DeviceLink& link);
 
   ProgressBar LnrProgressBar{"LnrProgressBar"};
-  EepromStage stage{*this, LnrProgressBar};
+  EepromStage stage{*this};
 
  protected:
   void ReopenPort() override { Line().Reopen(String(ItsFamily().settings)); }

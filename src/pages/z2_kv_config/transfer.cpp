@@ -74,6 +74,14 @@ bool Z2KvConfigDownload::ConfirmModel() { return ModelChosen(Page()) && ConfirmM
 
 bool Z2KvConfigDownload::Collate() { return CollateInputType(Page()) && CollateOutputType(Page()); }
 
+bool Z2KvConfigDownload::BeginWriting() {
+  if (const String file = stage_.MissingCurve(); !file.empty()) {
+    Page().Box().Show(BoxKey::CurveFileNotFound, {file});
+    return false;
+  }
+  return stage_.ReadDevice() && DownloadSteps::BeginWriting();
+}
+
 bool Z2KvConfigDownload::CompareReply(const WriteEntry& entry, const String& reply) const {
   const String& kind = Page().DataCell(entry.row, kItemKind);
   if (kind.empty()) {

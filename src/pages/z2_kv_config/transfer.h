@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tables/eeprom_stage.h"
 #include "transfer/download.h"
 #include "transfer/field_checks.h"
 #include "transfer/upload.h"
@@ -36,13 +37,19 @@ class Z2KvConfigCheck final : public CheckSteps {
   FieldChecks fields_;
 };
 
+/// What has no item goes into the device's memory behind the items: the stage is a part of the page.
 class Z2KvConfigDownload final : public DownloadSteps {
  public:
-  using DownloadSteps::DownloadSteps;
+  Z2KvConfigDownload(ParameterPage& page, EepromStage& stage) : DownloadSteps(page), stage_(stage) {}
   bool ConfirmModel() override;
   /// The input type and the output type.
   bool Collate() override;
+  /// Misses a curve's file before anything has changed the device, and reads what the stage compares with.
+  bool BeginWriting() override;
   [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+
+ private:
+  EepromStage& stage_;
 };
 
 }  // namespace korva

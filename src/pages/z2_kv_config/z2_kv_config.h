@@ -4,8 +4,10 @@
 #include "monitor/output_setting.h"
 #include "pages/family_record.h"
 #include "pages/z2_kv_config/rules.h"
+#include "pages/z2_kv_config/stored_table.h"
 #include "pages/z2_kv_config/transfer.h"
 #include "tables/cold_junction.h"
+#include "tables/eeprom_stage.h"
 #include "transfer/temperature_units.h"
 
 namespace korva {
@@ -20,6 +22,8 @@ class z2KvConfig final : public ParameterPage {
   OptionGroup optBurn{"optBurn", 3};
 
   Z2KvConfigRules rules;
+  EepromStage stage;  ///< before the linearizer, as its turn in a download is
+  StoredTable stored_table;
   Linearizer linearizer;
   ColdJunction cold_junction;
   StatusMonitor monitor;
