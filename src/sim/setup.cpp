@@ -77,39 +77,42 @@ struct Bank {
 constexpr std::array kInputDifferences = {
     BankDifference{.first = 2, .second = 3, .place = {.address = 203, .size = 3}},
     BankDifference{.first = 4, .second = 5, .place = {.address = 212, .size = 3}}};
-constexpr Bank kInputBank{.rows = {{{{.address = 193, .size = 2}, 237, 2010},
-                                    {{.address = 195, .size = 2}, 239, 40500},
-                                    {{.address = 197, .size = 3}, 241, 5'812'340},
-                                    {{.address = 200, .size = 3}, 244, 212'007},
-                                    {{.address = 206, .size = 3}, 247, 6'104'881},
-                                    {{.address = 209, .size = 3}, 250, -151'236}}},
-                          .differences = kInputDifferences};
+constexpr Bank kInputBank{
+    .rows = {{{.active = {.address = 193, .size = 2}, .source = 237, .value = 2010},
+              {.active = {.address = 195, .size = 2}, .source = 239, .value = 40500},
+              {.active = {.address = 197, .size = 3}, .source = 241, .value = 5'812'340},
+              {.active = {.address = 200, .size = 3}, .source = 244, .value = 212'007},
+              {.active = {.address = 206, .size = 3}, .source = 247, .value = 6'104'881},
+              {.active = {.address = 209, .size = 3}, .source = 250, .value = -151'236}}},
+    .differences = kInputDifferences};
 
 // Settings of the output at 0 % and at 100 %, then readings of it.
 constexpr std::array kDifferencesA = {
     BankDifference{.first = 0, .second = 1, .place = {.address = 353, .size = 2}},
     BankDifference{.first = 2, .second = 3, .place = {.address = 361, .size = 3}},
     BankDifference{.first = 4, .second = 5, .place = {.address = 370, .size = 3}}};
-constexpr Bank kOutputBankA{.rows = {{{{.address = 349, .size = 2}, 373, 11'210},
-                                      {{.address = 351, .size = 2}, 375, 52'340},
-                                      {{.address = 355, .size = 3}, 377, 7'001'230},
-                                      {{.address = 358, .size = 3}, 380, 903'411},
-                                      {{.address = 364, .size = 3}, 383, 6'840'077},
-                                      {{.address = 367, .size = 3}, 386, -97'654}}},
-                            .differences = kDifferencesA};
+constexpr Bank kOutputBankA{
+    .rows = {{{.active = {.address = 349, .size = 2}, .source = 373, .value = 11'210},
+              {.active = {.address = 351, .size = 2}, .source = 375, .value = 52'340},
+              {.active = {.address = 355, .size = 3}, .source = 377, .value = 7'001'230},
+              {.active = {.address = 358, .size = 3}, .source = 380, .value = 903'411},
+              {.active = {.address = 364, .size = 3}, .source = 383, .value = 6'840'077},
+              {.active = {.address = 367, .size = 3}, .source = 386, .value = -97'654}}},
+    .differences = kDifferencesA};
 constexpr std::array kDifferencesB = {
     BankDifference{.first = 0, .second = 1, .place = {.address = 420, .size = 2}},
     BankDifference{.first = 2, .second = 3, .place = {.address = 428, .size = 3}},
     BankDifference{.first = 4, .second = 5, .place = {.address = 437, .size = 3}}};
-constexpr Bank kOutputBankB{.rows = {{{{.address = 416, .size = 2}, 440, 11'780},
-                                      {{.address = 418, .size = 2}, 442, 51'920},
-                                      {{.address = 422, .size = 3}, 444, 7'020'118},
-                                      {{.address = 425, .size = 3}, 447, 899'276},
-                                      {{.address = 431, .size = 3}, 450, 6'811'503},
-                                      {{.address = 434, .size = 3}, 453, -99'120}}},
-                            .differences = kDifferencesB};
+constexpr Bank kOutputBankB{
+    .rows = {{{.active = {.address = 416, .size = 2}, .source = 440, .value = 11'780},
+              {.active = {.address = 418, .size = 2}, .source = 442, .value = 51'920},
+              {.active = {.address = 422, .size = 3}, .source = 444, .value = 7'020'118},
+              {.active = {.address = 425, .size = 3}, .source = 447, .value = 899'276},
+              {.active = {.address = 431, .size = 3}, .source = 450, .value = 6'811'503},
+              {.active = {.address = 434, .size = 3}, .source = 453, .value = -99'120}}},
+    .differences = kDifferencesB};
 
-/// Value of a bank's row for a type: far enough apart that one type's value is never another's.
+/// Value of a bank's row for a type, another one for each type.
 std::int32_t BankValue(const BankRow& row, std::int32_t type) { return row.value + (137 * type); }
 
 /// Puts the values of all types into their banks, and those of one type to the active places.
