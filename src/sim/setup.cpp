@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <span>
+#include <utility>
 
 #include "sim/number.h"
 
@@ -256,8 +257,11 @@ std::vector<std::int32_t> StoredValues(const Memory& memory) {
 
 }  // namespace
 
-Setup::Setup(const Definition& definition, std::string_view code, const std::filesystem::path& curves)
-    : inputs_(definition.Rows("$I10")), outputs_(definition.Rows("$I11")), code_(code), curves_(curves) {
+Setup::Setup(const Definition& definition, std::string_view code, std::filesystem::path curves)
+    : inputs_(definition.Rows("$I10")),
+      outputs_(definition.Rows("$I11")),
+      code_(code),
+      curves_(std::move(curves)) {
   memory.PutNumber(kDay.address, kDay.size, 15);
   memory.PutNumber(kMonth.address, kMonth.size, 6);
   memory.PutNumber(kYear.address, kYear.size, 2023);

@@ -24,7 +24,7 @@ class Setup {
  public:
   /// \param code    Definition file without its ending, such as "Z2WT".
   /// \param curves  Folder of the `.tct` files.
-  Setup(const Definition& definition, std::string_view code, const std::filesystem::path& curves);
+  Setup(const Definition& definition, std::string_view code, std::filesystem::path curves);
 
   Memory memory;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <vector>
 
 #include "definition_fixture.h"
 
@@ -220,42 +221,42 @@ TEST_P(DefinitionLists, FitsItsModelTextIntoTheMemory) {
             text_size);
 }
 
-// A download of a sensor's type writes its curve, but no calibration of another converter.
-TEST_P(DefinitionLists, NumbersASensorByItsCurveAndKeepsItsConverter) {
-  const auto kind = GetParam().family == "Lite" ? GetParam().name.at(3) : '\0';
-  const double curves = kind == 'T' ? 13 : kind == 'R' ? 8 : 0;
-  if (curves == 0) {
-    return;
+/// First and last degree of a curve.
+struct Ends {
+  double base;
+  double top;
+};
+
+/// The curves of the sensors that a model can have, by their numbers; none for a model without a sensor.
+std::vector<Ends> CurvesOf(const Model& model) {
+  const char kind = model.family == "Lite" ? model.name.at(3) : '\0';
+  if (kind == 'T') {
+    return {{-50, 1860},  {-273, 1470}, {-273, 1020}, {-260, 1300}, {-272, 500},  {23, 1920}, {-100, 1860},
+            {-100, 1860}, {-50, 2415},  {-273, 1400}, {-250, 600},  {-250, 1000}, {-50, 1495}};
   }
-  const auto& types = source.Rows("$I10");
-  EXPECT_EQ(static_cast<double>(types.size()), curves);
-  for (std::size_t i = 0; i < types.size(); ++i) {
-    EXPECT_EQ(Number(types[i][0]), static_cast<double>(i)) << "line " << types[i].line;
-    EXPECT_EQ(types[i][facts.types.converter], types[0][facts.types.converter]) << "line " << types[i].line;
-    EXPECT_EQ(types[i][facts.types.unit], "deg C") << "line " << types[i].line;
+  if (kind == 'R') {
+    return {{-235, 560}, {-240, 900}, {-240, 900}, {-235, 700},
+            {-100, 330}, {-240, 900}, {-100, 250}, {-210, 310}};
   }
+  return {};
 }
 
-// The limits of zero and span lie on the curve, whose ends the device can't pass.
-TEST_P(DefinitionLists, LimitsASensorToItsCurve) {
-  struct Ends {
-    double base;
-    double top;
-  };
-  const std::vector<Ends> thermocouples = {
-      {-50, 1860},  {-273, 1470}, {-273, 1020}, {-260, 1300}, {-272, 500},  {23, 1920}, {-100, 1860},
-      {-100, 1860}, {-50, 2415},  {-273, 1400}, {-250, 600},  {-250, 1000}, {-50, 1495}};
-  const std::vector<Ends> resistances = {{-235, 560}, {-240, 900}, {-240, 900}, {-235, 700},
-                                         {-100, 330}, {-240, 900}, {-100, 250}, {-210, 310}};
-  const auto kind = GetParam().family == "Lite" ? GetParam().name.at(3) : '\0';
-  if (kind != 'T' && kind != 'R') {
+// A download of a sensor's type writes its curve, but no calibration of another converter; and the limits of
+// zero and span lie on the curve, whose ends the device can't pass.
+TEST_P(DefinitionLists, NumbersASensorByItsCurveAndKeepsToIt) {
+  const auto curves = CurvesOf(GetParam());
+  const auto& types = source.Rows("$I10");
+  if (curves.empty()) {
     return;
   }
-  for (const auto& row : source.Rows("$I10")) {
-    const auto& ends =
-        (kind == 'T' ? thermocouples : resistances).at(static_cast<std::size_t>(Number(row[0]).value_or(0)));
-    EXPECT_GE(Number(row[2]), ends.base) << "line " << row.line;
-    EXPECT_LE(Number(row[3]), ends.top) << "line " << row.line;
+  ASSERT_EQ(types.size(), curves.size());
+  for (std::size_t i = 0; i < curves.size(); ++i) {
+    const auto& type = types[i];
+    EXPECT_EQ(Number(type[0]), static_cast<double>(i)) << "line " << type.line;
+    EXPECT_EQ(type[facts.types.converter], types[0][facts.types.converter]) << "line " << type.line;
+    EXPECT_EQ(type[facts.types.unit], "deg C") << "line " << type.line;
+    EXPECT_GE(Number(type[2]), curves[i].base) << "line " << type.line;
+    EXPECT_LE(Number(type[3]), curves[i].top) << "line " << type.line;
   }
 }
 
