@@ -99,8 +99,7 @@ const Design kCjmDesign = {.tabs = kTwoTabs};
 class CjmPage final : public ParameterPage {
  public:
   CjmPage(Program& program, const FamilyRecord& record, DeviceLink& link, const ColdJunctionFamily& family)
-      : ParameterPage(program,
-                      {.family = record.family, .tab_control = "z2KvCfg_Tab", .design = kCjmDesign},
+      : ParameterPage(program, {.family = record.family, .tab_control = "z2KvCfg_Tab", .design = kCjmDesign},
                       {.device = record.device, .definition = record.definition, .fields = kForm}, link),
         cjm(*this, family) {}
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <sstream>
 
@@ -42,6 +43,20 @@ std::string TypesOf(const std::string& definition, const std::string& types_inst
   return types + types_instead + "$End\r\n";
 }
 
+/// The curves of the build's home, by the paths at which a bench has them.
+const std::map<String, std::string>& CurvesOfHome() {
+  static const auto all = [] {
+    std::map<String, std::string> curves;
+    for (const SensorKind kind : {SensorKind::Thermocouple, SensorKind::Resistance}) {
+      for (const CurveFile& curve : CurveFiles(kind)) {
+        curves[CurvePath(u"/korva", curve, u'/')] = BytesOfHome("system/z2Kv/" + ToUtf8(curve.name));
+      }
+    }
+    return curves;
+  }();
+  return all;
+}
+
 sim::Device Transmitter(const std::string& model) {
   const sim::Model row = {.name = model, .definition_file = model + ".def", .family_word = "Lite"};
   return {row, sim::Definition::Read(KORVA_HOME, row), {.curves = KORVA_HOME "/system/z2Kv"}};
@@ -76,10 +91,8 @@ TablesBench::TablesBench(const std::string& model, const std::string& def_file, 
   files.Put(u"/korva/system/MdlVTRMFx.jpn", "$Type\r\nModel, " + file + ", Lite\r\n$End\r\n");
   files.Put(u"/korva/system/z2Kv/" + Ascii(file),
             TypesOf(BytesOfHome("system/z2Kv/" + model + ".def"), types));
-  for (const SensorKind kind : {SensorKind::Thermocouple, SensorKind::Resistance}) {
-    for (const CurveFile& curve : CurveFiles(kind)) {
-      files.Put(CurvePath(u"/korva", curve, u'/'), BytesOfHome("system/z2Kv/" + ToUtf8(curve.name)));
-    }
+  for (const auto& [path, bytes] : CurvesOfHome()) {
+    files.Put(path, bytes);
   }
   host.port.Connect(1, &line);
   host.port.SetTimed(false);
