@@ -154,9 +154,9 @@ TEST(Z2KvConfigRange, IsLowHighAndUnitOfTheInputTypesRowOnTheModelsThatHaveIt) {
                                                      {u"Z2WF", u"4 - 20 mA", u"4 - 20 mA"},
                                                      {u"Z2WF2", u"4 - 20 mA", u"4 - 20 mA"},
                                                      {u"Z8WF", u"4 - 20 mA", u"4 - 20 mA"},
-                                                     {u"Z2WM", u"POT 2 - 10 k", u"0 - 100 %"},
-                                                     {u"Z2WM2", u"POT 2 - 10 k", u"0 - 100 %"},
-                                                     {u"Z8WM", u"POT 2 - 10 k", u"0 - 100 %"}}) {
+                                                     {u"Z2WM", u"POT 2-10 kOhm", u"0 - 100 %"},
+                                                     {u"Z2WM2", u"POT 2-10 kOhm", u"0 - 100 %"},
+                                                     {u"Z8WM", u"POT 2-10 kOhm", u"0 - 100 %"}}) {
     Z2Bench bench(one.model);
     EXPECT_FALSE(bench.Z2().rules.lbl_Range.Visible()) << "no input type yet";
     bench.Pick(bench.Z2().Combo[0], one.type);

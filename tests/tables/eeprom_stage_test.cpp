@@ -118,9 +118,9 @@ INSTANTIATE_TEST_SUITE_P(
                     MemoryRow{"Z2WF", "0 - 20 mA", "1-5 V", 2, 1, 1, 79, "Z2WF-UB-S"},
                     MemoryRow{"Z2WF2", "-10 - 10 mV", "-10-10 V", 4, 2, 0, 79, "Z2WF2-LE-S"},
                     MemoryRow{"Z8WF", "0 - 10 V", "1-5 V", 1, 2, 2, 158, "Z8WF-RB-S"},
-                    MemoryRow{"Z2WM", "POT 0.5 - 2 k", "1-5 V", 1, 1, 0, 79, "Z2WM-YB-S"},
-                    MemoryRow{"Z2WM2", "POT 10 - 50 k", "-10-10 V", 3, 2, 0, 79, "Z2WM2-VE-S"},
-                    MemoryRow{"Z8WM", "POT 0.1 - 0.5 k", "0-5 V", 0, 1, 0, 158, "Z8WM-XF-S"}));
+                    MemoryRow{"Z2WM", "POT 0.5-2 kOhm", "1-5 V", 1, 1, 0, 79, "Z2WM-YB-S"},
+                    MemoryRow{"Z2WM2", "POT 10-50 kOhm", "-10-10 V", 3, 2, 0, 79, "Z2WM2-VE-S"},
+                    MemoryRow{"Z8WM", "POT 0.1-0.5 kOhm", "0-5 V", 0, 1, 0, 158, "Z8WM-XF-S"}));
 
 /// Types for models that no file of the build defines.
 const std::string kMadeUpTypes =
