@@ -34,6 +34,13 @@ TEST(OptionsTest, EveryOptionIsTaken) {
   EXPECT_TRUE(options.fast && options.trace && options.list && options.help);
 }
 
+TEST(OptionsTest, HelpNamesTheFaultsOfAMemory) {
+  for (const char* const name : {"stuck-byte", "wrong-read-back", "refused-address", "silent-access"}) {
+    EXPECT_NE(HelpText().find(name), std::string_view::npos) << name;
+    EXPECT_NO_THROW(ParseFault(name));
+  }
+}
+
 TEST(OptionsTest, LatencyAndLinkAsToldWinOverTheDefaults) {
   const auto options = Parse({"--latency", "25", "--fast", "--link", "p", "--home", "/h"});
   EXPECT_EQ(options.latency, std::chrono::milliseconds(25));
