@@ -28,6 +28,8 @@ class PairedTimes {
   bool Run(int turns, const Side& raw, const Side& program);
 
   [[nodiscard]] const Times& Program() const { return program_; }
+  /// Of program to raw loop.
+  [[nodiscard]] double WallRatio() const { return program_.wall / raw_.wall; }
   /// Tells the ratios of program to raw loop as the counters "wall" and "processor", and the program's time
   /// as that of the iteration.
   void TellRatios(benchmark::State& state) const;

@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 32> kRows = {{
+constexpr std::array<Row, 34> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -51,6 +51,16 @@ constexpr std::array<Row, 32> kRows = {{
      .value = "processor",
      .limit = 1.8,
      .unit = ""},
+    {.what = "A sensor's curve of 1744 points over the raw loop, over plain exchanges, wall time",
+     .benchmark = "WriteCurve",
+     .value = "over_plain",
+     .limit = 1.15,
+     .unit = ""},
+    {.what = "The longest curve in the hexadecimal digits of a device's memory",
+     .benchmark = "CurveToHex",
+     .value = "real",
+     .limit = 1,
+     .unit = " ms"},
     {.what = "50 exchanges at 1200 bit/s over the raw loop on the same line",
      .benchmark = "PacedRead/1200/25",
      .value = "wall",
