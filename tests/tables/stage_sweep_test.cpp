@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(
     Models, StageSweepTest,
     testing::Values(SweptModel{"Z2WT", "TC T (CC)", "1-5 V"}, SweptModel{"Z2WR", "Ni100", "0-10 V"},
                     SweptModel{"Z2WF", "0 - 20 mA", "1-5 V"}, SweptModel{"Z2WV", "-50 - 50 mV", "0-10 V"},
-                    SweptModel{"Z8WT", "TC U", "0-5 V"}, SweptModel{"Z2WM", "POT 2 - 10 k", "1-5 V"}));
+                    SweptModel{"Z8WT", "TC U", "0-5 V"}, SweptModel{"Z2WM", "POT 2-10 kOhm", "1-5 V"}));
 
 }  // namespace
 }  // namespace korva::test
