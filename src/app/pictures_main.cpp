@@ -29,13 +29,15 @@ void Complain(const QString& text) { std::cerr << text.toStdString() << '\n'; }
 /// Answers every dialog that opens a file, saves nothing and shows no box, so that nobody needs to be there.
 class PictureDialogs final : public korva::Dialogs {
  public:
-  /// The files to open; empty: the dialog is cancelled.
-  PictureDialogs(QString configuration, QString table)
-      : configuration_(std::move(configuration)), table_(std::move(table)) {}
+  /// The files to open; empty: the dialog is cancelled. Questions are answered by their preset, or with yes.
+  PictureDialogs(QString configuration, QString table, bool yes)
+      : configuration_(std::move(configuration)), table_(std::move(table)), yes_(yes) {}
 
   korva::Answer ShowBox(const korva::Box& box) override {
     Complain(korva::ToQt(box.text));
-    return box.preset;
+    const bool asks =
+        std::find(box.buttons.begin(), box.buttons.end(), korva::Answer::Yes) != box.buttons.end();
+    return yes_ && asks ? korva::Answer::Yes : box.preset;
   }
   std::optional<korva::String> ChooseFile(const korva::FileDialog& dialog) override {
     const QString& file = dialog.filter == korva::CsvFilter() ? table_ : configuration_;
@@ -49,6 +51,7 @@ class PictureDialogs final : public korva::Dialogs {
  private:
   QString configuration_;
   QString table_;
+  bool yes_;
 };
 
 QPalette DarkPalette() {
@@ -65,6 +68,7 @@ struct Options {
   QCommandLineOption open{"open", "Configuration file to show.", "FILE"};
   QCommandLineOption csv{"csv", "Table that a press of cmd_csvFileOpen opens.", "FILE"};
   QCommandLineOption press{"press", "Button to press first; may be repeated.", "NAME"};
+  QCommandLineOption yes{"yes", "Answer questions with yes."};
   QCommandLineOption cell{"cell", "Cell of the linearizer table to click; may be repeated.", "ROW,COL"};
   QCommandLineOption type{"type", "Text to type into a field first; may be repeated.", "NAME=TEXT"};
   QCommandLineOption monitor{
@@ -280,9 +284,9 @@ int main(int argc, char** argv) {
   QCommandLineParser arguments;
   arguments.addHelpOption();
   const Options options;
-  arguments.addOptions({options.home, options.open, options.csv, options.press, options.cell, options.monitor,
-                        options.type, options.out, options.tab, options.as, options.check, options.about,
-                        options.size, options.dark});
+  arguments.addOptions({options.home, options.open, options.csv, options.press, options.yes, options.cell,
+                        options.monitor, options.type, options.out, options.tab, options.as, options.check,
+                        options.about, options.size, options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
@@ -295,7 +299,8 @@ int main(int argc, char** argv) {
     QApplication::setPalette(DarkPalette());
   }
   const QString home = arguments.value(options.home);
-  PictureDialogs dialogs(arguments.value(options.open), arguments.value(options.csv));
+  PictureDialogs dialogs(arguments.value(options.open), arguments.value(options.csv),
+                         arguments.isSet(options.yes));
   korva::WindowHost host(home.isEmpty() ? korva::ProgramFolder() : std::filesystem::path(korva::FromQt(home)),
                          &dialogs);
   const auto size = Pair(arguments.value(options.size), QLatin1Char('x'));

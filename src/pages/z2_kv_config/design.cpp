@@ -17,10 +17,16 @@ constexpr DesignRow LabelledOptionRow(const ItemPlace& place) {
   return row;
 }
 
+/// The input type, and the range that belongs to it.
+constexpr DesignRow kInputTypeRow = [] {
+  DesignRow row = ListRow({.item = u"10", .label = 11, .field = 0});
+  row.unit = "lbl_Range";
+  return row;
+}();
+
 constexpr auto kInputRows = std::to_array<DesignRow>({
     FieldRow({.item = u"02", .label = 10, .field = 0}),
-    ListRow({.item = u"10", .label = 11, .field = 0}),
-    {.field = "lbl_Range"},
+    kInputTypeRow,
     LabelledOptionRow({.item = u"16", .label = 30, .field = 1}),
     LabelledOptionRow({.item = u"24", .label = 32, .field = 3}),
 });
