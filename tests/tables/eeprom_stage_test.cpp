@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 
 #include "core/text_utilities.h"
@@ -121,6 +122,25 @@ INSTANTIATE_TEST_SUITE_P(
                     MemoryRow{"Z2WM", "POT 0.5-2 kOhm", "1-5 V", 1, 1, 0, 79, "Z2WM-YB-S"},
                     MemoryRow{"Z2WM2", "POT 10-50 kOhm", "-10-10 V", 3, 2, 0, 79, "Z2WM2-VE-S"},
                     MemoryRow{"Z8WM", "POT 0.1-0.5 kOhm", "0-5 V", 0, 1, 0, 158, "Z8WM-XF-S"}));
+
+TEST(TypesOfTheBuildTest, HaveTextsAndTagsThatFitTheirPlaces) {
+  for (const char* model : {"Z2WT", "Z2WT2", "Z8WT", "Z2WR", "Z2WR2", "Z8WR", "Z2WV", "Z2WV2", "Z8WV", "Z2WF",
+                            "Z2WF2", "Z8WF", "Z2WM", "Z2WM2", "Z8WM"}) {
+    const TablesBench bench(model);
+    std::size_t longest_tag = 0;
+    for (const char16_t* key : {u"$I10", u"$I11"}) {
+      const ChoiceList list = bench.page->Def.ListOf(key);
+      std::size_t tag = 0;
+      for (int row = 0; row < list.Rows(); ++row) {
+        EXPECT_LE(bench.host.code_page.Encode(list.Text(row)).value().size(), 16U) << ToUtf8(list.Text(row));
+        EXPECT_EQ(list.Code(row).empty(), list.Text(row).empty());
+        tag = std::max(tag, list.Cell(row, &ListColumns::tag).size());
+      }
+      longest_tag += tag;
+    }
+    EXPECT_LE(std::string(model).size() + 1 + longest_tag + 1 + std::string("S").size(), 16U) << model;
+  }
+}
 
 /// Types for models that no file of the build defines.
 const std::string kMadeUpTypes =
