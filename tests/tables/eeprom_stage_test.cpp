@@ -370,7 +370,7 @@ TEST_P(WriteFailureTest, ShowsItsBoxOnceAndPutsTheBarTo0) {
   TablesBench bench("Z2WV");
   Changed(bench);
   bench.ChooseInput("-50 - 50 mV");
-  bench.line.instead = [this](const std::string& command, std::size_t) {
+  bench.line.instead = [](const std::string& command, std::size_t) {
     return command == GetParam().place ? std::optional(Answer("CNG")) : std::nullopt;
   };
   if (GetParam().place == "DS004D-1") {  // is read before as well
