@@ -14,7 +14,7 @@
 namespace korva::test {
 namespace {
 
-constexpr int kOneIn = 4;      // of the curve's blocks
+constexpr int kOneIn = 8;      // of the curve's blocks
 constexpr unsigned kSeed = 1;  // of their choice
 
 /// A model, and types that it does not have as it is delivered.
