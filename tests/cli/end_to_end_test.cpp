@@ -157,6 +157,29 @@ TEST_P(EndToEndOnPage, ReadsEditsChecksSavesOpensFromAnotherPageAndWritesADevice
   EXPECT_NE(Ask({"G01", "I02", "D"})[page.ends_with("V2") ? 2 : 1].find("BOILER-8"), std::string::npos);
 }
 
+TEST_F(EndToEnd, WritesTheCurveOfAnotherSensorIntoATransmitter) {
+  StartSim({"--fast"}, "Z2WT");
+  const QString script = Write("script.txt",
+                               "choose Z2WT\nclick cmdUpload\npick Combo(0) \"TC B (RH)\"\n"
+                               "answer ok\nclick cmdDownload\n");
+  ChildProgram cli("korva-cli", At({script}));
+  EXPECT_EQ(Of(cli.ReadToEnd(), "box "), (Lines{kUploadDone, kMainJob.at(5), kMainJob.at(6)}));
+  EXPECT_EQ(cli.Status(), 0);
+
+  // The curve's first two points, and the type that says that it is whole.
+  std::string expected = "D";
+  const std::string file = Bytes("system/z2Kv/TC_TypeB_05.tct");
+  for (const std::size_t at : {0U, 1U, 2U, 4U, 5U, 6U}) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(file.at(at));
+    expected += {digits[byte >> 4U], digits[byte & 0xFU]};
+  }
+  const Lines replies = Ask({"G01", "I10", "D", "G99", "I10", "DS09C2-6", "D", "DS0201-1", "D"});
+  EXPECT_TRUE(replies.at(2).ends_with(" TC B (RH)")) << replies.at(2);
+  EXPECT_EQ(replies.at(6), expected);
+  EXPECT_EQ(replies.at(8), "D05");
+}
+
 TEST_F(EndToEnd, ReadsADeviceThatEndsItsRepliesWithTwoCarriageReturnsAt1200Baud) {
   StartSim();
   const QStringList upload = At({"--line", Write("script.txt", kUpload + "dump\n")});
