@@ -10,13 +10,12 @@
 #include "core/text_utilities.h"
 #include "tables/calibration.h"
 #include "tables/memory_map.h"
+#include "transfer/known_items.h"
 
 namespace korva {
 
 namespace {
 
-constexpr int kInputItem = 10;
-constexpr int kOutputItem = 11;
 constexpr char16_t kFieldEnd = u'-';  // of the model text's fields
 
 /// What belongs to a model's input type, and follows it.
@@ -154,7 +153,7 @@ EepromStage::EepromStage(ParameterPage& page)
 String EepromStage::MissingCurve() const {
   const String model = page_.DefFile.substr(0, page_.DefFile.find(u'.'));
   const std::optional<SensorKind> kind = SensorOf(BelongingOf(model));
-  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I10"), page_.Item(kInputItem));
+  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I10"), page_.Item(kTypeItem));
   const CurveFile* const file = kind && type ? FindCurveFile(*kind, type->code) : nullptr;
   SystemReason reason;
   const FileStore& files = page_.ItsProgram().Surroundings().files;
@@ -188,7 +187,7 @@ int EepromStage::ReadAdcType() {
 }
 
 bool EepromStage::CheckItem11Changed() {
-  const bool same = ReadItem(u"11") == Trimmed(page_.Item(kOutputItem));
+  const bool same = ReadItem(u"11") == Trimmed(page_.Item(kRangeItem));
   OutputTypeChanged = OutputTypeChanged || !same;
   return same;
 }
@@ -253,7 +252,7 @@ bool EepromStage::WriteDownloadDate() {
 }
 
 EepromStage::Outcome EepromStage::WriteInputType(Change& change) {
-  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I10"), page_.Item(kInputItem));
+  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I10"), page_.Item(kTypeItem));
   if (!type) {
     page_.Box().Show(BoxKey::EepromDataInvalid, {u"Item10"});
     return Outcome::InputTypeUnknown;
@@ -265,7 +264,7 @@ EepromStage::Outcome EepromStage::WriteInputType(Change& change) {
 }
 
 EepromStage::Outcome EepromStage::WriteOutputType(Change& change) {
-  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I11"), page_.Item(kOutputItem));
+  const std::optional<TypeRow> type = FindType(page_.Def.ListOf(u"$I11"), page_.Item(kRangeItem));
   if (!type) {
     page_.Box().Show(BoxKey::EepromDataInvalid, {u"Item11"});
     return Outcome::OutputTypeUnknown;
