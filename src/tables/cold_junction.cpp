@@ -72,7 +72,7 @@ TextField* ColdJunction::FieldOf(std::size_t place) const {
 }
 
 void ColdJunction::Open() {
-  if (!page_.Box().Ask(BoxKey::ChangeCjm)) {
+  if (page_.OperationRuns() || !page_.Box().Ask(BoxKey::ChangeCjm)) {
     return;
   }
   fraCJM.SetVisible(true);

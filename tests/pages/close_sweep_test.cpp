@@ -59,7 +59,7 @@ class CloseBench : public PageBench {
 
 /// A model of each page, and one that is polled slowly.
 struct CloseSweepTest : testing::TestWithParam<String> {};
-INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest, testing::Values(u"QL", u"QEY", u"QICE", u"QNA2"),
+INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest, testing::Values(u"QL", u"QEY", u"QICE", u"QNA2", u"Z2WT"),
                          [](const auto& one) { return ToUtf8(one.param); });
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
@@ -133,7 +133,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond) {
   const auto monitor = [](CloseBench& bench) {
-    bench.loop.After(std::chrono::seconds(4),
+    bench.loop.After(std::chrono::seconds(5),
                      [&bench] { Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click(); });
     bench.Click(Part<StatusMonitor>(bench.Page()).cmdMonitorON);
   };

@@ -31,9 +31,9 @@ struct Operation {
 };
 
 /// Buttons that begin an operation on the device.
-constexpr std::array<std::string_view, 9> kBeginners = {"cmdUpload", "cmdDownload",     "cmdMonitorON",
-                                                        "cmdSet",    "cmdStatusMonOFF", "cmdSet2",
-                                                        "cmdSet3",   "Command_I12",     "Command_I13"};
+constexpr std::array<std::string_view, 12> kBeginners = {
+    "cmdUpload", "cmdDownload", "cmdMonitorON", "cmdSet",       "cmdStatusMonOFF", "cmdSet2",
+    "cmdSet3",   "Command_I12", "Command_I13",  "cmdChangeCJM", "cmdWriteInCJM",   "cmdDefaultCJM"};
 
 void Monitor(SweepBench& bench) {
   bench.loop.After(std::chrono::seconds(3),
@@ -44,6 +44,14 @@ void Monitor(SweepBench& bench) {
 void Force(SweepBench& bench) {
   bench.ForceOutput(u"50");
   bench.Click(Part<OutputSetting>(bench.Page()).cmdStatusMonOFF);
+}
+
+/// Opens the frame of the cold junction and sets its data back.
+void ResetJunction(SweepBench& bench) {
+  bench.dialogs.QueueAnswer(Answer::Yes);
+  bench.Click(ButtonOf(bench.Page(), "cmdChangeCJM"));
+  bench.dialogs.QueueAnswer(Answer::Yes);
+  bench.Click(ButtonOf(bench.Page(), "cmdDefaultCJM"));
 }
 
 /// The operations of a model that counts, or of one whose output can be forced.
@@ -57,6 +65,9 @@ std::vector<Operation> OperationsOf(SweepBench& bench) {
     operations.push_back({"count", [](SweepBench& any) { any.ForceOutput(u"50"); }});
     operations.push_back(
         {"command", [](SweepBench& any) { any.Click(ButtonOf(any.Page(), "Command_I12")); }});
+  }
+  if (bench.Page().FindControl("cmdDefaultCJM") != nullptr) {
+    operations.push_back({"cold junction", ResetJunction});
   }
   return operations;
 }
@@ -101,7 +112,7 @@ Texts InReach(const Page& page) {
 
 /// A model of each page, and one that counts.
 struct OneOperationTest : testing::TestWithParam<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest, testing::Values("QN", "QEY", "QNA2", "QEC2"),
+INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest, testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(OneOperationTest, NothingButItsOwnStopIsInReachWhileAnOperationRuns) {
