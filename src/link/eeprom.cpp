@@ -205,7 +205,7 @@ bool Eeprom::WriteChunk(int address, const std::string& hex) {
   const int count = static_cast<int>(hex.size() / 2);
   const int page_end = (address + count) / kPage * kPage;
   const int first = page_end > address ? page_end - address : count;
-  const auto digits = static_cast<std::size_t>(2 * first);
+  const std::size_t digits = std::size_t{2} * static_cast<std::size_t>(first);
   return WritePart(address, hex.substr(0, digits)) &&
          (first == count || WritePart(address + first, hex.substr(digits)));
 }

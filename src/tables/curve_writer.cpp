@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBlock = 8;  // bytes; such a block at its own multiple never lies in two pages
 constexpr int kValueSize = 3;
-constexpr std::size_t kBlockDigits = 2 * kBlock;
+constexpr std::size_t kBlockDigits = 2 * std::size_t{kBlock};
 constexpr int kNotBegun = -1;
 
 constexpr int kBeingWritten = 99;
@@ -53,7 +53,8 @@ std::int32_t DifferenceOf(const std::vector<std::int32_t>& values) {
 
 /// True when the memory can hold the values and the first of each pair rises.
 bool IsCurve(const std::vector<std::int32_t>& values) {
-  if (values.size() < 2 * kLeastLnrPoints || values.size() > 2 * kMostLnrPoints) {
+  const std::size_t points = values.size() / 2;
+  if (points < kLeastLnrPoints || points > kMostLnrPoints) {
     return false;
   }
   for (std::size_t x = 2; x < values.size(); x += 2) {

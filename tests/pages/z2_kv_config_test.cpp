@@ -267,6 +267,7 @@ TEST(Z2KvConfigCsv, AllHundredPointsAreSavedWithoutAHeadLine) {
   Z2Bench bench(u"Z2WV");
   bench.Press(bench.Z2().linearizer.Opt_Lnr, 1);
   std::vector<std::pair<String, String>> points;
+  points.reserve(100);
   for (int point = 0; point < 100; ++point) {
     points.emplace_back(Ascii(std::to_string(point)), Ascii(std::to_string(100 - point)));
   }

@@ -185,6 +185,7 @@ TEST_P(Z2TableKept, ANoToTheUploadsQuestionKeepsTheCellsOfGroups2And3) {
   SwitchOn(bench);
   bench.Press(bench.Z2().linearizer.Opt_Lnr, 1);
   std::vector<std::pair<String, String>> points;
+  points.reserve(60);
   for (int point = 0; point < 60; ++point) {
     points.emplace_back(Ascii(std::to_string(point)), u"1");
   }

@@ -82,7 +82,7 @@ TEST(MemoryAccessTest, IsEnteredThroughTheMenu) {
 
 TEST(MemoryAccessTest, ReadsAndWritesAtThePlaceChosen) {
   auto device = OpenTransmitter();
-  device.GetMemory().Put(513, "\x65");
+  device.GetMemory().Put(513, "e");
   EXPECT_EQ(Send(device, "DS0201-1"), "COK");
   EXPECT_EQ(Send(device, "D"), "D65");
   EXPECT_EQ(Send(device, "D"), "D65") << "the place stays";

@@ -159,7 +159,7 @@ TEST_P(SensorTest, HasItsCurveAtTheMemorysEndAndItsDescriptor) {
   auto device = TransmitterWith(sensor.model, sensor.index);
   auto& memory = device.GetMemory();
   const auto values = FileOf(sensor.file);
-  const auto points = static_cast<std::size_t>(sensor.top - sensor.base + 1);
+  const auto points = static_cast<std::size_t>(sensor.top - sensor.base) + 1;
   ASSERT_EQ(values.size(), points);
   const std::size_t start = 8192 - (3 * points);
   Memory expected;

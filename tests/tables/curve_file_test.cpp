@@ -85,7 +85,7 @@ struct ReadTableFileTest : testing::Test {
 
 TEST_F(ReadTableFileTest, ValuesAre32BitNumbersWithTheirLowByteFirst) {
   std::string bytes("\x01\x02\x03\x04\xFF\xFF\xFF\xFF\xEF\xFE\xFF\xFF", 12);
-  bytes.resize(351 * 4, '\x11');
+  bytes.resize(std::size_t{351} * 4, '\x11');
   const auto values = Read(bytes);
   ASSERT_TRUE(values);
   ASSERT_EQ(values->size(), 351U);

@@ -189,7 +189,7 @@ TEST_F(CurveWriterTest, AShorterFileLeavesZerosInTheTable) {
 
 TEST_F(CurveWriterTest, ValuesOfAHostileFileAreCutToTheirPlace) {
   bench.files.Put(u"/korva/system/z2Kv/RTD06_Ni100.tct",
-                  std::string("\0\0\0\x80", 4) + std::string(350 * 4, '\x7F'));
+                  std::string("\0\0\0\x80", 4) + std::string(std::size_t{350} * 4, '\x7F'));
   ASSERT_EQ(WriteRtd(6), 0);
   EXPECT_EQ(bench.Memory().Bytes(7139, 6), std::string("\0\0\0\x7F\x7F\x7F", 6));
   EXPECT_EQ(bench.Memory().Bytes(528, 3), "\x7F\x7F\x7F");
