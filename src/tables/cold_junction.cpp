@@ -112,7 +112,7 @@ bool ColdJunction::IsGood(std::size_t place, const String& text) const {
   return value == preset || IsBetween(limits.high, limits.low, value);
 }
 
-bool ColdJunction::ColourFields() {
+bool ColdJunction::ColourFields() const {
   bool good = true;
   for (std::size_t place = 0; place < kCjmItems.size(); ++place) {
     TextField& field = *FieldOf(place);
@@ -123,7 +123,7 @@ bool ColdJunction::ColourFields() {
   return good;
 }
 
-void ColdJunction::SetLooks(Look look) {
+void ColdJunction::SetLooks(Look look) const {
   for (std::size_t place = 0; place < kCjmItems.size(); ++place) {
     FieldOf(place)->SetLook(look);
   }
@@ -234,7 +234,7 @@ std::optional<String> ColdJunction::WriteItem(StringView item, const String& dat
   return Trimmed(page_.Items().ReadRetry(kItemRepeats, wire));
 }
 
-void ColdJunction::ShowAnswer(std::size_t place, StringView answer) {
+void ColdJunction::ShowAnswer(std::size_t place, StringView answer) const {
   TextField& field = *FieldOf(place);
   field.SetText(TrimNumericText(answer));
   field.SetLook(IsGood(place, field.Text()) ? Look::Normal : Look::Bad);

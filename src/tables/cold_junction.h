@@ -63,10 +63,10 @@ class ColdJunction final : public PagePart {
   using Texts = std::array<String, 2>;
 
   [[nodiscard]] TextField* FieldOf(std::size_t place) const;
-  void SetLooks(Look look);
+  void SetLooks(Look look) const;
   [[nodiscard]] bool IsGood(std::size_t place, const String& text) const;
   /// Colours the fields, good or bad; true when both are good.
-  bool ColourFields();
+  [[nodiscard]] bool ColourFields() const;
   /// False after its box.
   bool CheckFields();
   void Begin();
@@ -78,7 +78,7 @@ class ColdJunction final : public PagePart {
   bool WriteItems(const Texts& texts);
   /// Writes an item and gives what the device then holds; nothing when it didn't take the data.
   [[nodiscard]] std::optional<String> WriteItem(StringView item, const String& data) const;
-  void ShowAnswer(std::size_t place, StringView answer);
+  void ShowAnswer(std::size_t place, StringView answer) const;
   [[nodiscard]] Texts FieldTexts() const;
   [[nodiscard]] Texts Defaults() const;
 

@@ -137,9 +137,9 @@ struct Transmitter : SweepBench {
 
 /// `most` of the numbers below `all`, or all of them, by a fixed seed.
 std::vector<std::size_t> Drawn(std::size_t all, std::size_t most) {
-  std::mt19937 random(20261);  // NOLINT(cert-msc51-cpp): the same draw each time
+  std::mt19937 random(20261);
   std::vector<std::size_t> numbers(all);
-  std::iota(numbers.begin(), numbers.end(), 0);
+  std::iota(numbers.begin(), numbers.end(), 0U);
   const std::size_t count = std::min(all, most);
   for (std::size_t place = 0; place < count; ++place) {
     std::swap(numbers[place], numbers[place + random() % (all - place)]);
