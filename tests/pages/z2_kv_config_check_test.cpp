@@ -152,6 +152,17 @@ TEST_F(Z2TableCheck, ABlankCellInsideTheTableIsMarkedAsBad) {
   EXPECT_EQ(Cell(2, 1), Look::Normal);
 }
 
+TEST_F(Z2TableCheck, AnEmptyTableIsMarkedAsBadInItsFirstTwoPoints) {
+  bench.Press(bench.Z2().linearizer.Opt_Lnr, 1);
+  bench.FillTable({});
+  EXPECT_EQ(bench.CheckResult(), Shown(BoxKey::ValueBad)) << "and is no blank field";
+  for (const int column : {1, 2}) {
+    EXPECT_EQ(Cell(1, column), Look::Bad);
+    EXPECT_EQ(Cell(2, column), Look::Bad);
+    EXPECT_EQ(Cell(4, column), Look::Normal);
+  }
+}
+
 TEST_F(Z2TableCheck, XRisesStrictlyAndBothLieWithinTheirLimits) {
   bench.Press(bench.Z2().linearizer.Opt_Lnr, 1);
   bench.FillTable({{u"-15", u"115"}, {u"10", u"-15"}, {u"10", u"5"}, {u"115.01", u"-15.01"}});
