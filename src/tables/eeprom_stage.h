@@ -28,6 +28,9 @@ class EepromStage final : public PagePart {
   /// download must end: the first, after its box, or the second could not be read, which the status area
   /// tells.
   bool ReadDevice();
+  // Why a download ended without a box belongs to the set that it was for.
+  void PageCleared() override { notice_.End(); }
+  void UploadBegins() override { notice_.End(); }
   /// The stage, as DownloadEepromStage.
   bool Download() override { return DownloadEepromStage(adc_before_, item10_before_); }
 

@@ -204,6 +204,9 @@ TEST_F(Z2Download, AnInputTypeThatCannotBeReadEndsItInWords) {
   EXPECT_NE(bench.Page().Notes.Told(Notice::Stage), u"");
   EXPECT_EQ(bench.Accesses("01/01 D1"), Texts());
   bench.ExpectAtRest();
+  bench.line.replies.clear();
+  bench.Read();
+  EXPECT_EQ(bench.Page().Notes.Told(Notice::Stage), u"");
 }
 
 TEST_F(Z2Download, ABlankFieldStopsItBeforeProgrammingMode) {
