@@ -1,10 +1,16 @@
 #include "sim/number.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace korva::sim {
+
+namespace {
+
+constexpr std::size_t kLongestNumber = 340;  ///< characters: 309 digits, sign, point and decimals
+
+}  // namespace
 
 std::string_view TrimBlanks(std::string_view text) {
   const auto begin = text.find_first_not_of(' ');
@@ -34,10 +40,10 @@ std::string FormatNumber(double value, int decimals) {
   const double scale = std::pow(10.0, decimals);
   // std::round halves away from zero; the addition turns a negative zero into a plain one.
   const double rounded = std::round(value * scale) / scale + 0.0;
-  const int length = std::snprintf(nullptr, 0, "%.*f", decimals, rounded);
-  std::string text(static_cast<std::size_t>(length), '\0');
-  std::snprintf(text.data(), text.size() + 1, "%.*f", decimals, rounded);
-  return text;
+  std::array<char, kLongestNumber> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed, decimals).ptr;
+  return {text.data(), end};
 }
 
 }  // namespace korva::sim
