@@ -163,7 +163,10 @@ String EepromStage::MissingCurve() const {
 
 bool EepromStage::ReadDevice() {
   notice_.End();
-  OutputTypeChanged = false;
+  if (owed_.def_file != page_.DefFile) {
+    owed_ = {.def_file = page_.DefFile};
+  }
+  OutputTypeChanged = owed_.output_bank;
   adc_before_ = ReadAdcType();
   if (adc_before_ == Eeprom::kFailed) {
     return false;
@@ -258,6 +261,8 @@ EepromStage::Outcome EepromStage::WriteInputType(Change& change) {
     return Outcome::InputTypeUnknown;
   }
   change.input = *type;
+  owed_.adc_bank = owed_.adc_bank ||
+                   (BelongingOf(change.head) == Belonging::Calibration && type->adc != change.adc_before);
   return WrittenIf(StoreNumber(eeprom_, memory::kInputCode, 1, type->code) &&
                    StoreText(memory::kInputText, type->text) &&
                    StoreNumber(eeprom_, memory::kAdcType, 1, type->adc));
@@ -270,6 +275,7 @@ EepromStage::Outcome EepromStage::WriteOutputType(Change& change) {
     return Outcome::OutputTypeUnknown;
   }
   change.output = *type;
+  owed_.output_bank = OutputTypeChanged;
   const OutputModel* const model = FindOutputModel(page_.DefFile);
   if (model == nullptr) {
     return Outcome::Good;
@@ -280,9 +286,18 @@ EepromStage::Outcome EepromStage::WriteOutputType(Change& change) {
 }
 
 EepromStage::Outcome EepromStage::WriteModelText(Change& change) {
-  const String tail = TailOf(ReadModelText().value_or(String()));
-  return WrittenIf(!tail.empty() && StoreText(memory::kModelText, change.head + kFieldEnd + change.input.tag +
-                                                                      change.output_tag + kFieldEnd + tail));
+  const String former = ReadModelText().value_or(String());
+  const String tail = TailOf(former);
+  if (tail.empty()) {
+    return Outcome::WriteFailed;
+  }
+  owed_.former_text = former;
+  owed_.unfinished_text = change.head + kFieldEnd + change.input.tag + change.output_tag + kFieldEnd + tail;
+  const bool written = StoreText(memory::kModelText, owed_.unfinished_text);
+  if (written) {
+    owed_.unfinished_text.clear();
+  }
+  return WrittenIf(written);
 }
 
 EepromStage::Outcome EepromStage::FollowTypes(Change& change) {
@@ -298,8 +313,9 @@ EepromStage::Outcome EepromStage::FollowTypes(Change& change) {
     return outcome;
   }
   const OutputModel* const model = FindOutputModel(page_.DefFile);
-  return WrittenIf(
-      CopyOutputBank(model == nullptr ? change.output.code : model->bank.value_or(change.output.code)));
+  const int bank = model == nullptr ? change.output.code : model->bank.value_or(change.output.code);
+  owed_.output_bank = !CopyOutputBank(bank);
+  return WrittenIf(!owed_.output_bank);
 }
 
 EepromStage::Outcome EepromStage::CopyBankOfNewAdc(int adc_before) {
@@ -307,7 +323,8 @@ EepromStage::Outcome EepromStage::CopyBankOfNewAdc(int adc_before) {
   if (adc == Eeprom::kFailed) {
     return Outcome::AdcTypeUnread;
   }
-  return WrittenIf(adc == adc_before || CopyAdcBank(adc));
+  owed_.adc_bank = (adc != adc_before || owed_.adc_bank) && !CopyAdcBank(adc);
+  return WrittenIf(!owed_.adc_bank);
 }
 
 // A curve that broke off in an earlier download is written anew though the type stays the same.
@@ -342,9 +359,26 @@ bool EepromStage::CopyOutputBank(int type) {
   return korva::CopyOutputBank(eeprom_, LayoutOf(page_.DefFile), type);
 }
 
+// Of a text that broke off in its middle the fields can't be told, so the one before it counts.
 std::optional<String> EepromStage::ReadModelText() {
-  String text = eeprom_.EepReadString(memory::kModelText, memory::kTextSize);
-  return eeprom_.Failed() ? std::nullopt : std::optional(std::move(text));
+  const String text = eeprom_.EepReadString(memory::kModelText, memory::kTextSize);
+  if (eeprom_.Failed()) {
+    return std::nullopt;
+  }
+  return IsUnfinished(text) ? owed_.former_text : text;
+}
+
+bool EepromStage::IsUnfinished(const String& text) const {
+  if (owed_.unfinished_text.empty() || text.size() != owed_.former_text.size()) {
+    return false;
+  }
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char16_t written = at < owed_.unfinished_text.size() ? owed_.unfinished_text[at] : u' ';
+    if (text[at] != owed_.former_text[at] && text[at] != written) {
+      return false;
+    }
+  }
+  return true;
 }
 
 bool EepromStage::StoreText(int address, const String& text) {

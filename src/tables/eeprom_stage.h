@@ -15,7 +15,8 @@ namespace korva {
 ///
 /// ReadDevice comes before the items are written, the stage behind them. The device is in the mode of memory
 /// access during the stage and in monitor mode after it, but for a stage that could not begin. What was
-/// written before a failure stays in the device.
+/// written before a failure stays in the device. What then still belongs to it no device tells: the types
+/// that it holds are the new ones. So the stage keeps what it owes, and brings it in the next download.
 class EepromStage final : public PagePart {
  public:
   /// Adds itself to the page, which outlives this.
@@ -55,6 +56,14 @@ class EepromStage final : public PagePart {
   enum class Outcome { Good, WriteFailed, InputTypeUnknown, OutputTypeUnknown, AdcTypeUnread };
   struct Change;
   struct Step;
+  /// What a stage that broke off owes the device.
+  struct Owed {
+    String def_file;              ///< of its model
+    bool adc_bank = false;        ///< the type of the converter is written, its calibration is not
+    bool output_bank = false;     ///< the same of the output
+    String former_text = {};      ///< the model text before one that broke off
+    String unfinished_text = {};  ///< that one; empty for none
+  };
   static std::span<const Step> Steps();
 
   Outcome RunSteps(Change& change);
@@ -74,6 +83,8 @@ class EepromStage final : public PagePart {
   /// True when the device holds the curve of this number; nothing when it could not be asked.
   std::optional<bool> HoldsCurve(int type);
   std::optional<String> ReadModelText();
+  /// True for a text that a writing of the model text that broke off can have left.
+  [[nodiscard]] bool IsUnfinished(const String& text) const;
   [[nodiscard]] bool StoreText(int address, const String& text);
   [[nodiscard]] String ReadItem(StringView item) const;
 
@@ -83,6 +94,7 @@ class EepromStage final : public PagePart {
   CurveWriter curves_;
   int adc_before_ = 0;
   String item10_before_;
+  Owed owed_;
 };
 
 }  // namespace korva

@@ -234,6 +234,10 @@ TEST_F(MadeUpModelTest, AnOutputWithoutACalibrationIsAWriteFailureWhenItIsNew) {
   bench.ChooseOutput("out 3");
   EXPECT_FALSE(bench.RunStage());
   EXPECT_EQ(bench.Boxes(), Texts{Shown(BoxKey::EepromWriteFailed)});
+}
+
+TEST_F(MadeUpModelTest, AnOutputWithoutACalibrationPassesWhereTheDeviceHasIt) {
+  bench.ChooseOutput("out 3");
   KeepOutput(bench);
   EXPECT_TRUE(bench.RunStage());
 }
@@ -708,6 +712,68 @@ TEST_F(SameTypeTest, ATypeWithoutACurveIsAWriteFailure) {
   EXPECT_FALSE(other.RunStage());
   EXPECT_EQ(other.Boxes(), Texts{Shown(BoxKey::EepromWriteFailed)});
   EXPECT_EQ(other.Memory().Number(513, 1), 0);
+}
+
+// --- behind a stage that broke off
+
+/// The memory after a stage that went well.
+std::string MemoryAfter(const std::string& model, const std::string& before, const std::string& input) {
+  TablesBench bench(model);
+  EXPECT_TRUE(bench.device.Set("01", "10", before));
+  bench.ChooseInput(input);
+  bench.ChooseOutput("1-5 V");
+  EXPECT_TRUE(bench.RunStage());
+  return bench.Memory().Bytes(0, 8192);
+}
+
+TEST(BrokenStageTest, TheCalibrationThatItOwesIsCopiedByTheNextOneThoughTheTypesAreThereAlready) {
+  const std::string after = MemoryAfter("Z2WV", "-10 - 10 V", "-1 - 1 V");
+  for (const char* place : {"DS0060-8", "DS00FD-2", "DS00D4-3", "DS0185-2", "DS0172-3"}) {
+    TablesBench bench("Z2WV");
+    bench.ChooseInput("-1 - 1 V");
+    bench.ChooseOutput("1-5 V");
+    bench.device.AddFault(sim::ParseFault(std::string("refused=") + place));
+    EXPECT_FALSE(bench.RunStage());
+    EXPECT_FALSE(bench.RunStage()) << "it fails again";
+    bench.device.ClearFaults();
+    EXPECT_TRUE(bench.RunStage());
+    EXPECT_TRUE(bench.Memory().Bytes(0, 8192) == after) << place;
+    ASSERT_TRUE(bench.RunStage());
+    EXPECT_EQ(Count(bench.Sent(), "DS00C1"), 0) << "nothing is owed any more";
+    EXPECT_EQ(Count(bench.Sent(), "DS015D"), 0);
+  }
+}
+
+TEST(BrokenStageTest, AnotherModelIsNotOwedWhatThisOneIs) {
+  TablesBench bench("Z2WV");
+  bench.ChooseInput("-1 - 1 V");
+  bench.ChooseOutput("1-5 V");
+  bench.device.AddFault(sim::ParseFault("refused=DS00FD-2"));
+  EXPECT_FALSE(bench.RunStage());
+  bench.device.ClearFaults();
+  bench.page->DefFile = u"Z2WV2.def";
+  ASSERT_TRUE(bench.RunStage());
+  EXPECT_EQ(Count(bench.Sent(), "DS00C1"), 0);
+  EXPECT_EQ(Count(bench.Sent(), "DS015D"), 0);
+}
+
+TEST(BrokenStageTest, AModelTextThatBrokeOffInItsMiddleIsWrittenWholeByTheNextOne) {
+  const std::string after = MemoryAfter("Z2WT", "TC T (CC)", "TC PR");
+  TablesBench bench("Z2WT");
+  ASSERT_TRUE(bench.device.Set("01", "10", "TC T (CC)"));
+  bench.ChooseInput("TC PR");
+  bench.ChooseOutput("1-5 V");
+  int written = 0;
+  bench.line.instead = [&](const std::string& command, std::size_t) -> std::optional<sim::Reply> {
+    written += command == "D5A3257542D505242" ? 1 : 0;  // Z2WT-PRB
+    return written > 0 && command == "DS0038-8" ? std::optional(sim::Reply{.text = "CNG"}) : std::nullopt;
+  };
+  EXPECT_FALSE(bench.RunStage());
+  EXPECT_EQ(bench.Memory().Bytes(48, 16), "Z2WT-PRBS       ");
+  bench.line.instead = nullptr;
+  EXPECT_TRUE(bench.RunStage());
+  EXPECT_EQ(bench.Memory().Bytes(48, 16), "Z2WT-PRB-S      ");
+  EXPECT_TRUE(bench.Memory().Bytes(0, 8192) == after);
 }
 
 // --- before the items
