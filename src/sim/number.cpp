@@ -41,9 +41,9 @@ std::string FormatNumber(double value, int decimals) {
   // std::round halves away from zero; the addition turns a negative zero into a plain one.
   const double rounded = std::round(value * scale) / scale + 0.0;
   std::array<char, kLongestNumber> text{};
-  const auto end =
+  const auto* const end =
       std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed, decimals).ptr;
-  return {text.data(), end};
+  return {text.data(), static_cast<std::size_t>(end - text.data())};
 }
 
 }  // namespace korva::sim
