@@ -1,173 +1,44 @@
 // Whole downloads of transmitters, with items, memory, curve and linearizer, broken at their exchanges and
-// closed at their pumps. There are too many to try them all: a sample is drawn by a fixed seed.
+// closed at their pumps. Of the many blocks of a curve a sample is drawn by a fixed seed.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <iostream>
-#include <numeric>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "core/text_utilities.h"
-#include "pages/z2_kv_config/z2_kv_config.h"
-#include "sweep_bench.h"
-#include "tables/curve_file.h"
+#include "support/sampled.h"
+#include "transmitter_exchanges.h"
 
 namespace korva::test {
 namespace {
 
 using Texts = std::vector<std::string>;
+using sim::Fault;
 
+constexpr unsigned kSeed = 20261;
+constexpr unsigned kOneBlockIn = 24;
+constexpr std::array kFaults = {Fault::Silent, Fault::Refused,   Fault::Garbled, Fault::Half,
+                                Fault::Late,   Fault::StuckByte, Fault::Doubled};
+constexpr std::size_t kBreaks = 2 * kFaults.size();  // of an exchange: once and for good
 constexpr std::size_t kTableType = 513;
 constexpr char kBeingWritten = 99;
 
-/// What a download changes in the memory of a model: its input type, with its code and its curve, or the
-/// linearizer.
-struct Change {
-  String model;
-  String input;
-  int code = 0;
-  std::optional<SensorKind> curve = {};
-  bool linearizer = false;
-};
-
-const std::vector<Change>& Changes() {
-  static const std::vector<Change> changes = {
-      {.model = u"Z2WT", .input = u"TC T (CC)", .code = 4, .curve = SensorKind::Thermocouple},
-      {.model = u"Z2WR", .input = u"Ni508.4", .code = 4, .curve = SensorKind::Resistance},
-      {.model = u"Z2WF", .input = u"4 - 20 mA", .code = 3, .linearizer = true},
-      {.model = u"Z2WV", .input = u"-1 - 1 V", .code = 1}};
-  return changes;
-}
-
-/// True when the device does not carry out what is sent in this exchange.
-bool Loses(const Break& line_break, std::size_t exchange) {
-  const bool struck = line_break.for_good ? exchange >= line_break.at : exchange == line_break.at;
-  return struck && (line_break.fault == sim::Fault::Silent || line_break.fault == sim::Fault::Refused);
-}
-
-/// A transmitter whose set was uploaded and then changed.
-struct Transmitter : SweepBench {
-  explicit Transmitter(const Change& its_change) : SweepBench(its_change.model), change(its_change) {
-    auto& page = dynamic_cast<z2KvConfig&>(Page());
-    Type(u"02", u"PUMP 1");
-    Pick(page.Combo[0], change.input);
-    Pick(page.Combo[1], page.Combo[1].Entries().at(1));
-    if (change.linearizer) {
-      Press(page.linearizer.Opt_Lnr, 1);
-      Do([&] {
-        int row = 0;
-        for (const StringView value : {u"0", u"25", u"100"}) {
-          ++row;
-          page.linearizer.Table().Store(row, 1, String(value));
-          page.linearizer.Table().Store(row, 2, String(value));
-        }
-      });
-    }
-    type_before = Bytes(kTableType, 1).front();
-    // The question comes only where the download has got that far.
-    dialogs.OnBox([this](const Box& box) {
-      if (box.text == BoxOf(BoxKey::DownloadLinearizer).text) {
-        dialogs.QueueAnswer(Answer::Yes);
-      }
-    });
-  }
-
-  /// The boxes behind the download's question, less that of the linearizer.
-  Texts BoxesOfDownload() {
-    TakeBoxes();
-    commands.clear();
-    Download();
-    Texts boxes = TakeBoxes();
-    boxes.erase(boxes.begin());
-    std::erase(boxes, Shown(BoxKey::DownloadLinearizer));
-    return boxes;
-  }
-  [[nodiscard]] std::string Bytes(std::size_t address, std::size_t count) const {
-    return device.GetMemory().Bytes(address, count);
-  }
-  /// The table's type as the device holds it after the download: what was sent to it last and not lost.
-  [[nodiscard]] char TypeAfter(const Break& line_break) const {
-    char type = type_before;
-    for (std::size_t at = 0; at + 1 < commands.size(); ++at) {
-      const std::string& data = commands[at + 1];
-      if (commands[at] == "DS0201-1" && data.front() == 'D' && data.size() == 3 &&
-          !Loses(line_break, at + 1)) {
-        type = static_cast<char>(std::stoi(data.substr(1), nullptr, 16));
-      }
-    }
-    return type;
-  }
-  /// The device holds all that the page has for it.
-  void ExpectAllWritten() {
-    EXPECT_EQ(device.Value("01", "10"), ToUtf8(change.input));
-    EXPECT_EQ(device.Value("01", "11"), ToUtf8(Page().Item(11)));
-    EXPECT_EQ(Bytes(78, 1).front(), static_cast<char>(change.code));
-    EXPECT_EQ(Trimmed(FromUtf8(device.Value("01", "02"))), u"PUMP 1");
-    ExpectTable();
-  }
-  void ExpectTable() {
-    if (change.curve) {
-      EXPECT_EQ(Bytes(kTableType, 1).front(), static_cast<char>(change.code));
-      const std::string image = ImageOfFile();
-      EXPECT_TRUE(Bytes(8192 - image.size(), image.size()) == image) << "the curve of the file";
-    }
-    if (change.linearizer) {
-      EXPECT_EQ(Bytes(kTableType, 1), "\x65");
-      // 100 % times 32768, in three bytes with the low one first.
-      EXPECT_EQ(Bytes(8192 - 6, 6), std::string("\x00\x00\x32\x00\x00\x32", 6));
-    }
-  }
-  /// The three low bytes of each of the file's numbers.
-  [[nodiscard]] std::string ImageOfFile() const {
-    const CurveFile& file = CurveFiles(*change.curve)[static_cast<std::size_t>(change.code)];
-    const std::string bytes = files.Bytes(u"/korva/system/z2Kv/" + String(file.name)).value();
-    std::string image;
-    for (std::size_t value = 0; value < static_cast<std::size_t>(file.points); ++value) {
-      image += bytes.substr(4 * value, 3);
-    }
-    return image;
-  }
-
-  Change change;
-  char type_before = 0;
-};
-
-/// `most` of the numbers below `all`, or all of them, by a fixed seed.
-std::vector<std::size_t> Drawn(std::size_t all, std::size_t most) {
-  std::mt19937 random(20261);
-  std::vector<std::size_t> numbers(all);
-  std::iota(numbers.begin(), numbers.end(), 0U);
-  const std::size_t count = std::min(all, most);
-  for (std::size_t place = 0; place < count; ++place) {
-    std::swap(numbers[place], numbers[place + random() % (all - place)]);
-  }
-  numbers.resize(count);
-  return numbers;
-}
-
-void TellShare(const String& model, const char* what, std::size_t tried, std::size_t all) {
-  std::cout << ToUtf8(model) << ": " << what << ": " << tried << " of " << all << " drawn\n";
-}
-
-#ifdef KORVA_CHECKED
-constexpr std::size_t kMostRuns = 6;
-#else
-constexpr std::size_t kMostRuns = 1200;
-#endif
-
-struct TransmitterSweep : testing::TestWithParam<Change> {};
-INSTANTIATE_TEST_SUITE_P(Model, TransmitterSweep, testing::ValuesIn(Changes()),
-                         [](const auto& one) { return ToUtf8(one.param.model); });
-
-/// A break of the line at each of `exchanges`, as a download of items has them.
-std::vector<Break> AllBreaks(std::size_t exchanges) {
+/// Every exchange but for most of the curve's blocks, broken in each way in which a line can break or the
+/// memory can fail.
+std::vector<Break> BreaksIn(const std::vector<Exchange>& exchanges) {
+  std::minstd_rand random(kSeed);
   std::vector<Break> breaks;
-  for (std::size_t at = 0; at < exchanges; ++at) {
-    for (const sim::Fault fault :
-         {sim::Fault::Silent, sim::Fault::Refused, sim::Fault::Garbled, sim::Fault::Late}) {
+  for (std::size_t at = 0; at < exchanges.size(); ++at) {
+    if (exchanges[at].block && random() % kOneBlockIn != 0) {
+      continue;
+    }
+    for (const Fault fault : kFaults) {
       breaks.push_back({.fault = fault, .for_good = false, .at = at});
       breaks.push_back({.fault = fault, .for_good = true, .at = at});
     }
@@ -175,88 +46,220 @@ std::vector<Break> AllBreaks(std::size_t exchanges) {
   return breaks;
 }
 
-/// The boxes that may end a download, and the closing's.
-bool IsAnOutcome(const Texts& boxes) {
-  static const Texts known = [] {
-    Texts texts;
-    for (const BoxKey key :
-         {BoxKey::DownloadDone, BoxKey::CommFailure, BoxKey::ModelMismatch, BoxKey::NotMonitorMode,
-          BoxKey::NotProgrammingMode, BoxKey::OutputTypeUnknown, BoxKey::AdcTypeUnreadable,
-          BoxKey::DownloadDataMismatch, BoxKey::EepromModeNotEntered, BoxKey::EepromWriteFailed,
-          BoxKey::LinearizerDownloadFailed}) {
-      texts.push_back(Shown(key));
-    }
-    return texts;
-  }();
-  return std::all_of(boxes.begin(), boxes.end(), [](const std::string& box) {
-    return std::find(known.begin(), known.end(), box) != known.end();
-  });
+void TellShare(const TypeChange& change, const char* what, std::size_t tried, std::size_t all) {
+  std::cout << change.name << ": " << what << ": " << tried << " of " << all << '\n';
 }
 
-TEST_P(TransmitterSweep, ADownloadBrokenAtAnExchangeTellsWhatWasProvedAndCanBeRepeated) {
-  Transmitter good(GetParam());
-  ASSERT_EQ(good.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
-  good.ExpectAllWritten();
-  const std::vector<Break> breaks = AllBreaks(good.commands.size());
-  for (const std::size_t drawn : Drawn(breaks.size(), kMostRuns)) {
-    const Break& line_break = breaks[drawn];
-    SCOPED_TRACE(line_break.Name());
-    Transmitter bench(GetParam());
-    bench.StartBreak(line_break);
-    const Texts boxes = bench.BoxesOfDownload();
-    bench.ExpectUsable();
-    EXPECT_TRUE(IsAnOutcome(boxes)) << testing::PrintToString(boxes);
-    const bool done = std::find(boxes.begin(), boxes.end(), Shown(BoxKey::DownloadDone)) != boxes.end();
-    const char type = bench.Bytes(kTableType, 1).front();
-    EXPECT_EQ(type, bench.TypeAfter(line_break)) << "99 exactly when a table had begun and not ended";
-    if (done) {
-      EXPECT_NE(type, kBeingWritten);
-      bench.ExpectAllWritten();
-    }
-    if (!line_break.for_good) {
-      EXPECT_EQ(bench.device.Mode(), '0');
-    }
-    bench.device.ClearFaults();
-    bench.loop.RunUntilIdle();
-    EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)}) << "again";
-    bench.ExpectAllWritten();
-    EXPECT_EQ(bench.device.Mode(), '0');
-    if (testing::Test::HasFailure()) {
+/// What a device holds before a download and after it.
+struct Held {
+  explicit Held(const TransmitterBench& bench) : memory(bench.Memory()), items(bench.Items()) {}
+  std::string memory;
+  Texts items;
+};
+
+/// Each byte is an old or a new one, and the table's type tells how far the table got: 99 exactly while it is
+/// being written.
+void ExpectMemoryBetween(const std::string& before, const std::string& after, const std::string& memory) {
+  for (std::size_t at = 0; at < memory.size(); ++at) {
+    if (memory[at] != before[at] && memory[at] != after[at] && at != kTableType) {
+      ADD_FAILURE() << "neither the old nor the new byte at " << at;
       return;
     }
   }
-  TellShare(GetParam().model, "downloads with a broken exchange", std::min(breaks.size(), kMostRuns),
-            breaks.size());
+  const auto is_table_of = [&](const std::string& all) {
+    return memory[512] == all[512] && memory.compare(513, std::string::npos, all, 513) == 0;
+  };
+  EXPECT_TRUE(memory[kTableType] == kBeingWritten || is_table_of(before) || is_table_of(after))
+      << "99 exactly while the table is being written";
 }
 
-TEST_P(TransmitterSweep, ClosedAtAPumpADownloadGoesToItsEndAndThenEndsTheProgram) {
-  Transmitter good(GetParam());
-  const std::size_t pumps_before = good.loop.PumpCount();
-  good.BoxesOfDownload();
-  const std::size_t pumps = good.loop.PumpCount() - pumps_before;
-  const std::size_t exchanges = good.commands.size();
-  for (const std::size_t drawn : Drawn(pumps, kMostRuns)) {
-    SCOPED_TRACE(drawn);
-    Transmitter bench(GetParam());
-    const std::size_t first = bench.loop.PumpCount() + 1;
-    bool told = false;
-    bench.loop.OnPump([&] {
-      if (bench.loop.PumpCount() == first + drawn) {
-        bench.app.program.PressClose();
-        told = bench.Page().flaMsg_CannotEnd.Visible();
+void ExpectItemsBetween(const Texts& before, const Texts& after, const Texts& items) {
+  for (std::size_t at = 0; at < items.size(); ++at) {
+    EXPECT_TRUE(items[at] == before[at] || items[at] == after[at]) << items[at];
+  }
+}
+
+/// A success is all that was to be written. A value is proved by the presence of an answer alone, so that one
+/// that was refused once can be missing.
+void ExpectSuccess(const Break& line_break, const Exchange& exchange, const Held& after, const Held& now) {
+  EXPECT_TRUE(now.memory == after.memory) << "no success without the whole memory";
+  const bool value_refused = line_break.fault == Fault::Refused && exchange.access == Access::Items &&
+                             exchange.write && !IsCompared(exchange.item);
+  for (std::size_t at = 0; at < now.items.size(); ++at) {
+    if (!value_refused || !now.items[at].starts_with(exchange.item)) {
+      EXPECT_EQ(now.items[at], after.items[at]);
+    }
+  }
+}
+
+struct TransmitterSweep : testing::TestWithParam<TypeChange> {
+  TransmitterSweep() {
+    TransmitterBench good(GetParam());
+    before.emplace(good);
+    EXPECT_EQ(good.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
+    good.ExpectAllWritten();
+    after.emplace(good);
+    exchanges = ExchangesOf(GetParam(), good.commands);
+  }
+  void CheckBroken(TransmitterBench& bench, const Break& line_break) const;
+  void CheckAgain(TransmitterBench& bench) const;
+
+  std::optional<Held> before;
+  std::optional<Held> after;
+  std::vector<Exchange> exchanges;
+};
+INSTANTIATE_TEST_SUITE_P(Model, TransmitterSweep, testing::ValuesIn(TypeChanges()),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+void TransmitterSweep::CheckBroken(TransmitterBench& bench, const Break& line_break) const {
+  const Exchange& exchange = exchanges[line_break.at];
+  bench.StartBreak(line_break);
+  const Texts boxes = bench.BoxesOfDownload();
+  bench.ExpectUsable();
+  EXPECT_TRUE(bench.SetOf() == bench.chosen) << "the page keeps its values";
+  const Held now(bench);
+  if (IsForeseen(line_break)) {
+    EXPECT_EQ(boxes, ExpectedBoxes(GetParam(), line_break, exchange));
+  } else {
+    EXPECT_TRUE(IsAnOutcome(boxes)) << testing::PrintToString(boxes);
+  }
+  ExpectMemoryBetween(before->memory, after->memory, now.memory);
+  ExpectItemsBetween(before->items, after->items, now.items);
+  if (std::find(boxes.begin(), boxes.end(), Shown(BoxKey::DownloadDone)) != boxes.end()) {
+    ExpectSuccess(line_break, exchange, *after, now);
+  }
+  if (!line_break.for_good || line_break.fault == Fault::StuckByte) {
+    EXPECT_EQ(bench.device.Mode(), '0');
+  } else if (!bench.Page().CommFailed) {
+    const std::string& last = bench.commands.back();
+    EXPECT_TRUE(last == "D0" || last == "G01" || last == "I01") << "not monitor mode but " << last;
+  }
+}
+
+void TransmitterSweep::CheckAgain(TransmitterBench& bench) const {
+  bench.device.ClearFaults();
+  bench.loop.RunUntilIdle();
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)}) << "again";
+  EXPECT_TRUE(bench.Memory() == after->memory) << "again";
+  EXPECT_EQ(bench.Items(), after->items) << "again";
+  EXPECT_EQ(bench.device.Mode(), '0');
+}
+
+TEST_P(TransmitterSweep, ADownloadBrokenAtAnyExchangeTellsWhatWasProvedAndTheNextOneMendsIt) {
+  const std::vector<Break> breaks = Sampled(BreaksIn(exchanges));
+  for (const Break& line_break : breaks) {
+    SCOPED_TRACE(line_break.Name());
+    TransmitterBench bench(GetParam());
+    CheckBroken(bench, line_break);
+    CheckAgain(bench);
+    ASSERT_FALSE(HasFailure());
+  }
+  TellShare(GetParam(), "downloads with a broken exchange", breaks.size(), kBreaks * exchanges.size());
+}
+
+/// A model text that gets longer, so that one which breaks off between its blocks has lost a field's end.
+TypeChange LongerModelText() {
+  return {.name = "Z2WT_PR",
+          .model = u"Z2WT",
+          .delivered = "TC T (CC)",
+          .input = u"TC PR",
+          .model_text = "Z2WT-PRB-S      ",
+          .code = 0,
+          .adc = 0,
+          .curve = SensorKind::Thermocouple};
+}
+struct LongerTextSweep : TransmitterSweep {};
+INSTANTIATE_TEST_SUITE_P(Model, LongerTextSweep, testing::Values(LongerModelText()),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_P(LongerTextSweep, AStageBrokenAtAnyExchangeIsMendedByTheNextDownload) {
+  std::vector<Break> breaks = BreaksIn(exchanges);
+  std::erase_if(breaks, [this](const Break& line_break) {
+    return line_break.for_good || exchanges[line_break.at].access != Access::Stage;
+  });
+  const std::size_t all = breaks.size();
+  breaks = Sampled(breaks);
+  for (const Break& line_break : breaks) {
+    SCOPED_TRACE(line_break.Name());
+    TransmitterBench bench(GetParam());
+    CheckBroken(bench, line_break);
+    CheckAgain(bench);
+    ASSERT_FALSE(HasFailure());
+  }
+  TellShare(GetParam(), "stages with a broken exchange", breaks.size(), all);
+}
+
+// The close box.
+
+/// Presses the close box at a pump of what follows.
+struct ClosedTransmitter : TransmitterBench {
+  ClosedTransmitter(const TypeChange& type_change, std::size_t at) : TransmitterBench(type_change) {
+    loop.OnPump([this, first = loop.PumpCount() + 1, at] {
+      if (loop.PumpCount() == first + at) {
+        app.program.PressClose();
+        told = Page().flaMsg_CannotEnd.Visible();
       }
     });
+  }
+  bool told = false;
+};
+
+/// The pumps of a download, from 0.
+std::vector<std::size_t> PumpsOf(TransmitterBench& bench) {
+  std::vector<std::size_t> pumps;
+  bench.loop.OnPump([&] { pumps.push_back(pumps.size()); });
+  bench.BoxesOfDownload();
+  bench.loop.OnPump(nullptr);
+  return pumps;
+}
+
+TEST_P(TransmitterSweep, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndAndThenEnds) {
+  TransmitterBench whole(GetParam());
+  const std::vector<std::size_t> all = PumpsOf(whole);
+  const std::vector<std::size_t> pumps = Sampled(all);
+  for (const std::size_t at : pumps) {
+    SCOPED_TRACE(at);
+    ClosedTransmitter bench(GetParam(), at);
     EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
-    EXPECT_TRUE(told);
-    EXPECT_EQ(bench.commands.size(), exchanges);
+    EXPECT_TRUE(bench.told);
+    EXPECT_EQ(bench.commands.size(), exchanges.size());
     EXPECT_EQ(bench.status, 0);
     EXPECT_EQ(bench.device.Mode(), '0');
-    bench.ExpectTable();
-    if (testing::Test::HasFailure()) {
-      return;
-    }
+    EXPECT_TRUE(bench.Memory() == after->memory);
+    EXPECT_EQ(bench.Items(), after->items);
+    ASSERT_FALSE(HasFailure());
   }
-  TellShare(GetParam().model, "downloads closed", std::min(pumps, kMostRuns), pumps);
+  TellShare(GetParam(), "downloads closed", pumps.size(), all.size());
+}
+
+/// The last exchange with the memory, the longest way to a failure.
+std::size_t LastOfMemory(const std::vector<Exchange>& exchanges) {
+  const auto last = std::find_if(exchanges.rbegin(), exchanges.rend(), [](const Exchange& exchange) {
+    return exchange.within > 2;  // items and modes take three
+  });
+  return static_cast<std::size_t>(exchanges.rend() - last) - 1;
+}
+
+TEST_P(TransmitterSweep, ClosedAtAnyPumpADownloadThatFailsInTheMemoryKeepsTheWindow) {
+  const Break failure{.fault = Fault::Refused, .at = LastOfMemory(exchanges)};
+  TransmitterBench whole(GetParam());
+  whole.StartBreak(failure);
+  const std::vector<std::size_t> all = PumpsOf(whole);
+  const std::vector<std::size_t> pumps = Sampled(all);
+  for (const std::size_t at : pumps) {
+    SCOPED_TRACE(at);
+    ClosedTransmitter bench(GetParam(), at);
+    bench.StartBreak(failure);
+    EXPECT_EQ(bench.BoxesOfDownload(), ExpectedBoxes(GetParam(), failure, exchanges[failure.at]));
+    EXPECT_TRUE(bench.told);
+    EXPECT_FALSE(bench.status.has_value());
+    EXPECT_FALSE(bench.Page().flaMsg_CannotEnd.Visible());
+    EXPECT_EQ(bench.device.Mode(), '0');
+    CheckAgain(bench);
+    bench.ExpectUsable();
+    ASSERT_FALSE(HasFailure());
+  }
+  TellShare(GetParam(), "failing downloads closed", pumps.size(), all.size());
 }
 
 }  // namespace
