@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/text_utilities.h"
 #include "pages/z2_kv_config/z2_kv_config.h"
 
@@ -188,9 +190,10 @@ void TransmitterBench::ExpectTable() const {
 
 int TransmitterBench::Number(std::size_t address, std::size_t width) const {
   int number = 0;
-  const std::string bytes = Bytes(address, width);
-  for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-    number = number * 256 + static_cast<unsigned char>(*byte);
+  std::string bytes = Bytes(address, width);
+  std::reverse(bytes.begin(), bytes.end());
+  for (const char byte : bytes) {
+    number = number * 256 + static_cast<unsigned char>(byte);
   }
   return number;
 }

@@ -1,5 +1,5 @@
 // Whole downloads of transmitters, with items, memory, curve and linearizer, broken at their exchanges and
-// closed at their pumps. Of the many blocks of a curve a sample is drawn by a fixed seed.
+// closed at their pumps. Of the breaks, and of the many blocks of a curve, a sample is drawn by a fixed seed.
 
 #include <gtest/gtest.h>
 
@@ -23,24 +23,29 @@ using sim::Fault;
 
 constexpr unsigned kSeed = 20261;
 constexpr unsigned kOneBlockIn = 24;
+constexpr unsigned kOneBreakIn = 3;
 constexpr std::array kFaults = {Fault::Silent, Fault::Refused,   Fault::Garbled, Fault::Half,
                                 Fault::Late,   Fault::StuckByte, Fault::Doubled};
 constexpr std::size_t kBreaks = 2 * kFaults.size();  // of an exchange: once and for good
 constexpr std::size_t kTableType = 513;
 constexpr char kBeingWritten = 99;
 
-/// Every exchange but for most of the curve's blocks, broken in each way in which a line can break or the
-/// memory can fail.
+/// A sample by a fixed seed of the ways in which a line can break or the memory can fail, at every exchange
+/// but for most of the curve's blocks.
 std::vector<Break> BreaksIn(const std::vector<Exchange>& exchanges) {
   std::minstd_rand random(kSeed);
+  const auto drawn = [&random](unsigned one_in) { return random() % one_in == 0; };
   std::vector<Break> breaks;
   for (std::size_t at = 0; at < exchanges.size(); ++at) {
-    if (exchanges[at].block && random() % kOneBlockIn != 0) {
+    if (exchanges[at].block && !drawn(kOneBlockIn)) {
       continue;
     }
     for (const Fault fault : kFaults) {
-      breaks.push_back({.fault = fault, .for_good = false, .at = at});
-      breaks.push_back({.fault = fault, .for_good = true, .at = at});
+      for (const bool for_good : {false, true}) {
+        if (drawn(kOneBreakIn)) {
+          breaks.push_back({.fault = fault, .for_good = for_good, .at = at});
+        }
+      }
     }
   }
   return breaks;
@@ -177,7 +182,6 @@ TEST_P(LongerTextSweep, AStageBrokenAtAnyExchangeIsMendedByTheNextDownload) {
   std::erase_if(breaks, [this](const Break& line_break) {
     return line_break.for_good || exchanges[line_break.at].access != Access::Stage;
   });
-  const std::size_t all = breaks.size();
   breaks = Sampled(breaks);
   for (const Break& line_break : breaks) {
     SCOPED_TRACE(line_break.Name());
@@ -186,7 +190,11 @@ TEST_P(LongerTextSweep, AStageBrokenAtAnyExchangeIsMendedByTheNextDownload) {
     CheckAgain(bench);
     ASSERT_FALSE(HasFailure());
   }
-  TellShare(GetParam(), "stages with a broken exchange", breaks.size(), all);
+  const auto of_stage = std::count_if(exchanges.begin(), exchanges.end(), [](const Exchange& exchange) {
+    return exchange.access == Access::Stage;
+  });
+  TellShare(GetParam(), "stages with a broken exchange", breaks.size(),
+            kFaults.size() * static_cast<std::size_t>(of_stage));
 }
 
 // The close box.
