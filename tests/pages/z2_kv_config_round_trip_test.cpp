@@ -42,6 +42,7 @@ std::string MemoryBesideDate(const sim::Memory& memory) {
 /// 100 points, whose Y lag behind. A device that has items for them knows no shorter table.
 std::vector<std::pair<String, String>> WholeTable() {
   std::vector<std::pair<String, String>> points;
+  points.reserve(100);
   for (int point = 0; point < 100; ++point) {
     points.emplace_back(FormatMask(point, u"##0.00"), FormatMask(point * point / 99.0, u"##0.00"));
   }
