@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <span>
 
+#include "core/text_utilities.h"
 #include "platform/string.h"
 
 namespace korva {
 
-/// Some of a family's models, by their definition files: those of these names, and those whose names begin
-/// or end so.
+/// Some of a family's models, by their definition files: those whose names are like these ("#" stands for a
+/// digit), and those whose names begin or end so.
 struct ModelSet {
   std::span<const StringView> names = {};
   StringView beginning = {};
@@ -16,7 +17,7 @@ struct ModelSet {
 
   [[nodiscard]] bool Empty() const { return names.empty() && beginning.empty() && ending.empty(); }
   [[nodiscard]] bool Has(StringView def_file) const {
-    return std::find(names.begin(), names.end(), def_file) != names.end() ||
+    return std::any_of(names.begin(), names.end(), [&](StringView name) { return IsLike(def_file, name); }) ||
            (!beginning.empty() && def_file.starts_with(beginning)) ||
            (!ending.empty() && def_file.ends_with(ending));
   }

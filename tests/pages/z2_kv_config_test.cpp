@@ -282,6 +282,36 @@ TEST(Z2KvConfigCsv, AllHundredPointsAreSavedWithoutAHeadLine) {
 
 // Live values.
 
+/// The units that stand beside items 04, 06 and 07 while the monitor runs on a model whose device tells
+/// `answers`.
+std::vector<String> LiveUnits(const String& model,
+                              const std::map<std::string, std::optional<std::string>>& answers) {
+  Z2Bench bench(model);
+  bench.Read();
+  bench.line.replies = answers;
+  bench.loop.StartTimer(std::chrono::minutes(1), [&] { bench.Z2().monitor.RequestStop(); });
+  bench.Click(bench.Z2().monitor.cmdMonitorON);
+  return {bench.UnitOf(u"04"), bench.UnitOf(u"06"), bench.UnitOf(u"07")};
+}
+
+TEST(Z2KvConfigMonitor, ALiveTemperatureHasTheUnitThatTheDeviceTellsNotThePages) {
+  for (const char16_t* model : {u"Z2WT", u"Z2WT2", u"Z8WT"}) {
+    EXPECT_EQ(LiveUnits(model, {{"01/21 D", "Ddeg F"}}), (std::vector<String>{u"deg F", u"mV", u"deg F"}))
+        << ToUtf8(model);
+  }
+  for (const char16_t* model : {u"Z2WR", u"Z2WR2", u"Z8WR"}) {
+    EXPECT_EQ(LiveUnits(model, {{"01/21 D", "DK"}}), (std::vector<String>{u"K", u"Ohm", u"K"}))
+        << ToUtf8(model);
+  }
+}
+
+TEST(Z2KvConfigMonitor, ALiveVoltageHasTheUnitOfTheTypeThatTheDeviceTells) {
+  for (const char16_t* model : {u"Z2WV", u"Z2WV2", u"Z8WV"}) {
+    EXPECT_EQ(LiveUnits(model, {{"01/10 D", "D-50 - 50 mV"}}), (std::vector<String>{u"mV", u"mV", u"mV"}))
+        << ToUtf8(model);
+  }
+}
+
 TEST(Z2KvConfigMonitor, ACycleInWhichNothingIsReadWaitsHalfASecondWithEvents) {
   Z2Bench bench(u"Z2WV");
   bench.line.replies["01/10 D"] = std::nullopt;  // no unit of items 04, 06 and 07
