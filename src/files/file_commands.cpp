@@ -146,7 +146,7 @@ void ParameterPage::ShowFileName() {
 }
 
 void ParameterPage::OpenCommand() {
-  if (!ConfirmDiscard() && ChooseCfgFile(false)) {
+  if (!OperationRuns() && !ConfirmDiscard() && ChooseCfgFile(false)) {
     OpenTakenPath();
   }
 }
@@ -254,7 +254,7 @@ void ParameterPage::ClearParameterSet() {
 }
 
 void ParameterPage::NewCommand() {
-  if (ConfirmDiscard()) {
+  if (OperationRuns() || ConfirmDiscard()) {
     return;
   }
   ClearParameterSet();

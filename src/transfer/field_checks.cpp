@@ -57,6 +57,22 @@ bool FieldChecks::CheckTag() {
   return Mark(kTagItem, good);
 }
 
+bool FieldChecks::CheckNumbers() {
+  bool good = true;
+  for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
+    if (!page_.IsNumberRow(row) || page_.IsLive(row)) {
+      continue;
+    }
+    TextField& field = page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())];
+    if (!field.Locked()) {
+      const bool number = IsNumeric(field.Text()) || IsNumeric(page_.CellOf(row, field.Text()));
+      field.SetLook(number ? Look::Normal : Look::Bad);
+      good = good && number;
+    }
+  }
+  return good;
+}
+
 FieldChecks::Limits FieldChecks::LimitsOfType(int type, bool whole_numbers) const {
   const ChoiceList types = page_.Def.ListOf(u"$I10");
   const String& own_unit = types.Cell(type, &ListColumns::unit);

@@ -25,6 +25,16 @@ void RoundItem(ParameterPage& page, const String& item, GridRule rule, BoxKey bo
 
 }  // namespace
 
+std::vector<StringView> ItemsWithUnit(const ParameterPage& page, StringView unit) {
+  std::vector<StringView> items;
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.IsWritten(row) && page.DataCell(row, kUnitText) == unit) {
+      items.emplace_back(page.DataCell(row, kItem));
+    }
+  }
+  return items;
+}
+
 void Round5ms(ParameterPage& page, std::span<const StringView> items) {
   for (const StringView item : items) {
     RoundItem(page, String(item), RoundTo5Msec, BoxKey::RoundedTo5Msec);

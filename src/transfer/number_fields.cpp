@@ -29,7 +29,8 @@ void NumberFields::Judge() {
     }
     TextField& field = page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())];
     const String text = Trimmed(field.Text());
-    const String data = text.empty() || IsPlainDecimal(text) ? String() : data_of_(row);
+    const bool plain = IsPlainDecimal(text) || IsPlainDecimal(page_.CellOf(row, text));
+    const String data = text.empty() || plain ? String() : data_of_(row);
     field.SetMarked(!data.empty());
     if (!data.empty()) {
       Append(list, NameOf(row, data));

@@ -7,8 +7,9 @@
 namespace korva {
 
 /// The fields that hold numbers. A device is sent what stands in them, a number or not, so a text that is no
-/// plain decimal number ("1,5", "1e2", "12abc") carries a mark, and the status area tells item and text of
-/// each: as a download would send it, and after a download as it was sent.
+/// plain decimal number ("1,5", "1e2", "12abc"), and of which no part of the page makes one, carries a mark.
+/// The status area tells item and text of each: as a download would send it, and after a download as it was
+/// sent.
 class NumberFields final : public PagePart {
  public:
   /// What a download would send for a row under the present choices; empty for nothing.

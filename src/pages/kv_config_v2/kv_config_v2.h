@@ -31,7 +31,7 @@ class KvConfig_V2 final : public ParameterPage {
   FixedBoxes fixed_boxes_;
   KvConfigV2Form form_;
   UploadSteps upload_steps_;
-  KvConfigV2Check check_steps_;
+  NumberCheck check_steps_;
   KvConfigV2Download download_steps_;
   Upload upload_;
   ValueCheck check_;

@@ -55,27 +55,6 @@ std::optional<CodeTable> KvConfigV2Form::CodesOf(int item) const {
   }
 }
 
-bool KvConfigV2Check::CheckValues() {
-  const bool tag_good = fields_.CheckTag();
-  return CheckNumbers() && tag_good;
-}
-
-bool KvConfigV2Check::CheckNumbers() {
-  bool good = true;
-  for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-    if (!page_.IsNumberRow(row) || page_.IsLive(row)) {
-      continue;
-    }
-    TextField& field = page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())];
-    if (!field.Locked()) {
-      const bool number = IsNumeric(field.Text());
-      field.SetLook(number ? Look::Normal : Look::Bad);
-      good = good && number;
-    }
-  }
-  return good;
-}
-
 void KvConfigV2Download::RoundValues() { Round5ms(Page(), kTimes); }
 
 bool KvConfigV2Download::ResetAllParams() {

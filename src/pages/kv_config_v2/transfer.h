@@ -2,7 +2,7 @@
 
 #include "pages/kv_config_v2/units.h"
 #include "transfer/download.h"
-#include "transfer/field_checks.h"
+#include "transfer/number_check.h"
 #include "transfer/upload.h"
 
 namespace korva {
@@ -21,19 +21,6 @@ class KvConfigV2Form final : public RowForm {
 
  private:
   const KvConfigV2Units& units_;
-};
-
-/// Beside the tag every open field must be a number.
-class KvConfigV2Check final : public CheckSteps {
- public:
-  explicit KvConfigV2Check(ParameterPage& page) : page_(page), fields_(page) {}
-  bool CheckValues() override;
-
- private:
-  bool CheckNumbers();
-
-  ParameterPage& page_;
-  FieldChecks fields_;
 };
 
 /// A download sets the device back to its maker's values first, and gives it time after each write.

@@ -11,26 +11,10 @@ namespace korva {
 
 namespace {
 
-constexpr StringView kTagKind = u"TG:";
-
 /// Values that are shown with two decimals, whatever the device gives.
 constexpr std::array<StringView, 6> kTwoDecimals = {u"12", u"13", u"14", u"15", u"42", u"43"};
 
-/// The value less what stands behind it; a text without a number stays as it is.
-String WithoutUnit(const String& text) {
-  const String number = TrimNumericText(text);
-  return number.empty() ? text : number;
-}
-
 }  // namespace
-
-std::optional<CodeTable> Z2KvConfigForm::CodesOf(int item) const {
-  const int row = Page().FindDataRow(FormatMask(item, u"00"));
-  if (row < 0 || Page().DataCell(row, kChoiceKey).empty()) {
-    return std::nullopt;
-  }
-  return CodeTable{.key = Page().DataCell(row, kChoiceKey)};
-}
 
 bool Z2KvConfigUpload::ConfirmModel() { return ModelChosen(Page()) && ConfirmModelOfDevice(Page()); }
 
@@ -53,12 +37,11 @@ RowRead Z2KvConfigUpload::Judge(const String& answer) {
 }
 
 void Z2KvConfigUpload::AfterItemRead(int row) {
-  const String& kind = Page().DataCell(row, kItemKind);
-  if (kind.empty() || kind == kTagKind) {
+  if (!IsValueRow(Page(), row)) {
     return;
   }
   const String& item = Page().DataCell(row, kItem);
-  String value = WithoutUnit(Page().SetCell(row));
+  String value = ValueWithoutUnit(Page().SetCell(row));
   if (std::find(kTwoDecimals.begin(), kTwoDecimals.end(), item) != kTwoDecimals.end() && IsNumeric(value)) {
     value = FormatMask(LeadingNumber(value), u"##0.00");
   }
@@ -83,14 +66,7 @@ bool Z2KvConfigDownload::BeginWriting() {
 }
 
 bool Z2KvConfigDownload::CompareReply(const WriteEntry& entry, const String& reply) const {
-  const String& kind = Page().DataCell(entry.row, kItemKind);
-  if (kind.empty()) {
-    return Trimmed(reply) == entry.source;
-  }
-  if (kind == kTagKind) {
-    return reply == entry.source;
-  }
-  return !IsFinePrefix(kind) || FineValueTaken(LeadingNumber(entry.source), LeadingNumber(reply));
+  return ReplyProvesKind(Page(), entry, reply);
 }
 
 }  // namespace korva

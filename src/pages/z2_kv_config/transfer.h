@@ -3,19 +3,12 @@
 #include "tables/eeprom_stage.h"
 #include "transfer/download.h"
 #include "transfer/field_checks.h"
+#include "transfer/kind_form.h"
 #include "transfer/upload.h"
 
 namespace korva {
 
 // What the page of family Lite does its own way in upload, check and download. The page outlives all of it.
-
-/// The kind of an item tells how it travels: none is a choice, any other a value.
-class Z2KvConfigForm final : public RowForm {
- public:
-  using RowForm::RowForm;
-  [[nodiscard]] bool IsChoice(int row) const override { return Page().DataCell(row, kItemKind).empty(); }
-  [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
-};
 
 /// The device tells its model. An item that doesn't answer, or that it refuses, ends the upload.
 class Z2KvConfigUpload final : public UploadSteps {

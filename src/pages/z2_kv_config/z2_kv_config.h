@@ -33,7 +33,7 @@ class z2KvConfig final : public ParameterPage {
   void AddAllOptions();
 
   TemperatureUnits units_;
-  Z2KvConfigForm form_;
+  KindForm form_;
   Z2KvConfigUpload upload_steps_;
   Z2KvConfigCheck check_steps_;
   Z2KvConfigDownload download_steps_;
