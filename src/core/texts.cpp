@@ -194,6 +194,21 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::StageReadLinearizer,
      .japanese = u"EEPROM: ﾘﾆｱﾗｲｻﾞを読み込んでいます",
      .english = u"EEPROM: reading the linearizer"},
+    {.key = TextKey::InputBankUnfinished,
+     .japanese =
+         u"EEPROM: 入力の校正値が入力ﾀｲﾌﾟに合っていません。別の校正値を使う入力ﾀｲﾌﾟをﾀﾞｳﾝﾛｰﾄﾞしてから、"
+         u"目的の入力ﾀｲﾌﾟをﾀﾞｳﾝﾛｰﾄﾞしてください。",
+     .english = u"EEPROM: the input's calibration may not be that of its type. Download an input type with "
+                u"another calibration, then the one that you want."},
+    {.key = TextKey::OutputBankUnfinished,
+     .japanese = u"EEPROM: 出力の校正値が出力ﾀｲﾌﾟに合っていません。別の出力ﾀｲﾌﾟをﾀﾞｳﾝﾛｰﾄﾞしてから、"
+                 u"目的の出力ﾀｲﾌﾟをﾀﾞｳﾝﾛｰﾄﾞしてください。",
+     .english =
+         u"EEPROM: the output's calibration may not be that of its type. Download another output type, "
+         u"then the one that you want."},
+    {.key = TextKey::ModelTextUnfinished,
+     .japanese = u"EEPROM: 形式の書き込みが途中で終わりました。正しい形式は {1} です。",
+     .english = u"EEPROM: the model text was not written to its end. It should be {1}."},
     {.key = TextKey::BlocksDone, .japanese = u"{1}: {2}/{3} ﾌﾞﾛｯｸ", .english = u"{1}: {2} of {3} blocks"},
     {.key = TextKey::TimeLeft, .japanese = u"、残り {1} 分 {2} 秒", .english = u", {1} min {2} s left"},
     {.key = TextKey::Com1, .japanese = u"COM 1"},

@@ -136,8 +136,12 @@ enum class TextKey {
   StageCurve,       ///< (the sensor's curve file)
   StageLinearizer,  ///< writing it
   StageReadLinearizer,
-  BlocksDone,  ///< (stage, blocks done, of blocks)
-  TimeLeft,    ///< (minutes, seconds), behind BlocksDone
+  // What a stage that broke off left undone.
+  InputBankUnfinished,
+  OutputBankUnfinished,
+  ModelTextUnfinished,  ///< (the model text as it should be)
+  BlocksDone,           ///< (stage, blocks done, of blocks)
+  TimeLeft,             ///< (minutes, seconds), behind BlocksDone
   // The same in both languages.
   Com1,
   Com2,

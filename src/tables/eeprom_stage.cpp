@@ -146,6 +146,7 @@ EepromStage::EepromStage(ParameterPage& page)
     : page_(page),
       eeprom_(page.Line(), page.ItsProgram().Surroundings().code_page),
       notice_(page),
+      unfinished_(page),
       curves_(page, eeprom_, notice_) {
   page_.Add(*this);
 }
@@ -163,10 +164,7 @@ String EepromStage::MissingCurve() const {
 
 bool EepromStage::ReadDevice() {
   notice_.End();
-  if (owed_.def_file != page_.DefFile) {
-    owed_ = {.def_file = page_.DefFile};
-  }
-  OutputTypeChanged = owed_.output_bank;
+  OutputTypeChanged = false;
   adc_before_ = ReadAdcType();
   if (adc_before_ == Eeprom::kFailed) {
     return false;
@@ -190,8 +188,11 @@ int EepromStage::ReadAdcType() {
 }
 
 bool EepromStage::CheckItem11Changed() {
-  const bool same = ReadItem(u"11") == Trimmed(page_.Item(kRangeItem));
-  OutputTypeChanged = OutputTypeChanged || !same;
+  item11_before_ = ReadItem(u"11");
+  const bool same = item11_before_ == Trimmed(page_.Item(kRangeItem));
+  if (!same) {
+    OutputTypeChanged = true;
+  }
   return same;
 }
 
@@ -234,6 +235,7 @@ bool EepromStage::Finish(Outcome outcome) {
     case Outcome::Good:
       break;
   }
+  unfinished_.Tell();
   page_.EnterMonitorMode();
   if (outcome == Outcome::WriteFailed || outcome == Outcome::AdcTypeUnread) {
     page_.TransferBar.SetValue(0);
@@ -242,9 +244,8 @@ bool EepromStage::Finish(Outcome outcome) {
 }
 
 EepromStage::Outcome EepromStage::StampDate(Change& change) {
-  const std::optional<String> model_text = ReadModelText();
-  change.head = HeadOf(model_text.value_or(String()));
-  return WrittenIf(model_text && WriteDownloadDate());
+  change.head = HeadOf(ReadModelText());
+  return WrittenIf(!eeprom_.Failed() && WriteDownloadDate());
 }
 
 bool EepromStage::WriteDownloadDate() {
@@ -261,8 +262,9 @@ EepromStage::Outcome EepromStage::WriteInputType(Change& change) {
     return Outcome::InputTypeUnknown;
   }
   change.input = *type;
-  owed_.adc_bank = owed_.adc_bank ||
-                   (BelongingOf(change.head) == Belonging::Calibration && type->adc != change.adc_before);
+  if (BelongingOf(change.head) == Belonging::Calibration) {
+    unfinished_.input.Follow(ShortestText(change.adc_before), ShortestText(type->adc));
+  }
   return WrittenIf(StoreNumber(eeprom_, memory::kInputCode, 1, type->code) &&
                    StoreText(memory::kInputText, type->text) &&
                    StoreNumber(eeprom_, memory::kAdcType, 1, type->adc));
@@ -275,7 +277,7 @@ EepromStage::Outcome EepromStage::WriteOutputType(Change& change) {
     return Outcome::OutputTypeUnknown;
   }
   change.output = *type;
-  owed_.output_bank = OutputTypeChanged;
+  unfinished_.output.Follow(item11_before_, type->text);
   const OutputModel* const model = FindOutputModel(page_.DefFile);
   if (model == nullptr) {
     return Outcome::Good;
@@ -286,17 +288,14 @@ EepromStage::Outcome EepromStage::WriteOutputType(Change& change) {
 }
 
 EepromStage::Outcome EepromStage::WriteModelText(Change& change) {
-  const String former = ReadModelText().value_or(String());
-  const String tail = TailOf(former);
+  const String tail = TailOf(ReadModelText());
   if (tail.empty()) {
     return Outcome::WriteFailed;
   }
-  owed_.former_text = former;
-  owed_.unfinished_text = change.head + kFieldEnd + change.input.tag + change.output_tag + kFieldEnd + tail;
-  const bool written = StoreText(memory::kModelText, owed_.unfinished_text);
-  if (written) {
-    owed_.unfinished_text.clear();
-  }
+  const UnfinishedStage::ModelText text{
+      .head = change.head, .tags = change.input.tag + change.output_tag, .tail = tail};
+  const bool written = StoreText(memory::kModelText, text.Whole());
+  unfinished_.ModelTextWritten(text, written);
   return WrittenIf(written);
 }
 
@@ -309,13 +308,17 @@ EepromStage::Outcome EepromStage::FollowTypes(Change& change) {
   } else if (belonging == Belonging::Calibration) {
     outcome = CopyBankOfNewAdc(change.adc_before);
   }
-  if (outcome != Outcome::Good || !OutputTypeChanged) {
-    return outcome;
-  }
+  return outcome == Outcome::Good && OutputTypeChanged ? CopyBankOfNewOutput(change) : outcome;
+}
+
+EepromStage::Outcome EepromStage::CopyBankOfNewOutput(const Change& change) {
   const OutputModel* const model = FindOutputModel(page_.DefFile);
-  const int bank = model == nullptr ? change.output.code : model->bank.value_or(change.output.code);
-  owed_.output_bank = !CopyOutputBank(bank);
-  return WrittenIf(!owed_.output_bank);
+  unfinished_.output.Begin();
+  if (!CopyOutputBank(model == nullptr ? change.output.code : model->bank.value_or(change.output.code))) {
+    return Outcome::WriteFailed;
+  }
+  unfinished_.output.End();
+  return Outcome::Good;
 }
 
 EepromStage::Outcome EepromStage::CopyBankOfNewAdc(int adc_before) {
@@ -323,8 +326,15 @@ EepromStage::Outcome EepromStage::CopyBankOfNewAdc(int adc_before) {
   if (adc == Eeprom::kFailed) {
     return Outcome::AdcTypeUnread;
   }
-  owed_.adc_bank = (adc != adc_before || owed_.adc_bank) && !CopyAdcBank(adc);
-  return WrittenIf(!owed_.adc_bank);
+  if (adc == adc_before) {
+    return Outcome::Good;
+  }
+  unfinished_.input.Begin();
+  if (!CopyAdcBank(adc)) {
+    return Outcome::WriteFailed;
+  }
+  unfinished_.input.End();
+  return Outcome::Good;
 }
 
 // A curve that broke off in an earlier download is written anew though the type stays the same.
@@ -359,26 +369,9 @@ bool EepromStage::CopyOutputBank(int type) {
   return korva::CopyOutputBank(eeprom_, LayoutOf(page_.DefFile), type);
 }
 
-// Of a text that broke off in its middle the fields can't be told, so the one before it counts.
-std::optional<String> EepromStage::ReadModelText() {
+String EepromStage::ReadModelText() {
   const String text = eeprom_.EepReadString(memory::kModelText, memory::kTextSize);
-  if (eeprom_.Failed()) {
-    return std::nullopt;
-  }
-  return IsUnfinished(text) ? owed_.former_text : text;
-}
-
-bool EepromStage::IsUnfinished(const String& text) const {
-  if (owed_.unfinished_text.empty() || text.size() != owed_.former_text.size()) {
-    return false;
-  }
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    const char16_t written = at < owed_.unfinished_text.size() ? owed_.unfinished_text[at] : u' ';
-    if (text[at] != owed_.former_text[at] && text[at] != written) {
-      return false;
-    }
-  }
-  return true;
+  return eeprom_.Failed() ? String() : text;
 }
 
 bool EepromStage::StoreText(int address, const String& text) {

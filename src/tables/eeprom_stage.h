@@ -5,6 +5,7 @@
 
 #include "files/parameter_page.h"
 #include "tables/curve_writer.h"
+#include "tables/unfinished_stage.h"
 
 namespace korva {
 
@@ -15,8 +16,7 @@ namespace korva {
 ///
 /// ReadDevice comes before the items are written, the stage behind them. The device is in the mode of memory
 /// access during the stage and in monitor mode after it, but for a stage that could not begin. What was
-/// written before a failure stays in the device. What then still belongs to it no device tells: the types
-/// that it holds are the new ones. So the stage keeps what it owes, and brings it in the next download.
+/// written before a failure stays in the device; the status area tells what of it is undone.
 class EepromStage final : public PagePart {
  public:
   /// Adds itself to the page, which outlives this.
@@ -31,6 +31,7 @@ class EepromStage final : public PagePart {
   bool ReadDevice();
   // Why a download ended without a box belongs to the set that it was for.
   void PageCleared() override { notice_.End(); }
+  void DefinitionRead() override { unfinished_.ModelChosen(page_.DefFile); }
   void UploadBegins() override { notice_.End(); }
   /// The stage, as DownloadEepromStage.
   bool Download() override { return DownloadEepromStage(adc_before_, item10_before_); }
@@ -56,14 +57,6 @@ class EepromStage final : public PagePart {
   enum class Outcome { Good, WriteFailed, InputTypeUnknown, OutputTypeUnknown, AdcTypeUnread };
   struct Change;
   struct Step;
-  /// What a stage that broke off owes the device.
-  struct Owed {
-    String def_file;              ///< of its model
-    bool adc_bank = false;        ///< the type of the converter is written, its calibration is not
-    bool output_bank = false;     ///< the same of the output
-    String former_text = {};      ///< the model text before one that broke off
-    String unfinished_text = {};  ///< that one; empty for none
-  };
   static std::span<const Step> Steps();
 
   Outcome RunSteps(Change& change);
@@ -79,22 +72,23 @@ class EepromStage final : public PagePart {
   Outcome FollowTypes(Change& change);
 
   Outcome CopyBankOfNewAdc(int adc_before);
+  Outcome CopyBankOfNewOutput(const Change& change);
   Outcome WriteCurve(const Change& change, SensorKind kind);
   /// True when the device holds the curve of this number; nothing when it could not be asked.
   std::optional<bool> HoldsCurve(int type);
-  std::optional<String> ReadModelText();
-  /// True for a text that a writing of the model text that broke off can have left.
-  [[nodiscard]] bool IsUnfinished(const String& text) const;
+  /// Empty when it could not be read.
+  String ReadModelText();
   [[nodiscard]] bool StoreText(int address, const String& text);
   [[nodiscard]] String ReadItem(StringView item) const;
 
   ParameterPage& page_;
   Eeprom eeprom_;
   StageNotice notice_;
+  UnfinishedStage unfinished_;
   CurveWriter curves_;
   int adc_before_ = 0;
   String item10_before_;
-  Owed owed_;
+  String item11_before_;
 };
 
 }  // namespace korva

@@ -75,14 +75,20 @@ void TransmitterBench::Deliver() {
 void TransmitterBench::ChangeSet() {
   auto& page = dynamic_cast<z2KvConfig&>(Page());
   Type(u"02", u"PUMP-1");
-  Pick(page.Combo[0], change.input);
-  Pick(page.Combo[1], page.Combo[1].Entries().at(1));
+  former_input_ = page.Combo[0].Text();
+  ChooseTypes();
   Type(u"17", u"0.50");
   Press(page.Opt_FiltSW, 1);
   if (change.linearizer) {
     Press(page.linearizer.Opt_Lnr, 1);
     Do([this] { FillTable(); });
   }
+}
+
+void TransmitterBench::Choose(const String& input, std::size_t output) {
+  auto& page = dynamic_cast<z2KvConfig&>(Page());
+  Pick(page.Combo[0], input);
+  Pick(page.Combo[1], page.Combo[1].Entries().at(output));
 }
 
 void TransmitterBench::FillTable() {

@@ -36,6 +36,9 @@ class TransmitterBench : public SweepBench {
 
   /// Downloads, with the linearizer where it asks; its boxes but for the questions.
   std::vector<std::string> BoxesOfDownload();
+  /// Chooses the types that the device had before, or those of the change again.
+  void ChooseFormerTypes() { Choose(former_input_, 0); }
+  void ChooseTypes() { Choose(change.input, 1); }
   /// All bytes of the device's memory, or some.
   [[nodiscard]] std::string Memory() const { return Bytes(0, 8192); }
   [[nodiscard]] std::string Bytes(std::size_t address, std::size_t count) const {
@@ -53,6 +56,8 @@ class TransmitterBench : public SweepBench {
  private:
   void Deliver();
   void ChangeSet();
+  /// `output` is a place in the list.
+  void Choose(const String& input, std::size_t output);
   void FillTable();
   void ExpectTypes() const;
   void ExpectCalibration() const;
@@ -62,6 +67,8 @@ class TransmitterBench : public SweepBench {
   [[nodiscard]] int Number(std::size_t address, std::size_t width) const;
   /// The three low bytes of each of the file's numbers.
   [[nodiscard]] std::string ImageOfFile() const;
+
+  String former_input_;
 };
 
 }  // namespace korva::test

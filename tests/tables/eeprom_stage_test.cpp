@@ -716,50 +716,90 @@ TEST_F(SameTypeTest, ATypeWithoutACurveIsAWriteFailure) {
 
 // --- behind a stage that broke off
 
-/// The memory after a stage that went well.
-std::string MemoryAfter(const std::string& model, const std::string& before, const std::string& input) {
-  TablesBench bench(model);
-  EXPECT_TRUE(bench.device.Set("01", "10", before));
-  bench.ChooseInput(input);
-  bench.ChooseOutput("1-5 V");
-  EXPECT_TRUE(bench.RunStage());
-  return bench.Memory().Bytes(0, 8192);
-}
-
-TEST(BrokenStageTest, TheCalibrationThatItOwesIsCopiedByTheNextOneThoughTheTypesAreThereAlready) {
-  const std::string after = MemoryAfter("Z2WV", "-10 - 10 V", "-1 - 1 V");
-  for (const char* place : {"DS0060-8", "DS00FD-2", "DS00D4-3", "DS0185-2", "DS0172-3"}) {
-    TablesBench bench("Z2WV");
-    bench.ChooseInput("-1 - 1 V");
-    bench.ChooseOutput("1-5 V");
-    bench.device.AddFault(sim::ParseFault(std::string("refused=") + place));
+struct BrokenStageTest : testing::Test {
+  void Choose(const char* input, const char* output) {
+    bench.ChooseInput(input);
+    bench.ChooseOutput(output);
+  }
+  /// A stage with another calibration for input and output, which breaks off at this exchange.
+  void BreakAt(const std::string& place) {
+    Choose("-1 - 1 V", "1-5 V");
+    bench.device.AddFault(sim::ParseFault("refused=" + place));
     EXPECT_FALSE(bench.RunStage());
-    EXPECT_FALSE(bench.RunStage()) << "it fails again";
     bench.device.ClearFaults();
-    EXPECT_TRUE(bench.RunStage());
-    EXPECT_TRUE(bench.Memory().Bytes(0, 8192) == after) << place;
-    ASSERT_TRUE(bench.RunStage());
-    EXPECT_EQ(Count(bench.Sent(), "DS00C1"), 0) << "nothing is owed any more";
-    EXPECT_EQ(Count(bench.Sent(), "DS015D"), 0);
+  }
+  String Told() const { return bench.page->Notes.Told(Notice::Unfinished); }
+
+  TablesBench bench{"Z2WV"};
+  const String input_bank = CaptionText(TextKey::InputBankUnfinished);
+  const String output_bank = CaptionText(TextKey::OutputBankUnfinished);
+};
+
+TEST_F(BrokenStageTest, WhatItLeftUndoneIsToldByPlace) {
+  const std::pair<const char*, String> places[] = {{"DS0048-1", u""},  // the date
+                                                   {"DS0050-8", input_bank},
+                                                   {"DS0060-8", input_bank + u"\n" + output_bank},
+                                                   {"DS00FD-2", input_bank + u"\n" + output_bank},
+                                                   {"DS00D4-3", input_bank + u"\n" + output_bank},
+                                                   {"DS0185-2", output_bank},
+                                                   {"DS0172-3", output_bank}};
+  for (const auto& [place, told] : places) {
+    BrokenStageTest_WhatItLeftUndoneIsToldByPlace_Test other;
+    other.BreakAt(place);
+    EXPECT_EQ(ToUtf8(other.Told()), ToUtf8(told)) << place;
   }
 }
 
-TEST(BrokenStageTest, AnotherModelIsNotOwedWhatThisOneIs) {
-  TablesBench bench("Z2WV");
-  bench.ChooseInput("-1 - 1 V");
-  bench.ChooseOutput("1-5 V");
-  bench.device.AddFault(sim::ParseFault("refused=DS00FD-2"));
-  EXPECT_FALSE(bench.RunStage());
-  bench.device.ClearFaults();
-  bench.page->DefFile = u"Z2WV2.def";
-  ASSERT_TRUE(bench.RunStage());
+TEST_F(BrokenStageTest, TheNextOneFindsNoChangeAndCopiesNothingAndItIsStillTold) {
+  BreakAt("DS00FD-2");
+  EXPECT_TRUE(bench.RunStage());
   EXPECT_EQ(Count(bench.Sent(), "DS00C1"), 0);
   EXPECT_EQ(Count(bench.Sent(), "DS015D"), 0);
+  EXPECT_EQ(Told(), input_bank + u"\n" + output_bank);
 }
 
-TEST(BrokenStageTest, AModelTextThatBrokeOffInItsMiddleIsWrittenWholeByTheNextOne) {
-  const std::string after = MemoryAfter("Z2WT", "TC T (CC)", "TC PR");
+TEST_F(BrokenStageTest, OtherTypesAndThenTheChosenOnesBringAllThatWasLeftUndone) {
+  TablesBench whole("Z2WV");
+  whole.ChooseInput("-1 - 1 V");
+  whole.ChooseOutput("1-5 V");
+  ASSERT_TRUE(whole.RunStage());
+  BreakAt("DS00FD-2");
+  Choose("-10 - 10 V", "4-20 mA");
+  EXPECT_TRUE(bench.RunStage());
+  EXPECT_EQ(Told(), u"");
+  Choose("-1 - 1 V", "1-5 V");
+  EXPECT_TRUE(bench.RunStage());
+  EXPECT_TRUE(bench.Memory().Bytes(0, 8192) == whole.Memory().Bytes(0, 8192));
+}
+
+TEST_F(BrokenStageTest, ATypeThatWasNotTakenAfterAllIsToldUntilTheFormerOneIsDownloaded) {
+  BreakAt("DS004F-1");
+  EXPECT_EQ(Told(), input_bank + u"\n" + output_bank);
+  ASSERT_EQ(bench.Memory().Number(79, 1), 0) << "still the former output";
+  Choose("-10 - 10 V", "4-20 mA");
+  EXPECT_TRUE(bench.RunStage());
+  EXPECT_EQ(Told(), u"");
+}
+
+TEST_F(BrokenStageTest, AnotherModelIsNotToldWhatIsUndoneInThisOne) {
+  BreakAt("DS00FD-2");
+  bench.page->DefFile = u"Z2WV2.def";
+  bench.Stage().DefinitionRead();
+  EXPECT_EQ(Told(), u"");
+}
+
+TEST_F(BrokenStageTest, TheSameModelChosenAgainIsStillTold) {
+  BreakAt("DS00FD-2");
+  bench.Stage().PageCleared();
+  bench.Stage().DefinitionRead();
+  EXPECT_EQ(Told(), input_bank + u"\n" + output_bank);
+}
+
+TEST(BrokenModelTextTest, WhatItShouldBeIsToldForTheNextStageTakesItsFieldsFromTheHalfOne) {
   TablesBench bench("Z2WT");
+  const auto told = [&] { return ToUtf8(bench.page->Notes.Told(Notice::Unfinished)); };
+  const std::string output_bank = ToUtf8(CaptionText(TextKey::OutputBankUnfinished));
+  const std::string should_be = ToUtf8(Filled(CaptionText(TextKey::ModelTextUnfinished), {u"Z2WT-PRB-S"}));
   ASSERT_TRUE(bench.device.Set("01", "10", "TC T (CC)"));
   bench.ChooseInput("TC PR");
   bench.ChooseOutput("1-5 V");
@@ -770,10 +810,14 @@ TEST(BrokenStageTest, AModelTextThatBrokeOffInItsMiddleIsWrittenWholeByTheNextOn
   };
   EXPECT_FALSE(bench.RunStage());
   EXPECT_EQ(bench.Memory().Bytes(48, 16), "Z2WT-PRBS       ");
+  EXPECT_EQ(told(), output_bank + "\n" + should_be);
   bench.line.instead = nullptr;
   EXPECT_TRUE(bench.RunStage());
-  EXPECT_EQ(bench.Memory().Bytes(48, 16), "Z2WT-PRB-S      ");
-  EXPECT_TRUE(bench.Memory().Bytes(0, 8192) == after);
+  EXPECT_EQ(bench.Memory().Bytes(48, 16), "Z2WT-PRB-PRBS   ");
+  EXPECT_EQ(told(), output_bank + "\n" + should_be);
+  bench.Memory().PutText(48, 16, "Z2WT-PRB-S");
+  EXPECT_TRUE(bench.RunStage());
+  EXPECT_EQ(told(), output_bank);
 }
 
 // --- before the items
