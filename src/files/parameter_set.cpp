@@ -27,6 +27,7 @@ void ParameterSet::Clear() {
   ClearItems();
   Author.clear();
   Memo.clear();
+  TableSize.clear();
 }
 
 void ParameterSet::ClearItems() { std::fill(cells_.begin(), cells_.end(), String()); }
@@ -39,6 +40,7 @@ void ParameterSet::TakeOver(const ParameterSet& other) {
   }
   Author = other.Author;
   Memo = other.Memo;
+  TableSize = other.TableSize;
 }
 
 std::size_t ParameterSet::Place(int group, int item) const {

@@ -27,13 +27,14 @@ class ParameterSet {
   /// Cell of the texts of a definition row, by their leading numbers.
   [[nodiscard]] const String& At(const String& group, const String& item) const;
   void Set(const String& group, const String& item, const String& value);
-  void Clear();  ///< items, author and memo
+  void Clear();  ///< items, author, memo and size of the table
   void ClearItems();
-  /// Takes every item of `other` that is not empty, and its author and memo. `other` has as many groups.
+  /// Takes every item of `other` that is not empty, and all else of it. `other` has as many groups.
   void TakeOver(const ParameterSet& other);
 
   String Author;
   String Memo;
+  String TableSize;  ///< how many points of its table go to the device, as typed; of families that tell it
 
  private:
   [[nodiscard]] std::size_t Place(int group, int item) const;

@@ -42,6 +42,13 @@ Linearizer::Linearizer(ParameterPage& page, const LnrFamily& family, const OrNon
       editor_(page, table_),
       transfer_(page, table_, LnrProgressBar, store) {
   page_.Add(*this);
+  RegisterControls();
+  LnrFlexGrid.Resize(kLnrShortPoints + 1, kLnrColumns);
+  lbl_LnrUnsaved.SetVisible(false);
+  ListenToControls();
+}
+
+void Linearizer::RegisterControls() {
   page_.RegisterAll<Control>({&LnrProgressBar, &LnrFlexGrid, &lbl_LnrUnsaved});
   if (csv_.Has()) {
     page_.Register(cmd_csvFileOpen);
@@ -49,9 +56,9 @@ Linearizer::Linearizer(ParameterPage& page, const LnrFamily& family, const OrNon
   if (csv_.Has() && csv_.Value().saves) {
     page_.Register(cmd_csvFileSave);
   }
-  LnrFlexGrid.Resize(kLnrShortPoints + 1, kLnrColumns);
-  lbl_LnrUnsaved.SetVisible(false);
-  ListenToControls();
+  if (!family_.limits.empty()) {
+    page_.Register(lblLnrLimits);
+  }
 }
 
 void Linearizer::ListenToControls() {
@@ -94,6 +101,7 @@ void Linearizer::SetCaptions(Language language) {
   cmd_csvFileOpen.SetCaption(CaptionText(TextKey::OpenCsv, language));
   cmd_csvFileSave.SetCaption(CaptionText(TextKey::SaveCsv, language));
   lbl_LnrUnsaved.SetCaption(CaptionText(TextKey::TableUnsaved, language));
+  lblLnrLimits.SetCaption(String(family_.limits));
   for (OptionGroup* options : {&Opt_Table, &Opt_Lnr}) {
     (*options)[0].SetCaption(CaptionText(TextKey::OptionNo, language));
     (*options)[1].SetCaption(CaptionText(TextKey::OptionYes, language));
@@ -232,8 +240,12 @@ Finding Linearizer::Check() {
 void Linearizer::Upload() {
   const int points = Model().points;
   const TableSwitch table_switch = AfterUpload();
-  const bool read = OpenTabForUpload(table_switch);
-  const bool kept = read && !UploadPoints(points);
+  const bool open = OpenTabForUpload(table_switch);
+  const bool kept = family_.buttons != nullptr || (open && !UploadPoints(points));
+  if (kept) {
+    SetUp(points);
+    TakeFormerTable();
+  }
   SetTableUnsaved(kept && TableUnsaved());
   if (table_switch != TableSwitch::None) {
     SetUp(points);
@@ -251,20 +263,20 @@ bool Linearizer::OpenTabForUpload(TableSwitch table_switch) {
 
 bool Linearizer::UploadPoints(int points) {
   SetUp(points);
-  if (transfer_.Upload()) {
-    return true;
-  }
+  return transfer_.Upload();
+}
+
+void Linearizer::TakeFormerTable() {
   for (int row = 1; row <= table_.Points(); ++row) {
     for (int column = 1; column < kLnrColumns; ++column) {
       const PointPlace place = PointItem(table_.Points(), row, column).value();
       table_.Store(row, column, before_->At(place.group, place.item));
     }
   }
-  return false;
 }
 
 bool Linearizer::Download() {
-  const bool good = !InUse() || transfer_.DownloadLnr();
+  const bool good = family_.buttons != nullptr || !InUse() || transfer_.DownloadLnr();
   if (!good) {
     LnrProgressBar.SetValue(0);
   }
@@ -325,6 +337,9 @@ void Linearizer::OpenCsv() {
   table_.ShowLnrTable();
   editor_.GoToTop();
   SetTableUnsaved(true);
+  if (read->size && OnSizeRead) {
+    OnSizeRead(*read->size);
+  }
 }
 
 bool Linearizer::SaveCsv() {

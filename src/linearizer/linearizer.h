@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "core/or_none.h"
 #include "linearizer/csv_file.h"
 #include "linearizer/lnr_editor.h"
@@ -34,7 +36,7 @@ class Linearizer final : public PagePart {
   void SetTaken() override { editor_.TellOpenEdit(); }
   void UploadBegins() override;
   /// Reads the device's table into the set, where the model has one in use, and shows it. Where the user
-  /// doesn't want the 100 points the table is that from before the upload.
+  /// doesn't want the 100 points, or the table has buttons of its own, it is that from before the upload.
   void Upload() override;
   [[nodiscard]] Finding Check() override;
   [[nodiscard]] Control* Checked() override { return &LnrFlexGrid; }
@@ -44,6 +46,11 @@ class Linearizer final : public PagePart {
   [[nodiscard]] bool LnrActive() const;
   /// True when the switch of the model's linearizer stands at none.
   [[nodiscard]] bool LnrSwitchedOff() const;
+  /// Tells with its box that the model's switch stands at none; true when it does.
+  [[nodiscard]] bool Refused() const;
+  /// Marks the cells that keep the table from going to the device; true when none does. The frame of the
+  /// keyboard goes to the first.
+  bool CheckLnrTable();
   /// Takes the shape of `points`, which a family with one shape only overrules, and shows the set's points.
   void SetUp(int points);
 
@@ -59,6 +66,9 @@ class Linearizer final : public PagePart {
   void SetTableUnsaved(bool unsaved) { lbl_LnrUnsaved.SetVisible(unsaved); }
   [[nodiscard]] bool TableUnsaved() const { return lbl_LnrUnsaved.Visible(); }
 
+  /// Called with the number of points that a file told.
+  std::function<void(const String& size)> OnSizeRead;
+
   String CsvFilePath;  ///< of the table file written last
   String CsvFileName;  ///< its bare name
 
@@ -67,11 +77,13 @@ class Linearizer final : public PagePart {
   Button cmd_csvFileOpen{"cmd_csvFileOpen"};
   Button cmd_csvFileSave{"cmd_csvFileSave"};  ///< of families that save tables
   Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};
+  Label lblLnrLimits{"lblLnrLimits"};  ///< of families that tell the limits beside the grid
   OptionGroup Opt_Table{"Opt_Table", 2};
   OptionGroup Opt_Lnr{"Opt_Lnr", 2};
 
   LnrTable& Table() { return table_; }
   LnrEditor& Editor() { return editor_; }
+  [[nodiscard]] const LnrFamily& ItsFamily() const { return family_; }
 
  private:
   void ListenToControls();
@@ -95,8 +107,9 @@ class Linearizer final : public PagePart {
   bool UploadPoints(int points);
   /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.
   bool OpenTabForUpload(TableSwitch table_switch);
-  bool CheckLnrTable();
-  [[nodiscard]] bool Refused() const;
+  void RegisterControls();
+  /// Puts the table of the set from before the upload back.
+  void TakeFormerTable();
   [[nodiscard]] int PointsOf(int points) const { return family_.points != 0 ? family_.points : points; }
   std::optional<String> ChooseCsvFile(bool save) const;
   [[nodiscard]] std::optional<CsvTable> ReadFile(const String& path, const CsvReader& reader) const;

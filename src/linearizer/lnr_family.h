@@ -9,6 +9,8 @@
 
 namespace korva {
 
+struct TableButtonsForm;
+
 /// What the values of a table mean: its heads and, where the check asks for them, its limits.
 struct LnrQuantity {
   StringView kind = {};  ///< letter of the input's kind of table; empty where all inputs have the same
@@ -33,6 +35,10 @@ struct LnrFamily {
   bool needs_flag = false;
   /// The input types whose table is in use, as the devices spell them.
   std::span<const StringView> table_types = {};
+  /// How the table travels by the buttons of its tab (TableButtons). Upload and download then leave it as it
+  /// is. nullptr: it rides with them.
+  const TableButtonsForm* buttons = nullptr;
+  StringView limits = {};  ///< the line beside the grid that tells the limits; empty: there is none
 };
 
 /// Points without a unit.
@@ -40,6 +46,9 @@ inline constexpr std::array kPlainQuantity = {LnrQuantity{.heads = {u"k", u"X(k)
 /// Points in percent.
 inline constexpr std::array kPercentQuantity = {
     LnrQuantity{.heads = {u"  k", u"  X(k)        %", u"  Y(k)        %"}}};
+
+/// The line of limits of points in percent.
+inline constexpr StringView kPercentLimits = u"-15.00% =< X(k),Y(k) =< 115.00%";
 
 // The linearizers of several families.
 inline constexpr LnrFamily kPercentTable = {.points = kLnrLongPoints, .quantities = kPercentQuantity};

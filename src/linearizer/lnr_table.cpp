@@ -137,4 +137,23 @@ bool LnrTable::IsBlank() const {
   return true;
 }
 
+int LnrTable::FilledPoints() const {
+  int points = 0;
+  while (points < points_ && !Trimmed(Value(points + 1, 1)).empty()) {
+    ++points;
+  }
+  return points;
+}
+
+bool LnrTable::MissesValue() const {
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    for (int column = 1; column < kLnrColumns; ++column) {
+      if (LookOf(row, column) == Look::Bad && Trimmed(grid_.At(row, column).text).empty()) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
 }  // namespace korva

@@ -57,6 +57,10 @@ class LnrTable {
   void Store(int row, int column, const String& text);
   /// True when no value has a text.
   [[nodiscard]] bool IsBlank() const;
+  /// How many points stand before the first without an X.
+  [[nodiscard]] int FilledPoints() const;
+  /// True when a cell without a text is marked bad.
+  [[nodiscard]] bool MissesValue() const;
 
   /// How the cell is coloured. A cell that the grid doesn't show is plain and stays so.
   [[nodiscard]] Look LookOf(int row, int column) const;

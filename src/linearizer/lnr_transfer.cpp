@@ -8,20 +8,13 @@
 #include "core/program.h"
 #include "core/text_utilities.h"
 #include "linearizer/lnr_check.h"
+#include "linearizer/lnr_item.h"
 
 namespace korva {
 
 namespace {
 
-constexpr std::size_t kHead = 6;  ///< "X(05):", before each value
-constexpr double kDeviceRounding = 0.01;
-constexpr StringView kLongGroup = u"02";
 constexpr StringView kStoredMask = u"##0.00";  ///< of what a store holds
-
-/// The value behind the head; empty for a reply without one.
-String ValueOf(const String& reply) {
-  return reply.size() <= kHead || reply == kNeedless ? String() : Trimmed(reply.substr(kHead));
-}
 
 }  // namespace
 
@@ -31,24 +24,11 @@ struct LnrTransfer::Block {
   int first = 0;
   int last = 0;
 
-  [[nodiscard]] WireItem Wire(int item) const {
-    return {.group = FormatMask(group, u"00"), .item = FormatMask(item, u"00")};
-  }
   /// Share of the block that is done when `item` is.
   [[nodiscard]] float Share(int item) const {
     return static_cast<float>(item - first + 1) / static_cast<float>(last - first + 1);
   }
 };
-
-bool LnrReplyMatches(const String& sent, const String& reply) {
-  const String value = ValueOf(reply);
-  if (!IsNumeric(sent) || NumericLength(value) == 0) {
-    return false;
-  }
-  const double number = LeadingNumber(sent);
-  const double reported = LeadingNumber(value);
-  return AtLeast(reported, number - kDeviceRounding) && AtLeast(number + kDeviceRounding, reported);
-}
 
 std::vector<LnrTransfer::Block> LnrTransfer::BlocksOfTable() const {
   const auto block = [this](int first_point, int last_point) {
@@ -115,8 +95,9 @@ bool LnrTransfer::DownloadToStore() {
 
 void LnrTransfer::UploadBlock(const Block& block) {
   for (int item = block.first; item <= block.last; ++item) {
-    const String reply = page_.Items().ReadRetry(kItemRepeats, block.Wire(item));
-    page_.GroupItem.Set(block.group, item, ValueOf(reply));
+    const String reply =
+        page_.Items().ReadRetry(kItemRepeats, WireOfPoint({.group = block.group, .item = item}));
+    page_.GroupItem.Set(block.group, item, LnrValueOf(reply));
     bar_.SetValue(block.Share(item) * 100);
   }
 }
@@ -145,33 +126,13 @@ bool LnrTransfer::DownloadLnr() {
 
 bool LnrTransfer::DownloadBlock(const Block& block) {
   for (int item = block.first; item <= block.last; ++item) {
-    if (!WriteItem(block, item)) {
+    if (!WriteLnrValue(page_, {.group = block.group, .item = item})) {
       page_.Box().Show(IsLong() ? BoxKey::LinearizerDataMismatch : BoxKey::Linearizer16DataMismatch);
       return false;
     }
     bar_.SetValue(block.Share(item) * 90 + 10);
   }
   return true;
-}
-
-bool LnrTransfer::WriteItem(const Block& block, int item) {
-  const WireItem wire = block.Wire(item);
-  // What was checked is what is sent: not the unit that a user typed behind a number.
-  const String cell = ValueFromLnrCell(page_.GroupItem.At(block.group, item));
-  const String data = cell.empty() ? String(u"0") : cell;
-  String reply = WriteLnrItem(wire, data);
-  if (reply.empty()) {
-    reply = page_.Items().ReadRetry(kItemRepeats, wire);
-  }
-  return LnrReplyMatches(data, reply);
-}
-
-String LnrTransfer::WriteLnrItem(const WireItem& item, const String& data) {
-  // A device that can't be read in the long table's first group has no such table and is sent nothing.
-  if (page_.Items().ReadRetry(kItemRepeats, item).empty() && item.group == kLongGroup) {
-    return {};
-  }
-  return page_.Items().WriteRetry(kItemRepeats, item, data);
 }
 
 }  // namespace korva

@@ -35,8 +35,6 @@ class LnrTransfer {
   [[nodiscard]] std::vector<LnrPoint> PointsOfTable() const;
   void UploadBlock(const Block& block);
   bool DownloadBlock(const Block& block);
-  bool WriteItem(const Block& block, int item);
-  String WriteLnrItem(const WireItem& item, const String& data);
   [[nodiscard]] bool IsLong() const { return table_.Points() == kLnrLongPoints; }
 
   ParameterPage& page_;
@@ -44,9 +42,5 @@ class LnrTransfer {
   ProgressBar& bar_;
   LnrStore* store_;
 };
-
-/// True when the device's reply to a write of `sent` tells the same value, give or take 0.01, to which
-/// devices round. Neither a text nor a reply without a number can be the same as anything.
-bool LnrReplyMatches(const String& sent, const String& reply);
 
 }  // namespace korva

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "linearizer/lnr_family.h"
+#include "linearizer/table_exchange.h"
 #include "monitor/monitor_family.h"
 #include "monitor/output_family.h"
 
@@ -11,6 +13,24 @@ namespace korva {
 
 /// Models that have no box for a forced output, as far as their pages know.
 inline constexpr std::array<StringView, 2> kZ2WithoutSetBox = {u"QD.def", u"QD2.def"};
+
+/// The tab of every model that has a table at all follows Opt_Lnr.
+inline constexpr std::array kZ2LnrModels = {LnrModel{.def_file = u"Z",
+                                                     .beginning = true,
+                                                     .points = kLnrLongPoints,
+                                                     .on_choice = TableSwitch::LnrOption,
+                                                     .after_upload = TableSwitch::LnrOption}};
+
+/// The table of 16 or 100 `points`; `buttons` are those by which it travels, nullptr where it rides with
+/// upload and download.
+constexpr LnrFamily Z2Table(int points, const TableButtonsForm* buttons) {
+  return {.points = points,
+          .quantities = kPercentQuantity,
+          .models = kZ2LnrModels,
+          .needs_flag = true,
+          .buttons = buttons,
+          .limits = buttons == nullptr ? StringView() : kPercentLimits};
+}
 
 // Families LiteForth and LiteFifth.
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text_utilities.h"
+#include "linearizer/lnr_item.h"
 #include "pages/page_bench.h"
 #include "support/page_parts.h"
 #include "support/scripted_line.h"

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "monitor/common_rows.h"
+#include "pages/z2_parts.h"
 
 namespace korva {
 
@@ -40,13 +41,6 @@ constexpr std::array kLists = {
 constexpr std::array<StringView, 6> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"06", u"07"};
 constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
 constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
-
-/// The tab of every model that has a table at all follows Opt_Lnr.
-constexpr std::array kLinearizers = {LnrModel{.def_file = u"Z",
-                                              .beginning = true,
-                                              .points = kLnrLongPoints,
-                                              .on_choice = TableSwitch::LnrOption,
-                                              .after_upload = TableSwitch::LnrOption}};
 
 constexpr std::array kCycle = {CycleItem{.key = u"04"}, CycleItem{.key = u"03"}, CycleItem{.key = u"06"},
                                CycleItem{.key = u"07"}};
@@ -97,10 +91,7 @@ constexpr FamilyRecord kZ2KvConfigRecord = {
                 .needs_unit = true,
                 .units = kUnits},
     .output = kTrimmedOutput,
-    .table = LnrFamily{.points = kLnrLongPoints,
-                       .quantities = kPercentQuantity,
-                       .models = kLinearizers,
-                       .needs_flag = true},
+    .table = Z2Table(kLnrLongPoints, nullptr),
     .csv = CsvFamily{.reader = {.size_records = SizeRecords::SkipOne}, .saves = true},
 };
 

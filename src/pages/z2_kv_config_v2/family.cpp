@@ -60,7 +60,7 @@ constexpr FamilyRecord kZ2KvConfigV2Record = {
                .clean_answer = TrimNumericTail,
                .resets_colours = false,
                .models_without_set_box = {.names = kZ2WithoutSetBox}},
-    .table = kPercentTable,
+    .table = Z2Table(kLnrLongPoints, &kTableByCommands),
     .csv =
         CsvFamily{
             .reader = {.size_records = SizeRecords::TakeAll, .ends_at_blank = true, .two_decimals = true},

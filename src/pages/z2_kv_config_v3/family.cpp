@@ -54,7 +54,7 @@ constexpr FamilyRecord kZ2KvConfigV3Record = {
                .clean_sent = TrimNumericHead,
                .clean_answer = TrimNumericTail,
                .models_without_set_box = {.names = kZ2WithoutSetBox}},
-    .table = kPercentTable,
+    .table = Z2Table(kLnrLongPoints, nullptr),
     .csv = CsvFamily{.reader = {}},
 };
 

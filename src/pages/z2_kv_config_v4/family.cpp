@@ -36,7 +36,7 @@ constexpr FamilyRecord kZ2KvConfigV4Record = {
     .fields = kNone,
     .monitor = kLateZ2Monitor,
     .output = kLateZ2Output,
-    .table = LnrFamily{.points = kLnrShortPoints, .quantities = kPercentQuantity},
+    .table = Z2Table(kLnrShortPoints, &kTableByItems),
     .csv = CsvFamily{.reader = {.ends_at_blank = true}, .cancels_edit = true, .saves = true},
 };
 

@@ -35,7 +35,7 @@ constexpr FamilyRecord kZ2KvConfigV5Record = {
     .fields = kNone,
     .monitor = kLateZ2Monitor,
     .output = kLateZ2Output,
-    .table = kPercentTable,
+    .table = Z2Table(kLnrLongPoints, &kTableByItems),
     .csv =
         CsvFamily{
             .reader = {.passes_over_text = true, .ends_at_blank = true}, .cancels_edit = true, .saves = true},

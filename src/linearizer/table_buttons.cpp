@@ -1,0 +1,226 @@
+#include "linearizer/table_buttons.h"
+
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "core/line_reader.h"
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "files/section_lines.h"
+
+namespace korva {
+
+namespace {
+
+constexpr StringView kSizeKey = u"$TableSize";
+constexpr int kSizeGroup = 5;
+constexpr int kSizeItem = 0;
+constexpr StringView kRecordEnd = u"\r\n";
+constexpr int kPointsOfStep = 5;  ///< the bar moves behind every fifth point
+constexpr float kBarAtBegin = 5;
+
+}  // namespace
+
+/// What one button does.
+struct TableButtons::Run {
+  bool (TableButtons::*move)();
+  bool (DevicePage::*enter_mode)();  ///< nullptr: the device's mode stays
+  BoxKey report;
+};
+
+TableButtons::TableButtons(ParameterPage& page, Linearizer& linearizer)
+    : page_(page),
+      linearizer_(linearizer),
+      form_(*linearizer.ItsFamily().buttons),
+      exchange_(form_.make(page, linearizer.Table())) {
+  page_.Add(*this);
+  page_.RegisterAll<Control>({&cmdReadOutTable, &cmdWriteInTable, &Table_ProgressBar});
+  if (form_.sized) {
+    page_.RegisterAll<Control>({&lblSize, &txtSize});
+    txtSize.SetNumeric(true);
+  }
+  cmdReadOutTable.OnClick = [this] { ReadOut(); };
+  cmdWriteInTable.OnClick = [this] { WriteIn(); };
+  txtSize.OnChange = [this] {
+    page_.GroupItem.TableSize = txtSize.Text();
+    if (!showing_) {
+      page_.MarkEdited();
+    }
+  };
+  linearizer_.OnSizeRead = [this](const String& size) { ShowSize(size); };
+}
+
+void TableButtons::SetCaptions(Language language) {
+  cmdReadOutTable.SetCaption(CaptionText(TextKey::ReadOut, language));
+  cmdWriteInTable.SetCaption(CaptionText(TextKey::WriteIn, language));
+  Table_ProgressBar.SetCaption(CaptionText(TextKey::Linearizer, language));
+  lblSize.SetCaption(CaptionText(TextKey::TableSize, language));
+}
+
+void TableButtons::SetLocked(bool locked) {
+  for (Control* control : std::initializer_list<Control*>{&cmdReadOutTable, &cmdWriteInTable, &txtSize}) {
+    control->SetEnabled(!locked);
+  }
+}
+
+void TableButtons::PageCleared() { txtSize.SetLook(Look::Normal); }
+
+void TableButtons::PageBuilt() { ShowSize(page_.GroupItem.TableSize); }
+
+void TableButtons::ShowSize(const String& size) {
+  showing_ = true;
+  txtSize.SetText(size);
+  showing_ = false;
+}
+
+String TableButtons::CfgSection() const {
+  if (!form_.sized) {
+    return {};
+  }
+  const String& size = page_.GroupItem.TableSize;
+  const String record = u"\"5\",\"0\",\"" + size + u"\"" + String(kRecordEnd);
+  return String(kSizeKey).append(kRecordEnd).append(size.empty() ? String() : record);
+}
+
+bool TableButtons::ReadCfgSection(StringView key, LineReader& lines, int handle) {
+  if (!form_.sized || key != kSizeKey) {
+    return false;
+  }
+  while (!lines.AtEnd(handle)) {
+    const String line = lines.ReadLine(handle);
+    if (IsKeyLine(line)) {
+      lines.UnreadLine(line);
+      break;
+    }
+    int position = lines.NextField(1, line);
+    const int group = LeadingInteger(lines.Field());
+    position = lines.NextField(position, line);
+    const int item = LeadingInteger(lines.Field());
+    lines.NextField(position, line);
+    if (group == kSizeGroup && item == kSizeItem) {
+      page_.GroupItem.TableSize = lines.Field();
+    }
+  }
+  return true;
+}
+
+void TableButtons::ReadOut() {
+  Exchange({.move = &TableButtons::ReadPoints,
+            .enter_mode = form_.reads_in_monitor_mode ? &DevicePage::EnterMonitorMode : nullptr,
+            .report = BoxKey::TableRead});
+}
+
+void TableButtons::WriteIn() {
+  Exchange({.move = &TableButtons::WritePoints,
+            .enter_mode = &DevicePage::EnterProgrammingMode,
+            .report = BoxKey::TableWritten});
+}
+
+void TableButtons::Exchange(const Run& run) {
+  if (page_.OperationRuns() || linearizer_.Refused()) {
+    return;
+  }
+  page_.CommFailed = false;  // there is no test of the link here
+  const bool mode_changes = run.enter_mode != nullptr;
+  if (mode_changes) {
+    page_.BeginDownload();
+  } else {
+    page_.BeginOperation();
+  }
+  page_.LockFrame();
+  const bool done = (!mode_changes || (page_.*run.enter_mode)()) && (this->*run.move)();
+  if (done) {
+    Table_ProgressBar.SetValue(100);
+    page_.Box().Show(run.report);
+  }
+  if (!mode_changes) {
+    page_.EndOperation();
+  } else if (done) {
+    page_.CheckPendingQuit();
+  } else {
+    page_.EndDownload();
+  }
+  page_.UnlockFrame();
+  if (Control* fault = std::exchange(fault_, nullptr)) {
+    page_.GoTo(*fault);
+  }
+}
+
+void TableButtons::ShowDone(int points, int all) {
+  if (points % kPointsOfStep == 0) {
+    const float share = static_cast<float>(points) / static_cast<float>(all);
+    Table_ProgressBar.SetValue(kBarAtBegin + (100 - kBarAtBegin) * share);
+  }
+}
+
+bool TableButtons::ReadPoints() {
+  Table_ProgressBar.SetValue(kBarAtBegin);
+  linearizer_.Table().Clear();
+  linearizer_.Editor().Reset();
+  linearizer_.SetTableUnsaved(false);
+  page_.DataChanged = true;  // the page now differs from any file
+  const std::optional<int> points = exchange_->PointsToRead();
+  if (points && form_.sized) {
+    ShowSize(Ascii(std::to_string(*points)));
+  }
+  bool good = points && *points >= 0 && *points <= linearizer_.Table().Points();
+  for (int point = 1; good && point <= *points; ++point) {
+    good = exchange_->ReadPoint(point);
+    ShowDone(point, *points);
+  }
+  if (!good) {
+    page_.Box().Show(form_.read_failed);
+  }
+  return good;
+}
+
+bool TableButtons::CheckSize() {
+  const std::optional<int> size = PointCount(txtSize.Text());
+  const bool good = size && *size <= linearizer_.Table().FilledPoints();
+  txtSize.SetLook(good ? Look::Normal : Look::Bad);
+  if (!good) {
+    page_.Box().Show(BoxKey::ValueBad);
+    fault_ = &txtSize;
+  }
+  return good;
+}
+
+bool TableButtons::CheckTable() {
+  if (linearizer_.CheckLnrTable()) {
+    return true;
+  }
+  page_.Box().Show(linearizer_.Table().MissesValue() ? form_.blank_cell : BoxKey::ValueBad);
+  fault_ = &linearizer_.LnrFlexGrid;
+  return false;
+}
+
+int TableButtons::PointsToWrite() const {
+  return form_.sized ? PointCount(txtSize.Text()).value() : linearizer_.Table().FilledPoints();
+}
+
+bool TableButtons::WritePoints() {
+  Table_ProgressBar.SetValue(kBarAtBegin);
+  linearizer_.Editor().TellOpenEdit();
+  if (form_.sized && Trimmed(txtSize.Text()).empty()) {
+    page_.Box().Show(BoxKey::TableFieldBlank);
+    fault_ = &txtSize;
+    return false;
+  }
+  if (!CheckTable() || (form_.sized && !CheckSize())) {
+    return false;
+  }
+  const int points = PointsToWrite();
+  bool good = exchange_->BeginWriting(points);
+  for (int point = 1; good && point <= points; ++point) {
+    good = exchange_->WritePoint(point);
+    ShowDone(point, points);
+  }
+  good = good && exchange_->EndWriting();
+  if (!good) {
+    page_.Box().Show(form_.write_failed);
+  }
+  return good;
+}
+
+}  // namespace korva

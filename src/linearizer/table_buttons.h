@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+
+#include "linearizer/linearizer.h"
+#include "linearizer/table_exchange.h"
+
+namespace korva {
+
+/// The buttons by which a linearizer's table travels, on pages where it doesn't ride with upload and
+/// download.
+///
+///     Idle --cmdReadOutTable, cmdWriteInTable--> Exchanging --done, refused or failed--> Idle
+///
+/// In Exchanging the frame is locked and CommBusy is set. A close request is held where the device's mode has
+/// been changed. However it ends, the device is put in monitor mode where its mode was changed, the bars go
+/// to 0, and the frame is free.
+///
+/// A read-out empties the table first, and shows each point as it comes: one that fails leaves the points up
+/// to there. A write that fails leaves the device's table half written; nothing undoes that.
+class TableButtons final : public PagePart {
+ public:
+  /// Adds itself and its controls to the page. The family of the linearizer has a form of exchange. Both
+  /// outlive this.
+  TableButtons(ParameterPage& page, Linearizer& linearizer);
+
+  void SetCaptions(Language language) override;
+  void SetLocked(bool locked) override;
+  void ResetBars() override { Table_ProgressBar.SetValue(0); }
+  void PageCleared() override;
+  void PageBuilt() override;  ///< shows the size of the set
+  [[nodiscard]] String CfgSection() const override;
+  bool ReadCfgSection(StringView key, LineReader& lines, int handle) override;
+
+  /// cmdReadOutTable: puts the device's table into set and grid. Does nothing while an operation runs;
+  /// refused with its box while the linearizer's switch stands at none.
+  void ReadOut();
+  /// cmdWriteInTable: checks the table and writes it into the device. The same.
+  void WriteIn();
+
+  Button cmdReadOutTable{"cmdReadOutTable"};
+  Button cmdWriteInTable{"cmdWriteInTable"};
+  ProgressBar Table_ProgressBar{"Table_ProgressBar"};
+  Label lblSize{"lblSize"};      ///< like txtSize of families with a size
+  TextField txtSize{"txtSize"};  ///< how many points a write sends
+
+ private:
+  struct Run;
+
+  void Exchange(const Run& run);
+  /// False after its box.
+  bool ReadPoints();
+  /// False after its box.
+  bool WritePoints();
+  bool CheckSize();
+  bool CheckTable();
+  /// How many points a write sends.
+  [[nodiscard]] int PointsToWrite() const;
+  void ShowDone(int points, int all);
+  void ShowSize(const String& size);
+
+  ParameterPage& page_;
+  Linearizer& linearizer_;
+  const TableButtonsForm& form_;
+  std::unique_ptr<TableExchange> exchange_;
+  bool showing_ = false;      ///< the program puts a text into txtSize
+  Control* fault_ = nullptr;  ///< what a check found bad
+};
+
+}  // namespace korva
