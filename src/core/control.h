@@ -15,7 +15,8 @@ namespace korva {
 
 /// How a field, cell or label is coloured, each a pair of system colours:
 /// Normal: window text on window (labels: on button face). Grey: button face, can't be changed or at rest.
-/// Bad: inverted, window on desktop. Highlight: tool-tip background, a value under update.
+/// Bad: inverted, window on desktop. Highlight: tool-tip background, a value under update or a press that
+/// waits.
 /// Selected: window on window text, a grid cell under edit.
 enum class Look { Normal, Grey, Bad, Highlight, Selected };
 
@@ -110,6 +111,13 @@ class Button : public CaptionedControl {
       OnClick();
     }
   }
+  /// True while what a press asked for waits to be carried out.
+  [[nodiscard]] bool Pending() const { return pending_; }
+  void SetPending(bool pending) { Assign(pending_, pending); }
+  [[nodiscard]] Look ShownLook() const override { return pending_ ? Look::Highlight : Look::Normal; }
+
+ private:
+  bool pending_ = false;
 };
 
 class Label : public CaptionedControl {

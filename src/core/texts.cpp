@@ -218,6 +218,8 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::OutputButton, .japanese = u"OUTPUT"},
     {.key = TextKey::Off, .japanese = u"OFF"},
     {.key = TextKey::On, .japanese = u"ON"},
+    {.key = TextKey::Start, .japanese = u"START"},
+    {.key = TextKey::Stop, .japanese = u"STOP"},
     {.key = TextKey::Version, .japanese = u"KORVA Ver12.09"},
 }};
 

@@ -150,6 +150,8 @@ enum class TextKey {
   OutputButton,
   Off,
   On,
+  Start,
+  Stop,
   Version,
   kCount  ///< how many keys there are; no key itself
 };

@@ -110,6 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Caption{TextKey::Com3, u"COM 3", u"COM 3"}, Caption{TextKey::Com4, u"COM 4", u"COM 4"},
                     Caption{TextKey::OutputButton, u"OUTPUT", u"OUTPUT"},
                     Caption{TextKey::Off, u"OFF", u"OFF"}, Caption{TextKey::On, u"ON", u"ON"},
+                    Caption{TextKey::Start, u"START", u"START"}, Caption{TextKey::Stop, u"STOP", u"STOP"},
                     Caption{TextKey::Version, u"KORVA Ver12.09", u"KORVA Ver12.09"}));
 
 INSTANTIATE_TEST_SUITE_P(
