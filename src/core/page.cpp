@@ -221,13 +221,35 @@ void Page::ResetBars() {
 }
 
 void Page::SetLocked(bool locked) {
-  for (Control* control : std::initializer_list<Control*>{&cmdUpload, &cmdDownload, &cmdOpen, &cmdSave,
-                                                          &cmdNew, &cmdCheck, &cmdExit, &lst_TypeSelect}) {
+  for (Control* control : std::initializer_list<Control*>{&cmdSave, &cmdCheck, &cmdExit}) {
     control->SetEnabled(!locked);
   }
   for (PagePart* part : parts_) {
     part->SetLocked(locked);
   }
+  ShowBarred(locked || exchanges_barred_);
+}
+
+void Page::ShowBarred(bool barred) {
+  // A file may be one of another model, which would be chosen; a new set has nothing that the loop follows.
+  for (Control* control :
+       std::initializer_list<Control*>{&cmdUpload, &cmdDownload, &cmdOpen, &cmdNew, &lst_TypeSelect}) {
+    control->SetEnabled(!barred);
+  }
+  OptCom.SetEnabled(!exchanges_barred_);
+  for (PagePart* part : parts_) {
+    part->SetExchangesBarred(barred);
+  }
+}
+
+void Page::BarExchanges() {
+  exchanges_barred_ = true;
+  ShowBarred(true);
+}
+
+void Page::FreeExchanges() {
+  exchanges_barred_ = false;
+  ShowBarred(false);
 }
 
 void Page::LockFrame() {

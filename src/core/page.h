@@ -77,6 +77,10 @@ class Page {
   void TellForced(const String& value);
   void LockFrame();
   void UnlockFrame();
+  /// Disables what would start another exchange, the model list included, and nothing else: for a live loop
+  /// beside which the page stays usable. It holds across a frame that is locked and unlocked meanwhile.
+  void BarExchanges();
+  void FreeExchanges();
   void ResetBars();  ///< all progress bars to 0
 
   // What the page is put together from.
@@ -197,6 +201,7 @@ class Page {
 
  private:
   void SetLocked(bool locked);
+  void ShowBarred(bool barred);
   void ShowForced();
   void PlaceGroup(const DesignGroup& group, int tab);
   void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
@@ -208,6 +213,7 @@ class Page {
   Program& program_;
   PageKind kind_;
   bool loaded_ = false;
+  bool exchanges_barred_ = false;  ///< by a live loop
   Language language_ = Language::Japanese;
   int accepted_model_ = -1;  ///< list position of the model that the page shows
   std::vector<PagePart*> parts_;

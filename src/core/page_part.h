@@ -38,8 +38,11 @@ class PagePart {
 
   // The frame.
   virtual void SetCaptions(Language /*language*/) {}
-  /// An operation on the device begins or has ended: disables or enables what could start another one.
+  /// An operation on the device begins or has ended: disables or enables what could disturb it.
   virtual void SetLocked(bool /*locked*/) {}
+  /// No other exchange with the device may begin: the frame is locked, or a live loop runs while the page
+  /// stays usable. Disables or enables what would start one.
+  virtual void SetExchangesBarred(bool /*barred*/) {}
   virtual void ResetBars() {}  ///< puts the part's progress bars to 0
   virtual void TabEntered(int /*tab*/) {}
   /// The device holds its output at a value of the user's, or does so no longer.

@@ -58,10 +58,9 @@ void TableButtons::SetCaptions(Language language) {
   lblSize.SetCaption(CaptionText(TextKey::TableSize, language));
 }
 
-void TableButtons::SetLocked(bool locked) {
-  for (Control* control : std::initializer_list<Control*>{&cmdReadOutTable, &cmdWriteInTable, &txtSize}) {
-    control->SetEnabled(!locked);
-  }
+void TableButtons::SetExchangesBarred(bool barred) {
+  cmdReadOutTable.SetEnabled(!barred);
+  cmdWriteInTable.SetEnabled(!barred);
 }
 
 void TableButtons::PageCleared() { txtSize.SetLook(Look::Normal); }

@@ -25,7 +25,8 @@ class TableButtons final : public PagePart {
   TableButtons(ParameterPage& page, Linearizer& linearizer);
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override;
+  void SetLocked(bool locked) override { txtSize.SetEnabled(!locked); }
+  void SetExchangesBarred(bool barred) override;
   void ResetBars() override { Table_ProgressBar.SetValue(0); }
   void PageCleared() override;
   void PageBuilt() override;  ///< shows the size of the set

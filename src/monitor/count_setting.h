@@ -34,7 +34,7 @@ class CountSetting final : public PagePart {
   CountSetting(ParameterPage& page, const CountItem& item, StatusMonitor& monitor, OutputSetting& output);
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override { PressButton.SetEnabled(!locked); }
+  void SetExchangesBarred(bool barred) override { PressButton.SetEnabled(!barred); }
   void PageBuilt() override;  ///< shows its button to models with the count
 
   /// True when the chosen model has this count.

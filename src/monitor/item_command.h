@@ -23,7 +23,7 @@ class ItemCommand final : public PagePart {
   ItemCommand(ParameterPage& page, const CommandItem& item);
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override { PressButton.SetEnabled(!locked); }
+  void SetExchangesBarred(bool barred) override { PressButton.SetEnabled(!barred); }
   void PageBuilt() override { PressButton.SetVisible(Serves()); }
 
   /// True when the chosen model has the item as a command: a row with a box, and no parameter.

@@ -29,9 +29,9 @@ void OutputSetting::SetCaptions(Language language) {
   IO_lblSet.SetCaption(CaptionText(TextKey::Setting, language));
 }
 
-void OutputSetting::SetLocked(bool locked) {
-  cmdSet.SetEnabled(!locked);
-  cmdStatusMonOFF.SetEnabled(!locked);
+void OutputSetting::SetExchangesBarred(bool barred) {
+  cmdSet.SetEnabled(!barred);
+  cmdStatusMonOFF.SetEnabled(!barred);
 }
 
 void OutputSetting::PageBuilt() {

@@ -24,7 +24,7 @@ class OutputSetting final : public PagePart {
   OutputSetting(ParameterPage& page, const OutputFamily& family, StatusMonitor& monitor);
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override;
+  void SetExchangesBarred(bool barred) override;
   void OutputForced(bool forced) override;
   void PageBuilt() override;  ///< shows the controls to models that have a box for the value
 

@@ -38,9 +38,9 @@ void StatusMonitor::SetCaptions(Language language) {
   IO_lblShow.SetCaption(CaptionText(TextKey::Monitor, language));
 }
 
-void StatusMonitor::SetLocked(bool locked) {
-  cmdMonitorON.SetEnabled(!locked);
-  cmdMonitorOFF.SetEnabled(!locked);
+void StatusMonitor::SetExchangesBarred(bool barred) {
+  cmdMonitorON.SetEnabled(!barred);
+  cmdMonitorOFF.SetEnabled(!barred);
 }
 
 void StatusMonitor::PageBuilt() {
@@ -221,11 +221,7 @@ bool StatusMonitor::MonitorReadItem(StringView key) {
   if (family_.needs_unit && unit != nullptr && unit->Caption().empty()) {
     return false;
   }
-  const String item = ItemKey(key).OnWire().item;
-  if (extras_.BeforeRead) {
-    extras_.BeforeRead(item);
-  }
-  const String answer = units_.Read(item, kNoRepeats);
+  const String answer = units_.Read(ItemKey(key).OnWire().item, kNoRepeats);
   if (family_.needs_unit && unit != nullptr && answer == u"ERROR") {
     unit->SetCaption({});
   }

@@ -18,7 +18,7 @@ class StatusMonitor final : public PagePart {
   StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras = {});
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override;
+  void SetExchangesBarred(bool barred) override;
   /// While the output is forced no value is read: what stands in the boxes is dimmed.
   void OutputForced(bool forced) override;
   void PageBuilt() override;  ///< shows the controls to models that have a monitor
@@ -30,6 +30,10 @@ class StatusMonitor final : public PagePart {
   void RequestStop();
   /// Puts the boxes of the cycle and their unit labels to rest.
   void ResetMonitorColours();
+  /// Asks the device for the units of the live values and shows them.
+  void ShowMonitorUnits();
+  /// What is shown of a device's answer about the item of a row.
+  [[nodiscard]] String ShownValue(int row, const String& answer) const;
 
   Button cmdMonitorON{"cmdMonitorON"};
   Button cmdMonitorOFF{"cmdMonitorOFF"};
@@ -41,7 +45,6 @@ class StatusMonitor final : public PagePart {
  private:
   [[nodiscard]] bool HasNoMonitorItems() const;
   bool EnterFirstMode();
-  void ShowMonitorUnits();
   void ShowUnit(const UnitStep& step);
   [[nodiscard]] Label* UnitLabelOf(const UnitStep& step, const UnitRule& rule) const;
   /// The row of a live value; -1 when the model has none there, or has a parameter there.
@@ -49,7 +52,6 @@ class StatusMonitor final : public PagePart {
   void MonitorCycle();
   /// False when there was nothing to read.
   bool MonitorReadItem(StringView key);
-  [[nodiscard]] String ShownValue(int row, const String& answer) const;
   [[nodiscard]] String WithoutOffset(const String& item, const String& value) const;
   [[nodiscard]] Timer* TimerOf(UnitTimer timer);
 

@@ -12,8 +12,6 @@ namespace korva {
 struct MonitorExtras {
   /// Key of the table that lists the input types of the chosen kind of input ("$I10TC").
   std::function<String()> InputKind;
-  /// Applied before an item of the cycle is read, with its two digits: a threshold step that waits for it.
-  std::function<void(const String& item)> BeforeRead;
   /// Unit of the measured frequency.
   Label* unitMeasFreq = nullptr;
 };

@@ -53,9 +53,9 @@ void ColdJunction::SetCaptions(Language language) {
   lbl_CJMmsg.SetCaption(ColdJunctionInfoText());
 }
 
-void ColdJunction::SetLocked(bool locked) {
+void ColdJunction::SetExchangesBarred(bool barred) {
   for (Button* button : {&cmdChangeCJM, &cmdCJMcheck, &cmdWriteInCJM, &cmdDefaultCJM, &cmdCancelCJM}) {
-    button->SetEnabled(!locked);
+    button->SetEnabled(!barred);
   }
 }
 

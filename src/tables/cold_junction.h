@@ -33,7 +33,7 @@ class ColdJunction final : public PagePart {
   ColdJunction(ParameterPage& page, const ColdJunctionFamily& family);
 
   void SetCaptions(Language language) override;
-  void SetLocked(bool locked) override;
+  void SetExchangesBarred(bool barred) override;
   void ResetBars() override { CJM_ProgressBar.SetValue(0); }
   void PageCleared() override { fraCJM.SetVisible(false); }
   void SettleTabs(TabMoment moment) override;

@@ -62,6 +62,10 @@ std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {
       return "CNG";
     }
     writes.push_back(item_ + "=" + rest);
+    if (const auto head = kept.find(item_); head != kept.end()) {
+      items[item_] = head->second + rest;
+      return "D" + items[item_];
+    }
     return "D" + (echo.empty() ? rest : echo);
   }
   if (refused.contains(item_)) {
@@ -78,9 +82,7 @@ MonitorPage::MonitorPage(Program& program, const FamilyRecord& record, DeviceLin
                      .tab_control = "Tabs",
                      .design = kBareDesign<TextKey::File, TextKey::Port, TextKey::IoCheck>},
                     {.device = record.device, .definition = record.definition, .fields = kFields}, device),
-      monitor(
-          *this, record.monitor,
-          {.InputKind = extras.InputKind, .BeforeRead = extras.BeforeRead, .unitMeasFreq = &unitMeasFreq}),
+      monitor(*this, record.monitor, {.InputKind = extras.InputKind, .unitMeasFreq = &unitMeasFreq}),
       output(*this, record.output, monitor) {}
 
 std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
@@ -99,6 +101,8 @@ std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
     put(kWriteCondition, row.condition);
     put(kReplyPrefix, row.prefix);
     put(kWritePosition, row.position);
+    cells.at(21) = row.low;
+    cells.at(24) = row.high;
     cells.back() = row.title;
     cells.at(static_cast<std::size_t>(unit_column)) = row.unit;
     for (const std::string& cell : cells) {

@@ -41,6 +41,8 @@ class MonitorLine final : public CommandLine {
   std::size_t silent_from = static_cast<std::size_t>(-1);  ///< number of the first command without a reply
   std::vector<std::string> writes;                         ///< "03=12.5", as carried out
   std::string echo;                                        ///< of a write; empty: what was written
+  /// Items that keep what is written to them, with what the device puts before it.
+  std::map<std::string, std::string> kept;
   /// Called with each command.
   std::function<void(const std::string&)> on_command;
 
@@ -73,6 +75,8 @@ struct MonitorRow {
   std::string prefix = {};
   std::string position = {};
   std::string title = {};
+  std::string low = {};  ///< of a threshold, in columns 21 and 24
+  std::string high = {};
 };
 /// The section $Data of these rows.
 std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column = kUsualLayout.unit_text);

@@ -193,19 +193,6 @@ TEST(StatusMonitorTest, AKeyWithARoleIsNotTheBarePresenceItem) {
   EXPECT_EQ(bench.line.Sent(), "");
 }
 
-TEST(StatusMonitorTest, ThresholdStepsAreAppliedBeforeEachReadOfTheCycle) {
-  std::string seen;
-  const MonitorBench* running = nullptr;
-  MonitorExtras extras;
-  extras.BeforeRead = [&](const String& item) {
-    seen += ToUtf8(item) + "@" + std::to_string(running->line.Commands().size()) + " ";
-  };
-  MonitorBench bench(u"LiteThird", "M.def", test::AllRows(), extras);
-  running = &bench;
-  bench.RunCycle("05");
-  EXPECT_EQ(seen, "05@3 06@6 ");
-}
-
 // --- items with a refused or an empty unit
 
 struct UnitFamilyTest : testing::TestWithParam<std::pair<StringView, std::string>> {

@@ -403,7 +403,7 @@ TEST_P(UnitTest, IsFoundWhereTheModelHasIt) {
   const bool has_boxes = one.word == u"Second" || one.word == u"LiteThird";  // of units, in the column before
   const std::string rows = has_boxes ? RowsWithUnits(15) : kRows;
   MonitorBench bench(one.word, one.def_file, rows + one.sections,
-                     {.InputKind = [&] { return FromUtf8(one.kind); }, .BeforeRead = nullptr});
+                     {.InputKind = [&] { return FromUtf8(one.kind); }});
   for (const auto& [item, answer] : one.answers) {
     bench.line.items[item] = answer;
   }
