@@ -203,9 +203,11 @@ bool CameBack(const String& saved, const String& read) {
 
 }  // namespace
 
-String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts) {
+String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts,
+               int first_group) {
   String text = KeyLine(kDefFileKey) + Record({def_file}) + KeyLine(kDataKey);
-  for (int group = 0; group < set.Groups(); ++group) {
+  for (int place = 0; place < set.Groups(); ++place) {
+    const int group = (first_group + place) % set.Groups();
     for (int item = 0; item < ParameterSet::kItems; ++item) {
       if (const String& value = set.At(group, item); !value.empty()) {
         text += Record({Number(group), Number(item), value});

@@ -22,8 +22,9 @@ struct CfgModel {
 };
 
 /// The text of a configuration file: the whole set and the sections of the page's parts, with CR LF line
-/// ends.
-String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts);
+/// ends. The groups of the set stand in it from `first_group` on, those before it behind the last.
+String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts,
+               int first_group = 0);
 
 /// More bytes than this no configuration has; such a file is another kind of file.
 inline constexpr std::size_t kMostCfgBytes = std::size_t{1} << 20;

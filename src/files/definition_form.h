@@ -201,6 +201,8 @@ struct FieldForm {
   std::span<const StringView> blank_items = {};
   /// The items of group "01" whose combo boxes may not be blank when the set is checked.
   std::span<const StringView> needed_choices = {};
+  /// The group of the set with which the values of a configuration file begin: 2 where the table goes ahead.
+  int first_saved_group = 0;
 };
 
 /// The text of the families that have only the tag.

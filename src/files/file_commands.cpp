@@ -211,6 +211,10 @@ void ParameterPage::SelectModelOfFile(int row) {
   GroupItem.TakeOver(from_file);
 }
 
+String ParameterPage::TextToSave() const {
+  return CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts(), fields_form_.first_saved_group);
+}
+
 bool ParameterPage::SaveCfgFile() {
   const std::optional<String> path = ChooseCfgFile(true);
   if (!path) {
@@ -219,7 +223,7 @@ bool ParameterPage::SaveCfgFile() {
   for (PagePart* part : Parts()) {
     part->SetTaken();
   }
-  const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
+  const String text = TextToSave();
   CfgLosses losses;
   const auto review = [&](const String& written) {
     losses = LossesOfCfgFile(ItsProgram().Lines(), Models, written, GroupItem, Parts());
@@ -240,7 +244,7 @@ bool ParameterPage::SaveCfgFile() {
 
 bool ParameterPage::SaveRescueFile(const String& path) {
   const Platform& platform = ItsProgram().Surroundings();
-  const String text = CfgText(DefFileName(Def.Form(), DefFile), GroupItem, Parts());
+  const String text = TextToSave();
   SystemReason reason;
   return platform.files.Replace(path, EncodeReplacing(platform.code_page, text), reason);
 }

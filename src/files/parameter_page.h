@@ -217,6 +217,7 @@ class ParameterPage : public DevicePage {
   void TakePath(const String& path);
   void OpenTakenPath();
   void ShowFileName();
+  [[nodiscard]] String TextToSave() const;  ///< of a configuration file
   void SelectModelOfFile(int row);
 
   const FieldForm& fields_form_;

@@ -91,6 +91,18 @@ TEST_F(CfgFile, IsSortedByGroupThenItem) {
             String::npos);
 }
 
+TEST(CfgTextTest, TheGroupsOfTheTableCanStandAheadOfTheOthers) {
+  ParameterSet set(4);
+  set.Set(0, 99, u"a");
+  set.Set(1, 2, u"b");
+  set.Set(2, 0, u"c");
+  set.Set(3, 1, u"d");
+  const String text = CfgText(u"X", set, {}, 2);
+  EXPECT_NE(text.find(u"$Data\r\n\"2\",\"0\",\"c\"\r\n\"3\",\"1\",\"d\"\r\n\"0\",\"99\",\"a\"\r\n\"1\",\"2\","
+                      u"\"b\"\r\n$Memo"),
+            String::npos);
+}
+
 TEST_F(CfgFile, AQuoteInsideAValueIsWrittenAsItStands) {
   set.Set(1, 2, u"a\"b");
   EXPECT_NE(CfgText(u"X", set, {}).find(u"\"1\",\"2\",\"a\"b\"\r\n"), String::npos);
