@@ -312,6 +312,121 @@ TEST(Z2KvConfigMonitor, ALiveVoltageHasTheUnitOfTheTypeThatTheDeviceTells) {
   }
 }
 
+TEST(Z2KvConfigMonitor, ALivePositionHasTheUnitOfItsTypeAndTheRatioThatOfItsRow) {
+  for (const char16_t* model : {u"Z2WM", u"Z2WM2", u"Z8WM"}) {
+    Z2Bench bench(model);
+    bench.Read();
+    bench.loop.StartTimer(std::chrono::seconds(30), [&] { bench.Z2().monitor.RequestStop(); });
+    bench.Click(bench.Z2().monitor.cmdMonitorON);
+    EXPECT_EQ((std::vector<String>{bench.UnitOf(u"04"), bench.UnitOf(u"06"), bench.UnitOf(u"07")}),
+              (std::vector<String>{u"%", u"%", u"%"}))
+        << ToUtf8(model);
+    EXPECT_EQ(bench.Accesses("01/10 D"), Texts{"01/10 D"}) << "once, for item 04; item 06 has its row's";
+  }
+}
+
+TEST(Z2KvConfigMonitor, ACurrentHasTheUnitOfItsTypeInAllThree) {
+  for (const char16_t* model : {u"Z2WF", u"Z2WF2", u"Z8WF"}) {
+    EXPECT_EQ(LiveUnits(model, {{"01/10 D", "D4 - 20 mA"}}), (std::vector<String>{u"mA", u"mA", u"mA"}))
+        << ToUtf8(model);
+  }
+}
+
+/// What is read of the live items while the monitor runs, one after the other: "04 03".
+std::string LiveReads(const Z2Bench& bench) {
+  std::string reads;
+  for (const std::string& access : bench.line.accesses) {
+    for (const char* item : {"03", "04", "05", "06", "07"}) {
+      if (access == std::string("01/") + item + " D") {
+        reads += (reads.empty() ? "" : " ") + std::string(item);
+      }
+    }
+  }
+  return reads;
+}
+
+TEST(Z2KvConfigMonitor, ItsCycleIs04Then03WhereItsSistersRead05Then06And07WithHalfASecondEach) {
+  for (const String& model : ModelsOf(u"Lite")) {
+    Z2Bench bench(model);
+    bench.Read();
+    std::vector<Clock> first;
+    std::size_t reads = 0;
+    bench.loop.OnPump([&] {
+      if (const std::size_t now = bench.Accesses("01/04 D").size(); now != reads) {
+        reads = now;
+        first.push_back(bench.loop.Now());
+        if (reads == 2) {
+          bench.Z2().monitor.RequestStop();
+        }
+      }
+    });
+    bench.Click(bench.Z2().monitor.cmdMonitorON);
+    EXPECT_EQ(LiveReads(bench), "04 03 06 07 04 03 06 07") << ToUtf8(model);
+    ASSERT_EQ(first.size(), 2U);
+    EXPECT_GE(first[1] - first[0], Milliseconds(4 * 500));
+    EXPECT_EQ(bench.device.Mode(), '0');
+    bench.ExpectAtRest();
+  }
+}
+
+TEST(Z2KvConfigMonitor,
+     AnItemThatTheDeviceAnswersWithCngGoesEmptyLosesItsUnitAndIsSkippedFromTheNextCycleOn) {
+  for (const char16_t* item : {u"04", u"03", u"06", u"07"}) {
+    Z2Bench bench(u"Z2WT");
+    bench.Read();
+    bench.line.replies["01/" + ToUtf8(item) + " D"] = "CNG";
+    bench.loop.StartTimer(std::chrono::seconds(20), [&] { bench.Z2().monitor.RequestStop(); });
+    bench.Click(bench.Z2().monitor.cmdMonitorON);
+    EXPECT_EQ(bench.Field(item).Text(), u"") << ToUtf8(item);
+    EXPECT_EQ(bench.UnitOf(item), u"");
+    EXPECT_EQ(bench.Accesses("01/" + ToUtf8(item) + " D").size(), 1U);
+    for (const char16_t* other : {u"04", u"03", u"06", u"07"}) {
+      if (StringView(other) != item) {
+        EXPECT_GE(bench.Accesses("01/" + ToUtf8(other) + " D").size(), 3U) << ToUtf8(other);
+      }
+    }
+    EXPECT_EQ(bench.TakeBoxes(), Texts());
+  }
+}
+
+// Forced output.
+
+TEST(Z2KvConfigOutput, From1500BelowTo11500IsTakenAndShownLessItsUnitAndWhatLiesBeyondIsRefused) {
+  for (const String& model : ModelsOf(u"Lite")) {
+    for (const char16_t* good : {u"-15.00", u"115.00", u"62.5 %"}) {
+      Z2Bench bench(model);
+      bench.Read();
+      bench.ForceOutput(good);
+      EXPECT_EQ(bench.TakeBoxes(), Texts());
+      EXPECT_EQ(bench.device.Mode(), '1');
+      const double sent = LeadingNumber(good);
+      EXPECT_EQ(LeadingNumber(FromUtf8(bench.device.Value("01", "03"))), sent);
+      EXPECT_TRUE(IsNumeric(bench.Field(u"03_mon").Text())) << ToUtf8(bench.Field(u"03_mon").Text());
+      EXPECT_EQ(LeadingNumber(bench.Field(u"03_mon").Text()), sent);
+      bench.Click(Part<OutputSetting>(bench.Page()).cmdStatusMonOFF);
+      EXPECT_EQ(bench.device.Mode(), '0');
+      bench.ExpectAtRest();
+    }
+    for (const char16_t* bad : {u"-15.01", u"115.01"}) {
+      Z2Bench bench(model);
+      bench.Read();
+      bench.ForceOutput(bad);
+      EXPECT_EQ(bench.TakeBoxes(), Texts{"設定値ﾁｪｯｸ: 出力設定値は、-15.00% から 115.00% の範囲です。"});
+      EXPECT_EQ(bench.line.accesses, Texts()) << "nothing is sent";
+    }
+  }
+}
+
+TEST(Z2KvConfigOutput, OffWithTheCablePulledShowsTheFailureAndUnlocksAllTheSame) {
+  Z2Bench bench(u"Z2WR");
+  bench.Read();
+  bench.ForceOutput(u"50");
+  bench.device.AddFault(sim::ParseFault("silent"));
+  bench.Click(Part<OutputSetting>(bench.Page()).cmdStatusMonOFF);
+  EXPECT_EQ(bench.TakeBoxes(), Texts{Shown(BoxKey::NotMonitorMode)});
+  bench.ExpectAtRest();
+}
+
 TEST(Z2KvConfigMonitor, ACycleInWhichNothingIsReadWaitsHalfASecondWithEvents) {
   Z2Bench bench(u"Z2WV");
   bench.line.replies["01/10 D"] = std::nullopt;  // no unit of items 04, 06 and 07
