@@ -331,7 +331,7 @@ std::vector<std::size_t> PumpsOf(TableBench& bench, bool download) {
   } else {
     bench.UploadAll();
   }
-  return Sampled(pumps);
+  return pumps;
 }
 
 /// Presses the close box at a pump of what follows.
@@ -352,8 +352,8 @@ struct ClosedBench : TableBench {
 TEST_P(TableSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
   TableBench whole(model);
   const std::vector<std::size_t> pumps = PumpsOf(whole, false);
-  ASSERT_GT(pumps.size(), 60U / kSampleStep);
-  for (const std::size_t at : pumps) {
+  ASSERT_GT(pumps.size(), 60U);
+  for (const std::size_t at : Sampled(pumps)) {
     SCOPED_TRACE(at);
     ClosedBench bench(model, at);
     bench.UploadAll();
@@ -364,7 +364,7 @@ TEST_P(TableSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
     EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::UploadDone)), 0);
     ASSERT_FALSE(HasFailure());
   }
-  std::cout << "uploads closed: " << pumps.size() << '\n';
+  TellShare("uploads closed", Sampled(pumps).size(), pumps.size());
 }
 
 TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndAndThenEnds) {
@@ -372,8 +372,8 @@ TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
   whole.PutTable(whole.OwnTable());
   const std::vector<std::size_t> pumps = PumpsOf(whole, true);
   const std::size_t exchanges = whole.commands.size();
-  ASSERT_GT(pumps.size(), 150U / kSampleStep);
-  for (const std::size_t at : pumps) {
+  ASSERT_GT(pumps.size(), 150U);
+  for (const std::size_t at : Sampled(pumps)) {
     SCOPED_TRACE(at);
     ClosedBench bench(model, at);
     bench.PutTable(bench.OwnTable());
@@ -386,7 +386,7 @@ TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
     EXPECT_EQ(bench.DeviceTable(), bench.OwnTable());
     ASSERT_FALSE(HasFailure());
   }
-  std::cout << "downloads closed: " << pumps.size() << '\n';
+  TellShare("downloads closed", Sampled(pumps).size(), pumps.size());
 }
 
 TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadThatFailsInTheTableKeepsTheWindow) {
@@ -395,7 +395,7 @@ TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadThatFailsInTheTableKeepsTheWindow
   const sim::FaultRule fault = {.fault = Fault::WrongEcho, .command = "D" + ToUtf8(own.back())};
   whole.PutTable(own);
   const std::vector<std::size_t> pumps = PumpsOf(whole, true);
-  for (const std::size_t at : pumps) {
+  for (const std::size_t at : Sampled(pumps)) {
     SCOPED_TRACE(at);
     ClosedBench bench(model, at);
     bench.device.AddFault(fault);
@@ -408,7 +408,7 @@ TEST_P(TableSweepTest, ClosedAtAnyPumpADownloadThatFailsInTheTableKeepsTheWindow
     ExpectUsable(bench);
     ASSERT_FALSE(HasFailure());
   }
-  std::cout << "failing downloads closed: " << pumps.size() << '\n';
+  TellShare("failing downloads closed", Sampled(pumps).size(), pumps.size());
 }
 
 }  // namespace

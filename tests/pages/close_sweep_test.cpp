@@ -11,6 +11,7 @@
 #include "core/text_utilities.h"
 #include "page_bench.h"
 #include "support/page_parts.h"
+#include "support/sampled.h"
 
 namespace korva::test {
 namespace {
@@ -67,7 +68,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
   whole.Upload();
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 20U);
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -79,7 +80,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
       EXPECT_NE(box, Shown(BoxKey::UploadDone));
     }
   }
-  std::cout << ToUtf8(GetParam()) << ": uploads closed: " << pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": uploads closed", SampledPumps(pumps).size(), pumps);
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndAndThenEnds) {
@@ -88,7 +89,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
   const std::size_t pumps = whole.Pumps();
   const int exchanges = whole.sent;
   ASSERT_GT(pumps, 20U);
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     for (const int times : {1, 2}) {
       SCOPED_TRACE(at);
       CloseBench bench(GetParam());
@@ -102,7 +103,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEndA
       EXPECT_EQ(Trimmed(FromUtf8(bench.device.Value("01", "02"))), u"PUMP 1");
     }
   }
-  std::cout << ToUtf8(GetParam()) << ": downloads closed: " << 2 * pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": downloads closed", 2 * SampledPumps(pumps).size(), 2 * pumps);
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNextUploadRuns) {
@@ -110,7 +111,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
   whole.device.AddFault({.fault = sim::Fault::WrongEcho, .command = "DPUMP 1"});
   whole.Download();
   const std::size_t pumps = whole.Pumps();
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.device.AddFault({.fault = sim::Fault::WrongEcho, .command = "DPUMP 1"});
@@ -126,7 +127,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpADownloadThatFailsKeepsTheWindowAndTheNext
     EXPECT_FALSE(bench.status.has_value());
     EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
   }
-  std::cout << ToUtf8(GetParam()) << ": failing downloads closed: " << pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": failing downloads closed", SampledPumps(pumps).size(), pumps);
 }
 
 // --- the I/O check tab
@@ -142,7 +143,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond)
   EXPECT_FALSE(whole.status.has_value());
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 20U);
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -154,7 +155,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpTheMonitorEndsTheProgramWithinHalfASecond)
     EXPECT_EQ(bench.TakeBoxes(), Texts{});
     EXPECT_FALSE(bench.Blinks());
   }
-  std::cout << ToUtf8(GetParam()) << ": monitor runs closed: " << pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": monitor runs closed", SampledPumps(pumps).size(), pumps);
 }
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinOneExchange) {
@@ -162,7 +163,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinO
   whole.ForceOutput(u"50");
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 6U);
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     SCOPED_TRACE(at);
     CloseBench bench(GetParam());
     bench.CloseAt(at);
@@ -173,7 +174,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpBeforeTheOutputIsHeldTheProgramEndsWithinO
     EXPECT_EQ(bench.TakeBoxes(), Texts{});
     EXPECT_FALSE(bench.Blinks());
   }
-  std::cout << ToUtf8(GetParam()) << ": output settings closed: " << pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": output settings closed", SampledPumps(pumps).size(), pumps);
 }
 
 /// An output is forced, and the pumps of its end are counted.
@@ -233,7 +234,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfOffTheOutputIsReleasedBeforeTheProgramEn
       whole.Off();
       EXPECT_FALSE(whole.status.has_value());
       const std::size_t pumps = whole.Pumps();
-      for (std::size_t at = 0; at < pumps; ++at) {
+      for (const std::size_t at : SampledPumps(pumps)) {
         SCOPED_TRACE(std::to_string(static_cast<int>(fault)) + " in " + std::to_string(exchange) +
                      ", closed at " + std::to_string(at));
         ForcedBench bench(GetParam(), rule);
@@ -257,7 +258,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBeP
   whole.Off();
   const std::size_t pumps = whole.Pumps();
   ASSERT_GT(pumps, 1U);
-  for (std::size_t at = 0; at < pumps; ++at) {
+  for (const std::size_t at : SampledPumps(pumps)) {
     SCOPED_TRACE(at);
     ForcedBench bench(GetParam(), cable_pulled);
     bench.CloseAt(at);
@@ -275,7 +276,7 @@ TEST_P(CloseSweepTest, ClosedAtAnyPumpOfAnOffThatFailsTheWindowStaysAndOffCanBeP
     bench.app.program.PressClose();
     EXPECT_EQ(bench.status, 0);
   }
-  std::cout << ToUtf8(GetParam()) << ": failing releases closed: " << pumps << '\n';
+  TellShare(ToUtf8(GetParam()) + ": failing releases closed", SampledPumps(pumps).size(), pumps);
 }
 
 }  // namespace

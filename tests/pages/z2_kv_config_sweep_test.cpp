@@ -51,10 +51,6 @@ std::vector<Break> BreaksIn(const std::vector<Exchange>& exchanges) {
   return breaks;
 }
 
-void TellShare(const TypeChange& change, const char* what, std::size_t tried, std::size_t all) {
-  std::cout << change.name << ": " << what << ": " << tried << " of " << all << '\n';
-}
-
 /// What a device holds before a download and after it.
 struct Held {
   explicit Held(const TransmitterBench& bench) : memory(bench.Memory()), items(bench.Items()) {}
@@ -171,7 +167,8 @@ TEST_P(TransmitterSweep, ADownloadBrokenAtAnyExchangeTellsWhatWasProvedAndWhatTh
     CheckAgain(bench);
     ASSERT_FALSE(HasFailure());
   }
-  TellShare(GetParam(), "downloads with a broken exchange", breaks.size(), kBreaks * exchanges.size());
+  TellShare(std::string(GetParam().name) + ": downloads with a broken exchange", breaks.size(),
+            kBreaks * exchanges.size());
 }
 
 /// A model text that gets longer, so that one which breaks off between its blocks has lost a field's end.
@@ -205,7 +202,7 @@ TEST_P(LongerTextSweep, AStageBrokenAtAnyExchangeIsMendedByTheNextDownload) {
   const auto of_stage = std::count_if(exchanges.begin(), exchanges.end(), [](const Exchange& exchange) {
     return exchange.access == Access::Stage;
   });
-  TellShare(GetParam(), "stages with a broken exchange", breaks.size(),
+  TellShare(std::string(GetParam().name) + ": stages with a broken exchange", breaks.size(),
             kFaults.size() * static_cast<std::size_t>(of_stage));
 }
 
@@ -249,7 +246,7 @@ TEST_P(TransmitterSweep, ClosedAtAnyPumpADownloadTellsThatItCannotEndGoesToItsEn
     EXPECT_EQ(bench.Items(), after->items);
     ASSERT_FALSE(HasFailure());
   }
-  TellShare(GetParam(), "downloads closed", pumps.size(), all.size());
+  TellShare(std::string(GetParam().name) + ": downloads closed", pumps.size(), all.size());
 }
 
 /// The last exchange with the memory, the longest way to a failure.
@@ -279,7 +276,7 @@ TEST_P(TransmitterSweep, ClosedAtAnyPumpADownloadThatFailsInTheMemoryKeepsTheWin
     bench.ExpectUsable();
     ASSERT_FALSE(HasFailure());
   }
-  TellShare(GetParam(), "failing downloads closed", pumps.size(), all.size());
+  TellShare(std::string(GetParam().name) + ": failing downloads closed", pumps.size(), all.size());
 }
 
 }  // namespace
