@@ -115,6 +115,22 @@ constexpr auto Joined(const std::array<T, sizes>&... parts) {
   return all;
 }
 
+/// Rows for the indexes that no item of today's models has: a new item takes any of them. A caption label
+/// whose index is that of a live value has its number label elsewhere, so its row has none.
+template <std::size_t count>
+constexpr std::array<DesignRow, count> FreeRows(const std::array<int, count>& labels,
+                                                const std::array<int, count>& fields, int first_number) {
+  std::array<DesignRow, count> rows{};
+  for (std::size_t place = 0; place < count; ++place) {
+    DesignRow& row = rows.at(place);
+    row = FieldRow({.item = {}, .label = labels.at(place), .field = fields.at(place)});
+    if (labels.at(place) < first_number) {
+      row.number = {};
+    }
+  }
+  return rows;
+}
+
 /// What a parameter file tells of itself.
 inline constexpr std::array kFileRows = {
     DesignRow{.label = "lblFileTitle", .field = "txtFileTitle"},

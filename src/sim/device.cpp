@@ -69,6 +69,7 @@ struct Device::State {
   std::string ReplyValue();
   std::string TakeData(std::string_view data);
   std::string TakeParameter(std::string_view data);
+  bool HasDialogue(const Item& item) const;
   void EnterMode(std::string_view data);
   std::string Refusal(WriteResult result) const;
   bool InAccess(std::string_view line) const;
@@ -94,6 +95,7 @@ struct Device::State {
   Parameters parameters;
   bool slow;
   PointTable table;
+  TableDialogue dialogue;
   LiveValues live;
   Transmitter transmitter{setup, parameters, table, live};
   FaultPlan faults;
@@ -143,6 +145,9 @@ std::string Device::State::SelectItem(std::string_view text) {
     return Refusal(WriteResult::Refused);
   }
   access.Enter();
+  if (selected == nullptr || !HasDialogue(*selected)) {
+    dialogue.End();
+  }
   if (family.dialect == Dialect::EnterItem) {
     return "D" + RightAlign(selected != nullptr ? TitleOf(*selected) : "Linearize Table", kDisplayWidth);
   }
@@ -179,6 +184,10 @@ std::string Device::State::TakeData(std::string_view data) {
     EnterMode(TrimBlanks(data));
     return "D" + PaddedText(*selected);
   }
+  if (selected != nullptr && HasDialogue(*selected) && dialogue.Takes(data)) {
+    const auto answer = dialogue.Answer(data, mode == kProgramming);
+    return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+  }
   if (mode != kProgramming) {
     return Refusal(WriteResult::Refused);
   }
@@ -199,7 +208,15 @@ std::string Device::State::TakeParameter(std::string_view data) {
     return "Dall prms default";
   }
   const auto result = parameters.Write(*selected, data);
-  return result == WriteResult::Done ? "D" + PaddedText(*selected) : Refusal(result);
+  if (result != WriteResult::Done) {
+    return Refusal(result);
+  }
+  const bool other_echo = selected->kind == Item::Kind::Tag && !family.tag_echo.empty();
+  return "D" + (other_echo ? RightAlign(family.tag_echo, kDisplayWidth) : PaddedText(*selected));
+}
+
+bool Device::State::HasDialogue(const Item& item) const {
+  return item.group == "01" && !family.table_item.empty() && item.item == family.table_item;
 }
 
 void Device::State::EnterMode(std::string_view data) {
@@ -338,7 +355,7 @@ std::string Device::State::LiveText(const Item& item) const {
 /// Whether a reply is the echo of a write. Without data the other dialect reads.
 bool Device::State::IsEcho(std::string_view line, std::string_view reply) const {
   const bool written = line.starts_with('D') && (line.size() > 1 || family.dialect == Dialect::Cok);
-  return written && reply.starts_with('D') && reply != Refusal(WriteResult::Refused) &&
+  return written && !dialogue.Gives() && reply.starts_with('D') && reply != Refusal(WriteResult::Refused) &&
          reply != Refusal(WriteResult::NotUsable);
 }
 
@@ -346,6 +363,9 @@ bool Device::State::IsEcho(std::string_view line, std::string_view reply) const 
 std::string Device::State::EchoedValue(const std::string& reply) const {
   if (selected == nullptr) {
     return reply.substr(PointTable::Head(0).size() + 1);
+  }
+  if (HasDialogue(*selected) && !reply.ends_with(ValueText(*selected))) {
+    return reply.substr(reply.rfind(' ') + 1);
   }
   switch (selected->kind) {
     case Item::Kind::Tag:  // with its blanks
@@ -451,6 +471,8 @@ bool Device::Set(std::string_view group, std::string_view item, std::string_view
   }
   return number.has_value();
 }
+
+TableDialogue& Device::GetTableDialogue() { return state_->dialogue; }
 
 Memory& Device::GetMemory() { return state_->setup.memory; }
 

@@ -11,6 +11,7 @@
 #include "sim/family.h"
 #include "sim/faults.h"
 #include "sim/memory.h"
+#include "sim/table_dialogue.h"
 
 namespace korva::sim {
 
@@ -96,6 +97,9 @@ class Device {
   /// on from it; a frequency is in the unit that the device's unit item holds. \return false when there is no
   /// such item or it doesn't take this value; nothing has changed then.
   bool Set(std::string_view group, std::string_view item, std::string_view value);
+
+  /// The table of a device that takes it in a dialogue.
+  TableDialogue& GetTableDialogue();
 
   /// The device's memory, to look into and to change from outside; of a family that has none a memory that
   /// nothing reaches.

@@ -8,8 +8,12 @@ namespace korva::sim {
 namespace {
 
 constexpr std::size_t kNoColumn = 99;  // beyond every row
-constexpr DataColumns kColumns{.unit = 14, .unit_box = kNoColumn, .position = 23, .follows = 15};
-constexpr DataColumns kSecondColumns{.unit = 15, .unit_box = 14, .position = 24, .follows = kNoColumn};
+constexpr DataColumns kColumns{
+    .unit = 14, .unit_box = kNoColumn, .position = 23, .follows = 15, .code_item = kNoColumn};
+constexpr DataColumns kSecondColumns{
+    .unit = 15, .unit_box = 14, .position = 24, .follows = kNoColumn, .code_item = kNoColumn};
+constexpr DataColumns kLiteThirdColumns{
+    .unit = 15, .unit_box = 14, .position = 24, .follows = kNoColumn, .code_item = 23};
 
 // LiteForth and LiteFifth answer an upload in the COK dialect.
 constexpr std::array<Family, 11> kFamilies{{
@@ -60,7 +64,8 @@ constexpr std::array<Family, 11> kFamilies{{
      .unit_item = "11",
      .reset_item = "34",
      .counts = false,
-     .empty_tag = "TAG not entered!"},
+     .empty_tag = "TAG not entered!",
+     .frequencies = FrequencyCodes::FromHertz},
     {.word = "Third",
      .folder = "Kv_3",
      .baud = 1200,
@@ -139,12 +144,15 @@ constexpr std::array<Family, 11> kFamilies{{
      .live_form = LiveForm::Unit,
      .table = TableShape::None,
      .typed_input = false,
-     .columns = kColumns,
-     .span_item = "15",
-     .unit_item = "",
+     .columns = kLiteThirdColumns,
+     .span_item = "32",
+     .unit_item = "11",
      .reset_item = "",
      .counts = false,
-     .empty_tag = "TAG not entered!"},
+     .empty_tag = "TAG not entered!",
+     .frequencies = FrequencyCodes::FromMillihertz,
+     .tag_echo = "SET_user_TAG",
+     .table_item = "42"},
     {.word = "LiteForth",
      .folder = "z2Kv_4",
      .baud = 9600,

@@ -25,12 +25,20 @@ enum class TableShape {
   ByModel,    ///< One of these by model.
 };
 
+/// How a device takes frequencies.
+enum class FrequencyCodes {
+  None,            ///< It has no item for their unit.
+  FromHertz,       ///< 0 Hz, 1 kHz, 2 mHz; every number is reported with its unit.
+  FromMillihertz,  ///< 0 mHz, 1 Hz, 2 kHz; only frequencies are reported with their unit.
+};
+
 /// Columns of `$Data` that not every family's definitions have at the same place.
 struct DataColumns {
-  std::size_t unit;      ///< Text of the unit.
-  std::size_t unit_box;  ///< Box of frequency units, beyond the row where the family has none.
-  std::size_t position;  ///< Place in the order of writing.
-  std::size_t follows;   ///< List of the choice that brings the unit.
+  std::size_t unit;       ///< Text of the unit.
+  std::size_t unit_box;   ///< Box of frequency units, beyond the row where the family has none.
+  std::size_t position;   ///< Place in the order of writing.
+  std::size_t follows;    ///< List of the choice that brings the unit.
+  std::size_t code_item;  ///< Item of a frequency's unit where it is another than the family's.
 };
 
 /// What devices of one family have in common.
@@ -47,13 +55,16 @@ struct Family {
   bool typed_input;            ///< `$I10` holds limits and settable flag of each type, `$I11Body` its ranges.
   DataColumns columns;         ///< Columns of its definitions.
   std::string_view span_item;  ///< Item of group 01 with the span of the input.
-  std::string_view unit_item;  ///< Item of group 01 with the unit in which frequencies are written; devices
-                               ///< that have one report every number with its unit. Empty: none.
+  std::string_view
+      unit_item;  ///< Item of group 01 with the unit in which frequencies are written; empty: none.
   std::string_view reset_item;  ///< Item of group 01 that resets all parameters; empty: none.
   bool counts;                  ///< A live value that can be set and is no percentage is a count.
   std::string_view empty_tag;   ///< What a device without a tag answers in the `EnterItem` dialect.
   /// Column 22 tells the kind of an item; no reply has a prefix.
   bool kinds = false;
+  FrequencyCodes frequencies = FrequencyCodes::None;
+  std::string_view tag_echo = {};    ///< What a write of the tag is answered with; empty: the tag.
+  std::string_view table_item = {};  ///< Item of group 01 that takes the table in a dialogue; empty: none.
   bool memory = false;  ///< Types, calibration and curve stand in a memory with an access of its own.
 };
 

@@ -31,6 +31,13 @@ constexpr std::array kPowerUp = {
     PowerUp{.family = "Second", .models = "", .item = "24", .value = "100"},
     PowerUp{.family = "Second", .models = "", .item = "25", .value = "100"},
     PowerUp{.family = "Second", .models = "", .item = "33", .value = "1000"},
+    // pulse inputs of the second line: cut-outs in % and Hz, range in Hz, detection levels in V
+    PowerUp{.family = "LiteThird", .models = "", .item = "13", .value = "100"},
+    PowerUp{.family = "LiteThird", .models = "", .item = "18", .value = "1"},
+    PowerUp{.family = "LiteThird", .models = "", .item = "32", .value = "500"},
+    PowerUp{.family = "LiteThird", .models = "", .item = "33", .value = "1"},
+    PowerUp{.family = "LiteThird", .models = "", .item = "38", .value = "2.5"},
+    PowerUp{.family = "LiteThird", .models = "", .item = "39", .value = "0.5"},
     // data of a cold junction sensor that was never exchanged
     PowerUp{.family = "Lite", .models = "", .item = "34", .value = "-999.9"},
     PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},

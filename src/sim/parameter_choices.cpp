@@ -20,13 +20,6 @@ constexpr std::size_t kTypeUnit = 8;
 
 constexpr std::string_view kInputTypes = "$I10";
 
-/// The units that frequencies can be written in: code, text, unit.
-const std::vector<Definition::Row>& FrequencyUnits() {
-  static const std::vector<Definition::Row> units = {
-      {"0", "0:Hz", "Hz"}, {"1", "1:kHz", "kHz"}, {"2", "2:mHz", "mHz"}};
-  return units;
-}
-
 /// A limit in the unit that the device shows, not narrower than the same limit in deg C.
 std::string LimitInUnit(const std::string& limit, std::string_view unit, bool upper) {
   const auto value = ParseNumber(limit);
@@ -38,6 +31,15 @@ std::string LimitInUnit(const std::string& limit, std::string_view unit, bool up
 }
 
 }  // namespace
+
+/// The units that frequencies can be written in: code, text, what stands behind a number.
+const std::vector<Definition::Row>& Parameters::FrequencyUnits() const {
+  static const std::vector<Definition::Row> from_hertz = {
+      {"0", "0:Hz", " Hz"}, {"1", "1:kHz", " kHz"}, {"2", "2:mHz", " mHz"}};
+  static const std::vector<Definition::Row> from_millihertz = {
+      {"0", "0:mHz", "mHz"}, {"1", "1:Hz", " Hz"}, {"2", "2:kHz", "kHz"}};
+  return family_.frequencies == FrequencyCodes::FromMillihertz ? from_millihertz : from_hertz;
+}
 
 const std::vector<Definition::Row>& Parameters::Rows(const Item& choice) const {
   return choice.section == kFrequencyUnits ? FrequencyUnits() : definition_.Rows(choice.section);
@@ -85,8 +87,17 @@ std::size_t Parameters::InputTitle() const {
   return found == titles.end() || index > 3 ? 0 : index;
 }
 
+bool Parameters::IsPreferred(const Item& item, std::size_t row) const {
+  if (item.section == kInputTypes && family_.typed_input) {
+    return Field(Rows(item)[row], kTypeSettable) == "Y";
+  }
+  const std::string text = RowText(item, row);
+  return item.section == kFrequencyUnits ? text.ends_with(":Hz") : text != "0:NO FILTER" && text != "NO ALARM";
+}
+
 /// The row that a choice has at power-up: the first usable one, with a filter or an alarm in use where there
-/// is one. Of the input types the first that can be set, or else the one that is fixed in the device.
+/// is one. Of the input types the first that can be set, or else the one that is fixed in the device. Of the
+/// units of frequencies Hz.
 std::size_t Parameters::FirstRow(const Item& item) const {
   const auto& rows = Rows(item);
   std::optional<std::size_t> usable;
@@ -95,10 +106,7 @@ std::size_t Parameters::FirstRow(const Item& item) const {
       continue;
     }
     usable = usable.value_or(row);
-    const bool preferred = item.section == kInputTypes && family_.typed_input
-                               ? Field(rows[row], kTypeSettable) == "Y"
-                               : RowText(item, row) != "0:NO FILTER" && RowText(item, row) != "NO ALARM";
-    if (preferred) {
+    if (IsPreferred(item, row)) {
       return row;
     }
   }

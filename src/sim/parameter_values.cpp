@@ -64,10 +64,10 @@ std::string Parameters::Plain(const Item& item) const {
 
 std::optional<double> Parameters::Quantity(const Item& item) const {
   const auto number = item.kind == Item::Kind::Number ? ParseNumber(Plain(item)) : std::nullopt;
-  if (number && item.tail == " kHz") {
+  if (number && item.tail.ends_with("kHz")) {
     return *number * 1000;
   }
-  return number && item.tail == " mHz" ? std::optional(*number / 1000) : number;
+  return number && item.tail.ends_with("mHz") ? std::optional(*number / 1000) : number;
 }
 
 WriteResult Parameters::Write(Item& item, std::string_view data) {
@@ -105,19 +105,22 @@ WriteResult Parameters::WriteNumber(Item& item, std::string_view data) const {
 }
 
 /// Takes a number as the device keeps it: fine values, percentages and frequencies beside their unit with two
-/// decimals, times on their grid, all others as they were written.
+/// decimals, times and voltages on their grid, all others as they were written.
 void Parameters::Hold(Item& item, double value, std::string_view text) const {
-  constexpr double grid = 5;  // msec
-  const bool united = !family_.unit_item.empty();
+  constexpr double time_grid = 5;         // msec
+  constexpr double steps_of_a_volt = 20;  // 0.05 V
+  const bool united = family_.frequencies != FrequencyCodes::None;
   if (united && item.unit == "msec") {
-    item.held = FormatNumber(std::trunc(value / grid) * grid, 0);
-  } else if (item.frequency || IsFine(item) || (united && item.unit == "%")) {
+    item.held = FormatNumber(std::trunc(value / time_grid) * time_grid, 0);
+  } else if (united && item.unit == "V") {
+    item.held = FormatNumber(std::round(value * steps_of_a_volt) / steps_of_a_volt, 2);
+  } else if (!item.unit_item.empty() || IsFine(item) || (united && item.unit == "%")) {
     item.held = FormatNumber(value, 2);
   } else {
     item.held = text;
   }
-  if (const Item* const unit = item.frequency ? Find("01", family_.unit_item) : nullptr) {
-    item.tail = " " + Field(Rows(*unit)[unit->row], 2);
+  if (const Item* const unit = item.unit_item.empty() ? nullptr : Find("01", item.unit_item)) {
+    item.tail = Field(Rows(*unit)[unit->row], 2);
   }
 }
 

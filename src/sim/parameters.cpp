@@ -70,7 +70,10 @@ void Parameters::AddRow(const Definition::Row& row) {
     item->title += '1';  // the display numbers the types of its inputs
   }
   fill(item->unit, family_.columns.unit);
-  item->frequency = item->frequency || !Field(row, family_.columns.unit_box).empty();
+  if (!Field(row, family_.columns.unit_box).empty()) {
+    fill(item->unit_item, family_.columns.code_item);
+    item->unit_item = item->unit_item.empty() ? std::string(family_.unit_item) : item->unit_item;
+  }
   fill(item->follows, family_.columns.follows);
   fill(item->form, kPrefix);
   if (!family_.kinds && item->form != "O" && item->form != "N") {  // these mark choices, they are no prefixes
@@ -97,7 +100,7 @@ void Parameters::ClassifyRow(const Definition::Row& row, Item& item) const {
   if (alarm != nullptr) {
     item.directed = true;
     item.tail = alarm->unit;
-  } else if (!family_.unit_item.empty() && !item.unit.empty()) {
+  } else if (family_.frequencies == FrequencyCodes::FromHertz && !item.unit.empty()) {
     item.tail = " " + item.unit;
   }
 }
@@ -129,15 +132,21 @@ Item::Kind Parameters::KindOf(const Definition::Row& row, const Item& item) cons
 }
 
 void Parameters::AddUnits() {
-  if (family_.unit_item.empty() || Find("01", family_.unit_item) != nullptr) {
-    return;
+  std::vector<std::string> codes = {std::string(family_.unit_item)};
+  for (const auto& item : items_) {
+    codes.push_back(item.unit_item);
   }
-  Item& item = items_.emplace_back();
-  item.group = "01";
-  item.item = family_.unit_item;
-  item.title = "unit frequency";
-  item.kind = Item::Kind::Choice;
-  item.section = kFrequencyUnits;
+  for (const auto& code : codes) {
+    if (code.empty() || Find("01", code) != nullptr) {
+      continue;
+    }
+    Item& item = items_.emplace_back();
+    item.group = "01";
+    item.item = code;
+    item.title = "unit frequency";
+    item.kind = Item::Kind::Choice;
+    item.section = kFrequencyUnits;
+  }
 }
 
 /// What is kept in the memory is told by items, but not set by them.

@@ -42,19 +42,20 @@ struct Item {
   std::string group;
   std::string item;
   Kind kind = Kind::Number;
-  std::string title;       ///< As the device's display names it.
-  std::string form;        ///< Word of the definition for its kind, or its prefix.
-  std::string prefix;      ///< Stands before the value in a reply.
-  std::string unit;        ///< Unit that the definition gives.
-  std::string follows;     ///< List of the choice that brings the unit.
-  std::string tail;        ///< Stands behind a number in a reply, with a blank before it if it has one.
-  bool frequency = false;  ///< A number that is held in the unit that it was written in.
-  bool directed = false;   ///< A number that may be written with a direction behind it.
-  std::string section;     ///< Definition section of a choice.
-  bool by_title = false;   ///< The choice's column in `$I11Body` follows from the input type.
-  bool uploaded = false;   ///< Configurators read it as a parameter.
-  std::string held;        ///< The value, save for choices and live values.
-  std::size_t row = 0;     ///< The chosen row of a choice.
+  std::string title;    ///< As the device's display names it.
+  std::string form;     ///< Word of the definition for its kind, or its prefix.
+  std::string prefix;   ///< Stands before the value in a reply.
+  std::string unit;     ///< Unit that the definition gives.
+  std::string follows;  ///< List of the choice that brings the unit.
+  std::string tail;     ///< Stands behind a number in a reply, with a blank before it if it has one.
+  /// Item of group 01 with the unit in which this number is written and held; empty: it is no frequency.
+  std::string unit_item;
+  bool directed = false;  ///< A number that may be written with a direction behind it.
+  std::string section;    ///< Definition section of a choice.
+  bool by_title = false;  ///< The choice's column in `$I11Body` follows from the input type.
+  bool uploaded = false;  ///< Configurators read it as a parameter.
+  std::string held;       ///< The value, save for choices and live values.
+  std::size_t row = 0;    ///< The chosen row of a choice.
 };
 
 /// Whether the item is zero or span, which the device limits.
@@ -114,6 +115,7 @@ class Parameters {
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;
   std::size_t FirstRow(const Item& item) const;
+  bool IsPreferred(const Item& item, std::size_t row) const;
   std::string PowerUpText(const Item& item) const;
   std::string PowerUpLimit(bool span) const;
   std::string FirstTypeLimit(const Item& item) const;
@@ -131,6 +133,7 @@ class Parameters {
   WriteResult WriteNumber(Item& item, std::string_view data) const;
   WriteResult CarryOut(const Item& command, std::string_view data);
   void Hold(Item& item, double value, std::string_view text) const;
+  const std::vector<Definition::Row>& FrequencyUnits() const;
   void SettleRange();
 
   Definition definition_;

@@ -11,13 +11,7 @@ constexpr StringView kTagKind = u"TG:";
 
 }  // namespace
 
-std::optional<CodeTable> KindForm::CodesOf(int item) const {
-  const int row = Page().FindDataRow(FormatMask(item, u"00"));
-  if (row < 0 || Page().DataCell(row, kChoiceKey).empty()) {
-    return std::nullopt;
-  }
-  return CodeTable{.key = Page().DataCell(row, kChoiceKey)};
-}
+std::optional<CodeTable> KindForm::CodesOf(int item) const { return CodesOfRow(FormatMask(item, u"00")); }
 
 bool IsValueRow(const ParameterPage& page, int row) {
   const String& kind = page.DataCell(row, kItemKind);

@@ -44,6 +44,14 @@ bool RowForm::HasCode(int row) const {
   return !codes || ListOf(*codes).FindText(page_.SetCell(row)) >= 0 || WillBeSpelt(row);
 }
 
+std::optional<CodeTable> RowForm::CodesOfRow(const String& item) const {
+  const int row = page_.FindDataRow(item);
+  if (row < 0 || page_.DataCell(row, kChoiceKey).empty()) {
+    return std::nullopt;
+  }
+  return CodeTable{.key = page_.DataCell(row, kChoiceKey)};
+}
+
 std::optional<CodeTable> RowForm::RangeCodesUnderTitle() const {
   return page_.RangesOfType()
              ? std::optional(CodeTable{.key = u"$I11Body", .title = page_.TitleIndex(page_.InputTypeRow())})

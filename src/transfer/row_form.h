@@ -43,6 +43,8 @@ class RowForm {
  protected:
   /// The codes of item 11 under the present input type's title; nothing under a title without any.
   [[nodiscard]] std::optional<CodeTable> RangeCodesUnderTitle() const;
+  /// The codes of an item of group "01" in the list that its row names; nothing when it names none.
+  [[nodiscard]] std::optional<CodeTable> CodesOfRow(const String& item) const;
   [[nodiscard]] const ParameterPage& Page() const { return page_; }
 
  private:

@@ -6,11 +6,20 @@
 
 namespace korva {
 
+namespace {
+
+constexpr FrequencyUnitForm kUnits = {.units = {{{.text = u"Hz", .code = u"0"},
+                                                 {.text = u"kHz", .code = u"1", .hertz = 1000},
+                                                 {.text = u"mHz", .code = u"2", .hertz = 0.001}}},
+                                      .splits_fixed = true};
+
+}  // namespace
+
 KvConfig_V2::KvConfig_V2(Program& program, const FamilyRecord& record, DeviceLink& link)
     : ParameterPage(program,
                     {.family = record.family, .tab_control = "KvCfg_Tab", .design = kKvConfigV2Design},
                     FormsOf(record), link),
-      units(*this),
+      units(*this, kUnits),
       monitor(*this, record.monitor),
       output(*this, record.output, monitor),
       fixed_boxes_(*this),

@@ -13,7 +13,7 @@ class KvConfig_V2 final : public ParameterPage {
 
   OptionGroup optAlarm{"optAlarm", 2};
 
-  KvConfigV2Units units;
+  FrequencyUnits units;
   StatusMonitor monitor;
   OutputSetting output;
 
@@ -29,7 +29,7 @@ class KvConfig_V2 final : public ParameterPage {
   };
 
   FixedBoxes fixed_boxes_;
-  KvConfigV2Form form_;
+  QuantityForm form_;
   UploadSteps upload_steps_;
   NumberCheck check_steps_;
   KvConfigV2Download download_steps_;

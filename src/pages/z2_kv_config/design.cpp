@@ -52,23 +52,11 @@ constexpr auto kFineAdjustmentRows = std::to_array<DesignRow>({
 });
 
 /// The indexes that no item of today's models has: a new item takes any of them.
-constexpr std::array kFreeRows = [] {
-  // The caption labels of the live values stand here too: those are captioned by their numbers.
-  constexpr std::array kLabels = {6,  7,  8,  9,  17, 24, 25, 26, 27, 28, 29, 34, 35, 36,
-                                  37, 38, 39, 40, 41, 42, 43, 0,  1,  2,  3,  4,  5};
-  constexpr std::array kFields = {9,  12, 13, 14, 15, 16, 17, 18, 19, 26, 27, 28, 29, 30,
-                                  31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43};
-  static_assert(kLabels.size() == kFields.size());
-  std::array<DesignRow, kFields.size()> rows{};
-  for (std::size_t place = 0; place < rows.size(); ++place) {
-    DesignRow& row = rows.at(place);
-    row = FieldRow({.item = {}, .label = kLabels.at(place), .field = kFields.at(place)});
-    if (kLabels.at(place) < kFirstFreeNumber) {
-      row.number = {};
-    }
-  }
-  return rows;
-}();
+constexpr std::array kFreeRows = FreeRows(std::array{6,  7,  8,  9,  17, 24, 25, 26, 27, 28, 29, 34, 35, 36,
+                                                     37, 38, 39, 40, 41, 42, 43, 0,  1,  2,  3,  4,  5},
+                                          std::array{9,  12, 13, 14, 15, 16, 17, 18, 19, 26, 27, 28, 29, 30,
+                                                     31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43},
+                                          kFirstFreeNumber);
 
 constexpr std::array kPointRows = PointRows("cmd_csvFileOpen cmd_csvFileSave");
 
