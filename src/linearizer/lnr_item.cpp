@@ -30,14 +30,17 @@ String LnrValueOf(const String& reply) {
   return reply.size() <= kHead || reply == kNeedless ? String() : Trimmed(reply.substr(kHead));
 }
 
-bool LnrReplyMatches(const String& sent, const String& reply) {
-  const String value = LnrValueOf(reply);
+bool LnrValueMatches(const String& sent, const String& value) {
   if (!IsNumeric(sent) || NumericLength(value) == 0) {
     return false;
   }
   const double number = LeadingNumber(sent);
   const double reported = LeadingNumber(value);
   return AtLeast(reported, number - kDeviceRounding) && AtLeast(number + kDeviceRounding, reported);
+}
+
+bool LnrReplyMatches(const String& sent, const String& reply) {
+  return LnrValueMatches(sent, LnrValueOf(reply));
 }
 
 bool WriteLnrValue(const ParameterPage& page, const PointPlace& place) {

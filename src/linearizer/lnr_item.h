@@ -14,8 +14,10 @@ WireItem WireOfPoint(const PointPlace& place);
 /// item of no use.
 String LnrValueOf(const String& reply);
 
-/// True when the device's reply to a write of `sent` tells the same value, give or take 0.01, to which
-/// devices round. Neither a text nor a reply without a number can be the same as anything.
+/// True when `value` begins with the number that was sent, give or take 0.01, to which devices round. A text
+/// without a number is never the same as anything.
+bool LnrValueMatches(const String& sent, const String& value);
+/// The same for the value behind the head of a reply.
 bool LnrReplyMatches(const String& sent, const String& reply);
 
 /// Reads the item of a value, writes what the set holds for it, an empty cell as 0, and proves that. False

@@ -4,19 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "core/numbers.h"
 #include "core/program.h"
 #include "core/text_utilities.h"
 #include "linearizer/lnr_check.h"
 #include "linearizer/lnr_item.h"
 
 namespace korva {
-
-namespace {
-
-constexpr StringView kStoredMask = u"##0.00";  ///< of what a store holds
-
-}  // namespace
 
 /// Items of one group, without a gap.
 struct LnrTransfer::Block {
@@ -57,36 +50,32 @@ bool LnrTransfer::Upload() {
 }
 
 void LnrTransfer::UploadFromStore() {
-  const std::optional<std::vector<LnrPoint>> points = store_->Read(bar_);
-  page_.EnterMonitorMode();
+  const LnrReading reading = store_->Read(bar_);
   table_.Clear();
-  if (!points) {
-    page_.Notes.Tell(Notice::NoTable, page_.Words(TextKey::TableNotRead));
-    return;
-  }
   int row = 0;
-  for (const LnrPoint& point : *points) {
+  for (const PointTexts& point : reading.points) {
     ++row;
-    table_.Store(row, 1, FormatMask(point.x, kStoredMask));
-    table_.Store(row, 2, FormatMask(point.y, kStoredMask));
+    table_.Store(row, 1, point.x);
+    table_.Store(row, 2, point.y);
   }
-  page_.Notes.Tell(Notice::NoTable, points->empty() ? page_.Words(TextKey::NoTable) : String());
+  const String none = reading.points.empty() ? page_.Words(TextKey::NoTable) : String();
+  page_.Notes.Tell(Notice::NoTable, reading.complete ? none : page_.Words(TextKey::TableNotRead));
 }
 
-std::vector<LnrPoint> LnrTransfer::PointsOfTable() const {
-  const auto number = [this](int row, int column) {
-    return LeadingNumber(ValueFromLnrCell(table_.Value(row, column)));
-  };
-  std::vector<LnrPoint> points;
-  for (int row = 1; row <= table_.Points() && !Trimmed(table_.Value(row, 1)).empty(); ++row) {
-    points.push_back({.x = number(row, 1), .y = number(row, 2)});
+std::vector<PointTexts> LnrTransfer::PointsOfTable() const {
+  std::vector<PointTexts> points;
+  for (int row = 1; row <= table_.FilledPoints(); ++row) {
+    points.push_back(
+        {.x = ValueFromLnrCell(table_.Value(row, 1)), .y = ValueFromLnrCell(table_.Value(row, 2))});
   }
   return points;
 }
 
 bool LnrTransfer::DownloadToStore() {
+  if (!store_->BeginWriting()) {
+    return false;
+  }
   const bool written = store_->Write(PointsOfTable(), bar_);
-  page_.EnterMonitorMode();
   if (!written) {
     page_.Box().Show(BoxKey::LinearizerDownloadFailed);
   }

@@ -16,9 +16,9 @@ class LnrTransfer {
   LnrTransfer(ParameterPage& page, LnrTable& table, ProgressBar& bar, LnrStore* store = nullptr)
       : page_(page), table_(table), bar_(bar), store_(store) {}
 
-  /// Reads the whole table into the set. A value that the device doesn't give is empty; a store without a
-  /// table, or that can't be read, gives an empty one, and the status area tells so. False when the user doesn't want the 100 points:
-  /// nothing was read then.
+  /// Reads the whole table into the set. A value that the device doesn't give is empty. The status area tells
+  /// of a store without a table, and of one that could not be read. False when the user doesn't want the 100
+  /// points: nothing was read then.
   bool Upload();
   /// Puts the device in programming mode and writes the whole table, each value read before and proved
   /// after it. False, after its box, when the mode was not taken or a value was not: what was written up to
@@ -32,7 +32,7 @@ class LnrTransfer {
   [[nodiscard]] bool HasStore() const { return store_ != nullptr && store_->Serves(); }
   void UploadFromStore();
   bool DownloadToStore();
-  [[nodiscard]] std::vector<LnrPoint> PointsOfTable() const;
+  [[nodiscard]] std::vector<PointTexts> PointsOfTable() const;
   void UploadBlock(const Block& block);
   bool DownloadBlock(const Block& block);
   [[nodiscard]] bool IsLong() const { return table_.Points() == kLnrLongPoints; }

@@ -182,8 +182,11 @@ String EnterItemDialect::WriteParamPair(const WireItem& item, const String& tail
   return WriteParam(item, head + tail);
 }
 
-String EnterItemDialect::ReadParamRetry(int count, const WireItem& item) {
-  return FirstText(link_, item, count, [&] { return ReadParam(item); });
+String EnterItemDialect::ReadParamRetry(int count, const WireItem& item, StringView not_ready) {
+  return FirstText(link_, item, count, [&] {
+    const String text = ReadParam(item);
+    return text == not_ready ? String() : text;
+  });
 }
 
 String EnterItemDialect::WriteParamRetry(int count, const WireItem& item, const String& data) {

@@ -91,7 +91,8 @@ class EnterItemDialect : public ItemAccess {
   String WriteParam(const WireItem& item, const String& data);
   /// Sends `head` and then `tail`, whatever the order of the arguments.
   String WriteParamPair(const WireItem& item, const String& tail, const String& head);
-  String ReadParamRetry(int count, const WireItem& item);
+  /// A reply of the text `not_ready` counts as none.
+  String ReadParamRetry(int count, const WireItem& item, StringView not_ready = {});
   String WriteParamRetry(int count, const WireItem& item, const String& data);
   String WriteParamPairRetry(int count, const WireItem& item, const String& tail, const String& head);
   /// The item's reply to its selection, after a group answered exactly with "enter item".

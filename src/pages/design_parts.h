@@ -87,6 +87,13 @@ constexpr DesignRow OptionRow(const ItemPlace& place) {
           .field = ElementName<arrays::kFrame>(place.field)};
 }
 
+/// An option group with room for a caption label beside its frame.
+constexpr DesignRow LabelledOptionRow(const ItemPlace& place) {
+  DesignRow row = OptionRow(place);
+  row.label = ElementName<arrays::kCaption>(place.label);
+  return row;
+}
+
 /// A live value, captioned by its number label.
 constexpr DesignRow LiveRow(const ItemPlace& place) {
   return {.item = place.item,

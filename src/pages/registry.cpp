@@ -15,6 +15,7 @@
 #include "pages/z2_kv_config/z2_kv_config.h"
 #include "pages/z2_kv_config_v2/family.h"
 #include "pages/z2_kv_config_v3/family.h"
+#include "pages/z2_kv_config_v3/z2_kv_config_v3.h"
 #include "pages/z2_kv_config_v4/family.h"
 #include "pages/z2_kv_config_v5/family.h"
 #include "pages/z2_univ_config/family.h"
@@ -37,7 +38,7 @@ constexpr std::array kRegistry = {
     RegistryEntry{.record = kZ2KvConfigRecord, .page = PageMaker(Make<z2KvConfig>)},
     RegistryEntry{.record = kZ2UnivConfigRecord, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV2Record, .page = kNone},
-    RegistryEntry{.record = kZ2KvConfigV3Record, .page = kNone},
+    RegistryEntry{.record = kZ2KvConfigV3Record, .page = PageMaker(Make<z2KvConfig_V3>)},
     RegistryEntry{.record = kZ2KvConfigV4Record, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV5Record, .page = kNone},
     RegistryEntry{.record = kZ8KvConfigRecord, .page = kNone},

@@ -92,7 +92,8 @@ bool Parameters::IsPreferred(const Item& item, std::size_t row) const {
     return Field(Rows(item)[row], kTypeSettable) == "Y";
   }
   const std::string text = RowText(item, row);
-  return item.section == kFrequencyUnits ? text.ends_with(":Hz") : text != "0:NO FILTER" && text != "NO ALARM";
+  return item.section == kFrequencyUnits ? text.ends_with(":Hz")
+                                         : text != "0:NO FILTER" && text != "NO ALARM";
 }
 
 /// The row that a choice has at power-up: the first usable one, with a filter or an alarm in use where there

@@ -104,8 +104,8 @@ WriteResult Parameters::WriteNumber(Item& item, std::string_view data) const {
   return WriteResult::Done;
 }
 
-/// Takes a number as the device keeps it: fine values, percentages and frequencies beside their unit with two
-/// decimals, times and voltages on their grid, all others as they were written.
+/// Takes a number as the device keeps it: fine values, and beside their unit percentages and most
+/// frequencies, with two decimals, times and voltages on their grid, all others as they were written.
 void Parameters::Hold(Item& item, double value, std::string_view text) const {
   constexpr double time_grid = 5;         // msec
   constexpr double steps_of_a_volt = 20;  // 0.05 V
@@ -114,7 +114,8 @@ void Parameters::Hold(Item& item, double value, std::string_view text) const {
     item.held = FormatNumber(std::trunc(value / time_grid) * time_grid, 0);
   } else if (united && item.unit == "V") {
     item.held = FormatNumber(std::round(value * steps_of_a_volt) / steps_of_a_volt, 2);
-  } else if (!item.unit_item.empty() || IsFine(item) || (united && item.unit == "%")) {
+  } else if (IsFine(item) || (united && item.unit == "%") ||
+             (!item.unit_item.empty() && family_.frequencies == FrequencyCodes::FromHertz)) {
     item.held = FormatNumber(value, 2);
   } else {
     item.held = text;

@@ -223,11 +223,14 @@ bool Download::WriteVerified(WriteEntry& entry) {
 
 String DownloadSteps::WriteChecked(const WriteEntry& entry) {
   // The tag is written even where it can't be read.
-  if (page_.Items().ReadRetry(kItemRepeats, entry.item).empty() &&
-      LeadingInteger(entry.item.item) != kTagItem) {
+  if (ReadBefore(entry).empty() && LeadingInteger(entry.item.item) != kTagItem) {
     return {};
   }
   return WriteData(entry);
+}
+
+String DownloadSteps::ReadBefore(const WriteEntry& entry) const {
+  return page_.Items().ReadRetry(kItemRepeats, entry.item);
 }
 
 String DownloadSteps::WriteData(const WriteEntry& entry) {

@@ -27,6 +27,8 @@ class DownloadSteps {
   virtual bool BeginWriting() { return page_.EnterProgrammingMode(); }
   /// The data of an entry as it goes out in the end.
   [[nodiscard]] virtual String FinalData(const WriteEntry& entry) const { return entry.data; }
+  /// What the device holds before an entry is written, or empty when it gives nothing.
+  [[nodiscard]] virtual String ReadBefore(const WriteEntry& entry) const;
   /// Writes one entry that can be read; the text that is to prove it, or empty when the device gave none.
   virtual String WriteChecked(const WriteEntry& entry);
   /// Sends the data of one entry; the device's echo, or empty when there was none.

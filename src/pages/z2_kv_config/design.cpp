@@ -10,13 +10,6 @@ namespace {
 
 constexpr int kFirstFreeNumber = 6;  ///< number labels below it are those of live values
 
-/// An option group with room for a caption label beside its frame.
-constexpr DesignRow LabelledOptionRow(const ItemPlace& place) {
-  DesignRow row = OptionRow(place);
-  row.label = ElementName<arrays::kCaption>(place.label);
-  return row;
-}
-
 /// The input type, and the range that belongs to it.
 constexpr DesignRow kInputTypeRow = [] {
   DesignRow row = ListRow({.item = u"10", .label = 11, .field = 0});

@@ -5,15 +5,16 @@
 
 namespace korva {
 
-/// The linearizers that models of family Lite keep in their memory.
+/// The linearizers that models of family Lite keep in their memory. The device is in monitor mode behind both
+/// transfers.
 class StoredTable final : public LnrStore {
  public:
   /// Both outlive this.
   StoredTable(Page& page, CurveWriter& writer) : page_(page), writer_(writer) {}
 
   [[nodiscard]] bool Serves() const override { return FindLnrImage(page_.DefFile) != nullptr; }
-  [[nodiscard]] std::optional<std::vector<LnrPoint>> Read(ProgressBar& bar) override;
-  bool Write(std::span<const LnrPoint> points, ProgressBar& bar) override;
+  [[nodiscard]] LnrReading Read(ProgressBar& bar) override;
+  bool Write(std::span<const PointTexts> points, ProgressBar& bar) override;
 
  private:
   Page& page_;

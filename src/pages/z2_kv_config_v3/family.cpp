@@ -30,6 +30,16 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 6, .kind = SectionKind::List},
 };
 
+constexpr FieldArrays kArrays = {
+    .lbl_item = 43, .label = 43, .text = 43, .frame = 3, .combo = 3, .lbl_unit = 43};
+constexpr std::array kLists = {
+    ListRule{.key = u"$I35", .table = u"$I35", .fill = ListFill::Coded},
+    ListRule{.key = u"$I41", .table = u"$I41", .fill = ListFill::Coded},
+    ListRule{.key = u"$I23", .table = u"$I23", .fill = ListFill::Coded},
+    ListRule{.key = u"$I40", .table = u"$I40", .fill = ListFill::Coded},
+};
+constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"04", u"05", u"06", u"07", u"08"};
+
 constexpr std::array kCycle = {CycleItem{.key = u"05"}, CycleItem{.key = u"06"}};
 
 }  // namespace
@@ -45,7 +55,12 @@ constexpr FamilyRecord kZ2KvConfigV3Record = {
     .device = {.system_text = SystemText::Value},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kLayout},
-    .fields = kNone,
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone},
     .monitor = {.presence = live::kItems03To08,
                 .cycle = kCycle,
                 .clean = TrimNumericTail,
