@@ -56,8 +56,14 @@ GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, Q
     }
   });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-    if (!following_) {
-      grid_.SetTopRow(std::max(1, rowAt(0)));
+    if (following_) {
+      return;
+    }
+    const int top = std::max(1, rowAt(0));
+    if (showing_current_) {
+      grid_.SetTopRow(top);
+    } else {
+      grid_.UserScrolls(top);
     }
   });
 }
@@ -128,6 +134,7 @@ void GridView::ShowCurrent() {
   if (row == std::max(0, currentRow()) && column == std::max(0, currentColumn())) {
     return;
   }
+  const QScopedValueRollback showing(showing_current_, true);
   const bool none = row == 0;
   setCurrentCell(none ? -1 : row, none ? -1 : column);
   scrollTo(currentIndex());

@@ -36,6 +36,7 @@ class GridView final : public QTableWidget {
   std::function<void(int row, int column)> click_;
   std::optional<unsigned> seen_;  ///< how many changes of the grid it shows
   bool following_ = false;        ///< the page scrolls, not the user
+  bool showing_current_ = false;  ///< it scrolls to the current cell
 };
 
 }  // namespace korva

@@ -211,6 +211,12 @@ void Grid::Resize(int rows, int columns) {
   CellChanged(-1, -1);
 }
 
+void Grid::UserScrolls(int row) {
+  if (Assign(top_row_, row) && OnScroll) {
+    OnScroll();
+  }
+}
+
 void Grid::SetText(int row, int column, const String& text) {
   Cell& cell = cells_.at(Place(row, column));
   if (cell.text != text) {

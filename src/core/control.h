@@ -305,6 +305,8 @@ class Grid : public Control {
   };
   using Control::Control;
   std::function<void(int row, int column)> OnCellClick;
+  /// The user moved other rows into view.
+  std::function<void()> OnScroll;
 
   [[nodiscard]] int Rows() const { return rows_; }
   [[nodiscard]] int Columns() const { return columns_; }
@@ -317,6 +319,8 @@ class Grid : public Control {
   [[nodiscard]] bool IsBad() const override { return bad_cells_ > 0; }
   [[nodiscard]] int TopRow() const { return top_row_; }
   void SetTopRow(int row) { Assign(top_row_, row); }
+  /// The user's scrolling: `row` is the first in view.
+  void UserScrolls(int row);
   /// Row and column of the cell that has the frame of the keyboard, which a view keeps in sight. Row 0: none
   /// has. It goes to each value cell that is newly selected.
   [[nodiscard]] std::pair<int, int> CurrentCell() const { return current_cell_; }

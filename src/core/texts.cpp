@@ -125,6 +125,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::Details, .japanese = u"詳細設定"},
     {.key = TextKey::OpenDetails, .japanese = u"詳細設定"},
     {.key = TextKey::CloseDetails, .japanese = u"閉じる"},
+    {.key = TextKey::Threshold, .japanese = u"ｼｷｲ値", .english = u"Threshold"},
     {.key = TextKey::InputFrequency, .japanese = u"入力 周波数"},
     {.key = TextKey::Maximum, .japanese = u"最大"},
     {.key = TextKey::Minimum, .japanese = u"最小"},
@@ -220,6 +221,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::On, .japanese = u"ON"},
     {.key = TextKey::Start, .japanese = u"START"},
     {.key = TextKey::Stop, .japanese = u"STOP"},
+    {.key = TextKey::Ok, .japanese = u"OK"},
     {.key = TextKey::Version, .japanese = u"KORVA Ver12.09"},
 }};
 

@@ -104,6 +104,7 @@ enum class TextKey {
   Details,      ///< the frame of the detail settings
   OpenDetails,  ///< the button that shows it
   CloseDetails,
+  Threshold,  ///< of a frequency's pulses
   InputFrequency,
   Maximum,
   Minimum,
@@ -152,6 +153,7 @@ enum class TextKey {
   On,
   Start,
   Stop,
+  Ok,
   Version,
   kCount  ///< how many keys there are; no key itself
 };

@@ -94,6 +94,11 @@ void ParameterPage::BuildPage() {
   }
 }
 
+void ParameterPage::ShowAgain(int row) {
+  const Scope building(building_);
+  BuildRow(row);
+}
+
 void ParameterPage::BuildRow(int row) {
   const auto show_caption = [&](auto& controls, DataColumn index, DataColumn caption) {
     if (!DataCell(row, index).empty()) {

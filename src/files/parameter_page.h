@@ -121,6 +121,8 @@ class ParameterPage : public DevicePage {
   [[nodiscard]] String ShownText(int row) const;
   /// What the cell of a row takes of the text in its field.
   [[nodiscard]] String CellOf(int row, const String& text) const;
+  /// Shows one row of the page anew from the set.
+  void ShowAgain(int row);
   /// The unit label of a row; nullptr when it has none, or there is no such row (-1).
   [[nodiscard]] Label* UnitLabelOf(int row);
   /// True while BuildPage puts values into fields.

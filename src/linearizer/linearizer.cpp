@@ -56,6 +56,9 @@ void Linearizer::RegisterControls() {
   if (csv_.Has() && csv_.Value().saves) {
     page_.Register(cmd_csvFileSave);
   }
+  if (family_.edits_by_arrows) {
+    page_.Register(Lnr_OK);
+  }
   if (!family_.limits.empty()) {
     page_.Register(lblLnrLimits);
   }
@@ -70,6 +73,11 @@ void Linearizer::ListenToControls() {
   editor_.cmdLnrChangeOK.OnClick = [this] { Change(0); };
   editor_.cmdLnrChangeCancel.OnClick = [this] { CancelChange(); };
   editor_.txtLnrNewValue.OnKey = [this](Key key) { return PressInEditor(key); };
+  LnrFlexGrid.OnScroll = [this] { HideField(); };
+  Lnr_OK.OnClick = [this] {
+    Change(0);
+    editor_.HideField();
+  };
   cmd_csvFileOpen.OnClick = [this] { OpenCsv(); };
   cmd_csvFileSave.OnClick = [this] { SaveCsv(); };
 }
@@ -87,17 +95,42 @@ void Linearizer::CancelChange() {
 }
 
 bool Linearizer::PressInEditor(Key key) {
+  if (key == Key::Escape) {
+    CancelChange();
+    return true;
+  }
+  if (family_.edits_by_arrows) {
+    return TakeByArrow(key);
+  }
   if (key == Key::Enter) {
     Change(1);
-  } else if (key == Key::Escape) {
-    CancelChange();
   }
-  return key == Key::Enter || key == Key::Escape;
+  return key == Key::Enter;
 }
+
+bool Linearizer::TakeByArrow(Key key) {
+  Change(0);
+  if (key == Key::Enter || LnrSwitchedOff()) {
+    return true;
+  }
+  const int rows = key == Key::Down ? 1 : key == Key::Up ? -1 : 0;
+  const int columns = key == Key::Right ? 1 : key == Key::Left ? -1 : 0;
+  editor_.GoOn(rows, columns);
+  return true;
+}
+
+void Linearizer::HideField() {
+  if (family_.edits_by_arrows) {
+    editor_.HideField();
+  }
+}
+
+void Linearizer::TabEntered(int /*tab*/) { HideField(); }
 
 void Linearizer::SetCaptions(Language language) {
   editor_.SetCaptions(language);
   LnrProgressBar.SetCaption(CaptionText(TextKey::Linearizer, language));
+  Lnr_OK.SetCaption(CaptionText(TextKey::Ok, language));
   cmd_csvFileOpen.SetCaption(CaptionText(TextKey::OpenCsv, language));
   cmd_csvFileSave.SetCaption(CaptionText(TextKey::SaveCsv, language));
   lbl_LnrUnsaved.SetCaption(CaptionText(TextKey::TableUnsaved, language));
@@ -314,6 +347,7 @@ void Linearizer::OpenCsv() {
   const CsvFamily& csv = csv_.Value();
   if (csv.cancels_edit) {
     editor_.Cancel();
+    HideField();
   }
   const std::optional<String> path = ChooseCsvFile(false);
   if (!path) {

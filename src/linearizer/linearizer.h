@@ -28,6 +28,7 @@ class Linearizer final : public PagePart {
   void SetLocked(bool locked) override;
   void ResetBars() override { LnrProgressBar.SetValue(0); }
   void PageCleared() override;
+  void TabEntered(int tab) override;
   void ChoiceMade(const Choice& choice) override;
   /// Enables or disables the tab, and sets the table up, as the model and its set say.
   void SettleTabs(TabMoment moment) override;
@@ -77,6 +78,7 @@ class Linearizer final : public PagePart {
   Button cmd_csvFileOpen{"cmd_csvFileOpen"};
   Button cmd_csvFileSave{"cmd_csvFileSave"};  ///< of families that save tables
   Label lbl_LnrUnsaved{"lbl_LnrUnsaved"};
+  Button Lnr_OK{"Lnr_OK"};             ///< takes an edit, of families whose arrow keys do so
   Label lblLnrLimits{"lblLnrLimits"};  ///< of families that tell the limits beside the grid
   OptionGroup Opt_Table{"Opt_Table", 2};
   OptionGroup Opt_Lnr{"Opt_Lnr", 2};
@@ -91,6 +93,9 @@ class Linearizer final : public PagePart {
   void Change(int rows);
   void CancelChange();
   bool PressInEditor(Key key);
+  /// Takes an edit and goes on to the cell where the key leads.
+  bool TakeByArrow(Key key);
+  void HideField();
   [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }
   [[nodiscard]] const LnrModel& Model() const { return ModelRow(family_.models, page_.DefFile); }
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;

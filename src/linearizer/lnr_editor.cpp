@@ -1,5 +1,6 @@
 #include "linearizer/lnr_editor.h"
 
+#include <algorithm>
 #include <string>
 
 #include "core/text_utilities.h"
@@ -42,6 +43,7 @@ void LnrEditor::Select(int row, int column) {
   LnrPrevCol = column;
   LnrRestoreDone = false;
   fraLnrChange.SetVisible(true);
+  txtLnrNewValue.SetVisible(true);
   txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
   MarkOpenEdit();
   txtLnrRow.SetText(Ascii(std::to_string(row)));
@@ -57,6 +59,12 @@ void LnrEditor::Ok() {
 }
 
 void LnrEditor::ReturnToTable(int rows) { table_.GoTo(LnrPrevRow + rows, LnrPrevCol); }
+
+void LnrEditor::GoOn(int rows, int columns) {
+  const int row = std::clamp(LnrPrevRow + rows, 1, table_.Points());
+  table_.BringIntoView(row);
+  Select(row, std::clamp(LnrPrevCol + columns, 1, kLnrColumns - 1));
+}
 
 void LnrEditor::Cancel() {
   Close();

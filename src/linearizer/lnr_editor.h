@@ -26,6 +26,10 @@ class LnrEditor {
   void Ok();
   /// Leaves the keyboard in the table, `rows` below the cell selected last, or in its last row.
   void ReturnToTable(int rows);
+  /// Selects the cell so many rows and columns beside the one selected last, or at the border of the table.
+  void GoOn(int rows, int columns);
+  /// Takes the field of the edit away until the next cell is selected. What was typed stays.
+  void HideField() { txtLnrNewValue.SetVisible(false); }
   /// cmdLnrChangeCancel
   void Cancel();
   /// The table was rebuilt: the editor closes, no cell is selected.

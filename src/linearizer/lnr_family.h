@@ -38,6 +38,9 @@ struct LnrFamily {
   /// How the table travels by the buttons of its tab (TableButtons). Upload and download then leave it as it
   /// is. nullptr: it rides with them.
   const TableButtonsForm* buttons = nullptr;
+  /// The arrow keys take an edit and go on to the next cell. The field of the edit is gone with a scroll of
+  /// the grid and with another tab.
+  bool edits_by_arrows = false;
   StringView limits = {};  ///< the line beside the grid that tells the limits; empty: there is none
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -73,6 +74,8 @@ class LnrTable {
   /// Puts the frame of the keyboard on the first cell that is marked bad, if one is.
   void GoToFirstBad();
   void ScrollToTop() { grid_.SetTopRow(1); }
+  /// Lets the first row in view follow a row above it.
+  void BringIntoView(int row) { grid_.SetTopRow(std::min(grid_.TopRow(), row)); }
 
  private:
   [[nodiscard]] bool IsShown(int row, int column) const;

@@ -30,7 +30,17 @@ String WithTwoDecimals(const String& value) {
   return IsNumeric(value) ? FormatMask(LeadingNumber(value), u"0.00") : value;
 }
 
+std::optional<ThresholdLimits> Both(const String& low, const String& high) {
+  return low.empty() || high.empty() ? std::nullopt
+                                     : std::optional(ThresholdLimits{.low = low, .high = high});
+}
+
 }  // namespace
+
+std::optional<ThresholdLimits> LimitsInRow(const ParameterPage& page, StringView item) {
+  const int row = page.FindDataRow(item);
+  return row < 0 ? std::nullopt : Both(page.DataCell(row, kThresholdLow), page.DataCell(row, kThresholdHigh));
+}
 
 bool ValueInRange(const String& text, const ThresholdLimits& limits) {
   String number = Trimmed(text);
@@ -75,6 +85,9 @@ Threshold::Threshold(ParameterPage& page, const ThresholdFamily& family, StatusM
 
 void Threshold::SetCaptions(Language language) {
   lblMeasFreq.SetCaption(CaptionText(TextKey::InputFrequency, language));
+  if (Frame* frame = ItsFrame()) {
+    frame->SetCaption(CaptionText(TextKey::Threshold, language));
+  }
 }
 
 void Threshold::SetExchangesBarred(bool barred) {
@@ -84,6 +97,9 @@ void Threshold::SetExchangesBarred(bool barred) {
 
 void Threshold::SetUsable(bool usable) {
   usable_ = usable;
+  if (Frame* frame = ItsFrame()) {
+    frame->SetEnabled(usable);
+  }
   running_ = running_ && usable;
   ShowState();
 }
@@ -112,6 +128,14 @@ void Threshold::PageBuilt() {
   for (const Step& step : steps_) {
     step.button->SetVisible(has_box);
   }
+  if (Frame* frame = ItsFrame()) {
+    frame->SetVisible(has_box);
+    frame->SetEnabled(usable_);
+  }
+}
+
+Frame* Threshold::ItsFrame() const {
+  return page_.Frames.Has(family_.frame) ? &page_.Frames[family_.frame] : nullptr;
 }
 
 void Threshold::StartOrStop() {
@@ -168,21 +192,16 @@ void Threshold::ShowThresholdRange() {
 }
 
 std::optional<ThresholdLimits> Threshold::ReadLimits() const {
-  ThresholdLimits limits;
   if (family_.range_item.empty()) {
-    const int row = page_.FindDataRow(family_.item);
-    limits = {.low = page_.DataCell(row, kThresholdLow), .high = page_.DataCell(row, kThresholdHigh)};
-  } else {
-    const String answer = Trimmed(page_.Items().ReadRetry(kOnce, ItemKey(family_.range_item).OnWire()));
-    const ChoiceList ranges = page_.Def.ListOf(family_.ranges);
-    const int text_row = answer.empty() ? -1 : ranges.FindText(answer);
-    const int row = text_row < 0 && IsPlainDecimal(answer) ? LeadingInteger(answer) : text_row;
-    if (row < 0 || row >= ranges.Rows()) {
-      return std::nullopt;
-    }
-    limits = {.low = ranges.Cell(row, &ListColumns::low), .high = ranges.Cell(row, &ListColumns::high)};
+    return LimitsInRow(page_, family_.item);
   }
-  return limits.low.empty() || limits.high.empty() ? std::nullopt : std::optional(limits);
+  const String answer = Trimmed(page_.Items().ReadRetry(kOnce, ItemKey(family_.range_item).OnWire()));
+  const ChoiceList ranges = page_.Def.ListOf(family_.ranges);
+  const int text_row = answer.empty() ? -1 : ranges.FindText(answer);
+  const int row = text_row < 0 && IsPlainDecimal(answer) ? LeadingInteger(answer) : text_row;
+  return row < 0 || row >= ranges.Rows()
+             ? std::nullopt
+             : Both(ranges.Cell(row, &ListColumns::low), ranges.Cell(row, &ListColumns::high));
 }
 
 void Threshold::ApplyBox(TextField& box) {

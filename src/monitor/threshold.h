@@ -14,6 +14,9 @@ struct ThresholdLimits {
   String high;
 };
 
+/// The limits that stand in the row of an item of group "01"; nothing when there are none.
+std::optional<ThresholdLimits> LimitsInRow(const ParameterPage& page, StringView item);
+
 /// True for an empty text, and for a number within the limits. A number may have "%" behind it, which changes
 /// nothing, or a unit of frequency: "Hz", "kHz" (1000 times as much), "mHz" (a thousandth).
 bool ValueInRange(const String& text, const ThresholdLimits& limits);
@@ -48,8 +51,10 @@ class Threshold final : public PagePart {
   /// on a model without a threshold and while another operation runs. As STOP it ends the loop; a step that
   /// waits is dropped.
   void StartOrStop();
-  /// Lets START be pressed or not, by what the input is. A loop that runs ends.
+  /// Opens or closes START and the frame around it, by what the input is. A loop that runs ends when it is
+  /// closed.
   void SetUsable(bool usable);
+  [[nodiscard]] bool Usable() const { return usable_; }
 
   Button cmdThresholdStart{"cmdThresholdStart"};
   Button cmdThresholdM1{"cmdThresholdM1"};
@@ -70,6 +75,7 @@ class Threshold final : public PagePart {
     StringView volts;
   };
 
+  [[nodiscard]] Frame* ItsFrame() const;
   void Start();
   void Stop();
   void Run(TextField& box);

@@ -14,6 +14,7 @@ struct ThresholdFamily {
   /// limits. Both empty: the limits stand in the threshold's own row of $Data.
   StringView range_item = {};
   StringView ranges = {};
+  int frame = -1;  ///< index of the Frame that stands around its controls; -1: none
 };
 
 }  // namespace korva

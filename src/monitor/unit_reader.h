@@ -11,7 +11,7 @@ namespace korva {
 /// What a page gives to its monitor beyond its fields; a page that has none of it gives nothing.
 struct MonitorExtras {
   /// Key of the table that lists the input types of the chosen kind of input ("$I10TC").
-  std::function<String()> InputKind;
+  std::function<String()> InputKind = {};
   /// Unit of the measured frequency.
   Label* unitMeasFreq = nullptr;
 };

@@ -17,7 +17,9 @@
 #include "pages/z2_kv_config_v3/family.h"
 #include "pages/z2_kv_config_v3/z2_kv_config_v3.h"
 #include "pages/z2_kv_config_v4/family.h"
+#include "pages/z2_kv_config_v4/z2_kv_config_v4.h"
 #include "pages/z2_kv_config_v5/family.h"
+#include "pages/z2_kv_config_v5/z2_kv_config_v5.h"
 #include "pages/z2_univ_config/family.h"
 #include "pages/z8_kv_config/family.h"
 
@@ -39,8 +41,8 @@ constexpr std::array kRegistry = {
     RegistryEntry{.record = kZ2UnivConfigRecord, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV2Record, .page = kNone},
     RegistryEntry{.record = kZ2KvConfigV3Record, .page = PageMaker(Make<z2KvConfig_V3>)},
-    RegistryEntry{.record = kZ2KvConfigV4Record, .page = kNone},
-    RegistryEntry{.record = kZ2KvConfigV5Record, .page = kNone},
+    RegistryEntry{.record = kZ2KvConfigV4Record, .page = PageMaker(Make<z2KvConfig_V4>)},
+    RegistryEntry{.record = kZ2KvConfigV5Record, .page = PageMaker(Make<z2KvConfig_V5>)},
     RegistryEntry{.record = kZ8KvConfigRecord, .page = kNone},
 };
 

@@ -2,10 +2,12 @@
 
 #include <array>
 
+#include "files/definition_form.h"
 #include "linearizer/lnr_family.h"
 #include "linearizer/table_exchange.h"
 #include "monitor/monitor_family.h"
 #include "monitor/output_family.h"
+#include "monitor/threshold_family.h"
 
 namespace korva {
 
@@ -51,6 +53,22 @@ inline constexpr std::array kLateZ2Units = {
     UnitStep{
         .item = u"06", .timer = UnitTimer::Item06, .rules = kLateZ2Item06, .to_measured_frequency = true},
 };
+inline constexpr std::array kLateZ2UnitLists = {UnitList{.key = u"$I21", .item = 21},
+                                                UnitList{.key = u"$I11", .item = 11}};
+inline constexpr std::array<StringView, 5> kLateZ2Live = {u"03_set", u"03_mon", u"04", u"05", u"06"};
+/// What the pages show; `lists` fill the combo boxes.
+constexpr FieldForm LateZ2Fields(std::span<const ListRule> lists) {
+  return {.arrays = {.lbl_item = 43, .label = 43, .text = 43, .frame = 1, .combo = 7, .lbl_unit = 43},
+          .groups = 4,
+          .lists = lists,
+          .unit_lists = kLateZ2UnitLists,
+          .live_items = kLateZ2Live,
+          .text_items = kTagAlone};
+}
+constexpr ListRule LateZ2List(StringView key) { return {.key = key, .table = key, .fill = ListFill::Coded}; }
+/// The frame is that around its controls.
+inline constexpr ThresholdFamily kLateZ2Threshold = {.item = u"09", .repeats = 1, .frame = 1};
+
 inline constexpr MonitorFamily kLateZ2Monitor = {.presence = kLateZ2Presence,
                                                  .cycle = kLateZ2Cycle,
                                                  .clean = StripItemPrefix,

@@ -70,6 +70,7 @@ struct Device::State {
   std::string TakeData(std::string_view data);
   std::string TakeParameter(std::string_view data);
   bool HasDialogue(const Item& item) const;
+  bool TakesDataNow() const;
   void EnterMode(std::string_view data);
   std::string Refusal(WriteResult result) const;
   bool InAccess(std::string_view line) const;
@@ -188,13 +189,19 @@ std::string Device::State::TakeData(std::string_view data) {
     const auto answer = dialogue.Answer(data, mode == kProgramming);
     return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
   }
-  if (mode != kProgramming) {
+  if (!TakesDataNow()) {
     return Refusal(WriteResult::Refused);
   }
   if (point) {
     return table.Write(*point, data) ? ReplyValue() : Refusal(WriteResult::Refused);
   }
   return selected == nullptr ? Refusal(WriteResult::Refused) : TakeParameter(data);
+}
+
+/// Most of what can be written is written in programming mode alone.
+bool Device::State::TakesDataNow() const {
+  return mode == kProgramming ||
+         (selected != nullptr && selected->group == "01" && HasWord(family.live_settings, selected->item));
 }
 
 std::string Device::State::TakeParameter(std::string_view data) {

@@ -38,6 +38,14 @@ constexpr std::array kPowerUp = {
     PowerUp{.family = "LiteThird", .models = "", .item = "33", .value = "1"},
     PowerUp{.family = "LiteThird", .models = "", .item = "38", .value = "2.5"},
     PowerUp{.family = "LiteThird", .models = "", .item = "39", .value = "0.5"},
+    // frequency transmitters: threshold in V, cut-out in %, times in msec
+    PowerUp{.family = "LiteForth", .models = "", .item = "09", .value = "2.50"},
+    PowerUp{.family = "LiteForth", .models = "", .item = "12", .value = "1.0"},
+    PowerUp{.family = "LiteForth", .models = "", .item = "25", .value = "100"},
+    PowerUp{.family = "LiteFifth", .models = "", .item = "09", .value = "2.50"},
+    PowerUp{.family = "LiteFifth", .models = "", .item = "12", .value = "1.0"},
+    PowerUp{.family = "LiteFifth", .models = "", .item = "25", .value = "100"},
+    PowerUp{.family = "LiteFifth", .models = "", .item = "26", .value = "5"},
     // data of a cold junction sensor that was never exchanged
     PowerUp{.family = "Lite", .models = "", .item = "34", .value = "-999.9"},
     PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},

@@ -97,11 +97,24 @@ WriteResult Parameters::Write(Item& item, std::string_view data) {
 
 WriteResult Parameters::WriteNumber(Item& item, std::string_view data) const {
   const auto value = ParseNumber(data);
-  if (!value || (data.ends_with('.') && RefusesTrailingPoint(code_))) {
+  if (!value || (data.ends_with('.') && RefusesTrailingPoint(code_)) || !IsThreshold(item, *value)) {
     return WriteResult::Refused;
   }
   Hold(item, *value, data);
   return WriteResult::Done;
+}
+
+/// Whether a threshold can have this value; true for any other number. A line receiver has none: 0 alone.
+bool Parameters::IsThreshold(const Item& item, double volts) const {
+  constexpr std::size_t class_column = 5;
+  if (item.low.empty() || item.high.empty()) {
+    return true;
+  }
+  const Item* const input = Find("01", "11");
+  const bool receiver = input != nullptr && input->row < Rows(*input).size() &&
+                        Field(Rows(*input)[input->row], class_column) == "4";
+  return receiver ? volts == 0
+                  : volts >= ParseNumber(item.low).value_or(0) && volts <= ParseNumber(item.high).value_or(0);
 }
 
 /// Takes a number as the device keeps it: fine values, and beside their unit percentages and most

@@ -16,7 +16,9 @@ constexpr std::size_t kCaption = 3;
 constexpr std::size_t kUpload = 4;
 constexpr std::size_t kCombo = 10;
 constexpr std::size_t kList = 11;
+constexpr std::size_t kThresholdLow = 21;
 constexpr std::size_t kPrefix = 22;
+constexpr std::size_t kThresholdHigh = 24;
 constexpr std::size_t kTitle = 25;
 
 /// The group or item as the wire has it: "03_set" and "03_mon" are both item 03.
@@ -76,6 +78,10 @@ void Parameters::AddRow(const Definition::Row& row) {
   }
   fill(item->follows, family_.columns.follows);
   fill(item->form, kPrefix);
+  if (family_.threshold_in_row) {
+    fill(item->low, kThresholdLow);
+    fill(item->high, kThresholdHigh);
+  }
   if (!family_.kinds && item->form != "O" && item->form != "N") {  // these mark choices, they are no prefixes
     item->prefix = item->form;
   }

@@ -54,6 +54,8 @@ struct Item {
   std::string section;    ///< Definition section of a choice.
   bool by_title = false;  ///< The choice's column in `$I11Body` follows from the input type.
   bool uploaded = false;  ///< Configurators read it as a parameter.
+  std::string low;        ///< Lowest threshold in volts; empty: no threshold, or one without limits.
+  std::string high;       ///< Highest threshold.
   std::string held;       ///< The value, save for choices and live values.
   std::size_t row = 0;    ///< The chosen row of a choice.
 };
@@ -131,6 +133,7 @@ class Parameters {
   std::string Limited(const std::string& held) const;
   WriteResult WriteChoice(Item& item, std::string_view data);
   WriteResult WriteNumber(Item& item, std::string_view data) const;
+  bool IsThreshold(const Item& item, double volts) const;
   WriteResult CarryOut(const Item& command, std::string_view data);
   void Hold(Item& item, double value, std::string_view text) const;
   const std::vector<Definition::Row>& FrequencyUnits() const;

@@ -205,7 +205,7 @@ class Examination {
         faults_.push_back(control->FullName() + ": on a tab that never opens");
       }
       const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
-      if (captioned != nullptr && captioned->Name() != "lbl_unit" && captioned->Caption().empty()) {
+      if (captioned != nullptr && !IsToldByDevice(*control) && captioned->Caption().empty()) {
         faults_.push_back(control->FullName() + ": without a caption");
       }
     }
@@ -217,6 +217,12 @@ class Examination {
         }
       }
     }
+  }
+
+  /// Captioned with what the model, its set or its device tells.
+  static bool IsToldByDevice(const Control& control) {
+    static const std::set<std::string_view> names = {"lbl_unit", "lblThreshold", "unitMeasFreq"};
+    return names.contains(control.Name());
   }
 
   /// Above, beside and below the tabs.

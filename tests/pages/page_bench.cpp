@@ -91,7 +91,8 @@ std::vector<String> ModelsOf(StringView family) {
 
 std::vector<String> AllModels() {
   std::vector<String> names;
-  for (const StringView family : {u"First", u"Second", u"Third", u"Lite", u"LiteThird"}) {
+  for (const StringView family :
+       {u"First", u"Second", u"Third", u"Lite", u"LiteThird", u"LiteForth", u"LiteFifth"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }

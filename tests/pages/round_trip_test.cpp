@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text_utilities.h"
+#include "linearizer/table_buttons.h"
 #include "support/sampled.h"
 #include "sweep_bench.h"
 
@@ -88,6 +89,18 @@ class RoundTripTest : public testing::TestWithParam<String> {
     bench.Choose(Model());
     bench.Upload();
     ASSERT_EQ(bench.TakeBoxes().back(), test::Shown(BoxKey::UploadDone));
+    ReadTable(bench);
+  }
+
+  /// Reads a table that travels by buttons of its own, where it is in use.
+  static void ReadTable(test::PageBench& bench) {
+    for (PagePart* part : bench.Page().Parts()) {
+      auto* const buttons = dynamic_cast<TableButtons*>(part);
+      if (buttons != nullptr && bench.Page().WhyRefused(buttons->cmdReadOutTable).empty()) {
+        bench.Click(buttons->cmdReadOutTable);
+        ASSERT_EQ(bench.TakeBoxes(), std::vector{test::Shown(BoxKey::TableRead)});
+      }
+    }
   }
 };
 

@@ -23,7 +23,7 @@ TEST_P(DefinitionFile, HoldsKnownKeysOnceEachAndEnds) {
 }
 
 TEST_P(DefinitionFile, HoldsTheTwoPartsOfTheRangesBehindTheirKey) {
-  const bool ranges = facts.outputs.tag == kNoColumn;  // else the key is that of a list
+  const bool ranges = facts.outputs.tag == kNoColumn && !facts.listed_inputs;  // else it is a list
   for (std::size_t i = 0; i < source.sections.size(); ++i) {
     const bool block = ranges && source.sections[i].key == "$I11";
     const bool title = source.sections[i].key == "$I11Title";

@@ -125,6 +125,17 @@ TEST_P(DefinitionItems, HasATimeOnTheDevicesGridWhereTheProgramRoundsIt) {
   }
 }
 
+TEST_P(DefinitionItems, HasTheLimitsOfAThresholdInOrder) {
+  for (const auto& row : source.Rows("$Data")) {
+    const auto low = Number(row[columns.threshold_low]);
+    const auto high = Number(row[columns.threshold_high]);
+    const bool threshold = columns.threshold_low != kNoColumn && row[kItem] == "09";
+    EXPECT_EQ(low.has_value(), threshold) << At(row);
+    EXPECT_EQ(high.has_value(), threshold) << At(row);
+    EXPECT_TRUE(!threshold || *low < *high) << At(row);
+  }
+}
+
 TEST_P(DefinitionItems, StandsAboveTheChoiceThatItsUnitFollows) {
   for (const auto& row : source.Rows("$Data")) {
     if (!row[columns.follows].empty()) {

@@ -120,7 +120,11 @@ TEST_P(DefinitionLists, LimitsZeroAndSpanByNumbersInOrder) {
     EXPECT_LE(*span, Number(row[3]).value_or(0) - Number(row[2]).value_or(0)) << "line " << row.line;
   };
   for (const auto& row : source.Rows("$I11")) {
-    limited(row);
+    if (facts.listed_inputs) {
+      rising(row, 2, 3);
+    } else {
+      limited(row);
+    }
   }
   for (const auto& row : source.Rows("$I10")) {
     const auto flagged = [&](std::size_t column) {
@@ -161,6 +165,20 @@ TEST_P(DefinitionLists, HoldsEveryRangeWithinTheInputTypesThatOfferIt) {
       EXPECT_LE(high, Number(type[3])) << type[1] << " with " << range[title];
       EXPECT_GE(high - low, Number(type[4])) << type[1] << " with " << range[title];
     }
+  }
+}
+
+// Of inputs whose class decides what they have, and whose unit is that of what they count.
+TEST_P(DefinitionLists, TellsClassAndUnitOfEachListedInput) {
+  if (!facts.listed_inputs) {
+    return;
+  }
+  for (const auto& row : source.Rows("$I11")) {
+    EXPECT_TRUE(Index(row[5]) >= 1 && Index(row[5]) <= 4) << "line " << row.line;
+    EXPECT_TRUE(OneOf(row[6], {"Hz", "kHz", "mHz"})) << "line " << row.line;
+  }
+  for (const auto& row : source.Rows("$I21")) {
+    EXPECT_FALSE(row[6].empty()) << "line " << row.line;
   }
 }
 

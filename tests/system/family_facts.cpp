@@ -35,6 +35,60 @@ constexpr Columns kLiteColumns = {.unit = 14,
                                   .title = 25,
                                   .unused = {21, 24, 24}};
 
+/// Families LiteForth and LiteFifth: the limits of a threshold stand in columns of their own.
+constexpr Columns kLateColumns = {.unit = 14,
+                                  .follows = 15,
+                                  .last_option = 17,
+                                  .default_option = 18,
+                                  .rule = 19,
+                                  .condition = 20,
+                                  .position = 23,
+                                  .threshold_low = 21,
+                                  .threshold_high = 24,
+                                  .unused = {16, 25, 25}};
+
+/// What LiteForth and LiteFifth have in common; `further` have their own items besides.
+std::vector<Place> LatePlan(const std::vector<Place>& further) {
+  std::vector<Place> plan = {{.item = "03_set", .number = 0, .text = 20},
+                             {.item = "03_mon", .number = 1, .text = 21},
+                             {.item = "04", .number = 2, .text = 22},
+                             {.item = "05", .number = 3, .text = 23},
+                             {.item = "06", .number = 4, .text = 24},
+                             {.item = "02", .number = 10, .label = 10, .text = 0},
+                             {.item = "21", .list = "$I21", .number = 11, .label = 11, .combo = 2},
+                             {.item = "14", .number = 12, .label = 12, .text = 1},
+                             {.item = "15", .number = 13, .label = 13, .text = 2},
+                             {.item = "11", .list = "$I11", .number = 14, .label = 14, .combo = 3},
+                             {.item = "08", .list = "$I08", .number = 15, .label = 15, .combo = 5},
+                             {.item = "09", .number = 16, .label = 16, .text = 10},
+                             {.item = "12", .number = 17, .label = 17, .text = 3},
+                             {.item = "17", .number = 18, .label = 18, .text = 4},
+                             {.item = "18", .number = 19, .label = 19, .text = 5},
+                             {.item = "25", .number = 20, .label = 20, .text = 6},
+                             {.item = "07", .list = "$I07", .number = 22, .label = 22, .combo = 4},
+                             {.item = "24", .list = "$I24", .number = 23, .label = 23, .combo = 6},
+                             {.item = "10", .list = "$I10", .number = 33, .frame = 0, .last_option = 1}};
+  plan.insert(plan.end(), further.begin(), further.end());
+  return plan;
+}
+
+FamilyFacts LateFacts(std::string_view folder, const std::vector<Shape>& lists,
+                      const std::vector<Place>& further) {
+  std::vector<Shape> shapes = {{"$Data", 33, 26}, {"$I21", 3, 7},   {"$I11", 8, 7},
+                               {"$I10", 2, 4},    {"$SSTab", 1, 6}, {"$End", 0, 0}};
+  shapes.insert(shapes.end(), lists.begin(), lists.end());
+  return {.folder = folder,
+          .columns = kLateColumns,
+          .shapes = shapes,
+          .arrays = {{kNumber, 43}, {kLabel, 43}, {kText, 43}, {kCombo, 7}, {kFrame, 1}, {kUnitLabel, 43}},
+          .plan = LatePlan(further),
+          .follow_keys = {"$I21", "$I11"},
+          .conditions = {"Y"},
+          .listed_inputs = true,
+          .rounded_items = {"25", "26"},
+          .last_position = 20};
+}
+
 constexpr TypeColumns kFirstTypes = {.fixed = 5, .settable = 6, .title = 7, .unit = 8};
 
 }  // namespace
@@ -281,6 +335,10 @@ const std::map<std::string, FamilyFacts>& Families() {
         .unwritten_items = {"10", "11", "34", "35"},
         .titled_version = false,
         .last_position = 20}},
+      {"LiteForth", LateFacts("z2Kv_4", {{"$I08", 4, 3}, {"$I07", 3, 4}, {"$I24", 2, 3}, {"$I29", 2, 4}},
+                              {{.item = "29", .list = "$I29", .number = 24, .label = 24, .combo = 7}})},
+      {"LiteFifth", LateFacts("z2Kv_5", {{"$I08", 7, 3}, {"$I07", 5, 4}, {"$I24", 3, 3}},
+                              {{.item = "26", .number = 21, .label = 21, .text = 7}})},
   };
   return families;
 }

@@ -41,6 +41,8 @@ struct Columns {
   std::size_t condition = kNoColumn;
   std::size_t position = kNoColumn;
   std::size_t title = kNoColumn;
+  std::size_t threshold_low = kNoColumn;
+  std::size_t threshold_high = kNoColumn;
   std::array<std::size_t, 3> unused{};  ///< mean nothing
 };
 
@@ -95,8 +97,9 @@ struct FamilyFacts {
   std::vector<std::string_view> follow_keys = {};  ///< lists that a unit can follow
   std::vector<std::string_view> conditions;        ///< words for when a download writes an item
   std::vector<std::string_view> frequency_lists = {};
-  TypeColumns types = {};                                         ///< of `$I10`
-  TypeColumns outputs = {};                                       ///< of `$I11` as a list
+  TypeColumns types = {};      ///< of `$I10`
+  TypeColumns outputs = {};    ///< of `$I11` as a list
+  bool listed_inputs = false;  ///< `$I11` is a list of inputs: range, class and unit of each
   std::vector<std::string_view> type_rules = {"Y", "N", "$I10"};  ///< of the box of input types
   /// Parameters that are read, but that no download writes through their items.
   std::vector<std::string_view> unwritten_items = {};

@@ -20,6 +20,9 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 6, .kind = SectionKind::List},
 };
 
+constexpr std::array kLists = {LateZ2List(u"$I21"), LateZ2List(u"$I11"), LateZ2List(u"$I08"),
+                               LateZ2List(u"$I07"), LateZ2List(u"$I24"), LateZ2List(u"$I29")};
+
 }  // namespace
 
 constexpr FamilyRecord kZ2KvConfigV4Record = {
@@ -33,7 +36,7 @@ constexpr FamilyRecord kZ2KvConfigV4Record = {
     .device = {.system_text = SystemText::Value},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kLateZ2Layout},
-    .fields = kNone,
+    .fields = LateZ2Fields(kLists),
     .monitor = kLateZ2Monitor,
     .output = kLateZ2Output,
     .table = Z2Table(kLnrShortPoints, &kTableByItems),

@@ -19,6 +19,16 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 6, .kind = SectionKind::List},
 };
 
+constexpr std::array kLists = {LateZ2List(u"$I21"), LateZ2List(u"$I11"), LateZ2List(u"$I08"),
+                               LateZ2List(u"$I07"), LateZ2List(u"$I24")};
+
+/// The table is edited by the arrow keys.
+constexpr LnrFamily ArrowTable() {
+  LnrFamily table = Z2Table(kLnrLongPoints, &kTableByItems);
+  table.edits_by_arrows = true;
+  return table;
+}
+
 }  // namespace
 
 constexpr FamilyRecord kZ2KvConfigV5Record = {
@@ -32,10 +42,10 @@ constexpr FamilyRecord kZ2KvConfigV5Record = {
     .device = {.system_text = SystemText::Value},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kLateZ2Layout},
-    .fields = kNone,
+    .fields = LateZ2Fields(kLists),
     .monitor = kLateZ2Monitor,
     .output = kLateZ2Output,
-    .table = Z2Table(kLnrLongPoints, &kTableByItems),
+    .table = ArrowTable(),
     .csv =
         CsvFamily{
             .reader = {.passes_over_text = true, .ends_at_blank = true}, .cancels_edit = true, .saves = true},
