@@ -414,7 +414,9 @@ Device Device::ForModel(const std::filesystem::path& home, std::string_view name
 
 Reply Device::Answer(std::string_view line) {
   ++state_->exchanges;
-  const auto struck = state_->faults.Strike(state_->exchanges, line);
+  const Item* const item = state_->selected;
+  const auto struck =
+      state_->faults.Strike(state_->exchanges, line, item == nullptr ? "" : item->group + item->item);
   const auto strikes = [&](Fault fault) { return std::ranges::find(struck, fault) != struck.end(); };
   Reply reply;
   reply.latency = state_->options.latency.value_or(state_->slow ? kSlowLatency : kLatency);
@@ -425,7 +427,8 @@ Reply Device::Answer(std::string_view line) {
     return reply;
   }
   const bool place = in_access && MemoryAccess::ChoosesPlace(line);
-  if (strikes(Fault::Refused) || (place && strikes(Fault::RefusedAddress))) {
+  if (strikes(Fault::Refused) || (strikes(Fault::NotReady) && state_->family.dialect == Dialect::EnterItem) ||
+      (place && strikes(Fault::RefusedAddress))) {
     reply.text = state_->RefusalOf(line, WriteResult::Refused);
   } else if (strikes(Fault::NotUsable)) {
     reply.text = state_->RefusalOf(line, WriteResult::NotUsable);

@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 18> kFaults{{
+constexpr std::array<FaultInfo, 19> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -30,6 +30,9 @@ constexpr std::array<FaultInfo, 18> kFaults{{
     {.fault = Fault::Half, .name = "half", .what = "first half of the reply, no line end"},
     {.fault = Fault::Empty, .name = "empty", .what = "a lone carriage return"},
     {.fault = Fault::WrongEcho, .name = "wrong-echo", .what = "a write's echo shows another value"},
+    {.fault = Fault::NotReady,
+     .name = "not-ready",
+     .what = "\"invalid data\" to the first read (D) of each item"},
     {.fault = Fault::StuckByte, .name = "stuck-byte", .what = "memory: the last byte written doesn't take"},
     {.fault = Fault::RefusedAddress, .name = "refused-address", .what = "memory: DS is answered with CNG"},
     {.fault = Fault::SilentAccess,
@@ -91,15 +94,19 @@ void FaultPlan::Add(FaultRule rule) { rules_.push_back(std::move(rule)); }
 void FaultPlan::Clear() {
   rules_.clear();
   tried_.clear();
+  asked_.clear();
 }
 
-std::vector<Fault> FaultPlan::Strike(int number, std::string_view line) {
+std::vector<Fault> FaultPlan::Strike(int number, std::string_view line, std::string_view item) {
   std::vector<Fault> struck;
   for (const auto& rule : rules_) {
     if (number < rule.first || number > rule.last || (!rule.command.empty() && rule.command != line)) {
       continue;
     }
     if (rule.fault == Fault::SecondTryOnly && !tried_.emplace(line).second) {
+      continue;
+    }
+    if (rule.fault == Fault::NotReady && (line != "D" || !asked_.emplace(item).second)) {
       continue;
     }
     struck.push_back(rule.fault);

@@ -29,6 +29,8 @@ enum class Fault {
   Half,               ///< The first half of the reply, without a line end.
   Empty,              ///< The reply is a lone carriage return.
   WrongEcho,  ///< A write is carried out but its echo shows another value; other commands are answered well.
+  NotReady,  ///< The first read of each item is answered with "invalid data", in the dialect where a lone "D"
+             ///< reads.
   // The access to the device's memory; other command lines are not struck.
   StuckByte,       ///< The last byte of a write stays as it was; the write is answered well.
   RefusedAddress,  ///< A place in the memory ("DS") is answered with "CNG", not chosen.
@@ -68,11 +70,13 @@ class FaultPlan {
   void Clear();
 
   /// The faults that strike the command line with this number (from 1) and text, in the order of adding.
-  std::vector<Fault> Strike(int number, std::string_view line);
+  /// \param item  What tells the selected item from every other one.
+  std::vector<Fault> Strike(int number, std::string_view line, std::string_view item = {});
 
  private:
   std::vector<FaultRule> rules_;
   std::set<std::string, std::less<>> tried_;
+  std::set<std::string, std::less<>> asked_;  // items that were read
 };
 
 /// Changes a good reply as a fault of the line or of the device's sender does: `Late`, `Doubled`,

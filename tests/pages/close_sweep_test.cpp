@@ -60,7 +60,8 @@ class CloseBench : public PageBench {
 
 /// A model of each page, and one that is polled slowly.
 struct CloseSweepTest : testing::TestWithParam<String> {};
-INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest, testing::Values(u"QL", u"QEY", u"QICE", u"QNA2", u"Z2WT"),
+INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest,
+                         testing::Values(u"QL", u"QEY", u"QICE", u"QNA2", u"Z2WT", u"Z2WPA"),
                          [](const auto& one) { return ToUtf8(one.param); });
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {
