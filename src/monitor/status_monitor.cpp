@@ -12,7 +12,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kShowTime = 500;  ///< ms for which a new value is highlighted, the pace of the loop
 constexpr int kNoRepeats = 0;
 
 }  // namespace

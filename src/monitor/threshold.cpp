@@ -10,7 +10,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kShowTime = 500;  ///< ms for which each of the two values is highlighted
 constexpr int kOnce = 0;
 constexpr StringView kFrequencyItem = u"06";
 

@@ -4,6 +4,9 @@
 
 namespace korva {
 
+/// Milliseconds for which a live value that was read is highlighted: the pace of a loop.
+inline constexpr int kShowTime = 500;
+
 // A control under update is painted in the highlight, and at rest in its rest look.
 void PaintHighlight(TextField& field);
 void PaintHighlight(Label& label);

@@ -112,7 +112,7 @@ struct ThresholdBench : MonitorBench {
   }
   /// Presses a button `after` from now, as far as the screen lets it through.
   void PressAt(Clock after, const Button& button) {
-    host.loop.After(std::chrono::ceil<Milliseconds>(after), [this, &button] {
+    host.loop.After(std::chrono::ceil<Milliseconds>(after), [&button] {
       if (button.Refused() == Refusal::None) {
         button.Click();
       }
