@@ -232,17 +232,15 @@ void Threshold::Send(TextField& box, const String& value, const ThresholdLimits&
   Paint(box, Look::Normal);
   const String answer =
       NumberOf(page_.Items().WriteRetry(family_.repeats, ItemKey(family_.item).OnWire(), value));
-  if (!answer.empty()) {
-    box.SetText(answer);
-  }
+  Show(box, answer);
 }
 
 void Threshold::ShowThreshold(TextField& box) {
   const String value = ReadThreshold(kOnce);
   if (!value.empty()) {
     Paint(box, Look::Highlight);
-    box.SetText(value);
   }
+  Show(box, value);
   page_.Line().WaitFor(kShowTime);
   Paint(box, Look::Grey);
 }
@@ -264,6 +262,16 @@ String Threshold::NumberOf(const String& answer) const {
   return NumericLength(value) > 0 ? value : String();
 }
 
-void Threshold::Paint(TextField& box, Look look) const { box.SetLook(refused_ ? Look::Bad : look); }
+void Threshold::Show(TextField& box, const String& value) const {
+  if (usable_ && !value.empty()) {
+    box.SetText(value);
+  }
+}
+
+void Threshold::Paint(TextField& box, Look look) const {
+  if (usable_) {
+    box.SetLook(refused_ ? Look::Bad : look);
+  }
+}
 
 }  // namespace korva

@@ -92,6 +92,8 @@ class Threshold final : public PagePart {
   /// The device's threshold; empty when it told no number.
   [[nodiscard]] String ReadThreshold(int repeats) const;
   [[nodiscard]] String NumberOf(const String& answer) const;
+  // Both leave a box alone that was closed meanwhile.
+  void Show(TextField& box, const String& value) const;
   void Paint(TextField& box, Look look) const;
 
   ParameterPage& page_;

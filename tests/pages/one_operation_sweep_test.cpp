@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/text_utilities.h"
+#include "linearizer/linearizer.h"
 #include "support/page_parts.h"
 #include "support/sampled.h"
 #include "sweep_bench.h"
@@ -31,9 +32,10 @@ struct Operation {
 };
 
 /// Buttons that begin an operation on the device.
-constexpr std::array<std::string_view, 12> kBeginners = {
-    "cmdUpload", "cmdDownload", "cmdMonitorON", "cmdSet",       "cmdStatusMonOFF", "cmdSet2",
-    "cmdSet3",   "Command_I12", "Command_I13",  "cmdChangeCJM", "cmdWriteInCJM",   "cmdDefaultCJM"};
+constexpr std::array<std::string_view, 15> kBeginners = {
+    "cmdUpload",     "cmdDownload",   "cmdMonitorON",      "cmdSet",          "cmdStatusMonOFF",
+    "cmdSet2",       "cmdSet3",       "Command_I12",       "Command_I13",     "cmdChangeCJM",
+    "cmdWriteInCJM", "cmdDefaultCJM", "cmdThresholdStart", "cmdReadOutTable", "cmdWriteInTable"};
 
 void Monitor(SweepBench& bench) {
   bench.loop.After(std::chrono::seconds(3),
@@ -54,6 +56,17 @@ void ResetJunction(SweepBench& bench) {
   bench.Click(ButtonOf(bench.Page(), "cmdDefaultCJM"));
 }
 
+void ReadTable(SweepBench& bench) {
+  bench.Press(Part<Linearizer>(bench.Page()).Opt_Lnr, 1);
+  bench.Click(ButtonOf(bench.Page(), "cmdReadOutTable"));
+}
+
+/// Reads the table and writes it back.
+void WriteTable(SweepBench& bench) {
+  ReadTable(bench);
+  bench.Click(ButtonOf(bench.Page(), "cmdWriteInTable"));
+}
+
 /// The operations of a model that counts, or of one whose output can be forced.
 std::vector<Operation> OperationsOf(SweepBench& bench) {
   std::vector<Operation> operations = {{"upload", [](SweepBench& any) { any.Upload(); }},
@@ -68,6 +81,9 @@ std::vector<Operation> OperationsOf(SweepBench& bench) {
   }
   if (bench.Page().FindControl("cmdDefaultCJM") != nullptr) {
     operations.push_back({"cold junction", ResetJunction});
+  }
+  if (bench.Page().FindControl("cmdReadOutTable") != nullptr) {
+    operations.push_back({"table", WriteTable});
   }
   return operations;
 }
@@ -113,7 +129,7 @@ Texts InReach(const Page& page) {
 /// A model of each page, and one that counts.
 struct OneOperationTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest,
-                         testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WPA"),
+                         testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WPA", "Z2WPR"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(OneOperationTest, NothingButItsOwnStopIsInReachWhileAnOperationRuns) {

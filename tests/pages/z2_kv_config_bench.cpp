@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/text_utilities.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 
@@ -79,7 +80,7 @@ void Z2Bench::Show(int item, const String& cell) {
 
 void Z2Bench::FillTable(const std::vector<std::pair<String, String>>& points) {
   Do([&] {
-    LnrTable& table = Z2().linearizer.Table();
+    LnrTable& table = Part<Linearizer>(Page()).Table();
     table.Clear();
     int row = 0;
     for (const auto& [x, y] : points) {
