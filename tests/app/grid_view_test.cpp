@@ -85,6 +85,19 @@ TEST(GridViewTest, ScrollsToTheTopRow) {
   EXPECT_EQ(bench.table->rowAt(0), 1);
 }
 
+TEST(GridViewTest, ScrollingIsTheUsersUnlessThePageBringsACellIntoView) {
+  GridBench bench;
+  int scrolls = 0;
+  bench.grid.OnScroll = [&] { ++scrolls; };
+  bench.grid.SetCurrentCell(90, 1);
+  EXPECT_GT(bench.grid.TopRow(), 1) << "the cell is in view";
+  bench.grid.SetTopRow(5);
+  EXPECT_EQ(scrolls, 0);
+  bench.table->verticalScrollBar()->setValue(40);
+  EXPECT_EQ(scrolls, 1);
+  EXPECT_EQ(bench.grid.TopRow(), bench.table->rowAt(0));
+}
+
 TEST(GridViewTest, TheUsersScrollingIsTheTopRow) {
   GridBench bench;
   bench.table->verticalScrollBar()->setValue(10);

@@ -293,5 +293,16 @@ TEST(MonitorScript, ForcesTheOutputUntilADelayedClick) {
   EXPECT_EQ(bench.device.Mode(), '0');
 }
 
+TEST(ScriptOnPagesTest, KeysEditTheTableOfLiteFifthCellByCell) {
+  PagesBench bench({}, "Z2WPL");
+  bench.Run("click Opt_Lnr(1)\ncell LnrFlexGrid 1 1");
+  EXPECT_EQ(bench.Run("type txtLnrNewValue 0\nkey txtLnrNewValue Right\ntype txtLnrNewValue 5\n"
+                      "key txtLnrNewValue Down\nkey txtLnrNewValue Left\nshow txtLnrRow txtLnrCol\n"
+                      "type txtLnrNewValue 100\nkey txtLnrNewValue Enter\ndump LnrFlexGrid"),
+            (Lines{"txtLnrRow shown enabled locked grey \"2\"", "txtLnrCol shown enabled locked grey \"1\"",
+                   "LnrFlexGrid 1 1 normal \"0\"", "LnrFlexGrid 1 2 normal \"5\"",
+                   "LnrFlexGrid 2 1 normal \"100\""}));
+}
+
 }  // namespace
 }  // namespace korva::cli
