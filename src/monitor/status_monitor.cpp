@@ -151,8 +151,8 @@ void StatusMonitor::ShowUnit(const UnitStep& step) {
   const auto fill = [&] {
     const String unit = units_.UnitFrom(rule->unit, String(step.item));
     label->SetCaption(unit);
-    if (step.to_measured_frequency && extras_.unitMeasFreq != nullptr) {
-      extras_.unitMeasFreq->SetCaption(unit);
+    if (step.to_measured_frequency && frequency_unit_ != nullptr) {
+      frequency_unit_->SetCaption(unit);
     }
   };
   if (Timer* timer = TimerOf(step.timer)) {

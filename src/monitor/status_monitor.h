@@ -28,6 +28,8 @@ class StatusMonitor final : public PagePart {
   void Start();
   /// cmdMonitorOFF. Does nothing while no operation runs.
   void RequestStop();
+  /// Shows the unit of the measured frequency in `label` too, which outlives this.
+  void ShowFrequencyUnitIn(Label& label) { frequency_unit_ = &label; }
   /// Puts the boxes of the cycle and their unit labels to rest.
   void ResetMonitorColours();
   /// Asks the device for the units of the live values and shows them.
@@ -58,6 +60,7 @@ class StatusMonitor final : public PagePart {
   ParameterPage& page_;
   const MonitorFamily& family_;
   MonitorExtras extras_;
+  Label* frequency_unit_ = nullptr;
   UnitReader units_;
   Timer Item07_lblUnitTimer;
 };

@@ -79,6 +79,7 @@ Threshold::Threshold(ParameterPage& page, const ThresholdFamily& family, StatusM
     step.button->SetCaption(step.volts.starts_with(u'-') ? String(step.volts) : u"+" + String(step.volts));
     step.button->OnClick = [this, volts = String(step.volts)] { request_ = volts; };
   }
+  monitor_.ShowFrequencyUnitIn(unitMeasFreq);
   ShowState();
 }
 

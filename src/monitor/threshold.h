@@ -37,8 +37,8 @@ bool ValueInRange(const String& text, const ThresholdLimits& limits);
 /// not sent, since it is out of range, marks the box as bad until the next one that is taken.
 class Threshold final : public PagePart {
  public:
-  /// Adds itself and its controls to the page. `monitor` is the page's and fills `unitMeasFreq`, which its
-  /// extras name. All outlive this.
+  /// Adds itself and its controls to the page. `monitor` is the page's, and fills `unitMeasFreq`. All
+  /// outlive this.
   Threshold(ParameterPage& page, const ThresholdFamily& family, StatusMonitor& monitor);
 
   void SetCaptions(Language language) override;

@@ -8,12 +8,10 @@
 
 namespace korva {
 
-/// What a page gives to its monitor beyond its fields; a page that has none of it gives nothing.
+/// What a page gives to its monitor beyond its fields; a page that has not got it gives nothing.
 struct MonitorExtras {
   /// Key of the table that lists the input types of the chosen kind of input ("$I10TC").
   std::function<String()> InputKind = {};
-  /// Unit of the measured frequency.
-  Label* unitMeasFreq = nullptr;
 };
 
 /// A unit that the device tells: the text of an item of group "01", looked up in a list of the definition
@@ -60,7 +58,7 @@ struct UnitStep {
   StringView item;
   UnitTimer timer = UnitTimer::None;
   std::span<const UnitRule> rules;
-  bool to_measured_frequency = false;  ///< goes to `unitMeasFreq` too
+  bool to_measured_frequency = false;  ///< goes to the measured frequency too
 };
 
 /// Finds the units of live values.

@@ -30,7 +30,7 @@ Z2LatePage::Z2LatePage(Program& program, const FamilyRecord& record, const Desig
                     FormsOf(record), link),
       linearizer(*this, record.table.Value(), record.csv),
       table_buttons(*this, linearizer),
-      monitor(*this, record.monitor, {.unitMeasFreq = &threshold.unitMeasFreq}),
+      monitor(*this, record.monitor),
       output(*this, record.output, monitor),
       threshold(*this, kLateZ2Threshold, monitor),
       form_(*this),

@@ -82,8 +82,10 @@ MonitorPage::MonitorPage(Program& program, const FamilyRecord& record, DeviceLin
                      .tab_control = "Tabs",
                      .design = kBareDesign<TextKey::File, TextKey::Port, TextKey::IoCheck>},
                     {.device = record.device, .definition = record.definition, .fields = kFields}, device),
-      monitor(*this, record.monitor, {.InputKind = extras.InputKind, .unitMeasFreq = &unitMeasFreq}),
-      output(*this, record.output, monitor) {}
+      monitor(*this, record.monitor, extras),
+      output(*this, record.output, monitor) {
+  monitor.ShowFrequencyUnitIn(unitMeasFreq);
+}
 
 std::string RowsOf(const std::vector<MonitorRow>& rows, int unit_column) {
   std::string section = "$Data\r\n";

@@ -179,7 +179,7 @@ TEST_P(EveryThresholdTest, StartTakesTheModeTheUnitsAndTheLimitsSendsTheBoxAndTh
   EXPECT_EQ(bench.box.ShownLook(), Look::Highlight);
   EXPECT_EQ(bench.threshold.lblThreshold.Caption(), u"0.5V <= X <= 3.5V");
   EXPECT_EQ(bench.threshold.txtMeasFreq.Text(), u"123.46");
-  EXPECT_EQ(bench.page->unitMeasFreq.Caption(), u"kHz");
+  EXPECT_EQ(bench.threshold.unitMeasFreq.Caption(), u"kHz");
   EXPECT_EQ(bench.Boxes(), Texts{});
   bench.ExpectIdle();
 }
