@@ -88,6 +88,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::CheckTable, .japanese = u"ﾁｪｯｸ", .english = u"CHECK"},
     {.key = TextKey::WriteIn, .japanese = u"書込み", .english = u"WRITE IN"},
     {.key = TextKey::ReadOut, .japanese = u"読み出し"},
+    {.key = TextKey::TableBar, .japanese = u"ﾃｰﾌﾞﾙ転送", .english = u"Table"},
     {.key = TextKey::SystemReset, .japanese = u"ｼｽﾃﾑ ﾘｾｯﾄ"},
     {.key = TextKey::Curve, .japanese = u"曲線", .english = u"Curve"},
     {.key = TextKey::TablePitch, .japanese = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ"},

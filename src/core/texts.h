@@ -65,6 +65,7 @@ enum class TextKey {
   CheckTable,
   WriteIn,
   ReadOut,
+  TableBar,  ///< progress with a table that travels by its buttons
   SystemReset,
   Curve,  ///< the picture of a table
   TablePitch,

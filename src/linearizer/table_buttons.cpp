@@ -54,7 +54,7 @@ TableButtons::TableButtons(ParameterPage& page, Linearizer& linearizer)
 void TableButtons::SetCaptions(Language language) {
   cmdReadOutTable.SetCaption(CaptionText(TextKey::ReadOut, language));
   cmdWriteInTable.SetCaption(CaptionText(TextKey::WriteIn, language));
-  Table_ProgressBar.SetCaption(CaptionText(TextKey::Linearizer, language));
+  Table_ProgressBar.SetCaption(CaptionText(TextKey::TableBar, language));
   lblSize.SetCaption(CaptionText(TextKey::TableSize, language));
 }
 
