@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTableWidget>
 
@@ -96,6 +97,27 @@ TEST(GridViewTest, ScrollingIsTheUsersUnlessThePageBringsACellIntoView) {
   bench.table->verticalScrollBar()->setValue(40);
   EXPECT_EQ(scrolls, 1);
   EXPECT_EQ(bench.grid.TopRow(), bench.table->rowAt(0));
+}
+
+TEST(GridViewTest, OnLiteFifthArrowKeysGoFromFieldToFieldAndTheTableScrollsAlong) {
+  test::WindowBench bench("Z2WPL");
+  const Linearizer& linearizer = test::Part<Linearizer>(bench.Page());
+  bench.device.loop.Gate().Enter([&] { test::Part<Linearizer>(bench.Page()).Opt_Lnr[1].Click(); });
+  bench.Show(3);
+  const QWidget* page = bench.window.Current();  // behind it is that of the start
+  auto* table = page->findChild<QTableWidget*>(QStringLiteral("LnrFlexGrid"));
+  const QRect cell = table->visualItemRect(table->item(1, 2));
+  QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, cell.center());
+  auto* field = page->findChild<QLineEdit*>(QStringLiteral("txtLnrNewValue"));
+  for (int row = 1; row <= 40; ++row) {
+    QTest::keyClicks(field, QString::number(row));
+    QTest::keyClick(field, Qt::Key_Down);
+    ASSERT_TRUE(field->isVisible()) << row;
+  }
+  QTest::keyClick(field, Qt::Key_Left);
+  EXPECT_EQ(linearizer.LnrFlexGrid.At(40, 2).text, u"40");
+  EXPECT_EQ(linearizer.LnrFlexGrid.CurrentCell(), (Cell{41, 1}));
+  EXPECT_GT(linearizer.LnrFlexGrid.TopRow(), 10);
 }
 
 TEST(GridViewTest, TheUsersScrollingIsTheTopRow) {
