@@ -23,6 +23,9 @@ struct DesignRow {
   std::string_view field = {};
   std::string_view unit = {};
   std::string_view buttons = {};  ///< what is pressed for the field, behind its unit; several like `field`
+  /// The keys that press the buttons while the keyboard is in the line, one word for each of `buttons`: "Up",
+  /// "Shift+PgDown", or "-" for a control without.
+  std::string_view keys = {};
   std::string_view curve =
       {};  ///< a grid of points whose picture fills the line, and nothing else stands in it
 };

@@ -127,6 +127,8 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::OpenDetails, .japanese = u"詳細設定"},
     {.key = TextKey::CloseDetails, .japanese = u"閉じる"},
     {.key = TextKey::Threshold, .japanese = u"ｼｷｲ値", .english = u"Threshold"},
+    {.key = TextKey::SetCutOut, .japanese = u"ｶｯﾄｱｳﾄ設定", .english = u"Set cut-out"},
+    {.key = TextKey::DisableCutOut, .japanese = u"ｶｯﾄｱｳﾄ解除", .english = u"No cut-out"},
     {.key = TextKey::InputFrequency, .japanese = u"入力 周波数"},
     {.key = TextKey::Maximum, .japanese = u"最大"},
     {.key = TextKey::Minimum, .japanese = u"最小"},

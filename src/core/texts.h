@@ -105,7 +105,9 @@ enum class TextKey {
   Details,      ///< the frame of the detail settings
   OpenDetails,  ///< the button that shows it
   CloseDetails,
-  Threshold,  ///< of a frequency's pulses
+  Threshold,      ///< of a frequency's pulses
+  SetCutOut,      ///< the button that gives the input a cut-out
+  DisableCutOut,  ///< the one that takes it away
   InputFrequency,
   Maximum,
   Minimum,

@@ -1,7 +1,5 @@
 #include "monitor/threshold.h"
 
-#include <utility>
-
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "monitor/updated_control.h"
@@ -77,7 +75,7 @@ Threshold::Threshold(ParameterPage& page, const ThresholdFamily& family, StatusM
   for (const Step& step : steps_) {
     page_.Register(*step.button);
     step.button->SetCaption(step.volts.starts_with(u'-') ? String(step.volts) : u"+" + String(step.volts));
-    step.button->OnClick = [this, volts = String(step.volts)] { request_ = volts; };
+    request_.Offer(*step.button, step.volts);
   }
   monitor_.ShowFrequencyUnitIn(unitMeasFreq);
   ShowState();
@@ -100,7 +98,9 @@ void Threshold::SetUsable(bool usable) {
   if (Frame* frame = ItsFrame()) {
     frame->SetEnabled(usable);
   }
-  running_ = running_ && usable;
+  if (running_ && !usable) {
+    Stop();
+  }
   ShowState();
 }
 
@@ -148,6 +148,7 @@ void Threshold::StartOrStop() {
 
 void Threshold::Stop() {
   running_ = false;
+  request_.Drop();
   ShowState();
 }
 
@@ -173,11 +174,9 @@ void Threshold::Run(TextField& box) {
   if (running_) {
     ApplyBox(box);
   }
-  request_.clear();
+  request_.Drop();
   while (running_) {
-    if (!request_.empty()) {
-      ApplyThresholdStep(box, std::exchange(request_, {}));
-    }
+    request_.CarryOut([&](const String& step) { ApplyThresholdStep(box, step); });
     ShowThreshold(box);
     ShowMeasuredFrequency();
   }

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "monitor/status_monitor.h"
+#include "monitor/step_request.h"
 #include "monitor/threshold_family.h"
 
 namespace korva {
@@ -100,7 +101,7 @@ class Threshold final : public PagePart {
   const ThresholdFamily& family_;
   StatusMonitor& monitor_;
   std::array<Step, 6> steps_;
-  String request_;  ///< the step to apply, in volts; empty: none
+  StepRequest request_;  ///< in volts
   bool running_ = false;
   bool barred_ = false;
   bool usable_ = true;

@@ -108,6 +108,13 @@ constexpr DesignRow WithButtons(DesignRow row, std::string_view buttons) {
   return row;
 }
 
+/// The row of a value that a live loop steps: the buttons beside it, and the keys that press them.
+constexpr DesignRow SteppedRow(DesignRow row, std::string_view buttons, std::string_view keys) {
+  row.buttons = buttons;
+  row.keys = keys;
+  return row;
+}
+
 /// `parts` one behind the other.
 template <typename T, std::size_t... sizes>
 constexpr auto Joined(const std::array<T, sizes>&... parts) {
@@ -161,6 +168,14 @@ inline constexpr DesignTab kPortTab = {.caption = TextKey::Port, .groups = kPort
 constexpr std::array<DesignRow, 2> PointRows(std::string_view buttons) {
   return {{{.field = "LnrFlexGrid"}, {.field = buttons}}};
 }
+/// The points of a table that travels by buttons of its own, which stand in the line `move`.
+constexpr std::array<DesignRow, 5> MovedPointRows(const DesignRow& move) {
+  return {{{.field = "LnrFlexGrid"},
+           {.field = "lblLnrLimits"},
+           {.field = "cmd_csvFileOpen cmd_csvFileSave"},
+           move,
+           {.field = "Table_ProgressBar"}}};
+}
 inline constexpr std::array kCurveRows = {DesignRow{.curve = "LnrFlexGrid"}};
 /// The editor of a cell.
 inline constexpr std::array kCellEditorRows = {
@@ -180,6 +195,12 @@ constexpr std::array<DesignGroup, 3> TableGroups(std::span<const DesignRow> poin
 constexpr DesignTab TableTab(std::span<const DesignGroup> groups) {
   return {.caption = TextKey::Linearizer, .rule = TabRule::BySwitch, .groups = groups};
 }
+
+/// The buttons of a threshold with its limits behind them, and their keys.
+inline constexpr std::string_view kThresholdButtons =
+    "cmdThresholdStart cmdThresholdM1 cmdThresholdM01 cmdThresholdM001 cmdThresholdP001 cmdThresholdP01 "
+    "cmdThresholdP1 lblThreshold";
+inline constexpr std::string_view kThresholdKeys = "- Shift+PgDown PgDown Down Up PgUp Shift+PgUp -";
 
 /// The switches of a linearizer and their frames.
 inline constexpr std::array kTableOptions = {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "sim/command_table.h"
 #include "sim/live_values.h"
 #include "sim/model_rules.h"
 #include "sim/number.h"
@@ -10,6 +11,7 @@
 #include "sim/point_table.h"
 #include "sim/setup.h"
 #include "sim/transmitter.h"
+#include "sim/trim.h"
 
 namespace korva::sim {
 
@@ -70,7 +72,9 @@ struct Device::State {
   std::string TakeData(std::string_view data);
   std::string TakeParameter(std::string_view data);
   bool HasDialogue(const Item& item) const;
+  std::string TakeTableCommand(std::string_view data);
   bool TakesDataNow() const;
+  bool AnswersInPairs(std::string_view line) const;
   void EnterMode(std::string_view data);
   std::string Refusal(WriteResult result) const;
   bool InAccess(std::string_view line) const;
@@ -98,6 +102,8 @@ struct Device::State {
   PointTable table;
   TableDialogue dialogue;
   LiveValues live;
+  Trim trim;
+  CommandTable commands;
   Transmitter transmitter{setup, parameters, table, live};
   FaultPlan faults;
   int exchanges = 0;
@@ -189,6 +195,9 @@ std::string Device::State::TakeData(std::string_view data) {
     const auto answer = dialogue.Answer(data, mode == kProgramming);
     return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
   }
+  if (selected != nullptr && selected->kind == Item::Kind::Table) {
+    return TakeTableCommand(data);
+  }
   if (!TakesDataNow()) {
     return Refusal(WriteResult::Refused);
   }
@@ -204,7 +213,21 @@ bool Device::State::TakesDataNow() const {
          (selected != nullptr && selected->group == "01" && HasWord(family.live_settings, selected->item));
 }
 
+std::string Device::State::TakeTableCommand(std::string_view data) {
+  const auto answer = commands.Answer(data, mode == kProgramming);
+  return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+}
+
+/// Whether the answer to a command is a pair of values, of zero and span or of a point.
+bool Device::State::AnswersInPairs(std::string_view line) const {
+  return selected != nullptr && line.starts_with('D') &&
+         (selected->kind == Item::Kind::Trim || selected->kind == Item::Kind::Table);
+}
+
 std::string Device::State::TakeParameter(std::string_view data) {
+  if (selected->kind == Item::Kind::Trimmer) {
+    return trim.Apply(data) ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
+  }
   if (selected->kind == Item::Kind::Output) {
     const auto percent = ParseNumber(TrimBlanks(data));
     const bool forced = percent && live.Force(*percent);
@@ -265,6 +288,11 @@ std::string Device::State::ValueText(const Item& item) const {
       return FormatNumber(LiveNumber(item), 2);
     case Item::Kind::Stored:
       return StoredText(item);
+    case Item::Kind::Trim:
+    case Item::Kind::Trimmer:
+      return trim.Text();
+    case Item::Kind::Table:
+      return commands.Text();
     case Item::Kind::Number:
       return parameters.Text(item) + UnitBehind(item);
     default:
@@ -335,6 +363,9 @@ double Device::State::LiveNumber(const Item& item) const {
   if (item.unit == "mA") {
     return live.Value(item.item, 4, 20);
   }
+  if (family.trims && item.item == "07") {
+    return live.Held("07").value_or(trim.Applied(live.Value("", 0, 100)));
+  }
   const bool input = (item.item == "04" || item.item == "06") && item.unit != "%";
   const Item* const span = parameters.Find("01", family.span_item);
   if (!input || span == nullptr || parameters.Needless(*span)) {
@@ -380,6 +411,8 @@ std::string Device::State::EchoedValue(const std::string& reply) const {
       return reply.substr(1 + selected->prefix.size());
     case Item::Kind::Number:  // its unit may stand behind it
       return parameters.Plain(*selected);
+    case Item::Kind::Table:
+      return std::string(TrimBlanks(reply.substr(1)));
     default:
       return ValueText(*selected);
   }
@@ -439,6 +472,13 @@ Reply Device::Answer(std::string_view line) {
       reply.text = OtherValue(reply.text, state_->EchoedValue(reply.text));
     }
   }
+  if (strikes(Fault::OneValue) && state_->AnswersInPairs(line) &&
+      reply.text != state_->Refusal(WriteResult::Refused)) {
+    reply.text.resize(reply.text.find_last_of(' '));
+  }
+  if (strikes(Fault::OversizedTable) && line == "DP" && state_->AnswersInPairs(line)) {
+    reply.text = "DSize " + std::to_string(CommandTable::kMostPoints + 1);
+  }
   for (const Fault fault : struck) {
     SpoilReply(fault, reply);
   }
@@ -471,6 +511,12 @@ bool Device::Set(std::string_view group, std::string_view item, std::string_view
   }
   if (found->kind == Item::Kind::Stored) {
     return state_->SetStored(*found, value);
+  }
+  if (found->kind == Item::Kind::Trim) {
+    return state_->trim.Set(value);
+  }
+  if (found->kind == Item::Kind::Table) {
+    return state_->commands.Set(value);
   }
   if (found->kind != Item::Kind::Live && found->kind != Item::Kind::Output) {
     return state_->parameters.Set(*found, value);

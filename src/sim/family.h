@@ -66,6 +66,9 @@ struct Family {
   std::string_view tag_echo = {};    ///< What a write of the tag is answered with; empty: the tag.
   std::string_view table_item = {};  ///< Item of group 01 that takes the table in a dialogue; empty: none.
   bool memory = false;  ///< Types, calibration and curve stand in a memory with an access of its own.
+  /// The output is trimmed by items 28 and 29, the table travels through item 62, and item 03 tells the unit
+  /// of frequencies.
+  bool trims = false;
   std::string_view live_settings = {};  ///< Items of group 01 that take data in monitor mode too.
   bool threshold_in_row = false;        ///< Columns 21 and 24 of an item limit it, where they are filled.
 };

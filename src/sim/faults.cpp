@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 19> kFaults{{
+constexpr std::array<FaultInfo, 21> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -41,6 +41,12 @@ constexpr std::array<FaultInfo, 19> kFaults{{
     {.fault = Fault::WrongReadBack,
      .name = "wrong-read-back",
      .what = "memory: the last byte read is another than the one held"},
+    {.fault = Fault::OneValue,
+     .name = "one-value",
+     .what = "an answer of two values (trim, point of a table) lacks the second"},
+    {.fault = Fault::OversizedTable,
+     .name = "oversized-table",
+     .what = "table: P is answered with a size above 100"},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

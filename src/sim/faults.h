@@ -36,6 +36,9 @@ enum class Fault {
   RefusedAddress,  ///< A place in the memory ("DS") is answered with "CNG", not chosen.
   SilentAccess,    ///< A command of the access is lost, the way into it is not.
   WrongReadBack,   ///< The last byte read is another than the one that the memory holds.
+  // Answers of two values, and the commands of a table.
+  OneValue,        ///< The second value is missing.
+  OversizedTable,  ///< The table's size is told as more points than it can have.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

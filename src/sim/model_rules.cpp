@@ -46,6 +46,12 @@ constexpr std::array kPowerUp = {
     PowerUp{.family = "LiteFifth", .models = "", .item = "12", .value = "1.0"},
     PowerUp{.family = "LiteFifth", .models = "", .item = "25", .value = "100"},
     PowerUp{.family = "LiteFifth", .models = "", .item = "26", .value = "5"},
+    // frequency transmitters: times in msec, cut-out in %, averaging, threshold in V
+    PowerUp{.family = "LiteSecond", .models = "", .item = "08", .value = "10"},
+    PowerUp{.family = "LiteSecond", .models = "", .item = "09", .value = "50"},
+    PowerUp{.family = "LiteSecond", .models = "", .item = "11", .value = "1.0"},
+    PowerUp{.family = "LiteSecond", .models = "", .item = "16", .value = "1"},
+    PowerUp{.family = "LiteSecond", .models = "", .item = "30", .value = "0.05"},
     // data of a cold junction sensor that was never exchanged
     PowerUp{.family = "Lite", .models = "", .item = "34", .value = "-999.9"},
     PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},

@@ -113,7 +113,9 @@ std::string_view HelpText() {
   --fault NAME      always; NAME@N for the N-th command line only, NAME@N-M, NAME@N- from the
                     N-th on, NAME=COMMAND for each command line with this text; may be repeated;
                     stuck-byte, wrong-read-back, refused-address and silent-access strike the
-                    access to the memory of the models that have one
+                    access to the memory of the models that have one;
+                    one-value and oversized-table strike answers of two
+                    values and the size of a table that travels by commands
   --trace           print the traffic
   --list            print the models and all faults, and end
   --help            print this, and end

@@ -40,6 +40,7 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
   AddFixed("01", "00", "Model", code_);
   AddUnits();
   AddMemory();
+  AddTrims();
   if (!family_.reset_item.empty()) {
     AddFixed("01", family_.reset_item, "prms initializer", "0");
   }
@@ -168,6 +169,20 @@ void Parameters::AddMemory() {
       type->kind = Item::Kind::Stored;
     }
   }
+}
+
+void Parameters::AddTrims() {
+  if (!family_.trims) {
+    return;
+  }
+  AddFixed("01", "03", "unit frequency", "1");
+  const auto add = [this](std::string_view item, std::string_view title, Item::Kind kind) {
+    AddFixed("01", item, title, {});
+    Find("01", item)->kind = kind;
+  };
+  add("28", "Output Trim", Item::Kind::Trim);
+  add("29", "Output Up/Down", Item::Kind::Trimmer);
+  add("62", "Linearization Table", Item::Kind::Table);
 }
 
 void Parameters::AddFixed(std::string_view group, std::string_view item, std::string_view title,

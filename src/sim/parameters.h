@@ -36,6 +36,9 @@ struct Item {
     Count,    ///< A whole number that goes on by itself in monitor mode, and can be set.
     Command,  ///< Acts when it is written without data: sets a count to 0. Reads as 0.
     Stored,   ///< A text that stands in the device's memory; takes no data.
+    Trim,     ///< Zero and span of the output's trim; takes no data.
+    Trimmer,  ///< Takes the commands that move the trim.
+    Table,    ///< Takes and answers the commands of the linearizer table.
     Access,   ///< Lets the device's memory be read and written byte by byte while it is selected.
   };
 
@@ -113,6 +116,7 @@ class Parameters {
   void AddFixed(std::string_view group, std::string_view item, std::string_view title, std::string value);
   void AddUnits();
   void AddMemory();
+  void AddTrims();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;

@@ -60,7 +60,7 @@ bool FieldChecks::CheckTag() {
 bool FieldChecks::CheckNumbers() {
   bool good = true;
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-    if (!page_.IsNumberRow(row) || page_.IsLive(row)) {
+    if (!page_.IsNumberRow(row) || page_.MayBeBlank(row)) {
       continue;
     }
     TextField& field = page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())];

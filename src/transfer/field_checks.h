@@ -63,7 +63,7 @@ class FieldChecks {
 
   /// Item 02: at most 10 characters, each of one byte up to 225 in the code page.
   bool CheckTag();
-  /// Every open field of a parameter: a number, or a text of which a part of the page makes one.
+  /// Every open field that may not be blank: a number, or a text of which a part of the page makes one.
   bool CheckNumbers();
   /// Items 14 and 15 against the limits and the smallest span of the input type. With `whole_numbers` limits
   /// in another unit than deg C are rounded to whole numbers, else to those within them, and an input type

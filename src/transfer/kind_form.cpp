@@ -13,18 +13,28 @@ constexpr StringView kTagKind = u"TG:";
 
 std::optional<CodeTable> KindForm::CodesOf(int item) const { return CodesOfRow(FormatMask(item, u"00")); }
 
-bool IsValueRow(const ParameterPage& page, int row) {
-  const String& kind = page.DataCell(row, kItemKind);
+bool KindUpload::IsValue(int row) const {
+  const String& kind = Page().DataCell(row, kItemKind);
   return !kind.empty() && kind != kTagKind;
 }
 
-String ValueWithoutUnit(const String& text) {
-  const String number = TrimNumericText(text);
-  return number.empty() ? text : number;
+String KindUpload::ReadItem(int row) const {
+  const String& group = Page().DataCell(row, kGroup);
+  return group == u"00" || group == u"99" ? Page().ReadIdentity(Page().WireOf(row))
+                                          : UploadSteps::ReadItem(row);
 }
 
-bool ReplyProvesKind(const ParameterPage& page, const WriteEntry& entry, const String& reply) {
-  const String& kind = page.DataCell(entry.row, kItemKind);
+void KindUpload::AfterItemRead(int row) {
+  if (!IsValue(row)) {
+    return;
+  }
+  if (const String number = TrimNumericText(Page().SetCell(row)); !number.empty()) {
+    Page().GroupItem.Set(Page().DataCell(row, kGroup), Page().DataCell(row, kItem), number);
+  }
+}
+
+bool KindDownload::CompareReply(const WriteEntry& entry, const String& reply) const {
+  const String& kind = Page().DataCell(entry.row, kItemKind);
   if (kind.empty()) {
     return Trimmed(reply) == entry.source;
   }

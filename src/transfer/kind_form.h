@@ -1,6 +1,8 @@
 #pragma once
 
+#include "transfer/download.h"
 #include "transfer/row_form.h"
+#include "transfer/upload.h"
 
 namespace korva {
 
@@ -14,14 +16,25 @@ class KindForm final : public RowForm {
   [[nodiscard]] std::optional<CodeTable> CodesOf(int item) const override;
 };
 
-/// True for the row of a value: neither a choice nor the tag.
-bool IsValueRow(const ParameterPage& page, int row);
+/// An upload drops the unit behind a value; a text without a number stays as it is.
+class KindUpload : public UploadSteps {
+ public:
+  using UploadSteps::UploadSteps;
+  /// Of the groups that tell what the device is there is no parameter, and no title to know an item by.
+  [[nodiscard]] String ReadItem(int row) const override;
+  void AfterItemRead(int row) override;
 
-/// What a device reports of a value, less the unit behind it; a text without a number stays as it is.
-String ValueWithoutUnit(const String& text);
+ protected:
+  /// True for the row of a value: neither a choice nor the tag.
+  [[nodiscard]] bool IsValue(int row) const;
+};
 
-/// True when the device's reply proves what was written to a row: a choice and the tag come back as they are
-/// in the set, fine values within the device's rounding, and any other value is proved by any reply.
-bool ReplyProvesKind(const ParameterPage& page, const WriteEntry& entry, const String& reply);
+/// A choice and the tag come back as they stand in the set, fine values within the device's rounding, and any
+/// other value is proved by any reply.
+class KindDownload : public DownloadSteps {
+ public:
+  using DownloadSteps::DownloadSteps;
+  [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+};
 
 }  // namespace korva

@@ -91,6 +91,9 @@ INSTANTIATE_TEST_SUITE_P(IoCheck, CaptionTest,
                                          Caption{TextKey::ResetSecond, u"ﾘｾｯﾄ 2", u"RESET 2"},
                                          Caption{TextKey::FirstAlarm, u"第1警報", u"Alarm 1"},
                                          Caption{TextKey::SecondAlarm, u"第2警報", u"Alarm 2"},
+                                         Caption{TextKey::Threshold, u"ｼｷｲ値", u"Threshold"},
+                                         Caption{TextKey::SetCutOut, u"ｶｯﾄｱｳﾄ設定", u"Set cut-out"},
+                                         Caption{TextKey::DisableCutOut, u"ｶｯﾄｱｳﾄ解除", u"No cut-out"},
                                          Caption{TextKey::Waiting, u"お待ち下さい", u"Reading Data."},
                                          Caption{TextKey::Output2Monitor, u"第2出力表示", u"Monitor"}));
 

@@ -92,7 +92,7 @@ std::vector<String> ModelsOf(StringView family) {
 std::vector<String> AllModels() {
   std::vector<String> names;
   for (const StringView family :
-       {u"First", u"Second", u"Third", u"Lite", u"LiteThird", u"LiteForth", u"LiteFifth"}) {
+       {u"First", u"Second", u"Third", u"Lite", u"LiteSecond", u"LiteThird", u"LiteForth", u"LiteFifth"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }
@@ -206,7 +206,7 @@ void PageBench::Open(const String& path) {
 }
 
 void PageBench::ForceOutput(const String& percent) {
-  Type(u"03_set", percent);
+  Type(String(EntryOf(Page().ItsFamily().word).record.output.set_key), percent);
   Click(Part<OutputSetting>(Page()).cmdSet);
 }
 

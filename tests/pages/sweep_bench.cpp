@@ -41,7 +41,7 @@ void ExpectDeviceHolds(const ParameterPage& page, const sim::Device& device) {
     if (page.DataCell(row, kUploaded) != u"Y" || kept == kNeedless) {
       continue;
     }
-    String held = FromUtf8(device.Value(ToUtf8(group), ToUtf8(item)));
+    String held = FromUtf8(device.Value(ToUtf8(group), ToUtf8(page.WireOf(row).item)));
     if (const String& unit = page.DataCell(row, kUnitText); !unit.empty() && held.ends_with(unit)) {
       held.resize(held.size() - unit.size());  // some counters tell it with the value
     }

@@ -63,6 +63,8 @@ inline std::string Write(Device& device, const std::string& group, const std::st
 }
 
 /// Puts the device into programming mode.
-inline void EnterProgramming(Device& device) { Write(device, "01", "01", "1"); }
+inline void EnterProgramming(Device& device) {
+  Write(device, "01", std::string(device.GetFamily().mode_item), "1");
+}
 
 }  // namespace korva::sim

@@ -18,12 +18,6 @@ constexpr std::array<StringView, 6> kTwoDecimals = {u"12", u"13", u"14", u"15", 
 
 bool Z2KvConfigUpload::ConfirmModel() { return ModelChosen(Page()) && ConfirmModelOfDevice(Page()); }
 
-String Z2KvConfigUpload::ReadItem(int row) const {
-  const String& group = Page().DataCell(row, kGroup);
-  return group == u"00" || group == u"99" ? Page().ReadIdentity(Page().WireOf(row))
-                                          : UploadSteps::ReadItem(row);
-}
-
 RowRead Z2KvConfigUpload::Judge(const String& answer) {
   if (answer.empty()) {
     Page().Box().ShowCommFailure();
@@ -37,15 +31,13 @@ RowRead Z2KvConfigUpload::Judge(const String& answer) {
 }
 
 void Z2KvConfigUpload::AfterItemRead(int row) {
-  if (!IsValueRow(Page(), row)) {
-    return;
-  }
+  KindUpload::AfterItemRead(row);
   const String& item = Page().DataCell(row, kItem);
-  String value = ValueWithoutUnit(Page().SetCell(row));
-  if (std::find(kTwoDecimals.begin(), kTwoDecimals.end(), item) != kTwoDecimals.end() && IsNumeric(value)) {
-    value = FormatMask(LeadingNumber(value), u"##0.00");
+  const String& value = Page().SetCell(row);
+  const bool two_decimals = std::find(kTwoDecimals.begin(), kTwoDecimals.end(), item) != kTwoDecimals.end();
+  if (two_decimals && IsValue(row) && IsNumeric(value)) {
+    Page().GroupItem.Set(Page().DataCell(row, kGroup), item, FormatMask(LeadingNumber(value), u"##0.00"));
   }
-  Page().GroupItem.Set(Page().DataCell(row, kGroup), item, value);
 }
 
 bool Z2KvConfigCheck::CheckValues() {
@@ -63,10 +55,6 @@ bool Z2KvConfigDownload::BeginWriting() {
     return false;
   }
   return stage_.ReadDevice() && DownloadSteps::BeginWriting();
-}
-
-bool Z2KvConfigDownload::CompareReply(const WriteEntry& entry, const String& reply) const {
-  return ReplyProvesKind(Page(), entry, reply);
 }
 
 }  // namespace korva

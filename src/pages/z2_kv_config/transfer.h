@@ -11,13 +11,12 @@ namespace korva {
 // What the page of family Lite does its own way in upload, check and download. The page outlives all of it.
 
 /// The device tells its model. An item that doesn't answer, or that it refuses, ends the upload.
-class Z2KvConfigUpload final : public UploadSteps {
+class Z2KvConfigUpload final : public KindUpload {
  public:
-  using UploadSteps::UploadSteps;
+  using KindUpload::KindUpload;
   bool ConfirmModel() override;
-  [[nodiscard]] String ReadItem(int row) const override;
   RowRead Judge(const String& answer) override;
-  /// Drops the unit behind a value.
+  /// Shows the values of ranges with two decimals.
   void AfterItemRead(int row) override;
 };
 
@@ -31,15 +30,14 @@ class Z2KvConfigCheck final : public CheckSteps {
 };
 
 /// What has no item goes into the device's memory behind the items: the stage is a part of the page.
-class Z2KvConfigDownload final : public DownloadSteps {
+class Z2KvConfigDownload final : public KindDownload {
  public:
-  Z2KvConfigDownload(ParameterPage& page, EepromStage& stage) : DownloadSteps(page), stage_(stage) {}
+  Z2KvConfigDownload(ParameterPage& page, EepromStage& stage) : KindDownload(page), stage_(stage) {}
   bool ConfirmModel() override;
   /// The input type and the output type.
   bool Collate() override;
   /// Misses a curve's file before anything has changed the device, and reads what the stage compares with.
   bool BeginWriting() override;
-  [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
 
  private:
   EepromStage& stage_;

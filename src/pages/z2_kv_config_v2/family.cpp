@@ -20,6 +20,19 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 6, .kind = SectionKind::List},
 };
 
+constexpr FieldArrays kArrays = {
+    .lbl_item = 43, .label = 43, .text = 43, .frame = 0, .combo = 4, .lbl_unit = 43};
+constexpr std::array kLists = {
+    ListRule{.key = u"$I20", .table = u"$I20", .fill = ListFill::Coded},
+    ListRule{.key = u"$I05", .table = u"$I05", .fill = ListFill::Coded},
+    ListRule{.key = u"$I13", .table = u"$I13", .fill = ListFill::Coded},
+    ListRule{.key = u"$I32", .table = u"$I32", .fill = ListFill::Coded},
+    ListRule{.key = u"$I33", .table = u"$I33", .fill = ListFill::Coded},
+};
+constexpr std::array<StringView, 7> kLiveItems = {u"24_set", u"24_mon", u"04", u"05", u"06", u"07", u"08"};
+/// They go to the device by the buttons of their loops.
+constexpr std::array<StringView, 3> kLoopItems = {u"28_zero", u"28_span", u"30"};
+
 constexpr std::array<StringView, 6> kPresence = {u"22", u"04", u"05", u"06", u"07", u"08"};
 constexpr std::array kCycle = {CycleItem{.key = u"06"}, CycleItem{.key = u"07"}};
 
@@ -46,7 +59,14 @@ constexpr FamilyRecord kZ2KvConfigV2Record = {
     .device = {.system_text = SystemText::Title, .mode_item = u"22"},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kTitledLayout},
-    .fields = kNone,
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone,
+                        .blank_items = kLoopItems,
+                        .first_saved_group = 2},
     .monitor = {.presence = kPresence,
                 .cycle = kCycle,
                 .clean = TrimNumericTailFixed,

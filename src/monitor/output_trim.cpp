@@ -1,0 +1,246 @@
+#include "monitor/output_trim.h"
+
+#include <string>
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "link/group_item.h"
+#include "monitor/updated_control.h"
+
+namespace korva {
+
+namespace {
+
+constexpr int kLitTime = 700;    ///< ms for which a value is highlighted
+constexpr int kUnlitTime = 200;  ///< ms until the next one is read
+constexpr double kHundredths = 100;
+constexpr StringView kResetStep = u"Reset";
+constexpr StringView kTwoDecimals = u"0.00";
+
+/// The value as the decimal number of 15 digits that a user reads.
+double Rounded(double value) { return LeadingNumber(ShortestText(value)); }
+
+std::optional<double> Percent(const String& fraction) {
+  return IsNumeric(fraction) ? std::optional(Rounded(LeadingNumber(fraction) * 100)) : std::nullopt;
+}
+std::optional<double> ZeroPercent(StringView answer) { return Percent(ZeroFromTrimAnswer(answer)); }
+std::optional<double> SpanPercent(StringView answer) { return Percent(SpanFromTrimAnswer(answer)); }
+
+String ZeroStep(StringView step, double /*target*/) { return u"Z" + String(step); }
+String SpanStep(StringView step, double /*target*/) { return u"S" + String(step); }
+
+std::string NameOf(const TrimEnd& end, std::string_view what) {
+  return std::string("cmd").append(end.name).append(what);
+}
+
+}  // namespace
+
+String ZeroFromTrimAnswer(StringView answer) {
+  const String text = Trimmed(answer);
+  return text.substr(0, text.find(u' '));
+}
+
+String SpanFromTrimAnswer(StringView answer) {
+  const String text = Trimmed(answer);
+  const std::size_t blank = text.find(u' ');
+  return blank == String::npos ? String() : Trimmed(text.substr(blank));
+}
+
+constexpr TrimEnd kZeroTrim = {.key = u"28_zero",
+                               .name = "OutZero",
+                               .read_item = u"28",
+                               .percent_of = ZeroPercent,
+                               .write_item = u"29",
+                               .data_of = ZeroStep,
+                               .reset_data = u"C0",
+                               .low = u"-6",
+                               .high = u"6",
+                               .out_of_range = BoxKey::ZeroTrimOutOfRange,
+                               .untold = u"0",
+                               .in_monitor_mode = true};
+constexpr TrimEnd kSpanTrim = {.key = u"28_span",
+                               .name = "OutSpan",
+                               .read_item = u"28",
+                               .percent_of = SpanPercent,
+                               .write_item = u"29",
+                               .data_of = SpanStep,
+                               .reset_data = u"C0",
+                               .low = u"94",
+                               .high = u"106",
+                               .out_of_range = BoxKey::SpanTrimOutOfRange,
+                               .untold = u"100"};
+
+OutputTrim::OutputTrim(ParameterPage& page, const TrimEnd& end)
+    : StartButton(NameOf(end, "Start")),
+      M01Button(NameOf(end, "M01")),
+      M001Button(NameOf(end, "M001")),
+      P001Button(NameOf(end, "P001")),
+      P01Button(NameOf(end, "P01")),
+      ResetButton(NameOf(end, "Reset")),
+      LimitsLabel(std::string("lbl").append(end.name).append("Limits")),
+      page_(page),
+      end_(end) {
+  page_.Add(*this);
+  for (Control* control : Controls()) {
+    page_.Register(*control);
+  }
+  ListenToButtons();
+  ShowState();
+}
+
+std::array<Control*, 7> OutputTrim::Controls() {
+  return {&StartButton, &M01Button, &M001Button, &P001Button, &P01Button, &ResetButton, &LimitsLabel};
+}
+
+void OutputTrim::ListenToButtons() {
+  StartButton.OnClick = [this] { StartOrStop(); };
+  request_.Offer(M01Button, u"-10");
+  request_.Offer(M001Button, u"-1");
+  request_.Offer(P001Button, u"1");
+  request_.Offer(P01Button, u"10");
+  request_.Offer(ResetButton, kResetStep);
+}
+
+void OutputTrim::SetCaptions(Language language) {
+  M01Button.SetCaption(u"-0.1");
+  M001Button.SetCaption(u"-0.01");
+  P001Button.SetCaption(u"+0.01");
+  P01Button.SetCaption(u"+0.1");
+  ResetButton.SetCaption(CaptionText(TextKey::Reset, language));
+  LimitsLabel.SetCaption(String(end_.low) + u"% <= X <= " + String(end_.high) + u"%");
+}
+
+void OutputTrim::PageBuilt() {
+  TextField* box = page_.FindField(end_.key);
+  for (Control* control : Controls()) {
+    control->SetVisible(box != nullptr);
+  }
+  const bool uploaded = box != nullptr && page_.UploadBusy && !box->Locked();
+  if (uploaded && box->Text().empty()) {
+    box->SetText(String(end_.untold));
+  }
+}
+
+std::optional<String> OutputTrim::ShownText(int row) const {
+  if (!IsItsRow(row)) {
+    return std::nullopt;
+  }
+  const auto percent = end_.percent_of(page_.SetCell(row));
+  return percent ? FormatMask(*percent, kTwoDecimals) : String();
+}
+
+std::optional<String> OutputTrim::CellOf(int row, const String& /*text*/) const {
+  return IsItsRow(row) ? std::optional(page_.SetCell(row)) : std::nullopt;
+}
+
+void OutputTrim::StartOrStop() {
+  if (running_) {
+    Stop();
+  } else {
+    Start();
+  }
+}
+
+void OutputTrim::Start() {
+  TextField* box = page_.FindField(end_.key);
+  if (page_.OperationRuns() || box == nullptr) {
+    return;
+  }
+  page_.BeginOperation();
+  page_.LockFrame();
+  if (end_.in_monitor_mode && !page_.EnterMonitorMode()) {
+    page_.EndOperation();
+    page_.UnlockFrame();
+    return;
+  }
+  running_ = true;
+  ShowState();
+  KeepInReach(page_, StartButton);
+  StartButton.SetFocus();
+  CarryOver(*box);
+  while (running_) {
+    Turn(*box);
+  }
+  PaintHighlight(*box);
+  page_.EndOperation();
+}
+
+void OutputTrim::Stop() {
+  page_.UnlockFrame();
+  running_ = false;
+  request_.Drop();
+  ShowState();
+}
+
+void OutputTrim::ShowState() {
+  StartButton.SetCaption(CaptionText(running_ ? TextKey::Stop : TextKey::Start));
+  for (Button* button : {&M01Button, &M001Button, &P001Button, &P01Button, &ResetButton}) {
+    button->SetEnabled(running_);
+  }
+}
+
+void OutputTrim::CarryOver(const TextField& box) {
+  const String target = Trimmed(box.Text());
+  if (target.empty()) {
+    return;
+  }
+  if (!IsNumeric(target)) {
+    page_.Box().Show(end_.out_of_range, {String(end_.low), String(end_.high)});
+    return;
+  }
+  const auto present = end_.percent_of(Read());
+  if (!present) {
+    return;
+  }
+  const double steps = Rounded(LeadingNumber(target) * kHundredths) - Rounded(*present * kHundredths);
+  if (Rounded(steps) != 0) {
+    Step(ShortestText(steps));
+  }
+}
+
+void OutputTrim::Turn(TextField& box) {
+  request_.CarryOut([this](const String& step) { Apply(step); });
+  PaintHighlight(box);
+  const String answer = Read();
+  if (const auto percent = end_.percent_of(answer)) {
+    page_.GroupItem.Set(u"01", String(end_.read_item), answer);
+    ShowTold(box, FormatMask(*percent, kTwoDecimals));
+  }
+  page_.Line().WaitFor(kLitTime);
+  PaintRest(box);
+  page_.Line().WaitFor(kUnlitTime);
+}
+
+void OutputTrim::Apply(const String& step) {
+  if (step == kResetStep) {
+    page_.Items().WriteRetry(kItemRepeats, ItemKey(end_.write_item).OnWire(), String(end_.reset_data));
+  } else {
+    Step(step);
+  }
+}
+
+void OutputTrim::Step(const String& step) {
+  const auto present = end_.percent_of(Read());
+  if (!present) {
+    return;
+  }
+  const double target = Rounded(*present + LeadingNumber(step) / kHundredths);
+  if (IsBetween(LeadingNumber(end_.high), LeadingNumber(end_.low), target)) {
+    page_.Items().WriteRetry(kItemRepeats, ItemKey(end_.write_item).OnWire(), end_.data_of(step, target));
+  } else {
+    page_.Box().Show(end_.out_of_range, {String(end_.low), String(end_.high)});
+  }
+}
+
+void OutputTrim::ShowTold(TextField& box, const String& percent) {
+  const bool locked = box.Locked();
+  box.SetLocked(true);  // it is no edit of the user's, even when STOP has freed the box meanwhile
+  box.SetText(percent);
+  box.SetLocked(locked);
+}
+
+String OutputTrim::Read() const {
+  return page_.Items().ReadRetry(kItemRepeats, ItemKey(end_.read_item).OnWire());
+}
+
+}  // namespace korva
