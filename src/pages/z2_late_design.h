@@ -68,6 +68,18 @@ inline constexpr std::array kIoCheckGroups = {
     DesignGroup{.heading = TextKey::Output, .rows = kSettingRows},
 };
 
+constexpr std::array<DesignGroup, 2> InputGroups(std::span<const DesignRow> input) {
+  return {{{.heading = TextKey::Input, .rows = input},
+           {.column = 1, .heading = TextKey::Range, .rows = kRangeRows}}};
+}
+/// `free` are the lines for new items.
+constexpr std::array<DesignGroup, 3> OutputGroups(std::span<const DesignRow> output,
+                                                  std::span<const DesignRow> free) {
+  return {{{.heading = TextKey::Output, .rows = output},
+           {.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineRows},
+           {.column = 1, .heading = TextKey::Details, .rows = free}}};
+}
+
 /// The tabs in their order.
 constexpr std::array<DesignTab, 6> Tabs(std::span<const DesignGroup> input,
                                         std::span<const DesignGroup> output,

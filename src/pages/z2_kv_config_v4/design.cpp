@@ -21,16 +21,9 @@ constexpr std::array kUnlabelledRows = {DesignRow{.field = "Text(42)", .unit = "
 /// A list for a new item.
 constexpr std::array kFreeLists = {DesignRow{.field = "Combo(0) Combo(1)"}};
 
-constexpr std::array kInputGroups = {
-    DesignGroup{.heading = TextKey::Input, .rows = kInputRows},
-    DesignGroup{.column = 1, .heading = TextKey::Range, .rows = late_z2::kRangeRows},
-};
+constexpr std::array kInputGroups = late_z2::InputGroups(kInputRows);
 constexpr std::array kDetailRows = Joined(kFreeRows, kUnlabelledRows, kFreeLists);
-constexpr std::array kOutputGroups = {
-    DesignGroup{.heading = TextKey::Output, .rows = late_z2::kOutputRows},
-    DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = late_z2::kFineRows},
-    DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kDetailRows},
-};
+constexpr std::array kOutputGroups = late_z2::OutputGroups(late_z2::kOutputRows, kDetailRows);
 constexpr std::array kTableGroups = TableGroups(late_z2::kPointRows);
 constexpr std::array kTabs = late_z2::Tabs(kInputGroups, kOutputGroups, kTableGroups);
 

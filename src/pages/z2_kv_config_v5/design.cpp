@@ -18,18 +18,11 @@ constexpr std::array kUnlabelledRows = {
 /// Lists for new items.
 constexpr std::array kFreeLists = {DesignRow{.field = "Combo(0) Combo(1) Combo(7)"}};
 
-constexpr std::array kInputGroups = {
-    DesignGroup{.heading = TextKey::Input, .rows = late_z2::kInputRows},
-    DesignGroup{.column = 1, .heading = TextKey::Range, .rows = late_z2::kRangeRows},
-};
+constexpr std::array kInputGroups = late_z2::InputGroups(late_z2::kInputRows);
 constexpr std::array kOutputRows =
     Joined(late_z2::kOutputRows, std::array{FieldRow({.item = u"26", .label = 21, .field = 7})});
 constexpr std::array kDetailRows = Joined(kFreeRows, kUnlabelledRows, kFreeLists);
-constexpr std::array kOutputGroups = {
-    DesignGroup{.heading = TextKey::Output, .rows = kOutputRows},
-    DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = late_z2::kFineRows},
-    DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kDetailRows},
-};
+constexpr std::array kOutputGroups = late_z2::OutputGroups(kOutputRows, kDetailRows);
 
 /// The editor's button of its own stands beside the usual ones.
 constexpr std::array kEditorRows = {kCellEditorRows[0], kCellEditorRows[1],
