@@ -94,6 +94,12 @@ void FirstVisitOfSecond(benchmark::State& state) { FirstVisit(state, u"Second");
 BENCHMARK(FirstVisitOfSecond)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
 void FirstVisitOfThird(benchmark::State& state) { FirstVisit(state, u"Third"); }
 BENCHMARK(FirstVisitOfThird)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
+void FirstVisitOfLiteFifth(benchmark::State& state) { FirstVisit(state, u"LiteFifth"); }
+BENCHMARK(FirstVisitOfLiteFifth)
+    ->Iterations(1)
+    ->Repetitions(9)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 // To and fro between pages that have been shown.
 void SwitchPagesInWindow(benchmark::State& state) {

@@ -40,10 +40,7 @@ inline constexpr auto kFineRows = std::to_array<DesignRow>({
 
 inline constexpr int kLiveNumbers = 5;  ///< number labels below it are those of live values
 
-inline constexpr std::array kPointRows = {
-    DesignRow{.field = "LnrFlexGrid"}, DesignRow{.field = "lblLnrLimits"},
-    DesignRow{.field = "cmd_csvFileOpen cmd_csvFileSave"},
-    DesignRow{.field = "cmdReadOutTable cmdWriteInTable"}, DesignRow{.field = "Table_ProgressBar"}};
+inline constexpr std::array kPointRows = MovedPointRows({.field = "cmdReadOutTable cmdWriteInTable"});
 
 inline constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"04", .label = 2, .field = 22}),
@@ -55,10 +52,7 @@ inline constexpr std::array kSettingRows = OutputRows(std::array{
     LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
 });
 inline constexpr std::array kThresholdRows = {
-    WithButtons(FieldRow({.item = u"09", .label = 16, .field = 10}),
-                "cmdThresholdStart cmdThresholdM1 cmdThresholdM01 cmdThresholdM001 cmdThresholdP001 "
-                "cmdThresholdP01 cmdThresholdP1"),
-    DesignRow{.field = "lblThreshold"},
+    SteppedRow(FieldRow({.item = u"09", .label = 16, .field = 10}), kThresholdButtons, kThresholdKeys),
     DesignRow{.label = "lblMeasFreq", .field = "txtMeasFreq", .unit = "unitMeasFreq"},
 };
 
