@@ -293,6 +293,33 @@ TEST(MonitorScript, ForcesTheOutputUntilADelayedClick) {
   EXPECT_EQ(bench.device.Mode(), '0');
 }
 
+TEST(TableScript, ReadsAndWritesATableByItsButtons) {
+  PagesBench bench({}, "Z2WPR");
+  bench.Run("click Opt_Lnr(1)");
+  EXPECT_EQ(Of(bench.Run("click cmdReadOutTable"), "box"),
+            Lines{R"(box plain "ﾃｰﾌﾞﾙ ﾁｪｯｸ" "Tableの値を読み出しました。" ok -> ok)"});
+  bench.Run("cell LnrFlexGrid 16 2\ntype txtLnrNewValue 99.5\nclick cmdLnrChangeOK");
+  EXPECT_EQ(Of(bench.Run("click cmdWriteInTable"), "box"),
+            Lines{R"(box plain "ﾃｰﾌﾞﾙ ﾁｪｯｸ" "Tableの値を書き込みました。" ok -> ok)"});
+  EXPECT_EQ(bench.device.Value("01", "91"), "99.50");
+  EXPECT_EQ(bench.device.Mode(), '0');
+  EXPECT_EQ(bench.Run("show lblLnrLimits"),
+            Lines{R"(lblLnrLimits shown enabled unlocked normal "-15.00% =< X(k),Y(k) =< 115.00%")"});
+}
+
+TEST(TableScript, BringsATableThroughItsDialogueAndConvertsAFrequency) {
+  PagesBench bench({}, "Z2WPA");
+  bench.device.Set("01", "42", "1");
+  const Lines printed = bench.Run("answer yes ok yes\nclick cmdUpload");
+  EXPECT_EQ(Of(printed, "box").back(), kUploadDone);
+  EXPECT_EQ(bench.Run("show LnrFlexGrid"),
+            Lines{R"(LnrFlexGrid shown enabled "  k" "  X(k)        %" "  Y(k)        %")"});
+  EXPECT_EQ(Of(bench.Run("dump LnrFlexGrid"), "LnrFlexGrid 2"),
+            (Lines{R"(LnrFlexGrid 2 1 normal "25.00")", R"(LnrFlexGrid 2 2 normal "25.00")"}));
+  EXPECT_EQ(bench.Run("pick cbo_unit(0) kHz\nshow Text(4)"),
+            Lines{R"(Text(4) shown enabled unlocked normal "0.5")"});
+}
+
 TEST(ScriptOnPagesTest, KeysEditTheTableOfLiteFifthCellByCell) {
   PagesBench bench({}, "Z2WPL");
   bench.Run("click Opt_Lnr(1)\ncell LnrFlexGrid 1 1");

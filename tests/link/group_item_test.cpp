@@ -332,6 +332,15 @@ TEST_F(EnterItemDialectTest, ADeviceWithoutATagGivesTenBlanks) {
   EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"02"}), u"          ");
 }
 
+TEST_F(EnterItemDialectTest, AnItemThatIsNotReadyIsReadAgain) {
+  Replies({kEnterItem, "DStatus", "D invalid data", kEnterItem, "DStatus", "D 5"});
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"18"}, u"invalid data"), u"5");
+  Replies({kEnterItem, "DStatus", "D invalid data", kEnterItem, "DStatus", "D invalid data"});
+  EXPECT_EQ(enter_item.ReadParamRetry(1, {u"01", u"18"}, u"invalid data"), u"");
+  Replies({kEnterItem, "DStatus", "D invalid data"});
+  EXPECT_EQ(enter_item.ReadParamRetry(3, {u"01", u"18"}), u"invalid data") << "an item that is always ready";
+}
+
 TEST_F(EnterItemDialectTest, AWriteGivesTheReply) {
   Replies({kEnterItem, "DStatus", "D all prms default "});
   EXPECT_EQ(enter_item.WriteParam({u"01", u"34"}, u"1"), u"all prms default");
