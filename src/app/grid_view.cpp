@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <utility>
 
 #include "app/looks.h"
 #include "app/text.h"
@@ -55,15 +56,16 @@ GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, Q
       grid_.SetCurrentCell(std::max(0, row), std::max(0, column));
     }
   });
+  // A cell that comes into view, or a table that becomes smaller, scrolls without the user's doing.
+  connect(verticalScrollBar(), &QScrollBar::actionTriggered, this,
+          [this] { user_scrolls_ = verticalScrollBar()->sliderPosition() != verticalScrollBar()->value(); });
   connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
-    if (following_) {
-      return;
-    }
+    const bool by_user = std::exchange(user_scrolls_, false);
     const int top = std::max(1, rowAt(0));
-    if (showing_current_) {
-      grid_.SetTopRow(top);
-    } else {
+    if (by_user) {
       grid_.UserScrolls(top);
+    } else if (!following_) {
+      grid_.SetTopRow(top);
     }
   });
 }
@@ -134,7 +136,6 @@ void GridView::ShowCurrent() {
   if (row == std::max(0, currentRow()) && column == std::max(0, currentColumn())) {
     return;
   }
-  const QScopedValueRollback showing(showing_current_, true);
   const bool none = row == 0;
   setCurrentCell(none ? -1 : row, none ? -1 : column);
   scrollTo(currentIndex());

@@ -36,7 +36,7 @@ class GridView final : public QTableWidget {
   std::function<void(int row, int column)> click_;
   std::optional<unsigned> seen_;  ///< how many changes of the grid it shows
   bool following_ = false;        ///< the page scrolls, not the user
-  bool showing_current_ = false;  ///< it scrolls to the current cell
+  bool user_scrolls_ = false;     ///< the next change of the scroll bar is the user's
 };
 
 }  // namespace korva
