@@ -158,6 +158,7 @@ void OutputTrim::Start() {
   KeepInReach(page_, StartButton);
   StartButton.SetFocus();
   CarryOver(*box);
+  request_.Drop();
   while (running_) {
     Turn(*box);
   }

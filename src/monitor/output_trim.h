@@ -43,10 +43,10 @@ extern const TrimEnd kSpanTrim;
 ///
 /// Running is a loop inside the press of START; its waits let events in. The frame is locked, with the
 /// buttons of this trim alone in reach; a close request ends the program at the next pause. START first
-/// carries the value that stands in the box to the device. A step is carried out at the next turn, and a
-/// second press before that takes the place of the first. STOP frees the frame at once, and a step that waits
-/// is dropped; nothing else begins until the turn has ended. A read without an answer leaves the box as it
-/// is, and the loop goes on.
+/// carries the value that stands in the box to the device; a step pressed meanwhile is dropped. A step is
+/// carried out at the next turn, and a second press before that takes the place of the first. STOP frees the
+/// frame at once, and a step that waits is dropped; nothing else begins until the turn has ended. A read
+/// without an answer leaves the box as it is, and the loop goes on.
 ///
 /// The device is sent differences, so a step goes out only when the device has told from where. One that
 /// would lead out of the limits is refused with its box.

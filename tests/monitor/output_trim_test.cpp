@@ -177,6 +177,14 @@ TEST(OutputTrim, StartWithATypedValueOf150AndADeviceZeroOf00100SendsDZ50) {
   EXPECT_EQ(bench.BoxOf(bench.zero_trim).Text(), u"1.50");
 }
 
+TEST(OutputTrim, AStepPressedWhileTheTypedValueIsCarriedIsDropped) {
+  TrimBench bench(1000);
+  bench.PressAt(kExchange + 45ms, bench.zero_trim.P01Button);
+  bench.RunFor(bench.zero_trim, 2500ms, u"1.50");
+  EXPECT_EQ(bench.Steps(), Texts{"Z50"});
+  bench.ExpectIdle();
+}
+
 struct CarryCase {
   String typed;
   int device;
