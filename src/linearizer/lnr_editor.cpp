@@ -43,7 +43,7 @@ void LnrEditor::Select(int row, int column) {
   LnrPrevCol = column;
   LnrRestoreDone = false;
   fraLnrChange.SetVisible(true);
-  txtLnrNewValue.SetVisible(true);
+  ShowField(true);
   txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
   MarkOpenEdit();
   txtLnrRow.SetText(Ascii(std::to_string(row)));
@@ -91,6 +91,11 @@ void LnrEditor::TellOpenEdit() {
                                            txtLnrRow.Text() + u" " + page_.Words(TextKey::Column) + u" " +
                                            txtLnrCol.Text() + u"「" + txtLnrNewValue.Text() + u"」");
   }
+}
+
+void LnrEditor::ShowField(bool shown) {
+  lblLnrNewValue.SetVisible(shown);
+  txtLnrNewValue.SetVisible(shown);
 }
 
 void LnrEditor::Close() {

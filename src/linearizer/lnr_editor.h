@@ -29,7 +29,7 @@ class LnrEditor {
   /// Selects the cell so many rows and columns beside the one selected last, or at the border of the table.
   void GoOn(int rows, int columns);
   /// Takes the field of the edit away until the next cell is selected. What was typed stays.
-  void HideField() { txtLnrNewValue.SetVisible(false); }
+  void HideField() { ShowField(false); }
   /// cmdLnrChangeCancel
   void Cancel();
   /// The table was rebuilt: the editor closes, no cell is selected.
@@ -65,6 +65,7 @@ class LnrEditor {
   [[nodiscard]] bool HasChange() const;
   /// Marks the open cell and the text under edit while they differ.
   void MarkOpenEdit();
+  void ShowField(bool shown);
   void Close();
   void RestoreColours();
 

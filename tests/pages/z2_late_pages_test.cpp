@@ -399,6 +399,7 @@ TEST(LiteFifthEditor, AScrollOfTheGridAndAnotherTabHideTheField) {
   bench.Open(5, 2);
   bench.Do([&] { bench.Table().UserScrolls(3); });
   EXPECT_FALSE(bench.Editor().txtLnrNewValue.Visible());
+  EXPECT_FALSE(bench.Editor().lblLnrNewValue.Visible()) << "with its caption";
   bench.Open(5, 2);
   EXPECT_TRUE(bench.Editor().txtLnrNewValue.Visible());
   bench.Do([&] { bench.Page().Tabs.SetCurrent(1); });
