@@ -179,7 +179,15 @@ QWidget* ControlViews::CaptionView(CaptionedControl& control, QWidget* parent) {
 
 QWidget* ControlViews::MakeButton(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(parent);
-  Follow(button, widget, [&button, widget] { widget->setText(ToQt(button.Caption())); });
+  Follow(button, widget, [&button, widget] {
+    widget->setText(ToQt(button.Caption()));
+    if (widget->property("look").toInt() != static_cast<int>(button.ShownLook())) {
+      ShowLook(widget, button.ShownLook());
+      QFont font = widget->font();
+      font.setBold(button.Pending());
+      widget->setFont(font);
+    }
+  });
   QObject::connect(widget, &QPushButton::clicked, widget,
                    [this, &button] { Enter([&button] { button.Click(); }); });
   return widget;

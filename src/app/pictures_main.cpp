@@ -72,7 +72,11 @@ struct Options {
   QCommandLineOption cell{"cell", "Cell of the linearizer table to click; may be repeated.", "ROW,COL"};
   QCommandLineOption type{"type", "Text to type into a field first; may be repeated.", "NAME=TEXT"};
   QCommandLineOption monitor{
-      "monitor", "Press cmdMonitorON; take the pictures when the field shows its second reading.", "NAME"};
+      "monitor", "Press --start; take the pictures when the field shows its second reading.", "NAME"};
+  QCommandLineOption start{
+      "start", "Button that --monitor presses, and at the end again unless it is the ON of the monitor.",
+      "NAME", "cmdMonitorON"};
+  QCommandLineOption step{"step", "Button to press while --monitor runs, right before the pictures.", "NAME"};
   QCommandLineOption out{"out", "Folder for the pictures.", "DIR", "."};
   QCommandLineOption tab{"tab", "Only this tab, from 0.", "N"};
   QCommandLineOption as{"as", "Name of the picture, with --tab.", "NAME"};
@@ -220,27 +224,37 @@ bool KeepPictures(const QCommandLineParser& arguments, const Options& options, k
   return good && kept > 0;
 }
 
-/// Presses cmdMonitorON, and has `keep` called while the field shows its second reading, when the others have
-/// one too; then presses cmdMonitorOFF. False when the field never came so far.
-bool KeepWhileMonitoring(const korva::Page& page, const QString& name, const std::function<bool()>& keep) {
-  korva::Control* const field = page.FindControl(name.toStdString());
+/// What runs while a picture is taken.
+struct LiveRun {
+  QString start;  ///< the button that begins it
+  QString field;  ///< whose second reading is waited for, when the others have one too
+  QString step;   ///< the button that is pressed then; empty: none
+  [[nodiscard]] QString Stop() const {
+    return start == QStringLiteral("cmdMonitorON") ? QStringLiteral("cmdMonitorOFF") : start;
+  }
+};
+
+/// Begins the run, has `keep` called while the field shows its second reading, and ends it. False when the
+/// field never came so far.
+bool KeepWhileRunning(const korva::Page& page, const LiveRun& run, const std::function<bool()>& keep) {
+  korva::Control* const field = page.FindControl(run.field.toStdString());
   if (field == nullptr) {
-    Complain(name + QStringLiteral(": no such field"));
+    Complain(run.field + QStringLiteral(": no such field"));
     return false;
   }
   // The observer stays with the field, behind the end of this.
   const auto good = std::make_shared<bool>(false);
-  field->Observe([&page, field, keep, good, readings = 0, fresh = false]() mutable {
+  field->Observe([&page, field, keep, good, run, readings = 0, fresh = false]() mutable {
     const bool was_fresh = std::exchange(fresh, field->ShownLook() == korva::Look::Highlight);
     if (!fresh || was_fresh || ++readings != 2) {
       return;
     }
-    QTimer::singleShot(0, [&page, keep, good] {  // the window draws what it is told behind this
-      *good = keep();
-      Press(page, QStringLiteral("cmdMonitorOFF"));
+    QTimer::singleShot(0, [&page, keep, good, run] {  // the window draws what it is told behind this
+      *good = (run.step.isEmpty() || Press(page, run.step)) && keep();
+      Press(page, run.Stop());
     });
   });
-  return Press(page, QStringLiteral("cmdMonitorON")) && *good;
+  return Press(page, run.start) && *good;
 }
 
 /// The whole run, behind the start of the program: true when the pictures were kept.
@@ -257,9 +271,12 @@ bool TakePictures(const QCommandLineParser& arguments, const Options& options, k
     // A configuration of another family brings another page.
     const korva::Page& page = *host.Running().Showing();
     if (CarryOut(arguments, options, page)) {
-      done = arguments.isSet(options.monitor)
-                 ? KeepWhileMonitoring(page, arguments.value(options.monitor), keep)
-                 : keep();
+      done = arguments.isSet(options.monitor) ? KeepWhileRunning(page,
+                                                                 {.start = arguments.value(options.start),
+                                                                  .field = arguments.value(options.monitor),
+                                                                  .step = arguments.value(options.step)},
+                                                                 keep)
+                                              : keep();
     }
   });
   return done && !gate.Ended();
@@ -285,8 +302,8 @@ int main(int argc, char** argv) {
   arguments.addHelpOption();
   const Options options;
   arguments.addOptions({options.home, options.open, options.csv, options.press, options.yes, options.cell,
-                        options.monitor, options.type, options.out, options.tab, options.as, options.check,
-                        options.about, options.size, options.dark});
+                        options.monitor, options.start, options.step, options.type, options.out, options.tab,
+                        options.as, options.check, options.about, options.size, options.dark});
   arguments.process(application);
 
   korva::PrepareLook();

@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -13,6 +14,7 @@
 
 #include "app/curve_view.h"
 #include "app/looks.h"
+#include "app/step_keys.h"
 #include "app/text.h"
 
 namespace korva {
@@ -28,7 +30,9 @@ constexpr int kUnitBox = 9;
 constexpr int kShortField = 5;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
-constexpr int kColumns = 6;    ///< of a box: number, caption, field, unit, buttons, rest
+constexpr int kColumns = 6;  ///< of a box: number, caption, field, unit, buttons, rest
+constexpr int kStepButton = 8;
+constexpr std::string_view kNoKey = "-";
 constexpr int kGridLines = 9;  ///< that a grid has at least; it grows with the window
 
 std::vector<std::string_view> Names(std::string_view names) {
@@ -41,12 +45,12 @@ std::vector<std::string_view> Names(std::string_view names) {
   return found;
 }
 
-/// Width of a text field: of a value, of a row or column number, else of a free text.
+/// Width of a text field: of a value, of a number of rows or columns, else of a free text.
 int DigitsOfField(std::string_view name) {
-  if (name == "Text" || name == "txtLnrNewValue") {
+  if (name == "Text" || name == "txtLnrNewValue" || name == "txtMeasFreq") {
     return kField;
   }
-  return name.starts_with("txtLnr") ? kShortField : kMemo;
+  return name.starts_with("txtLnr") || name == "txtSize" ? kShortField : kMemo;
 }
 
 bool HasCurve(const DesignGroup& group) {
@@ -218,7 +222,32 @@ void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, Q
   if (!row.buttons.empty()) {
     const std::vector<Control*> buttons = ControlsOf(row.buttons);
     controls.insert(controls.end(), buttons.begin(), buttons.end());
-    layout.addWidget(MakeRowOf(buttons, box), line, 4, Qt::AlignLeft | Qt::AlignVCenter);
+    QWidget* area = MakeRowOf(buttons, box);
+    layout.addWidget(area, line, 4, Qt::AlignLeft | Qt::AlignVCenter);
+    AssignKeys(row, *field, *area);
+  }
+}
+
+void TabBuilder::AssignKeys(const DesignRow& row, QWidget& field, QWidget& buttons) {
+  if (row.keys.empty()) {
+    return;
+  }
+  auto* keys = new StepKeys(buttons);
+  keys->Watch(field);
+  const std::vector<std::string_view> names = Names(row.buttons);
+  const std::vector<std::string_view> words = Names(row.keys);
+  for (std::size_t place = 0; place < std::min(names.size(), words.size()); ++place) {
+    const auto name = QString::fromLatin1(names[place].data(), static_cast<qsizetype>(names[place].size()));
+    auto* button = buttons.findChild<QPushButton*>(name);
+    if (button == nullptr) {
+      continue;
+    }
+    button->setFixedWidth(Digits(button, kStepButton));
+    keys->Watch(*button);
+    if (words[place] != kNoKey) {
+      keys->Assign(*button, QKeySequence(QLatin1String(words[place].data(),
+                                                       static_cast<qsizetype>(words[place].size()))));
+    }
   }
 }
 

@@ -30,6 +30,8 @@ class TabBuilder {
   [[nodiscard]] std::vector<Control*> ControlsOf(std::string_view names) const;
   /// The frame that a row shows; nullptr when it shows something else.
   [[nodiscard]] Frame* FrameOf(const DesignRow& row) const;
+  /// Lets the keys of the row press its buttons.
+  static void AssignKeys(const DesignRow& row, QWidget& field, QWidget& buttons);
   QWidget* MakeRowOf(const std::vector<Control*>& controls, QWidget* parent);
   QWidget* MakeOptions(Frame& frame, QWidget* parent);
   /// Shows a box only while `frame` (which may be missing) and at least one of the controls are shown.

@@ -196,11 +196,14 @@ constexpr DesignTab TableTab(std::span<const DesignGroup> groups) {
   return {.caption = TextKey::Linearizer, .rule = TabRule::BySwitch, .groups = groups};
 }
 
-/// The buttons of a threshold with its limits behind them, and their keys.
-inline constexpr std::string_view kThresholdButtons =
-    "cmdThresholdStart cmdThresholdM1 cmdThresholdM01 cmdThresholdM001 cmdThresholdP001 cmdThresholdP01 "
-    "cmdThresholdP1 lblThreshold";
-inline constexpr std::string_view kThresholdKeys = "- Shift+PgDown PgDown Down Up PgUp Shift+PgUp -";
+/// A threshold at its place, with its steps and its limits beside it, and the frequency that it lets through.
+constexpr std::array<DesignRow, 2> ThresholdRows(const ItemPlace& place) {
+  return {{SteppedRow(FieldRow(place),
+                      "cmdThresholdStart cmdThresholdM1 cmdThresholdM01 cmdThresholdM001 cmdThresholdP001 "
+                      "cmdThresholdP01 cmdThresholdP1 lblThreshold",
+                      "- Shift+PgDown PgDown Down Up PgUp Shift+PgUp -"),
+           {.label = "lblMeasFreq", .field = "txtMeasFreq", .unit = "unitMeasFreq"}}};
+}
 
 /// The switches of a linearizer and their frames.
 inline constexpr std::array kTableOptions = {

@@ -51,10 +51,7 @@ inline constexpr std::array kSettingRows = OutputRows(std::array{
     LiveRow({.item = u"03_set", .label = 0, .field = 20}),
     LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
 });
-inline constexpr std::array kThresholdRows = {
-    SteppedRow(FieldRow({.item = u"09", .label = 16, .field = 10}), kThresholdButtons, kThresholdKeys),
-    DesignRow{.label = "lblMeasFreq", .field = "txtMeasFreq", .unit = "unitMeasFreq"},
-};
+inline constexpr std::array kThresholdRows = ThresholdRows({.item = u"09", .label = 16, .field = 10});
 
 inline constexpr std::array kIoCheckGroups = {
     DesignGroup{.heading = TextKey::Threshold, .frame = "Frame(1)", .rows = kThresholdRows},

@@ -59,10 +59,7 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"07", .label = 3, .field = 23}),
 });
 
-constexpr std::array kThresholdRows = {
-    SteppedRow(FieldRow({.item = u"30", .label = 22, .field = 4}), kThresholdButtons, kThresholdKeys),
-    DesignRow{.label = "lblMeasFreq", .field = "txtMeasFreq", .unit = "unitMeasFreq"},
-};
+constexpr std::array kThresholdRows = ThresholdRows({.item = u"30", .label = 22, .field = 4});
 
 constexpr std::array kSettingRows = OutputRows(std::array{
     LiveRow({.item = u"24_set", .label = 0, .field = 20}),
