@@ -28,8 +28,10 @@ ListView::ListView(ListBox& list, std::function<void(int position)> pick, QWidge
 void ListView::Show() {
   const QScopedValueRollback following(following_, true);
   Fill();
-  if (list_.TopIndex() >= 0 && list_.TopIndex() < count() && list_.TopIndex() != TopRow()) {
-    scrollToItem(item(list_.TopIndex()), QAbstractItemView::PositionAtTop);
+  // The page's wish counts once: to bring the present entry into view may have moved the rows since.
+  if (const int top = list_.TopIndex(); top != shown_top_ && top >= 0 && top < count()) {
+    shown_top_ = top;
+    scrollToItem(item(top), QAbstractItemView::PositionAtTop);
   }
   if (currentRow() != list_.ListIndex()) {
     setCurrentRow(list_.ListIndex());

@@ -27,6 +27,7 @@ class ListView final : public QListWidget {
   ListBox& list_;
   std::function<void(int position)> pick_;
   bool following_ = false;  ///< the page chooses or scrolls, not the user
+  int shown_top_ = -1;      ///< the list's top row when it was last brought to the top
 };
 
 }  // namespace korva

@@ -66,6 +66,17 @@ TEST(ListViewTest, ShowsAfterScrollingWhatAClickWouldChoose) {
   EXPECT_EQ(bench.Page().lst_TypeSelect.ListIndex(), chosen);
 }
 
+TEST(ListViewTest, TheChosenEntryStaysInViewWhileAnOperationLocksTheList) {
+  ListBench bench;
+  const int last = bench.Shown()->count() - 1;
+  bench.device.loop.Gate().Enter([&] { bench.Page().lst_TypeSelect.UserPicks(last); });
+  QCoreApplication::processEvents();
+  bench.Page().lst_TypeSelect.SetEnabled(false);
+  const QListWidget* list = bench.Shown();
+  EXPECT_EQ(list->currentRow(), last);
+  EXPECT_TRUE(list->viewport()->rect().contains(list->visualItemRect(list->currentItem())));
+}
+
 TEST(ListViewTest, TheEmptyEntriesAtTheEndAreNotShown) {
   ListBench bench;
   const auto& entries = bench.Page().lst_TypeSelect.Entries();
