@@ -52,19 +52,20 @@ class CommandExchange final : public TableExchange {
   bool BeginWriting(int points) override { return SendPair(u"P", Digits(points)); }
 
   bool WritePoint(int point) override {
-    return !Send(u"T" + Digits(point - 1) + u" " + Fraction(point, 1) + u" " + Fraction(point, 2)).empty();
+    return IsTaken(Send(u"T" + Digits(point - 1) + u" " + Fraction(point, 1) + u" " + Fraction(point, 2)));
   }
 
   bool EndWriting() override { return SendPair(u"F", {}); }
 
  private:
+  static bool IsTaken(const String& reply) { return !reply.empty() && !TellsRefusal(reply); }
   static WireItem Item() { return {.group = u"01", .item = u"62"}; }
 
   [[nodiscard]] String Send(const String& data) const {
     return Page().EnterItem().WriteParamRetry(kItemRepeats, Item(), data);
   }
   [[nodiscard]] bool SendPair(const String& head, const String& tail) const {
-    return !Page().EnterItem().WriteParamPairRetry(kItemRepeats, Item(), tail, head).empty();
+    return IsTaken(Page().EnterItem().WriteParamPairRetry(kItemRepeats, Item(), tail, head));
   }
   [[nodiscard]] String Fraction(int point, int column) const {
     return FormatMask(LeadingNumber(ValueFromLnrCell(Table().Value(point, column))) / 100, kFractionMask);

@@ -77,6 +77,11 @@ String FirstText(SerialLink& link, const WireItem& item, int count, Try attempt)
 
 }  // namespace
 
+bool TellsRefusal(StringView answer) {
+  const String text = Trimmed(answer);
+  return text == u"invalid data" || text == u"not usable";
+}
+
 String CokDialect::ReadItem(const WireItem& item) {
   if (!SelectGroup(item)) {
     return {};

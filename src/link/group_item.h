@@ -15,6 +15,9 @@ struct WireItem {
 /// Repeats of an item's exchange, unless something else is said.
 inline constexpr int kItemRepeats = 3;
 
+/// True for what a device of the dialect of "enter item" shows when it has not taken what was sent to it.
+bool TellsRefusal(StringView answer);
+
 /// What counts as the device's answer to data: the data of an item, or, behind a command whose echo tells
 /// nothing, any text.
 enum class Echo { Data, AnyText };

@@ -273,6 +273,23 @@ TEST(TableByCommandsTest, AnEmptyAnswerOfAWriteEndsItThereWithItsBox) {
   }
 }
 
+TEST(TableByCommandsTest, AWriteThatTheDeviceDoesNotTakeEndsThereWithItsBox) {
+  for (const char* const command : {"DP2", "DT0 0.0000 0.0000", "DF"}) {
+    for (const char* const answer : {"D    invalid data", "D      not usable"}) {
+      CommandBench bench;
+      bench.FillLine(2);
+      bench.Size(u"2");
+      bench.line.Answer("DP2", "D  P 2");
+      bench.line.Answer("DT0 0.0000 0.0000", "D  OK");
+      bench.line.Answer("DT1 0.0100 0.0100", "D  OK");
+      bench.line.Answer(command, answer);
+      EXPECT_EQ(bench.WriteIn(), Strings{kFailed}) << command;
+      EXPECT_EQ(bench.Data()[bench.Data().size() - 2], command) << "sent behind it";
+      bench.ExpectAtRest();
+    }
+  }
+}
+
 TEST(TableByCommandsTest, AModeThatIsNotTakenEndsBeforeTheTableAndMonitorModeIsSentAllTheSame) {
   CommandBench bench;
   bench.FillLine(2);

@@ -1,7 +1,6 @@
 #include "pages/z2_kv_config_v3/point_dialogue.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "core/numbers.h"
@@ -15,9 +14,6 @@ namespace {
 constexpr StringView kAllPoints = u"100";
 constexpr int kTries = kItemRepeats + 1;
 constexpr float kBarAtBegin = 10;
-
-/// With which the device tells that it has not taken what was sent.
-constexpr std::array<StringView, 2> kRefusals = {u"invalid data", u"not usable"};
 
 String Digits(std::size_t number) { return Ascii(std::to_string(number)); }
 
@@ -36,7 +32,7 @@ bool TakePoint(const String& answer, PointTexts& texts) {
 /// True when the device's answer to a point tells of no other value.
 bool IsTaken(const String& answer, const String& y) {
   const String text = Trimmed(answer);
-  if (text.empty() || std::find(kRefusals.begin(), kRefusals.end(), text) != kRefusals.end()) {
+  if (text.empty() || TellsRefusal(text)) {
     return false;
   }
   const String last = text.substr(text.rfind(u' ') + 1);
