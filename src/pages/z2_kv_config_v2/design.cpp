@@ -52,7 +52,7 @@ constexpr std::array kFreeRows =
                       DesignRow{.field = "Text(43)", .unit = "lbl_unit(43)"}});
 
 constexpr std::array kPointRows =
-    MovedPointRows({.label = "lblSize", .field = "txtSize", .buttons = "cmdReadOutTable cmdWriteInTable"});
+    MovedPointRows({.field = "cmdReadOutTable cmdWriteInTable lblSize txtSize"});
 
 constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"06", .label = 2, .field = 22}),
