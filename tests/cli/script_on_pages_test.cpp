@@ -293,6 +293,31 @@ TEST(MonitorScript, ForcesTheOutputUntilADelayedClick) {
   EXPECT_EQ(bench.device.Mode(), '0');
 }
 
+TEST(MonitorScript, TrimsTheOutputByAStepThatWaitsForItsTurn) {
+  PagesBench bench({}, "Z2WQ");
+  bench.Run("answer yes ok\nclick cmdUpload");
+  EXPECT_EQ(
+      bench.Run("type Text(13) 1.50\nafter 500 click cmdOutZeroP001\n"
+                "after 600 show cmdOutZeroStart cmdOutZeroP001 cmdOutSpanStart Text(13)\n"
+                "after 3000 click cmdOutZeroStart\nclick cmdOutZeroStart\nshow cmdOutZeroP001 Text(13)"),
+      (Lines{R"(cmdOutZeroStart shown enabled unlocked normal "STOP")",
+             R"(cmdOutZeroP001 shown enabled unlocked highlight "+0.01")",
+             R"(cmdOutSpanStart shown disabled unlocked normal "START")",
+             R"(Text(13) shown enabled locked highlight "1.50")",
+             R"(cmdOutZeroP001 shown disabled unlocked normal "+0.01")",
+             R"(Text(13) shown enabled unlocked highlight "1.51")"}));
+  EXPECT_EQ(bench.device.Value("01", "28"), "0.0151 1.0000");
+}
+
+TEST(MonitorScript, DisablesACutOutAndOpensTheDetails) {
+  PagesBench bench({}, "Z2WQ");
+  EXPECT_EQ(bench.Run("click cmdDisableCutOut\nshow Text(3)\nclick cmdDetailInfo\nclick cmdDetailInfo\n"
+                      "show fraDetailInfo"),
+            (Lines{R"(Text(3) shown enabled locked grey "Disable")", "refused click cmdDetailInfo: disabled",
+                   R"(fraDetailInfo shown enabled unlocked normal "詳細設定")"}));
+  EXPECT_TRUE(Holds(bench.Run("dump"), R"(1 11 "-10")"));
+}
+
 TEST(TableScript, ReadsAndWritesATableByItsButtons) {
   PagesBench bench({}, "Z2WPR");
   bench.Run("click Opt_Lnr(1)");

@@ -196,7 +196,8 @@ INSTANTIATE_TEST_SUITE_P(Value, CarriedTrimTest,
                                          CarryCase{u"0.3", 100, {"Z20"}},     // 19.999999999999996
                                          CarryCase{u"-0.7", 100, {"Z-80"}},   //
                                          CarryCase{u"0.105", 100, {"Z0.5"}},  //
-                                         CarryCase{u"6", 0, {"Z600"}},        //
+                                         CarryCase{u"6", 0, {"Z600"}},
+                                         CarryCase{u"6", -5970, {"Z1197"}},  // 6.000000000000001
                                          CarryCase{u"", 100, {}}));
 
 TEST_P(CarriedTrimTest, SendsTheDifferenceAsAUserReadsIt) {

@@ -32,10 +32,11 @@ struct Operation {
 };
 
 /// Buttons that begin an operation on the device.
-constexpr std::array<std::string_view, 15> kBeginners = {
-    "cmdUpload",     "cmdDownload",   "cmdMonitorON",      "cmdSet",          "cmdStatusMonOFF",
-    "cmdSet2",       "cmdSet3",       "Command_I12",       "Command_I13",     "cmdChangeCJM",
-    "cmdWriteInCJM", "cmdDefaultCJM", "cmdThresholdStart", "cmdReadOutTable", "cmdWriteInTable"};
+constexpr std::array<std::string_view, 17> kBeginners = {
+    "cmdUpload",       "cmdDownload",    "cmdMonitorON",      "cmdSet",          "cmdStatusMonOFF",
+    "cmdSet2",         "cmdSet3",        "Command_I12",       "Command_I13",     "cmdChangeCJM",
+    "cmdWriteInCJM",   "cmdDefaultCJM",  "cmdThresholdStart", "cmdReadOutTable", "cmdWriteInTable",
+    "cmdOutZeroStart", "cmdOutSpanStart"};
 
 void Monitor(SweepBench& bench) {
   bench.loop.After(std::chrono::seconds(3),
@@ -129,7 +130,7 @@ Texts InReach(const Page& page) {
 /// A model of each page, and one that counts.
 struct OneOperationTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest,
-                         testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WPA", "Z2WPR"),
+                         testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WQ", "Z2WPA", "Z2WPR"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(OneOperationTest, NothingButItsOwnStopIsInReachWhileAnOperationRuns) {
