@@ -8,7 +8,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr int kDecimals = 4;
+constexpr int kFractionDecimals = 4;
 
 std::vector<std::string_view> Words(std::string_view text) {
   std::vector<std::string_view> words;
@@ -37,7 +37,7 @@ std::optional<Point> ParsePoint(std::string_view x, std::string_view y) {
 }
 
 std::string PointText(const Point& point) {
-  return FormatNumber(point.x, kDecimals) + " " + FormatNumber(point.y, kDecimals);
+  return FormatNumber(point.x, kFractionDecimals) + " " + FormatNumber(point.y, kFractionDecimals);
 }
 
 std::string SizeText(std::size_t size) { return "Size " + std::to_string(size); }

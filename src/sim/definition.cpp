@@ -11,7 +11,7 @@ namespace {
 
 /// Drops blanks, TABs, double quotes and the line end around a text. None of these bytes is ever the second
 /// byte of a character in code page 932, so the text may stay as bytes.
-std::string_view Trim(std::string_view text) {
+std::string_view TrimmedField(std::string_view text) {
   constexpr std::string_view dropped = " \t\"\r\n";
   const auto begin = text.find_first_not_of(dropped);
   if (begin == std::string_view::npos) {
@@ -24,7 +24,7 @@ std::vector<std::string> SplitFields(std::string_view line) {
   std::vector<std::string> fields;
   while (true) {
     const auto comma = line.find(',');
-    fields.emplace_back(Trim(line.substr(0, comma)));
+    fields.emplace_back(TrimmedField(line.substr(0, comma)));
     if (comma == std::string_view::npos) {
       return fields;
     }
@@ -35,7 +35,7 @@ std::vector<std::string> SplitFields(std::string_view line) {
 /// Takes the next line off the text, trimmed.
 std::string_view NextLine(std::string_view& text) {
   const auto end = text.find('\n');
-  const auto line = Trim(text.substr(0, end));
+  const auto line = TrimmedField(text.substr(0, end));
   text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   return line;
 }
