@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 34> kRows = {{
+constexpr std::array<Row, 35> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
