@@ -39,7 +39,7 @@ class ButtonSweepBench : public SweepBench {
         Linear().Table().Store(point, 2, FormatMask(100 - point, u"0"));
       }
     });
-    if (TextField* size = dynamic_cast<TextField*>(Page().FindControl("txtSize"))) {
+    if (auto* const size = dynamic_cast<TextField*>(Page().FindControl("txtSize"))) {
       Type(*size, FormatMask(table.Points(), u"0"));
     }
     Page().DataChanged = false;

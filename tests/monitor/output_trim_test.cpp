@@ -230,8 +230,10 @@ TEST(OutputTrim, EachButtonSendsItsDifferenceAtTheNextTurn) {
       const std::string begin = span ? "" : kMode + " ";
       bench.PressAt(500ms, test::ButtonOf(*bench.page, prefix + name));
       bench.RunFor(trim, 1200ms);
-      EXPECT_EQ(bench.line.Sent(),
-                begin + kRead + " " + kRead + " G01 I29 D" + (span ? "S" : "Z") + step + " " + kRead);
+      std::string sent = begin;
+      sent.append(kRead).append(" ").append(kRead).append(span ? " G01 I29 DS" : " G01 I29 DZ");
+      sent.append(step).append(" ").append(kRead);
+      EXPECT_EQ(bench.line.Sent(), sent);
       const Clock begun = span ? 0ms : kExchange;
       EXPECT_EQ(bench.host.loop.Now(), begun + 2 * kTurn + 2 * kExchange);
       EXPECT_EQ(bench.Boxes(), Texts{});

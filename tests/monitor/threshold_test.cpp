@@ -240,8 +240,10 @@ TEST_P(EveryThresholdTest, EachStepGoesOutAtTheNextTurnAsTheNewValue) {
     bench.PressAt(BeginTime() + 300ms, test::ButtonOf(*bench.page, step.button));
     bench.RunFor(BeginTime() + TurnTime() + 500ms);
     const std::string item = GetParam().item;
-    const std::string apply = GetParam().limits + " G01 I" + item + GetParam().read;
-    EXPECT_EQ(bench.line.Sent(), Begin() + Turn() + apply + " G01 I" + item + " D" + step.sent + Turn());
+    std::string sent = Begin() + Turn() + GetParam().limits;
+    sent.append(" G01 I").append(item).append(GetParam().read);
+    sent.append(" G01 I").append(item).append(" D").append(step.sent).append(Turn());
+    EXPECT_EQ(bench.line.Sent(), sent);
     EXPECT_EQ(bench.Steps(), Texts{step.sent});
     EXPECT_EQ(bench.Boxes(), Texts{});
   }

@@ -21,6 +21,7 @@ const std::string kStartQuestion = "ｱｯﾌﾟﾛｰﾄﾞ: ｱｯﾌﾟﾛｰ
 TEST(Z2KvConfigV2, HasItsSixTabsAndItsSpeed) {
   Z2V2Bench bench;
   std::vector<std::string> captions;
+  captions.reserve(6);
   for (int tab = 0; tab < bench.Page().Tabs.Count(); ++tab) {
     captions.push_back(ToUtf8(bench.Page().Tabs.TabCaption(tab)));
   }

@@ -108,6 +108,7 @@ TEST(PulseTableUploadTest, ADeviceWithoutATableGivesAnEmptyOne) {
 TEST(PulseTableUploadTest, AllHundredPointsFit) {
   DialogueBench bench;
   std::vector<sim::Point> points;
+  points.reserve(100);
   for (int point = 0; point < 100; ++point) {
     points.push_back({.x = point / 2.0, .y = 100 - point / 2.0});
   }

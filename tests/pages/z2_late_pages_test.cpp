@@ -278,7 +278,7 @@ TEST(LatePagesCsv, AFileWith20PointsOnA16PointPageLoadsTheFirst16) {
   String text;
   for (int point = 1; point <= 20; ++point) {
     const String number = FromUtf8(std::to_string(point));
-    text += number + u"," + number + u"0\n";
+    text.append(number).append(u",").append(number).append(u"0\n");
   }
   bench.PutText(u"/korva/data/t.csv", text);
   bench.dialogs.QueueFile(u"/korva/data/t.csv");

@@ -109,16 +109,6 @@ TEST_P(LateSweepTest, ClosedAtAnyPumpTheLoopEndsTheProgramAtItsNextPause) {
 
 // --- the table by its buttons, on the page with the short one
 
-/// Some of the breaks, of which there are thousands: each place and each kind has its turn.
-std::vector<Break> SomeOf(const std::vector<Break>& breaks) {
-  constexpr std::size_t kStep = 23;
-  std::vector<Break> some;
-  for (std::size_t at = 0; at < breaks.size(); at += kStep) {
-    some.push_back(breaks[at]);
-  }
-  return some;
-}
-
 /// Breaks `move`, which is done when it reports `done` and otherwise fails with one of `failures`.
 void BreakTable(const std::function<void(LateSweep&)>& move, BoxKey done, const Texts& failures) {
   const auto prepare = [](LateSweep& bench) {
@@ -131,7 +121,7 @@ void BreakTable(const std::function<void(LateSweep&)>& move, BoxKey done, const 
   prepare(whole);
   move(whole);
   EXPECT_EQ(whole.TakeBoxes(), Texts{Shown(done)});
-  const std::vector<Break> breaks = SomeOf(BreaksOf(whole.commands.size()));
+  const std::vector<Break> breaks = OneIn(23, BreaksOf(whole.commands.size()));
   for (const Break& line_break : breaks) {
     SCOPED_TRACE(line_break.Name());
     LateSweep bench(u"Z2WPR");

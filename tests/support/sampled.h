@@ -50,6 +50,17 @@ std::vector<T> Sampled(const std::vector<T>& cases, std::size_t checked_step = 1
   return sample;
 }
 
+/// One case in `step`, of a sweep that would take too long. `step` shares no factor with the number of ways
+/// in which a case is broken, so that each has its turn.
+template <typename T>
+std::vector<T> OneIn(std::size_t step, const std::vector<T>& cases) {
+  std::vector<T> sample;
+  for (const std::size_t at : PlacesOf(cases.size(), {.step = step})) {
+    sample.push_back(cases[at]);
+  }
+  return sample;
+}
+
 /// The places of a sweep over `count` pumps at which the close box is pressed. An end in the middle of things
 /// is where memory goes wrong, so that the sanitizers see one in 13.
 inline std::vector<std::size_t> SampledPumps(std::size_t count) {
