@@ -90,16 +90,17 @@ void FirstVisit(benchmark::State& state, StringView family) {
     }
   }
 }
-void FirstVisitOfSecond(benchmark::State& state) { FirstVisit(state, u"Second"); }
-BENCHMARK(FirstVisitOfSecond)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
-void FirstVisitOfThird(benchmark::State& state) { FirstVisit(state, u"Third"); }
-BENCHMARK(FirstVisitOfThird)->Iterations(1)->Repetitions(9)->UseManualTime()->Unit(benchmark::kMillisecond);
-void FirstVisitOfLiteFifth(benchmark::State& state) { FirstVisit(state, u"LiteFifth"); }
-BENCHMARK(FirstVisitOfLiteFifth)
-    ->Iterations(1)
-    ->Repetitions(9)
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+const bool kFirstVisits = [] {
+  for (const char16_t* family :
+       {u"Second", u"Third", u"Lite", u"LiteSecond", u"LiteThird", u"LiteForth", u"LiteFifth"}) {
+    benchmark::RegisterBenchmark(("FirstVisitOf" + ToUtf8(family)).c_str(), FirstVisit, StringView(family))
+        ->Iterations(1)
+        ->Repetitions(9)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+  }
+  return true;
+}();
 
 // To and fro between pages that have been shown.
 void SwitchPagesInWindow(benchmark::State& state) {

@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 35> kRows = {{
+constexpr std::array<Row, 39> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -158,6 +158,26 @@ constexpr std::array<Row, 35> kRows = {{
      .unit = " ms"},
     {.what = "The same of family Third",
      .benchmark = "FirstVisitOfThird",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family Lite",
+     .benchmark = "FirstVisitOfLite",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family LiteSecond",
+     .benchmark = "FirstVisitOfLiteSecond",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family LiteThird",
+     .benchmark = "FirstVisitOfLiteThird",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family LiteForth",
+     .benchmark = "FirstVisitOfLiteForth",
      .value = "real",
      .limit = 30,
      .unit = " ms"},

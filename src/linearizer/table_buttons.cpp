@@ -146,9 +146,9 @@ void TableButtons::Exchange(const Run& run) {
   }
 }
 
-void TableButtons::ShowDone(int points, int all) {
-  if (points % kPointsOfStep == 0) {
-    const float share = static_cast<float>(points) / static_cast<float>(all);
+void TableButtons::ShowDone(int done, int all) {
+  if (done % kPointsOfStep == 0) {
+    const float share = static_cast<float>(done) / static_cast<float>(all);
     Table_ProgressBar.SetValue(kBarAtBegin + (100 - kBarAtBegin) * share);
   }
 }

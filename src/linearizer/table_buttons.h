@@ -57,7 +57,7 @@ class TableButtons final : public PagePart {
   bool CheckTable();
   /// How many points a write sends.
   [[nodiscard]] int PointsToWrite() const;
-  void ShowDone(int points, int all);
+  void ShowDone(int done, int all);
   void ShowSize(const String& size);
 
   ParameterPage& page_;

@@ -34,7 +34,7 @@ class CommandTable {
 
  private:
   std::optional<std::string> AnswerSize(std::string_view size, bool writable);
-  std::optional<std::string> AnswerPoint(std::string_view words, bool writable);
+  std::optional<std::string> AnswerPoint(std::string_view text, bool writable);
   std::optional<std::string> End();
 
   std::vector<Point> points_;
