@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/design_parts.h"
+#include "pages/z2_design.h"
 
 namespace korva::late_z2 {
 
@@ -47,41 +47,13 @@ inline constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"05", .label = 3, .field = 23}),
     LiveRow({.item = u"06", .label = 4, .field = 24}),
 });
-inline constexpr std::array kSettingRows = OutputRows(std::array{
-    LiveRow({.item = u"03_set", .label = 0, .field = 20}),
-    LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
-});
 inline constexpr std::array kThresholdRows = ThresholdRows({.item = u"09", .label = 16, .field = 10});
 
 inline constexpr std::array kIoCheckGroups = {
     DesignGroup{.heading = TextKey::Threshold, .frame = "Frame(1)", .rows = kThresholdRows},
     DesignGroup{.heading = TextKey::Monitoring, .frame = "fraMonitoring", .rows = kMonitorRows},
-    DesignGroup{.heading = TextKey::Output, .rows = kSettingRows},
+    DesignGroup{.heading = TextKey::Output, .rows = z2::kSettingRows},
 };
-
-constexpr std::array<DesignGroup, 2> InputGroups(std::span<const DesignRow> input) {
-  return {{{.heading = TextKey::Input, .rows = input},
-           {.column = 1, .heading = TextKey::Range, .rows = kRangeRows}}};
-}
-/// `free` are the lines for new items.
-constexpr std::array<DesignGroup, 3> OutputGroups(std::span<const DesignRow> output,
-                                                  std::span<const DesignRow> free) {
-  return {{{.heading = TextKey::Output, .rows = output},
-           {.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineRows},
-           {.column = 1, .heading = TextKey::Details, .rows = free}}};
-}
-
-/// The tabs in their order.
-constexpr std::array<DesignTab, 6> Tabs(std::span<const DesignGroup> input,
-                                        std::span<const DesignGroup> output,
-                                        std::span<const DesignGroup> table) {
-  return {{kFileTab,
-           {.caption = TextKey::Input, .groups = input},
-           {.caption = TextKey::Output, .groups = output},
-           TableTab(table),
-           {.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
-           kPortTab}};
-}
 
 inline constexpr std::array kOptions = {DesignOptions{.options = "Opt_Lnr", .frame = "Frame(0)"}};
 

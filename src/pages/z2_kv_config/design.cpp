@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/design_parts.h"
+#include "pages/z2_design.h"
 
 namespace korva {
 
@@ -69,26 +69,14 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"07", .label = 5, .field = 25}),
 });
 
-constexpr std::array kSettingRows = OutputRows(std::array{
-    LiveRow({.item = u"03_set", .label = 0, .field = 20}),
-    LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
-});
-
-constexpr std::array kInputGroups = {
-    DesignGroup{.heading = TextKey::Input, .rows = kInputRows},
-    DesignGroup{.column = 1, .heading = TextKey::Range, .rows = kRangeRows},
-};
-constexpr std::array kOutputGroups = {
-    DesignGroup{.heading = TextKey::Output, .rows = kOutputRows},
-    DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineAdjustmentRows},
-    DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kFreeRows},
-};
+constexpr std::array kInputGroups = z2::InputGroups(kInputRows, kRangeRows);
+constexpr std::array kOutputGroups = z2::OutputGroups(kOutputRows, kFineAdjustmentRows, kFreeRows);
 constexpr std::array kTableGroups = TableGroups(kPointRows);
 constexpr std::array kCjmGroups = {
     DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
     DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
 };
-constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, kSettingRows);
+constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, z2::kSettingRows);
 
 constexpr std::array kTabs = {
     kFileTab,

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/design_parts.h"
+#include "pages/z2_design.h"
 
 namespace korva {
 
@@ -95,14 +95,7 @@ constexpr std::array kIoCheckGroups = {
     DesignGroup{.heading = TextKey::ZeroSpanAdjustment, .rows = kTrimRows},
 };
 
-constexpr std::array kTabs = {
-    kFileTab,
-    DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
-    DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
-    TableTab(kTableGroups),
-    DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
-    kPortTab,
-};
+constexpr std::array kTabs = z2::PulseTabs(kInputGroups, kOutputGroups, kTableGroups, kIoCheckGroups);
 
 constexpr std::array kOptions = {DesignOptions{.options = "Opt_Lnr", .frame = "Frame(0)"}};
 

@@ -21,11 +21,12 @@ constexpr std::array kUnlabelledRows = {DesignRow{.field = "Text(42)", .unit = "
 /// A list for a new item.
 constexpr std::array kFreeLists = {DesignRow{.field = "Combo(0) Combo(1)"}};
 
-constexpr std::array kInputGroups = late_z2::InputGroups(kInputRows);
+constexpr std::array kInputGroups = z2::InputGroups(kInputRows, late_z2::kRangeRows);
 constexpr std::array kDetailRows = Joined(kFreeRows, kUnlabelledRows, kFreeLists);
-constexpr std::array kOutputGroups = late_z2::OutputGroups(late_z2::kOutputRows, kDetailRows);
+constexpr std::array kOutputGroups = z2::OutputGroups(late_z2::kOutputRows, late_z2::kFineRows, kDetailRows);
 constexpr std::array kTableGroups = TableGroups(late_z2::kPointRows);
-constexpr std::array kTabs = late_z2::Tabs(kInputGroups, kOutputGroups, kTableGroups);
+constexpr std::array kTabs =
+    z2::PulseTabs(kInputGroups, kOutputGroups, kTableGroups, late_z2::kIoCheckGroups);
 
 }  // namespace
 

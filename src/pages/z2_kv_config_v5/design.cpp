@@ -18,11 +18,11 @@ constexpr std::array kUnlabelledRows = {
 /// Lists for new items.
 constexpr std::array kFreeLists = {DesignRow{.field = "Combo(0) Combo(1) Combo(7)"}};
 
-constexpr std::array kInputGroups = late_z2::InputGroups(late_z2::kInputRows);
+constexpr std::array kInputGroups = z2::InputGroups(late_z2::kInputRows, late_z2::kRangeRows);
 constexpr std::array kOutputRows =
     Joined(late_z2::kOutputRows, std::array{FieldRow({.item = u"26", .label = 21, .field = 7})});
 constexpr std::array kDetailRows = Joined(kFreeRows, kUnlabelledRows, kFreeLists);
-constexpr std::array kOutputGroups = late_z2::OutputGroups(kOutputRows, kDetailRows);
+constexpr std::array kOutputGroups = z2::OutputGroups(kOutputRows, late_z2::kFineRows, kDetailRows);
 
 /// The editor's button of its own stands beside the usual ones.
 constexpr std::array kEditorRows = {kCellEditorRows[0], kCellEditorRows[1],
@@ -32,7 +32,8 @@ constexpr std::array kTableGroups = [] {
   groups.back().rows = kEditorRows;
   return groups;
 }();
-constexpr std::array kTabs = late_z2::Tabs(kInputGroups, kOutputGroups, kTableGroups);
+constexpr std::array kTabs =
+    z2::PulseTabs(kInputGroups, kOutputGroups, kTableGroups, late_z2::kIoCheckGroups);
 
 }  // namespace
 
