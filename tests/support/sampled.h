@@ -8,9 +8,7 @@
 
 namespace korva::test {
 
-// What a sweep tries is tried in full where its outcomes are judged. Under sanitizers, which look for faults
-// of memory and take ten times as long, a sample does: one case in a number that is odd, so that the eight
-// breaks of an exchange take turns. After a change of a few sources a share does as well, another one each
+// What a sweep tries is tried in full. After a change of a few sources a share does as well, another one each
 // time: KORVA_SWEEP_PART tells which, from 0 on, of kSweepParts.
 inline constexpr std::size_t kSweepParts = 7;
 
@@ -19,16 +17,11 @@ struct Sample {
   std::size_t step = 1;
 };
 
-inline Sample SampleOfSweeps(std::size_t checked_step) {
-#ifdef KORVA_CHECKED
-  return {.step = checked_step};
-#else
-  static_cast<void>(checked_step);
+inline Sample PartOfSweeps() {
   const char* const part = std::getenv("KORVA_SWEEP_PART");
   return part == nullptr
              ? Sample()
              : Sample{.first = std::strtoul(part, nullptr, 10) % kSweepParts, .step = kSweepParts};
-#endif
 }
 
 /// Of `count` cases the places of those to try; of a few the first, if no other.
@@ -40,32 +33,37 @@ inline std::vector<std::size_t> PlacesOf(std::size_t count, Sample sample) {
   return places;
 }
 
-/// The cases to try; under sanitizers one in `checked_step`.
+/// The cases to try.
 template <typename T>
-std::vector<T> Sampled(const std::vector<T>& cases, std::size_t checked_step = 127) {
-  std::vector<T> sample;
-  for (const std::size_t at : PlacesOf(cases.size(), SampleOfSweeps(checked_step))) {
-    sample.push_back(cases[at]);
+std::vector<T> PartOf(const std::vector<T>& cases, Sample sample = PartOfSweeps()) {
+  std::vector<T> part;
+  for (const std::size_t at : PlacesOf(cases.size(), sample)) {
+    part.push_back(cases[at]);
   }
-  return sample;
+  return part;
+}
+
+/// The cases to try of a long sweep, whose outcomes are judged in full without sanitizers. These look for
+/// faults of memory and take ten times as long, so that they see one case in 127, an odd number: the eight
+/// breaks of an exchange take turns.
+template <typename T>
+std::vector<T> Sampled(const std::vector<T>& cases) {
+#ifdef KORVA_CHECKED
+  return PartOf(cases, {.step = 127});
+#else
+  return PartOf(cases);
+#endif
 }
 
 /// One case in `step`, of a sweep that would take too long. `step` shares no factor with the number of ways
 /// in which a case is broken, so that each has its turn.
 template <typename T>
 std::vector<T> OneIn(std::size_t step, const std::vector<T>& cases) {
-  std::vector<T> sample;
-  for (const std::size_t at : PlacesOf(cases.size(), {.step = step})) {
-    sample.push_back(cases[at]);
-  }
-  return sample;
+  return PartOf(cases, {.step = step});
 }
 
-/// The places of a sweep over `count` pumps at which the close box is pressed. An end in the middle of things
-/// is where memory goes wrong, so that the sanitizers see one in 13.
-inline std::vector<std::size_t> SampledPumps(std::size_t count) {
-  return PlacesOf(count, SampleOfSweeps(13));
-}
+/// The places of a sweep over `count` pumps at which the close box is pressed.
+inline std::vector<std::size_t> SampledPumps(std::size_t count) { return PlacesOf(count, PartOfSweeps()); }
 
 /// A sweep tells how much of it was tried.
 inline void TellShare(const std::string& what, std::size_t tried, std::size_t all) {
