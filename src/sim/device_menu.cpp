@@ -1,0 +1,178 @@
+#include "sim/device_state.h"
+#include "sim/number.h"
+
+// What a device makes of a command, and the state of its menu.
+
+namespace korva::sim {
+
+namespace {
+
+constexpr std::string_view kAccepted = "COK";
+constexpr std::string_view kRefused = "CNG";
+constexpr std::string_view kNotUsable = "CNU";
+constexpr std::string_view kModes = "0 1 A";  // monitor, programming, status monitor
+constexpr char kProgramming = '1';
+
+}  // namespace
+
+std::string Device::State::Execute(std::string_view line, MemoryAccess::Trouble trouble) {
+  if (InAccess(line)) {
+    return access.Answer(line, trouble);
+  }
+  const std::string_view text = line.empty() ? line : line.substr(1);
+  switch (line.empty() ? '\0' : line.front()) {
+    case 'G':
+      return SelectGroup(text);
+    case 'I':
+      return SelectItem(text);
+    case 'D':
+      return family.dialect == Dialect::EnterItem && text.empty() ? ReplyValue() : TakeData(text);
+    default:
+      return Refusal(WriteResult::Refused);
+  }
+}
+
+std::string Device::State::SelectGroup(std::string_view text) {
+  selected = nullptr;
+  point.reset();
+  group.clear();
+  if (!parameters.HasGroup(text) && !table.HasGroup(text)) {
+    return Refusal(WriteResult::Refused);
+  }
+  group = text;
+  return family.dialect == Dialect::Cok ? std::string(kAccepted)
+                                        : "D" + RightAlign("enter item", kDisplayWidth);
+}
+
+std::string Device::State::SelectItem(std::string_view text) {
+  selected = group.empty() ? nullptr : parameters.Find(group, text);
+  point = group.empty() ? std::nullopt : table.Find(group, text);
+  if (selected == nullptr && !point) {
+    return Refusal(WriteResult::Refused);
+  }
+  access.Enter();
+  if (selected == nullptr || !HasDialogue(*selected)) {
+    dialogue.End();
+  }
+  if (family.dialect == Dialect::EnterItem) {
+    return "D" + RightAlign(selected != nullptr ? TitleOf(*selected) : "Linearize Table", kDisplayWidth);
+  }
+  if (selected != nullptr && parameters.Needless(*selected)) {
+    selected = nullptr;
+    return Refusal(WriteResult::NotUsable);
+  }
+  return ReplyValue();
+}
+
+std::string Device::State::ReplyValue() {
+  if (point) {
+    return "D" + PointTable::Head(*point) + RightAlign(table.Text(*point), kLiveWidth);
+  }
+  if (selected == nullptr) {
+    return Refusal(WriteResult::Refused);
+  }
+  if (parameters.Needless(*selected)) {
+    return Refusal(WriteResult::NotUsable);
+  }
+  if (selected->kind == Item::Kind::Live || selected->kind == Item::Kind::Output) {
+    live.Step();
+  } else if (selected->kind == Item::Kind::Count && mode == kMonitorMode) {
+    Parameters::CountOn(*selected);
+  }
+  return "D" + PaddedText(*selected);
+}
+
+std::string Device::State::TakeData(std::string_view data) {
+  if (selected != nullptr && selected->kind == Item::Kind::Mode) {
+    if (!HasWord(kModes, TrimBlanks(data))) {
+      return Refusal(WriteResult::Refused);
+    }
+    EnterMode(TrimBlanks(data));
+    return "D" + PaddedText(*selected);
+  }
+  if (selected != nullptr && HasDialogue(*selected) && dialogue.Takes(data)) {
+    const auto answer = dialogue.Answer(data, mode == kProgramming);
+    return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+  }
+  if (selected != nullptr && selected->kind == Item::Kind::Table) {
+    return TakeTableCommand(data);
+  }
+  if (!TakesDataNow()) {
+    return Refusal(WriteResult::Refused);
+  }
+  if (point) {
+    return table.Write(*point, data) ? ReplyValue() : Refusal(WriteResult::Refused);
+  }
+  return selected == nullptr ? Refusal(WriteResult::Refused) : TakeParameter(data);
+}
+
+/// Most of what can be written is written in programming mode alone.
+bool Device::State::TakesDataNow() const {
+  return mode == kProgramming ||
+         (selected != nullptr && selected->group == "01" && HasWord(family.live_settings, selected->item));
+}
+
+std::string Device::State::TakeTableCommand(std::string_view data) {
+  const auto answer = commands.Answer(data, mode == kProgramming);
+  return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+}
+
+/// Whether the answer to a command is a pair of values, of zero and span or of a point.
+bool Device::State::AnswersInPairs(std::string_view line) const {
+  return selected != nullptr && line.starts_with('D') &&
+         (selected->kind == Item::Kind::Trim || selected->kind == Item::Kind::Table);
+}
+
+std::string Device::State::TakeParameter(std::string_view data) {
+  if (selected->kind == Item::Kind::Trimmer) {
+    return trim.Apply(data) ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
+  }
+  if (selected->kind == Item::Kind::Output) {
+    const auto percent = ParseNumber(TrimBlanks(data));
+    const bool forced = percent && live.Force(*percent);
+    return forced ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
+  }
+  if (selected->group == "01" && selected->item == family.reset_item && data == "1") {
+    parameters.Reset();
+    return "Dall prms default";
+  }
+  const auto result = parameters.Write(*selected, data);
+  if (result != WriteResult::Done) {
+    return Refusal(result);
+  }
+  const bool other_echo = selected->kind == Item::Kind::Tag && !family.tag_echo.empty();
+  return "D" + (other_echo ? RightAlign(family.tag_echo, kDisplayWidth) : PaddedText(*selected));
+}
+
+bool Device::State::HasDialogue(const Item& item) const {
+  return item.group == "01" && !family.table_item.empty() && item.item == family.table_item;
+}
+
+void Device::State::EnterMode(std::string_view data) {
+  mode = data.front();
+  if (mode != kProgramming) {
+    live.Release();
+  }
+}
+
+/// The other dialect has no codes: it tells on the display what is wrong.
+std::string Device::State::Refusal(WriteResult result) const {
+  if (family.dialect == Dialect::EnterItem) {
+    return "D" + RightAlign(result == WriteResult::NotUsable ? "not usable" : "invalid data", kDisplayWidth);
+  }
+  return std::string(result == WriteResult::NotUsable ? kNotUsable : kRefused);
+}
+
+bool Device::State::InAccess(std::string_view line) const {
+  return selected != nullptr && selected->kind == Item::Kind::Access && line.starts_with('D');
+}
+
+/// The access has codes in either dialect.
+std::string Device::State::RefusalOf(std::string_view line, WriteResult result) const {
+  if (InAccess(line)) {
+    return std::string(result == WriteResult::NotUsable ? kNotUsable : kRefused);
+  }
+  return Refusal(result);
+}
+
+}  // namespace korva::sim

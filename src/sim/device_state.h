@@ -1,0 +1,73 @@
+#pragma once
+
+#include "sim/command_table.h"
+#include "sim/device.h"
+#include "sim/live_values.h"
+#include "sim/model_rules.h"
+#include "sim/parameters.h"
+#include "sim/point_table.h"
+#include "sim/setup.h"
+#include "sim/transmitter.h"
+#include "sim/trim.h"
+
+namespace korva::sim {
+
+constexpr char kMonitorMode = '0';
+constexpr std::size_t kDisplayWidth = 16;  ///< characters of a title or an answer on the display
+constexpr std::size_t kLiveWidth = 8;      ///< characters of a number
+
+std::string RightAlign(std::string_view text, std::size_t width);
+
+/// Menu position, mode and values of a device.
+struct Device::State {
+  State(Model of_model, Definition definition, DeviceOptions with);
+
+  std::string Execute(std::string_view line, MemoryAccess::Trouble trouble = {});
+  std::string SelectGroup(std::string_view text);
+  std::string SelectItem(std::string_view text);
+  std::string ReplyValue();
+  std::string TakeData(std::string_view data);
+  std::string TakeParameter(std::string_view data);
+  bool HasDialogue(const Item& item) const;
+  std::string TakeTableCommand(std::string_view data);
+  bool TakesDataNow() const;
+  bool AnswersInPairs(std::string_view line) const;
+  void EnterMode(std::string_view data);
+  std::string Refusal(WriteResult result) const;
+  bool InAccess(std::string_view line) const;
+  std::string RefusalOf(std::string_view line, WriteResult result) const;
+  std::string TitleOf(const Item& item) const;
+  std::string StoredText(const Item& item) const;
+  bool SetStored(const Item& item, std::string_view value);
+  void SetNumber(std::string_view item, std::string_view value);
+  std::string ValueText(const Item& item) const;
+  std::string UnitBehind(const Item& item) const;
+  std::string PaddedText(const Item& item) const;
+  double LiveNumber(const Item& item) const;
+  std::string LiveUnit(const Item& item) const;
+  std::string LiveText(const Item& item) const;
+  bool IsEcho(std::string_view line, std::string_view reply) const;
+  std::string EchoedValue(const std::string& reply) const;
+
+  Model model;
+  const Family& family;
+  DeviceOptions options;
+  Setup setup;
+  MemoryAccess access{setup.memory};
+  Parameters parameters;
+  bool slow;
+  PointTable table;
+  TableDialogue dialogue;
+  LiveValues live;
+  Trim trim;
+  CommandTable commands;
+  Transmitter transmitter{setup, parameters, table, live};
+  FaultPlan faults;
+  int exchanges = 0;
+  char mode = kMonitorMode;
+  std::string group;                 // selected group; empty: none
+  Item* selected = nullptr;          // selected item, unless it lies in the table
+  std::optional<std::size_t> point;  // selected value of the table
+};
+
+}  // namespace korva::sim
