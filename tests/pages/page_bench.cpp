@@ -195,6 +195,18 @@ void PageBench::Download() {
   Click(Page().cmdDownload);
 }
 
+std::vector<std::string> PageBench::DownloadAnswering(const std::vector<Answer>& answers) {
+  TakeBoxes();
+  dialogs.QueueAnswer(Answer::Ok);
+  for (const Answer answer : answers) {
+    dialogs.QueueAnswer(answer);
+  }
+  Click(Page().cmdDownload);
+  std::vector<std::string> boxes = TakeBoxes();
+  boxes.erase(boxes.begin());
+  return boxes;
+}
+
 void PageBench::Save(const String& path) {
   dialogs.QueueFile(path);
   Click(Page().cmdSave);

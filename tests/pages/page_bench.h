@@ -84,6 +84,8 @@ class PageBench : public PageFolder {
   [[nodiscard]] std::vector<BoxKey> QuestionsOfUpload();
   void Upload();  ///< answers its questions
   void Download();
+  /// Downloads, answering `answers` behind its first question, and tells the boxes behind that.
+  std::vector<std::string> DownloadAnswering(const std::vector<Answer>& answers);
   void Check() { Click(Page().cmdCheck); }
   void Save(const String& path);
   void Open(const String& path);

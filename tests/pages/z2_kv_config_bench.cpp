@@ -48,16 +48,8 @@ std::vector<std::string> Z2Bench::BoxesOfUpload(const std::vector<Answer>& answe
 }
 
 std::vector<std::string> Z2Bench::BoxesOfDownload(const std::vector<Answer>& answers) {
-  TakeBoxes();
   line.accesses.clear();
-  dialogs.QueueAnswer(Answer::Ok);
-  for (const Answer answer : answers) {
-    dialogs.QueueAnswer(answer);
-  }
-  Click(Page().cmdDownload);
-  std::vector<std::string> boxes = TakeBoxes();
-  boxes.erase(boxes.begin());
-  return boxes;
+  return DownloadAnswering(answers);
 }
 
 std::string Z2Bench::CheckResult() {

@@ -34,16 +34,8 @@ std::vector<std::string> PulseBench::BoxesOfUpload(const std::vector<Answer>& an
 }
 
 std::vector<std::string> PulseBench::BoxesOfDownload(const std::vector<Answer>& answers) {
-  TakeBoxes();
   line.accesses.clear();
-  dialogs.QueueAnswer(Answer::Ok);
-  for (const Answer answer : answers) {
-    dialogs.QueueAnswer(answer);
-  }
-  Click(Page().cmdDownload);
-  std::vector<std::string> boxes = TakeBoxes();
-  boxes.erase(boxes.begin());
-  return boxes;
+  return DownloadAnswering(answers);
 }
 
 void PulseBench::Show(int item, const String& cell) {
