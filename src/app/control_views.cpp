@@ -22,6 +22,7 @@
 #include "app/list_view.h"
 #include "app/looks.h"
 #include "app/memo_view.h"
+#include "app/picture_view.h"
 #include "app/text.h"
 
 namespace korva {
@@ -156,6 +157,9 @@ QWidget* ControlViews::Make(Control& control, QWidget* parent) {
   }
   if (auto* bar = dynamic_cast<ProgressBar*>(&control)) {
     return MakeBar(*bar, parent);
+  }
+  if (auto* picture = dynamic_cast<Picture*>(&control)) {
+    return MakePicture(*picture, parent);
   }
   if (auto* label = dynamic_cast<Label*>(&control)) {
     return CaptionView(*label, parent);
@@ -320,6 +324,12 @@ QWidget* ControlViews::MakeBar(ProgressBar& bar, QWidget* parent) {
                                  : QApplication::palette(widget));
     }
   });
+  return widget;
+}
+
+QWidget* ControlViews::MakePicture(Picture& picture, QWidget* parent) {
+  auto* widget = new PictureView(picture, parent);
+  Follow(picture, widget, [widget] { widget->Show(); });
   return widget;
 }
 

@@ -33,6 +33,7 @@ class ControlViews {
   QWidget* MakeList(ListBox& list, QWidget* parent);
   QWidget* MakeGrid(Grid& grid, QWidget* parent);
   static QWidget* MakeBar(ProgressBar& bar, QWidget* parent);
+  static QWidget* MakePicture(Picture& picture, QWidget* parent);
 
   EventGate& gate_;
 };

@@ -135,7 +135,13 @@ QWidget* PageView::MakeTabs() {
   }
   FollowTabs();
   connect(tabs_, &QTabWidget::currentChanged, this,
-          [this](int tab) { views_.Enter([&] { page_.Tabs.SetCurrent(tab); }); });
+          [this](int tab) { views_.Enter([&] { page_.Tabs.UserClicks(tab); }); });
+  // The bar tells a press before the tab comes to the front, which is told above.
+  connect(tabs_, &QTabWidget::tabBarClicked, this, [this](int tab) {
+    if (tab == page_.Tabs.Current() && page_.Tabs.TabEnabled(tab)) {
+      views_.Enter([&] { page_.Tabs.UserClicks(tab); });
+    }
+  });
   for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
     auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + tab)), this);
     connect(shortcut, &QShortcut::activated, this, [this, tab] { ShowTab(tab); });

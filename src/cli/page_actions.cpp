@@ -114,7 +114,7 @@ Outcome ActOn(Page& page, const ClickTab& action) {
   if (!tabs.TabEnabled(action.tab)) {
     return Refused("disabled");
   }
-  tabs.SetCurrent(action.tab);
+  tabs.UserClicks(action.tab);
   return {};
 }
 

@@ -46,6 +46,9 @@ std::string StateOf(const Control& control) {
   if (const auto* bar = dynamic_cast<const ProgressBar*>(&control)) {
     return state + " " + std::to_string(Percent(*bar));
   }
+  if (const auto* picture = dynamic_cast<const Picture*>(&control)) {
+    return state + " " + Quoted(picture->FileName());
+  }
   state += WordOfEnabled(control.Enabled());
   if (const auto* grid = dynamic_cast<const Grid*>(&control)) {
     return state + HeadsOf(*grid);

@@ -265,11 +265,26 @@ void TabControl::SetCurrent(int tab) {
   }
 }
 
+void TabControl::UserClicks(int tab) {
+  SetCurrent(tab);
+  if (OnClicked) {
+    OnClicked(tab);
+  }
+}
+
 void TabControl::SetTabEnabled(int tab, bool enabled) {
   Assign(tabs_.at(static_cast<std::size_t>(tab)).enabled, enabled);
 }
 
 void TabControl::SetTabBad(int tab, bool bad) { Assign(tabs_.at(static_cast<std::size_t>(tab)).bad, bad); }
+
+void Picture::Show(const String& file_name, const std::string& bytes) {
+  const bool other_bytes = bytes_ != bytes;
+  bytes_ = bytes;
+  if (!Assign(file_name_, file_name) && other_bytes) {
+    Changed();
+  }
+}
 
 Timer::Timer(std::string_view name, EventLoop& loop, Milliseconds interval)
     : Control(name), loop_(loop), interval_(interval) {}

@@ -368,6 +368,10 @@ class TabControl : public Control {
   void SetCurrent(int tab);
   /// Raised with each tab that comes to the front.
   std::function<void(int tab)> OnEntered;
+  /// Raised with each tab that the user clicks, also when it is in front already.
+  std::function<void(int tab)> OnClicked;
+  /// The user's click on a tab (0 to Count() - 1), which is enabled.
+  void UserClicks(int tab);
 
  private:
   struct Tab {
@@ -389,6 +393,24 @@ class ProgressBar : public CaptionedControl {
 
  private:
   float value_ = 0.0F;
+};
+
+/// A picture that lies in a file. The control holds the file's bytes as they are; who shows it decodes them.
+class Picture : public Control {
+ public:
+  using Control::Control;
+  /// Name of the file, without its folder. It stands in the picture's place while the bytes are none of a
+  /// picture. Empty: no picture.
+  [[nodiscard]] const String& FileName() const { return file_name_; }
+  [[nodiscard]] const std::string& Bytes() const { return bytes_; }
+  /// Shows a file. `bytes` are empty when it can't be read.
+  void Show(const String& file_name, const std::string& bytes);
+  void Clear() { Show({}, {}); }
+  [[nodiscard]] String ShownText() const override { return file_name_; }
+
+ private:
+  String file_name_;
+  std::string bytes_;
 };
 
 /// A timer of a page: ticks every Interval() while enabled.

@@ -17,6 +17,11 @@ Page::Page(Program& program, const PageKind& kind)
       part->TabEntered(tab);
     }
   };
+  Tabs.OnClicked = [this](int tab) {
+    for (PagePart* part : parts_) {
+      part->TabClicked(tab);
+    }
+  };
   txtMemo.SetMultiline(true);
   txtFileTitle.SetLocked(true);
   txtFileTitle.SetLook(Look::Grey);

@@ -45,6 +45,8 @@ class PagePart {
   virtual void SetExchangesBarred(bool /*barred*/) {}
   virtual void ResetBars() {}  ///< puts the part's progress bars to 0
   virtual void TabEntered(int /*tab*/) {}
+  /// The user clicked a tab, which came to the front or was there already.
+  virtual void TabClicked(int /*tab*/) {}
   /// The device holds its output at a value of the user's, or does so no longer.
   virtual void OutputForced(bool /*forced*/) {}
 

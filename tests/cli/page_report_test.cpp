@@ -61,6 +61,18 @@ TEST(Show, TellsOfABarItsValue) {
             (Lines{"ProgressBar shown 40", "LnrProgressBar hidden 0"}));
 }
 
+TEST(Show, TellsOfAPictureTheNameOfItsFile) {
+  ScriptBench bench;
+  bench.Run("start");
+  EXPECT_EQ(bench.Run("show ImgInput"), Lines{R"(ImgInput shown "")"});
+  bench.Page().ImgInput.Show(u"In_tc.bmp", {});
+  EXPECT_EQ(bench.Run("show ImgInput"), Lines{R"(ImgInput shown "In_tc.bmp")"});
+  bench.Page().ImgInput.SetVisible(false);
+  bench.Page().ImgInput.Clear();
+  bench.Run("");
+  EXPECT_EQ(bench.Run("show ImgInput"), Lines{R"(ImgInput hidden "")"});
+}
+
 TEST(Show, TellsOfATabWhetherItCanBeReachedAndItsCaption) {
   ScriptBench bench;
   bench.Run("start");

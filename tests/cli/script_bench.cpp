@@ -12,7 +12,8 @@ namespace korva::cli::test {
 namespace {
 
 constexpr std::array kInputRows = {DesignRow{.field = "Text(0) Combo(0)"}, DesignRow{.field = "Frame(0)"}};
-constexpr std::array kTableRows = {DesignRow{.field = "Text(1)"}, DesignRow{.field = "LnrFlexGrid"}};
+constexpr std::array kTableRows = {DesignRow{.field = "Text(1)"}, DesignRow{.field = "LnrFlexGrid"},
+                                   DesignRow{.field = "ImgInput"}};
 constexpr std::array kInputGroups = {DesignGroup{.heading = TextKey::Input, .rows = kInputRows}};
 constexpr std::array kTableGroups = {DesignGroup{.heading = TextKey::Linearizer, .rows = kTableRows}};
 constexpr std::array kTabs = {DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
@@ -44,6 +45,7 @@ BenchPage::BenchPage(Program& program, const Family& family, SerialLink& link)
   Register(Opt_Table);
   Register(LnrFlexGrid);
   Register(LnrProgressBar);
+  Register(ImgInput);
   LnrFlexGrid.Resize(17, 3);
   ApplyDesign();
 }

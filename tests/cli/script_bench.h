@@ -24,7 +24,7 @@ Lines TakeLines(std::ostringstream& printed);
 /// A page with one of everything. What its buttons do is up to the test.
 ///
 ///     tab 0  Text(0) Combo(0), and Opt_Table(0) and (1) in Frame(0)
-///     tab 1  Text(1) LnrFlexGrid
+///     tab 1  Text(1) LnrFlexGrid ImgInput
 class BenchPage final : public Page {
  public:
   BenchPage(Program& program, const Family& family, SerialLink& link);
@@ -41,6 +41,7 @@ class BenchPage final : public Page {
   OptionGroup Opt_Table{"Opt_Table", 2};
   Grid LnrFlexGrid{"LnrFlexGrid"};
   ProgressBar LnrProgressBar{"LnrProgressBar"};
+  Picture ImgInput{"ImgInput"};
 
  protected:
   void PreparePort() override { link_.OpenAtStart(String(ItsFamily().settings)); }

@@ -455,6 +455,42 @@ TEST(TabControl, HasACaptionAndAStateForEachTab) {
   EXPECT_EQ(changes.Take(), 1);
 }
 
+TEST(TabControl, TellsEachClickAlsoOfTheTabInFront) {
+  TabControl tabs("KvCfg_Tab", 7);
+  std::vector<int> entered;
+  std::vector<int> clicked;
+  tabs.OnEntered = [&](int tab) { entered.push_back(tab); };
+  tabs.OnClicked = [&](int tab) {
+    EXPECT_EQ(tabs.Current(), tab);
+    clicked.push_back(tab);
+  };
+  tabs.UserClicks(2);
+  tabs.UserClicks(2);
+  tabs.SetCurrent(1);
+  EXPECT_EQ(entered, (std::vector{2, 1}));
+  EXPECT_EQ(clicked, (std::vector{2, 2}));
+}
+
+TEST(Picture, TellsItsObserversOfAnotherFileOrOtherBytesOfIt) {
+  Picture picture("ImgInput");
+  ChangeCounter changes(picture);
+  picture.Show(u"In_tc.bmp", "BM1");
+  EXPECT_EQ(changes.Take(), 1);
+  EXPECT_EQ(picture.ShownText(), u"In_tc.bmp");
+  EXPECT_EQ(picture.Bytes(), "BM1");
+  picture.Show(u"In_tc.bmp", "BM1");
+  EXPECT_EQ(changes.Take(), 0);
+  picture.Show(u"In_tc.bmp", "BM2");
+  EXPECT_EQ(changes.Take(), 1);
+  EXPECT_EQ(picture.Bytes(), "BM2");
+  picture.Show(u"In_pot.bmp", "BM2");
+  EXPECT_EQ(changes.Take(), 1);
+  picture.Clear();
+  EXPECT_EQ(changes.Take(), 1);
+  EXPECT_EQ(picture.FileName(), u"");
+  EXPECT_EQ(picture.Bytes(), "");
+}
+
 TEST(ProgressBar, TellsItsObserversOfANewValue) {
   ProgressBar bar("ProgressBar");
   ChangeCounter changes(bar);

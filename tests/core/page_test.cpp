@@ -330,6 +330,15 @@ TEST_F(PageTest, TellsEachPartOfATabThatComesToTheFront) {
   EXPECT_EQ(Page().second.notes, (Steps{"tab 2", "tab 0"}));
 }
 
+TEST_F(PageTest, TellsEachPartOfEachClickOnATab) {
+  Page().first.notes.clear();
+  Page().second.notes.clear();
+  Page().Tabs.UserClicks(2);
+  Page().Tabs.UserClicks(2);
+  EXPECT_EQ(Page().first.notes, (Steps{"tab 2", "click on 2", "click on 2"}));
+  EXPECT_EQ(Page().second.notes, Page().first.notes);
+}
+
 TEST_F(PageTest, CaptionsItsPartsInTheLanguageOfTheFrame) {
   Page().SetCaptions(Language::English);
   EXPECT_EQ(Page().cmdUpload.Caption(), u"UPLOAD");

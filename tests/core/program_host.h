@@ -41,6 +41,7 @@ class FramePart final : public PagePart {
   void SetLocked(bool locked) override { button.SetEnabled(!locked); }
   void ResetBars() override { bar.SetValue(0); }
   void TabEntered(int tab) override { notes.emplace_back("tab " + std::to_string(tab)); }
+  void TabClicked(int tab) override { notes.emplace_back("click on " + std::to_string(tab)); }
 
   Button button;
   ProgressBar bar;
