@@ -13,7 +13,7 @@ namespace korva {
 namespace {
 
 constexpr double kDotsPerMetre = 96 / 0.0254;  ///< of a screen at 100 %
-constexpr QSize kEmptySheet(400, 420);         ///< that of the program's own pictures
+constexpr QSize kEmptySheet(440, 500);         ///< that of the program's own pictures
 constexpr int kBorder = 1;
 
 /// A colour of a drawing on white paper, turned for a sheet of `paper` with lines of `ink`: grey goes from
