@@ -1,19 +1,21 @@
 #pragma once
 
-#include <QTableWidget>
+#include <QTableView>
 #include <functional>
 #include <optional>
 
+#include "app/grid_model.h"
 #include "core/control.h"
 
 namespace korva {
 
 /// A grid on the screen. The head row stays in view: it is the table's header, and row 0 of the table is
-/// hidden, so that rows and columns have the grid's numbers.
+/// hidden, so that rows and columns have the grid's numbers. Only the cells in view are drawn, and of a
+/// changed cell itself alone.
 ///
 /// The arrow keys move the frame of the keyboard only; Enter or Space then does what a click would. Which
 /// cell is under edit is the page's to say.
-class GridView final : public QTableWidget {
+class GridView final : public QTableView {
  public:
   /// `click` carries out the user's click on a cell.
   GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent);
@@ -24,15 +26,16 @@ class GridView final : public QTableWidget {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
+  void FollowScrolling();
   void ShowAll();
-  void ShowCell(int row, int column);
-  void ShowHead(int column);
   void ShowCurrent();
   void ShowTopRow();
 
   Grid& grid_;
+  GridModel model_;
   std::function<void(int row, int column)> click_;
   std::optional<unsigned> seen_;  ///< how many changes of the grid it shows
   bool following_ = false;        ///< the page scrolls, not the user

@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QTableWidget>
+#include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
@@ -76,7 +76,7 @@ bool SizeField(QWidget* widget, const Control& control) {
     memo->setMinimumHeight(memo->fontMetrics().lineSpacing() * 8);
     return true;
   }
-  if (auto* grid = qobject_cast<QTableWidget*>(widget)) {
+  if (auto* grid = qobject_cast<QTableView*>(widget)) {
     grid->setMinimumHeight(grid->verticalHeader()->defaultSectionSize() * kGridLines);
     grid->setFixedWidth(Digits(grid, 2 * kWideField));
     return true;
@@ -105,7 +105,7 @@ QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
   for (const DesignGroup& group : tab.groups) {
     QGroupBox* box = MakeGroup(group, content);
     const bool wide = HasCurve(group);
-    const bool tall = wide || box->findChild<QTableWidget*>() != nullptr;
+    const bool tall = wide || box->findChild<QTableView*>() != nullptr;
     stacks.at(static_cast<std::size_t>(group.column))->addWidget(box, tall ? 1 : 0);
     if (wide) {
       columns->setStretch(group.column, 1);

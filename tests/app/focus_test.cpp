@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTabBar>
-#include <QTableWidget>
+#include <QTableView>
 
 #include "linearizer/linearizer.h"
 #include "monitor/output_setting.h"
@@ -135,11 +135,15 @@ struct EditorBench : FocusBench {
     Show(3);
     grid.SetText(2, 1, u"12.5");
     table->setFocus();
-    table->setCurrentCell(2, 1);
+    table->setCurrentIndex(table->model()->index(2, 1));
     QTest::keyClick(table, Qt::Key_Return);
   }
   Grid& grid = test::Part<Linearizer>(Page()).LnrFlexGrid;
-  QTableWidget* table = Find<QTableWidget>("LnrFlexGrid");
+  [[nodiscard]] std::pair<int, int> Current() const {
+    return {table->currentIndex().row(), table->currentIndex().column()};
+  }
+
+  QTableView* table = Find<QTableView>("LnrFlexGrid");
   QLineEdit* value = Find<QLineEdit>("txtLnrNewValue");
 };
 
@@ -156,7 +160,7 @@ TEST(CellEditorTest, EnterGoesDownInTheTable) {
   QTest::keyClick(bench.value, Qt::Key_Return);
   EXPECT_EQ(ToQt(bench.grid.At(2, 1).text), QStringLiteral("7"));
   EXPECT_EQ(FocusBench::Focused(), "LnrFlexGrid");
-  EXPECT_EQ(std::pair(bench.table->currentRow(), bench.table->currentColumn()), std::pair(3, 1));
+  EXPECT_EQ(bench.Current(), std::pair(3, 1));
   EXPECT_FALSE(bench.value->isVisible());
   QTest::keyClick(bench.table, Qt::Key_Return);
   EXPECT_EQ(FocusBench::Focused(), "txtLnrNewValue");
@@ -166,11 +170,11 @@ TEST(CellEditorTest, EnterGoesDownInTheTable) {
 TEST(CellEditorTest, EnterInTheLastRowStaysThere) {
   EditorBench bench;
   QTest::keyClick(bench.value, Qt::Key_Escape);
-  bench.table->setCurrentCell(16, 2);
+  bench.table->setCurrentIndex(bench.table->model()->index(16, 2));
   QTest::keyClick(bench.table, Qt::Key_Return);
   QTest::keyClick(bench.value, Qt::Key_Return);
   EXPECT_EQ(FocusBench::Focused(), "LnrFlexGrid");
-  EXPECT_EQ(std::pair(bench.table->currentRow(), bench.table->currentColumn()), std::pair(16, 2));
+  EXPECT_EQ(bench.Current(), std::pair(16, 2));
 }
 
 TEST(CellEditorTest, EscapeLeavesTheCellAsItWas) {
@@ -179,7 +183,7 @@ TEST(CellEditorTest, EscapeLeavesTheCellAsItWas) {
   QTest::keyClick(bench.value, Qt::Key_Escape);
   EXPECT_EQ(ToQt(bench.grid.At(2, 1).text), QStringLiteral("12.5"));
   EXPECT_EQ(FocusBench::Focused(), "LnrFlexGrid");
-  EXPECT_EQ(std::pair(bench.table->currentRow(), bench.table->currentColumn()), std::pair(2, 1));
+  EXPECT_EQ(bench.Current(), std::pair(2, 1));
   EXPECT_FALSE(bench.value->isVisible());
 }
 
@@ -188,7 +192,7 @@ TEST(CellEditorTest, ItsButtonsReturnToTheCell) {
     EditorBench bench;
     bench.Press(button);
     EXPECT_EQ(FocusBench::Focused(), "LnrFlexGrid");
-    EXPECT_EQ(std::pair(bench.table->currentRow(), bench.table->currentColumn()), std::pair(2, 1));
+    EXPECT_EQ(bench.Current(), std::pair(2, 1));
   }
 }
 
