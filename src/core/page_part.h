@@ -56,6 +56,8 @@ class PagePart {
   /// What the field of a row shows in place of its cell, which is not NEEDLESS. The first part that has an
   /// answer gives it.
   [[nodiscard]] virtual std::optional<String> ShownText(int /*row*/) const { return std::nullopt; }
+  /// The unit beside the field of a row, in place of the definition's. The first answer counts.
+  [[nodiscard]] virtual std::optional<String> UnitOf(int /*row*/) const { return std::nullopt; }
   /// What the cell of a row takes in place of the text in its field. The first answer counts here too.
   [[nodiscard]] virtual std::optional<String> CellOf(int /*row*/, const String& /*text*/) const {
     return std::nullopt;

@@ -8,7 +8,8 @@
 
 namespace korva {
 
-inline constexpr int kDataWidth = 26;  ///< columns of $Data
+inline constexpr int kDataWidth = 26;               ///< columns of $Data
+inline constexpr StringView kTabFlags = u"$SSTab";  ///< the section with a flag for each tab
 
 /// The column of $Data for each purpose; -1: none. A family tells what it has elsewhere than family First,
 /// whose columns these are.
@@ -172,6 +173,7 @@ enum class ListFill {
   Range,      ///< the column of the range table under the present input type's title
   Whole,      ///< column 1 of all rows of the table
   Coded,      ///< column 1 of all rows with a code; a fixed row's box is locked
+  Texts,      ///< column 1 of all rows with a text; a fixed row's box is locked
 };
 struct ListRule {
   StringView key;    ///< "$I10"

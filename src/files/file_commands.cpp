@@ -180,7 +180,9 @@ void ParameterPage::OpenChosenFile() {
   const String& path = Shared().CfgFilePath;
   const std::optional<CfgModel> model =
       ReadCfgFile(ItsProgram().Lines(), Box(), Models, path, GroupItem, Parts());
-  if (model) {
+  // A definition that serves every model of its family doesn't tell which of them the file is of.
+  const bool tells_model = model && !(Def.Form().only_file.Has() && model->def_file == DefFile);
+  if (tells_model) {
     DefFile = model->def_file;
     Shared().SelectedModelIndex = model->row;
   }
@@ -190,7 +192,7 @@ void ParameterPage::OpenChosenFile() {
     lst_TypeSelect.SetListIndex(0);
     return;
   }
-  if (model) {
+  if (tells_model) {
     SelectModelOfFile(model->row);
   }
   BuildPage();

@@ -43,9 +43,9 @@ void AddEntries(ComboBox& box, const ChoiceList& list) {
   }
 }
 
-void AddCodedEntries(ComboBox& box, const ChoiceList& list) {
+void AddUsedEntries(ComboBox& box, const ChoiceList& list, ListColumn column) {
   for (int row = 0; row < list.Rows(); ++row) {
-    if (!list.Code(row).empty()) {
+    if (!list.Cell(row, column).empty()) {
       box.AddEntry(list.Text(row));
     }
   }
@@ -165,13 +165,16 @@ void ParameterPage::ShowBox(int row) {
       AddEntries(box, list);
       break;
     case ListFill::Coded:
-      FillCodedList(box, row, list);
+      FillUsedRows(box, row, list, &ListColumns::code);
+      break;
+    case ListFill::Texts:
+      FillUsedRows(box, row, list, &ListColumns::text);
       break;
   }
 }
 
-void ParameterPage::FillCodedList(ComboBox& box, int row, const ChoiceList& list) {
-  AddCodedEntries(box, list);
+void ParameterPage::FillUsedRows(ComboBox& box, int row, const ChoiceList& list, ListColumn column) {
+  AddUsedEntries(box, list, column);
   if (Fixed(row)) {
     CloseBox(box);
   }
@@ -211,6 +214,19 @@ void ParameterPage::FillRangeList(ComboBox& box) const {
   }
 }
 
+int ParameterPage::TakeOption(int row, const OptionRule& rule, const ChoiceList& list) {
+  const String& cell = SetCell(row);
+  const int kept = cell.empty() ? -1 : list.Find(rule.keeps, cell);
+  if (kept >= 0 || cell.empty()) {
+    return kept;
+  }
+  const int named = list.FindText(cell);
+  if (named >= 0) {
+    GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), list.Cell(named, rule.keeps));
+  }
+  return named;
+}
+
 void ParameterPage::ShowOptions(int row) {
   const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
   if (rule == nullptr) {
@@ -226,8 +242,7 @@ void ParameterPage::ShowOptions(int row) {
       options[place].SetCaption(caption);
     }
   }
-  const String& cell = SetCell(row);
-  const int place = cell.empty() ? -1 : list.Find(rule->keeps, cell);
+  const int place = TakeOption(row, *rule, list);
   if (place < 0 || place >= options.Count() || list.Code(place).empty()) {
     options.Clear();
   } else {
@@ -256,15 +271,19 @@ void ParameterPage::FixOptions(int row, OptionGroup& options) const {
 
 void ParameterPage::ApplyDefaults() {
   for (int row = 0; row < Def.Data().Rows(); ++row) {
-    const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
-    if (DataCell(row, kDefaultOption).empty() || rule == nullptr || !SetCell(row).empty()) {
-      continue;
-    }
-    OptionGroup& options = *rule->options;
-    options[Place(row, kDefaultOption, options.Count())].SetValue(true);
-    if (Fixed(row)) {
-      FixOptions(row, options);
-    }
+    ApplyDefault(row);
+  }
+}
+
+void ParameterPage::ApplyDefault(int row) {
+  const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
+  if (DataCell(row, kDefaultOption).empty() || rule == nullptr || !SetCell(row).empty()) {
+    return;
+  }
+  OptionGroup& options = *rule->options;
+  options[Place(row, kDefaultOption, options.Count())].SetValue(true);
+  if (Fixed(row)) {
+    FixOptions(row, options);
   }
 }
 
@@ -276,12 +295,20 @@ void ParameterPage::ShowUnit(int row) {
   label.SetVisible(true);
   const String& unit = DataCell(row, kUnitText);
   if (const UnitList* list = FindUnitList(DataCell(row, kUnitKey))) {
-    label.SetCaption(UnitFrom(*list));
+    PutUnit(row, UnitFrom(*list));
   } else if (unit == u"$in") {
-    label.SetCaption(TemperatureUnit());
-  } else if (!unit.empty()) {
-    label.SetCaption(unit);
+    PutUnit(row, TemperatureUnit());
+  } else {
+    PutUnit(row, unit.empty() ? label.Caption() : unit);
   }
+}
+
+void ParameterPage::PutUnit(int row, const String& unit) {
+  std::optional<String> of_part;
+  for (const PagePart* part : Parts()) {
+    of_part = of_part ? of_part : part->UnitOf(row);
+  }
+  lbl_unit[Place(row, kUnitLabel, lbl_unit.Count())].SetCaption(of_part.value_or(unit));
 }
 
 void ParameterPage::ShowTemperatureUnits() {
@@ -291,7 +318,7 @@ void ParameterPage::ShowTemperatureUnits() {
     const bool follows = DataCell(row, kTemperature) == u"Item21" && chosen;
     const bool shows_it = DataCell(row, kUnitText) == u"$in" && DataCell(row, kUnitKey).empty();
     if ((follows || shows_it) && !DataCell(row, kUnitLabel).empty()) {
-      lbl_unit[Place(row, kUnitLabel, lbl_unit.Count())].SetCaption(TemperatureUnit());
+      PutUnit(row, TemperatureUnit());
     }
   }
 }
@@ -305,7 +332,7 @@ void ParameterPage::ShowInputTypeUnits(int i10_row) {
 void ParameterPage::ShowUnitsOf(StringView unit_key, const String& unit) {
   for (int row = 0; row < Def.Data().Rows(); ++row) {
     if (DataCell(row, kUnitKey) == unit_key && !DataCell(row, kUnitLabel).empty()) {
-      lbl_unit[Place(row, kUnitLabel, lbl_unit.Count())].SetCaption(unit);
+      PutUnit(row, unit);
     }
   }
 }

@@ -11,8 +11,6 @@ namespace korva {
 
 namespace {
 
-constexpr StringView kTabFlags = u"$SSTab";
-
 String TwoDigits(const String& number) { return number.size() == 1 ? u"0" + number : number; }
 
 }  // namespace

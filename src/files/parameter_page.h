@@ -121,10 +121,16 @@ class ParameterPage : public DevicePage {
   [[nodiscard]] String ShownText(int row) const;
   /// What the cell of a row takes of the text in its field.
   [[nodiscard]] String CellOf(int row, const String& text) const;
+  /// Presses the default option of a row, if it has one and its cell is empty.
+  void ApplyDefault(int row);
   /// Shows one row of the page anew from the set.
   void ShowAgain(int row);
+  /// Shows the unit of one row anew, if it has one.
+  void ShowUnit(int row);
   /// The unit label of a row; nullptr when it has none, or there is no such row (-1).
   [[nodiscard]] Label* UnitLabelOf(int row);
+  /// The temperature unit that is chosen, empty for none.
+  [[nodiscard]] String TemperatureUnit() const;
   /// True while BuildPage puts values into fields.
   [[nodiscard]] bool Building() const { return building_; }
   void MarkEdited();  ///< sets DataChanged, unless an upload puts values into the fields
@@ -188,12 +194,16 @@ class ParameterPage : public DevicePage {
   void ShowField(int row);
   void ShowBox(int row);
   void FillInputTypes(ComboBox& box, int row, const ChoiceList& types) const;
-  void FillCodedList(ComboBox& box, int row, const ChoiceList& list);
+  /// Lists the rows that have something in `column`.
+  void FillUsedRows(ComboBox& box, int row, const ChoiceList& list, ListColumn column);
+  /// Place of the option in the cell of a row, -1 for none. A cell that names it by its text, as a device or
+  /// a file does, takes what the rule keeps.
+  int TakeOption(int row, const OptionRule& rule, const ChoiceList& list);
   void ShowOptions(int row);
   void FixOptions(int row, OptionGroup& options) const;
-  void ShowUnit(int row);
+  /// Shows the unit of a row that has a unit label: a part's, or else this one.
+  void PutUnit(int row, const String& unit);
   void ShowTemperatureUnits();
-  [[nodiscard]] String TemperatureUnit() const;
   /// The list whose choice brings a unit, by its key; nullptr when the key is another list's.
   [[nodiscard]] const UnitList* FindUnitList(const String& key) const;
   [[nodiscard]] String UnitFrom(const UnitList& list) const;

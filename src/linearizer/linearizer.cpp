@@ -162,7 +162,8 @@ void Linearizer::PageCleared() {
 
 void Linearizer::ChoiceMade(const Choice& choice) {
   if (choice.options == &Opt_Table || choice.options == &Opt_Lnr) {
-    page_.Tabs.SetTabEnabled(Tab(), choice.place != 0);
+    const bool without_table = KindOfInput && Quantity() == nullptr;
+    page_.Tabs.SetTabEnabled(Tab(), choice.place != 0 && !without_table);
   }
 }
 
@@ -184,6 +185,16 @@ void Linearizer::SettleTabs(TabMoment moment) {
 
 TableSwitch Linearizer::AfterUpload() const {
   return family_.needs_flag && !TabFlagged() ? TableSwitch::None : Model().after_upload;
+}
+
+const LnrQuantity* Linearizer::Quantity() const {
+  if (!KindOfInput) {
+    return &family_.quantities.front();
+  }
+  const String kind = KindOfInput();
+  const auto found = std::find_if(family_.quantities.begin(), family_.quantities.end(),
+                                  [&](const LnrQuantity& one) { return one.kind == kind; });
+  return found == family_.quantities.end() ? nullptr : &*found;
 }
 
 void Linearizer::SettleTab(TableSwitch table_switch) {
@@ -211,6 +222,8 @@ bool Linearizer::SwitchedOn(TableSwitch table_switch) const {
     case TableSwitch::InputType:
       return std::find(family_.table_types.begin(), family_.table_types.end(), page_.Item(kTypeItem)) !=
              family_.table_types.end();
+    case TableSwitch::InputKind:
+      return Quantity() != nullptr && (Quantity()->is_input_curve || Opt_Lnr.Selected() != 0);
     case TableSwitch::TableOption:
     case TableSwitch::LnrOption:
       return OptionsOf(table_switch)->Selected() != 0;
@@ -222,6 +235,9 @@ bool Linearizer::SwitchedOn(TableSwitch table_switch) const {
 }
 
 bool Linearizer::LnrActive() const {
+  if (KindOfInput) {
+    return Quantity() != nullptr && (Quantity()->is_input_curve || Opt_Lnr.Selected() == 1);
+  }
   if (Opt_Table.Selected() == 1 || Opt_Lnr.Selected() == 1) {
     return true;
   }
@@ -246,12 +262,15 @@ bool Linearizer::Refused() const {
 }
 
 void Linearizer::SetUp(int points) {
+  if (const LnrQuantity* quantity = Quantity()) {
+    table_.SetHeads(quantity->heads);
+  }
   editor_.Reset();
   table_.SetUp(PointsOf(points));
 }
 
 bool Linearizer::CheckLnrTable() {
-  const LnrQuantity& quantity = family_.quantities.front();
+  const LnrQuantity& quantity = Quantity() == nullptr ? family_.quantities.front() : *Quantity();
   const bool good = family_.rule == LnrRule::Range
                         ? CheckLnrRange(table_)
                         : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, LnrProgressBar);
@@ -287,6 +306,9 @@ void Linearizer::Upload() {
 }
 
 bool Linearizer::OpenTabForUpload(TableSwitch table_switch) {
+  if (table_switch == TableSwitch::InputKind) {
+    return Quantity() != nullptr;  // it is read though its switch stands at none
+  }
   if (OptionsOf(table_switch) == nullptr) {
     return table_switch == TableSwitch::AsItStands || SwitchedOn(table_switch);
   }

@@ -67,6 +67,13 @@ class Linearizer final : public PagePart {
   void SetTableUnsaved(bool unsaved) { lbl_LnrUnsaved.SetVisible(unsaved); }
   [[nodiscard]] bool TableUnsaved() const { return lbl_LnrUnsaved.Visible(); }
 
+  /// Letter of the kind of table that the present input has, of a page where that differs (LnrQuantity).
+  std::function<String()> KindOfInput;
+  /// What the values mean under the present input; nullptr for an input without a table.
+  [[nodiscard]] const LnrQuantity* Quantity() const;
+  /// Another input was chosen: heads and tab become those of its table, whose points stay.
+  void FollowInput() { SettleTab(Model().on_choice); }
+
   /// Called with the number of points that a file told.
   std::function<void(const String& size)> OnSizeRead;
 
@@ -101,8 +108,10 @@ class Linearizer final : public PagePart {
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;
   /// The options behind a switch; nullptr for a switch of another kind.
   [[nodiscard]] const OptionGroup* OptionsOf(TableSwitch table_switch) const;
-  /// The definition's flag of the table's tab.
-  [[nodiscard]] bool TabFlagged() const { return page_.TabFlag(Tab()) == u"True"; }
+  /// The definition's flag of the table's tab; a family without flags has them all set.
+  [[nodiscard]] bool TabFlagged() const {
+    return !page_.Def.Has(kTabFlags) || page_.TabFlag(Tab()) == u"True";
+  }
   /// True when the model has a table, as its definition and its row tell, and its linearizer is in use: the
   /// table is then checked and sent, whatever state its tab is in.
   [[nodiscard]] bool InUse() const;

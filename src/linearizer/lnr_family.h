@@ -17,6 +17,8 @@ struct LnrQuantity {
   LnrHeads heads;
   LnrLimits x_limits = {.low = -15, .high = 115};
   LnrLimits y_limits = {.low = -15, .high = 115};
+  /// The table is the curve of the input itself: it is in use without a switch.
+  bool is_input_curve = false;
 };
 
 /// What a table must be to go to the device.

@@ -13,7 +13,10 @@ enum class TableSwitch {
   TableOption,  ///< the tab is enabled unless button 0 of Opt_Table is on
   LnrOption,    ///< the tab is enabled unless button 0 of Opt_Lnr is on
   InputType,    ///< the tab is enabled with an input type that uses the table
-  AsItStands,   ///< the table is in use, and the tab stays as it is
+  /// The kind of table that the input has (LnrQuantity) settles it: a curve of the input itself enables the
+  /// tab, any other unless button 0 of Opt_Lnr is on, and an input without a table disables it.
+  InputKind,
+  AsItStands,  ///< the table is in use, and the tab stays as it is
 };
 
 /// The linearizer of a model that differs from the defaults. A model goes by its definition file's name or by

@@ -42,7 +42,10 @@ String UnitReader::Read(StringView item, int repeats) const {
 
 String UnitReader::LookUp(const UnitTable& table, const String& text) const {
   const ChoiceList units = page_.Def.ListOf(table.table);
-  const int row = text.empty() ? -1 : units.FindText(text, table.first_row);
+  int row = text.empty() ? -1 : units.FindText(text, table.first_row);
+  if (row < 0 && table.by_code && !text.empty()) {
+    row = units.FindCode(text, table.first_row);
+  }
   return row < 0 ? String() : units.Cell(row, &ListColumns::unit);
 }
 

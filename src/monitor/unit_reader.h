@@ -21,6 +21,7 @@ struct UnitTable {
   int repeats = 0;
   StringView table;
   int first_row = 0;
+  bool by_code = false;  ///< the device may tell the code in place of the text
 };
 
 class UnitReader;

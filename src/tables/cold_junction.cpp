@@ -179,7 +179,7 @@ void ColdJunction::Tell(bool done, BoxKey report) {
   if (done) {
     CJM_ProgressBar.SetValue(100);
     page_.Box().Show(report);
-  } else if (family_.tells_failure) {
+  } else if (family_.tells_failure || page_.CommFailed) {
     page_.Box().ShowCommFailure();
   }
 }

@@ -16,7 +16,8 @@ struct ColdJunctionFamily {
   bool one_item = false;
   /// The fields take the values of the set whenever the frame opens.
   bool fills_fields = false;
-  bool tells_failure = true;  ///< a failed exchange has its box
+  /// A failed exchange has its box; one that finds no device has it in any case.
+  bool tells_failure = true;
 };
 
 /// The exchange of a thermocouple input's cold junction module: writes the two numbers that come with the new

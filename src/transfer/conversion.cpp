@@ -70,6 +70,14 @@ double ConvertTemperature(StringView from, StringView to, double value) {
   return RoundHalfEven(Converted(from, to, value) * 10) / 10;
 }
 
+double ConvertDifference(StringView from, StringView to, double value) {
+  if (!IsTemperatureUnit(from) || !IsTemperatureUnit(to)) {
+    return 0;
+  }
+  const double kelvins = from == kDegF ? value * 5 / 9 : value;
+  return RoundHalfEven((to == kDegF ? kelvins * 9 / 5 : kelvins) * 10) / 10;
+}
+
 double LimitInUnit(double limit, StringView unit) {
   return unit == kDegF || unit == kKelvin ? Converted(kDegC, unit, limit) : limit;
 }

@@ -17,6 +17,10 @@ bool IsTemperatureUnit(StringView unit);
 /// temperature unit give 0.
 double ConvertTemperature(StringView from, StringView to, double value);
 
+/// A difference of two temperatures in another unit, without the offset, rounded in the same way. Texts that
+/// are no temperature unit give 0.
+double ConvertDifference(StringView from, StringView to, double value);
+
 /// A limit of a definition file, in deg C, in `unit`, not rounded. Any other unit than deg F and K leaves it.
 double LimitInUnit(double limit, StringView unit);
 /// A difference of two temperatures in deg C, in `unit`: without the offset.

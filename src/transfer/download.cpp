@@ -170,7 +170,7 @@ WriteEntry Download::EntryOf(int row) const {
 
 String Download::CodeOf(const CodeTable& codes, const String& item, const String& text) const {
   const ChoiceList list = form_.ListOf(codes);
-  const int row = list.FindText(text);
+  const int row = list.Find(codes.holds, text);
   if (row < 0) {
     throw RuntimeFailure(u"Item" + item + u" の設定値 \"" + text + u"\" に対応するコードが定義ファイル " +
                          page_.DefFile + u" の " + String(codes.key) + u" にありません。");
@@ -201,15 +201,9 @@ bool Download::WriteVerifyList(WriteList& list) {
 
 bool Download::WriteVerified(WriteEntry& entry) {
   entry.data = steps_.FinalData(entry);
-  String reply = steps_.WriteChecked(entry);
+  const String echo = steps_.WriteChecked(entry);
   steps_.AfterWrite();
-  if (entry.item.item == u"14" || entry.item.item == u"15") {
-    // The device moves zero and span within limits of its own, so what it holds counts and not its echo.
-    reply = page_.Items().ReadRetry(kItemRepeats, entry.item);
-    if (reply == u"ERROR" || reply == kNeedless) {
-      reply.clear();
-    }
-  }
+  const String reply = steps_.Proof(entry, echo);
   if (!reply.empty()) {
     numbers_.Sent(entry.row, entry.data);
   }
@@ -227,6 +221,15 @@ String DownloadSteps::WriteChecked(const WriteEntry& entry) {
     return {};
   }
   return WriteData(entry);
+}
+
+String DownloadSteps::Proof(const WriteEntry& entry, const String& echo) const {
+  if (entry.item.item != u"14" && entry.item.item != u"15") {
+    return echo;
+  }
+  // The device moves zero and span within limits of its own, so what it holds counts and not its echo.
+  const String held = page_.Items().ReadRetry(kItemRepeats, entry.item);
+  return held == u"ERROR" || held == kNeedless ? String() : held;
 }
 
 String DownloadSteps::ReadBefore(const WriteEntry& entry) const {

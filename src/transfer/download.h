@@ -33,6 +33,8 @@ class DownloadSteps {
   virtual String WriteChecked(const WriteEntry& entry);
   /// Sends the data of one entry; the device's echo, or empty when there was none.
   virtual String WriteData(const WriteEntry& entry);
+  /// What is to prove a write whose echo was `echo`; empty for nothing.
+  [[nodiscard]] virtual String Proof(const WriteEntry& entry, const String& echo) const;
   /// After each write, good or bad.
   virtual void AfterWrite() {}
   [[nodiscard]] virtual bool CompareReply(const WriteEntry& entry, const String& reply) const {

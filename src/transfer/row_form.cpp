@@ -41,7 +41,7 @@ ChoiceList RowForm::ListOf(const CodeTable& codes) const {
 
 bool RowForm::HasCode(int row) const {
   const std::optional<CodeTable> codes = CodesToSend(row);
-  return !codes || ListOf(*codes).FindText(page_.SetCell(row)) >= 0 || WillBeSpelt(row);
+  return !codes || ListOf(*codes).Find(codes->holds, page_.SetCell(row)) >= 0 || WillBeSpelt(row);
 }
 
 std::optional<CodeTable> RowForm::CodesOfRow(const String& item) const {

@@ -27,11 +27,13 @@ void TemperatureUnits::ChoiceMade(const Choice& choice) {
   }
   const String unit = page_.optTempUnit[choice.place].Caption();
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-    if (page_.DataCell(row, kTemperature) == u"Item21" && !ChangeUnitOfRow(row, unit)) {
+    if (Follows(row) && !ChangeUnitOfRow(row, unit)) {
       return;
     }
   }
 }
+
+bool TemperatureUnits::Follows(int row) const { return page_.DataCell(row, kTemperature) == u"Item21"; }
 
 bool TemperatureUnits::ChangeUnitOfRow(int row, const String& unit) {
   Label* label = page_.UnitLabelOf(row);
@@ -46,6 +48,9 @@ bool TemperatureUnits::ChangeUnitOfRow(int row, const String& unit) {
     return true;
   }
   TextField& field = page_.Text[text];
+  if (field.Text().empty() && page_.IsLive(row)) {
+    return true;
+  }
   if (field.Text().empty()) {
     field.SetText(u"0");
   }
@@ -53,7 +58,8 @@ bool TemperatureUnits::ChangeUnitOfRow(int row, const String& unit) {
   if (!IsTemperatureUnit(old_unit) || !IsTemperatureUnit(unit) || old_unit == unit) {
     return true;
   }
-  const double value = ConvertTemperature(old_unit, unit, LeadingNumber(field.Text()));
+  const auto convert = IsDifference(row) ? ConvertDifference : ConvertTemperature;
+  const double value = convert(old_unit, unit, LeadingNumber(field.Text()));
   const TemperatureForm form = form_();
   if (form == TemperatureForm::Whole) {
     field.SetText(FormatMask(value, u"#0"));

@@ -13,14 +13,21 @@ enum class TemperatureForm {
   TwoDecimals,
 };
 
-/// The choice of the temperature unit, optTempUnit: converts the values that follow it.
-class TemperatureUnits final : public PagePart {
+/// The choice of the temperature unit, optTempUnit: converts the values that follow it. A live box that is
+/// empty stays so.
+class TemperatureUnits : public PagePart {
  public:
   /// Adds itself to the page, which outlives this. `form` tells how the chosen model shows temperatures.
   TemperatureUnits(ParameterPage& page, std::function<TemperatureForm()> form);
 
   void SetCaptions(Language language) override;
   void ChoiceMade(const Choice& choice) override;
+
+ protected:
+  /// True for a row whose value follows the unit.
+  [[nodiscard]] virtual bool Follows(int row) const;
+  /// True for a row whose value is a difference of two temperatures.
+  [[nodiscard]] virtual bool IsDifference(int /*row*/) const { return false; }
 
  private:
   bool ChangeUnitOfRow(int row, const String& unit);

@@ -82,7 +82,7 @@ Upload::Values Upload::ReadAllItems() {
       return values;
     }
     values.any = values.any || read == RowRead::Read;
-    page_.TransferBar.SetValue(static_cast<float>(row + 1) / static_cast<float>(rows) * 100);
+    page_.TransferBar.SetValue(steps_.ProgressAt(row, rows));
   }
   values.complete = true;
   page_.TransferBar.SetValue(100);

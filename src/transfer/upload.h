@@ -30,6 +30,10 @@ class UploadSteps {
   /// After an answer of the device has gone into the cell of `row`.
   virtual void AfterItemRead(int /*row*/) {}
   virtual void AfterAllRead() {}
+  /// What the progress bar shows once the row, of `rows`, has been read.
+  [[nodiscard]] virtual float ProgressAt(int row, int rows) const {
+    return static_cast<float>(row + 1) / static_cast<float>(rows) * 100;
+  }
 
  protected:
   [[nodiscard]] ParameterPage& Page() const { return page_; }

@@ -123,7 +123,7 @@ bool ValueCheck::MayBeBlank(int index) const {
   const String number = Ascii(std::to_string(index));
   for (int row = page_.Def.FindRow(kTextIndex, number); row >= 0;
        row = page_.Def.FindRow(kTextIndex, number, row + 1)) {
-    if (page_.MayBeBlank(row)) {
+    if (page_.MayBeBlank(row) || !form_.Applies(row)) {
       return true;
     }
   }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "files/definition_form.h"
 #include "link/group_item.h"
 #include "platform/string.h"
 
@@ -24,6 +25,7 @@ using WriteList = std::vector<WriteEntry>;
 struct CodeTable {
   StringView key;  ///< of the definition's section
   int title = 1;
+  ListColumn holds = &ListColumns::text;  ///< what the item's cell holds of its row
 };
 
 /// True when the device's reply to a write, or its answer to the read that followed, proves the entry: a

@@ -421,12 +421,22 @@ TEST(ColdJunctionWriting, ADeviceThatStaysInProgrammingModeIsAFailure) {
   bench.ExpectAtRest();
 }
 
-TEST(ColdJunctionWriting, AFailureIsSilentOnTheUniversalPage) {
+TEST(ColdJunctionWriting, ARefusedWriteIsSilentOnTheUniversalPage) {
+  CjmBench bench(u"QXI", kUniversal);
+  bench.Type(u"25", u"600");
+  bench.line.replies["01/35 D600"] = "CNG";
+  bench.Press(bench.page->cjm.cmdWriteInCJM, {Answer::Yes});
+  EXPECT_EQ(bench.Boxes(), Texts{kQuestion});
+  EXPECT_EQ(bench.line.items["01/01"], "0");
+  bench.ExpectAtRest();
+}
+
+TEST(ColdJunctionWriting, ASilentDeviceShowsTheBoxOnTheUniversalPageToo) {
   CjmBench bench(u"QXI", kUniversal);
   bench.Type(u"25", u"600");
   bench.line.replies["00/99"] = std::nullopt;
   bench.Press(bench.page->cjm.cmdWriteInCJM, {Answer::Yes});
-  EXPECT_EQ(bench.Boxes(), Texts{kQuestion});
+  EXPECT_EQ(bench.Boxes(), (Texts{kQuestion, Shown(BoxKey::CommFailure)}));
   bench.ExpectAtRest();
 }
 
