@@ -40,7 +40,8 @@ Device::State::State(Model of_model, Definition definition, DeviceOptions with)
       setup(definition, model.definition_file.substr(0, model.definition_file.find('.')), options.curves),
       parameters(model, std::move(definition), family, options.system_text),
       slow(AnswersSlowly(parameters.ModelCode())),
-      table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table) {}
+      table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table,
+            family.table_limit) {}
 
 Device::Device(const Model& model, Definition definition, const DeviceOptions& options)
     : state_(std::make_unique<State>(model, std::move(definition), options)) {}

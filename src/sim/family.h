@@ -70,7 +70,12 @@ struct Family {
   /// of frequencies.
   bool trims = false;
   std::string_view live_settings = {};  ///< Items of group 01 that take data in monitor mode too.
-  bool threshold_in_row = false;        ///< Columns 21 and 24 of an item limit it, where they are filled.
+  /// Input and output are chosen freely: what the choice has no use for is not usable, and an end of a range
+  /// that is not the user's own can't be set.
+  bool universal = false;
+  std::size_t type_unit = 8;      ///< Column of `$I10` with the unit.
+  double table_limit = 300;       ///< Largest amount of a value of the linearizer table.
+  bool threshold_in_row = false;  ///< Columns 21 and 24 of an item limit it, where they are filled.
 };
 
 /// The family of a family word, compared exactly; null when there is none.

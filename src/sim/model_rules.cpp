@@ -55,6 +55,13 @@ constexpr std::array kPowerUp = {
     // data of a cold junction sensor that was never exchanged
     PowerUp{.family = "Lite", .models = "", .item = "34", .value = "-999.9"},
     PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},
+    PowerUp{.family = "QXI", .models = "", .item = "34", .value = "-999.9"},
+    PowerUp{.family = "QXI", .models = "", .item = "35", .value = "-999.9"},
+    // relays: setpoints and hystereses in the unit of the input
+    PowerUp{.family = "QXI", .models = "", .item = "26", .value = "100"},
+    PowerUp{.family = "QXI", .models = "", .item = "27", .value = "5"},
+    PowerUp{.family = "QXI", .models = "", .item = "29", .value = "50"},
+    PowerUp{.family = "QXI", .models = "", .item = "30", .value = "5"},
     // scale of the output
     PowerUp{.models = "", .item = "19", .value = "0.00"},
     PowerUp{.models = "", .item = "20", .value = "100.00"},
@@ -125,6 +132,19 @@ constexpr std::array kAlarmValues = {
 };
 
 constexpr std::array kNeedless = {
+    // without a sensor there is no temperature unit and no burnout; a sensor's own curve is its linearizer
+    NeedlessRule{.model = "Univ",
+                 .beginning = false,
+                 .selector = "10",
+                 .codes = "11 12 13 14 15 16 17 18 41",
+                 .text = "",
+                 .items = "21 24"},
+    NeedlessRule{.model = "Univ",
+                 .beginning = false,
+                 .selector = "10",
+                 .codes = "0 1 2 3 4 5 6 7 8 9 99 31 32 98 51 97",
+                 .text = "",
+                 .items = "23"},
     // voltage and square root inputs have no range to set, and no temperature unit
     NeedlessRule{.model = "QUO",
                  .beginning = false,

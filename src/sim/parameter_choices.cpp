@@ -16,7 +16,6 @@ constexpr std::size_t kTypeLow = 2;
 constexpr std::size_t kTypeHigh = 3;
 constexpr std::size_t kTypeSettable = 6;
 constexpr std::size_t kTypeTitle = 7;
-constexpr std::size_t kTypeUnit = 8;
 
 constexpr std::string_view kInputTypes = "$I10";
 
@@ -128,6 +127,7 @@ WriteResult Parameters::WriteChoice(Item& item, std::string_view data) {
     }
     item.row = row;
     SettleRange();
+    BringOutputRange(item);
     return WriteResult::Done;
   }
   return WriteResult::Refused;
@@ -177,7 +177,7 @@ std::string Parameters::Limited(const std::string& held) const {
   const auto* const type = InputType();
   std::string unit;
   if (unit_item != nullptr && unit_item->section == "$I21" && type != nullptr &&
-      (Field(*type, kTypeUnit).empty() || Field(*type, kTypeUnit).starts_with("deg"))) {
+      (Field(*type, family_.type_unit).empty() || Field(*type, family_.type_unit).starts_with("deg"))) {
     const auto& row = definition_.Rows(unit_item->section)[unit_item->row];
     unit = Field(row, 2).empty() ? Field(row, 1) : Field(row, 2);
   }

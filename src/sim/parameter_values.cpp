@@ -59,6 +59,9 @@ std::string Parameters::Text(const Item& item) const {
 }
 
 std::string Parameters::Plain(const Item& item) const {
+  if (const auto end = FixedEnd(item)) {
+    return *end;
+  }
   return IsLimited(item) ? Limited(item.held) : item.held;
 }
 
@@ -72,7 +75,7 @@ std::optional<double> Parameters::Quantity(const Item& item) const {
 
 WriteResult Parameters::Write(Item& item, std::string_view data) {
   const auto trimmed = TrimBlanks(data);
-  if (Needless(item)) {
+  if (Needless(item) || FixedEnd(item)) {
     return WriteResult::NotUsable;
   }
   switch (item.kind) {
@@ -159,6 +162,7 @@ bool Parameters::Set(Item& item, std::string_view value) {
       if (RowUsable(item, row) && (RowText(item, row) == value || Field(rows[row], 0) == value)) {
         item.row = row;
         SettleRange();
+        BringOutputRange(item);
         return true;
       }
     }

@@ -262,7 +262,7 @@ std::string Parameters::PowerUpText(const Item& item) const {
   if (item.form == "FINSPN") {
     return "100.00";
   }
-  if (family_.memory && item.group == "01" && HasWord("12 13 14 15", item.item)) {
+  if ((family_.memory || family_.universal) && item.group == "01" && HasWord("12 13 14 15", item.item)) {
     return FirstTypeLimit(item);
   }
   return IsLimited(item) ? PowerUpLimit(item.item == "15")

@@ -142,6 +142,8 @@ class Parameters {
   void Hold(Item& item, double value, std::string_view text) const;
   const std::vector<Definition::Row>& FrequencyUnits() const;
   void SettleRange();
+  std::optional<std::string> FixedEnd(const Item& item) const;
+  void BringOutputRange(const Item& choice);
 
   Definition definition_;
   const Family& family_;

@@ -32,7 +32,7 @@ std::size_t PointCount(TableShape shape) {
 
 }  // namespace
 
-PointTable::PointTable(TableShape shape) : shape_(shape) {
+PointTable::PointTable(TableShape shape, double limit) : shape_(shape), limit_(limit) {
   const std::size_t points = PointCount(shape);
   for (std::size_t point = 0; point < points; ++point) {
     const double percent = 100.0 * static_cast<double>(point) / static_cast<double>(points - 1);
@@ -75,7 +75,7 @@ std::string PointTable::Head(std::size_t position) {
 
 bool PointTable::Write(std::size_t position, std::string_view data) {
   const auto value = ParseNumber(TrimBlanks(data));
-  if (!value || std::abs(*value) > 300.0) {
+  if (!value || std::abs(*value) > limit_) {
     return false;
   }
   values_.at(position) = std::round(*value * 100) / 100;

@@ -15,7 +15,8 @@ namespace korva::sim {
 class PointTable {
  public:
   /// \param shape  Not `ByModel`.
-  explicit PointTable(TableShape shape);
+  /// \param limit  Largest amount of a value.
+  explicit PointTable(TableShape shape, double limit = 300);
 
   /// Whether the table has items in this group.
   bool HasGroup(std::string_view group) const;
@@ -33,11 +34,12 @@ class PointTable {
   static std::string Head(std::size_t position);
 
   /// Takes a value, rounded to two decimals.
-  /// \return false when the text is no number or beyond -300 to 300; nothing changes then.
+  /// \return false when the text is no number or beyond the limit; nothing changes then.
   bool Write(std::size_t position, std::string_view data);
 
  private:
   TableShape shape_;
+  double limit_;
   std::vector<double> values_;
 };
 
