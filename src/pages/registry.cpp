@@ -11,6 +11,7 @@
 #include "pages/kv_config_v3/family.h"
 #include "pages/kv_config_v3/kv_config_v3.h"
 #include "pages/univ_config/family.h"
+#include "pages/univ_config/univ_config.h"
 #include "pages/z2_kv_config/family.h"
 #include "pages/z2_kv_config/z2_kv_config.h"
 #include "pages/z2_kv_config_v2/family.h"
@@ -34,7 +35,7 @@ std::unique_ptr<Page> Make(Program& program, const FamilyRecord& record, DeviceL
 }
 
 constexpr std::array kRegistry = {
-    RegistryEntry{.record = kUnivConfigRecord, .page = kNone},
+    RegistryEntry{.record = kUnivConfigRecord, .page = PageMaker(Make<UnivConfig>)},
     RegistryEntry{.record = kKvConfigRecord, .page = PageMaker(Make<KvConfig>)},
     RegistryEntry{.record = kKvConfigV2Record, .page = PageMaker(Make<KvConfig_V2>)},
     RegistryEntry{.record = kKvConfigV3Record, .page = PageMaker(Make<KvConfig_V3>)},

@@ -61,7 +61,7 @@ class CloseBench : public PageBench {
 /// A model of each page, and one that is polled slowly.
 struct CloseSweepTest : testing::TestWithParam<String> {};
 INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest,
-                         testing::Values(u"QL", u"QEY", u"QICE", u"QNA2", u"Z2WT", u"Z2WQ", u"Z2WPA",
+                         testing::Values(u"QL", u"QXI", u"QEY", u"QICE", u"QNA2", u"Z2WT", u"Z2WQ", u"Z2WPA",
                                          u"Z2WPL"),
                          [](const auto& one) { return ToUtf8(one.param); });
 

@@ -260,8 +260,8 @@ TEST(FaultSweepTest, ADownloadBrokenAtAnyExchangeEndsAsItShould) {
 struct ModelSweepTest : testing::TestWithParam<const char*> {};
 
 INSTANTIATE_TEST_SUITE_P(Model, ModelSweepTest,
-                         testing::Values("QHW", "QUO", "QHN1", "QEI", "QEY", "QICE", "QNA2", "QEC2", "QHC2",
-                                         "Z2WV", "Z2WQ", "Z2WPR", "Z2WPL"),
+                         testing::Values("QHW", "QUO", "QHN1", "QXI", "QEI", "QEY", "QICE", "QNA2", "QEC2",
+                                         "QHC2", "Z2WV", "Z2WQ", "Z2WPR", "Z2WPL"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(ModelSweepTest, ATransferBrokenAtAnyExchangeLeavesAPageThatCanBeUsed) {

@@ -130,7 +130,8 @@ Texts InReach(const Page& page) {
 /// A model of each page, and one that counts.
 struct OneOperationTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest,
-                         testing::Values("QN", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WQ", "Z2WPA", "Z2WPR"),
+                         testing::Values("QN", "QXI", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WQ", "Z2WPA",
+                                         "Z2WPR"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(OneOperationTest, NothingButItsOwnStopIsInReachWhileAnOperationRuns) {

@@ -91,8 +91,8 @@ std::vector<String> ModelsOf(StringView family) {
 
 std::vector<String> AllModels() {
   std::vector<String> names;
-  for (const StringView family :
-       {u"First", u"Second", u"Third", u"Lite", u"LiteSecond", u"LiteThird", u"LiteForth", u"LiteFifth"}) {
+  for (const StringView family : {u"First", u"Second", u"Third", u"QXI", u"Lite", u"LiteSecond", u"LiteThird",
+                                  u"LiteForth", u"LiteFifth"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }
@@ -102,6 +102,10 @@ std::vector<String> AllModels() {
 const Family& FamilyOf(const String& model) {
   const std::optional<int> row = FindModelByName(Catalogue(), model);
   return row ? *AllFamilies().Find(FamilyOfRow(Catalogue(), *row)) : AllFamilies().root;
+}
+
+String DefFileOf(const String& model) {
+  return DefFileName(EntryOf(FamilyOf(model).word).record.definition, model + u".def");
 }
 
 String DefPath(const String& model) {
@@ -118,9 +122,10 @@ sim::Device& PageBench::Connect(const String& model, const sim::DeviceOptions& o
   const std::string name = ToUtf8(model);
   sim::DeviceOptions with_curves = options;
   with_curves.curves = kCurves;
-  device_.emplace(
-      sim::Model{.name = name, .definition_file = name + ".def", .family_word = ToUtf8(FamilyOf(model).word)},
-      sim::Definition::Parse(files.Bytes(DefPath(model)).value()), with_curves);
+  device_.emplace(sim::Model{.name = name,
+                             .definition_file = ToUtf8(DefFileOf(model)),
+                             .family_word = ToUtf8(FamilyOf(model).word)},
+                  sim::Definition::Parse(files.Bytes(DefPath(model)).value()), with_curves);
   line_.emplace(port, *device_);
   port.Connect(1, &*line_);
   return *device_;
@@ -188,6 +193,15 @@ void PageBench::Upload() {
     dialogs.QueueAnswer(question == BoxKey::StartUpload ? Answer::Ok : Answer::Yes);
   }
   Click(Page().cmdUpload);
+}
+
+void PageBench::TakeTables() {
+  dialogs.OnBox([this](const Box& box) {
+    if (box.text == BoxOf(BoxKey::UploadLinearizer).text ||
+        box.text == BoxOf(BoxKey::DownloadLinearizer).text) {
+      dialogs.QueueAnswer(Answer::Yes);
+    }
+  });
 }
 
 void PageBench::Download() {

@@ -39,7 +39,8 @@ struct PageFolder {
   Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
 };
 
-/// Models of a family: name, which is the definition file's less ".def", in the catalogue's order, each once.
+/// Models of a family: name, which is the definition file's less ".def" where each has its own, in the
+/// catalogue's order, each once.
 std::vector<String> ModelsOf(StringView family);
 /// Those of every family that has a page.
 std::vector<String> AllModels();
@@ -47,6 +48,8 @@ inline std::vector<String> FirstModels() { return ModelsOf(u"First"); }
 
 /// The model's family; First for a name that the catalogue lacks.
 const Family& FamilyOf(const String& model);
+/// Name of the model's definition file, "Univ.def" where it serves the whole family.
+String DefFileOf(const String& model);
 /// Path of the model's definition file.
 String DefPath(const String& model);
 
@@ -82,7 +85,8 @@ class PageBench : public PageFolder {
   // Whole jobs.
   /// The questions of an upload, in their order: none where the device tells its model.
   [[nodiscard]] std::vector<BoxKey> QuestionsOfUpload();
-  void Upload();  ///< answers its questions
+  void Upload();      ///< answers its questions
+  void TakeTables();  ///< from now on a transfer's question of its table is answered with yes
   void Download();
   /// Downloads, answering `answers` behind its first question, and tells the boxes behind that.
   std::vector<std::string> DownloadAnswering(const std::vector<Answer>& answers);

@@ -98,7 +98,7 @@ TEST(Registry, FindsTheEntryOfEachWordAndNoOther) {
 }
 
 TEST(Registry, TheseFamiliesHaveAPageAndItsFields) {
-  const std::set<StringView> with_page = {u"First",      u"Second",    u"Third",     u"Lite",
+  const std::set<StringView> with_page = {u"First",      u"QXI",       u"Second",    u"Third",    u"Lite",
                                           u"LiteSecond", u"LiteThird", u"LiteForth", u"LiteFifth"};
   for (const RegistryEntry& entry : Registry()) {
     EXPECT_EQ(entry.page.Has(), with_page.contains(entry.record.family.word));

@@ -86,6 +86,7 @@ class RoundTripTest : public testing::TestWithParam<String> {
   static void Prepare(test::PageBench& bench, sim::Device& device, const String& type) {
     Set(device, type);
     bench.Choose(Model());
+    bench.TakeTables();
     bench.Upload();
     ASSERT_EQ(bench.TakeBoxes().back(), test::Shown(BoxKey::UploadDone));
     ReadTable(bench);
@@ -137,7 +138,7 @@ TEST_P(RoundTripTest, ASavedSetComesBackFromItsFileAsItWas) {
     bench.Open(kFile);
     EXPECT_EQ(SetOf(bench.Page()), kept);
     EXPECT_EQ(Seen(bench.Page()), seen);
-    EXPECT_EQ(bench.Page().DefFile, Model() + u".def");
+    EXPECT_EQ(bench.Page().DefFile, test::DefFileOf(Model()));
     EXPECT_FALSE(bench.Page().DataChanged);
     bench.Save(kSecondFile);
     EXPECT_EQ(bench.files.Bytes(kSecondFile), bench.files.Bytes(kFile));
@@ -156,6 +157,7 @@ TEST_P(RoundTripTest, ASetReadFromAFileGoesToAnotherDeviceAndComesBackTheSame) {
     const std::vector<std::string> kept = SetOf(first.Page());
 
     test::PageBench second;
+    second.TakeTables();
     second.files.Put(kFile, first.files.Bytes(kFile).value());
     sim::Device& other = second.Connect(Model(), LaterVersion());
     // A type that is fixed in the device is never written: the other device has it from its maker.
@@ -191,6 +193,7 @@ TEST_P(RoundTripTest, ASettableTypeIsWrittenOverAnotherOne) {
     first.Save(kFile);
 
     test::PageBench second;
+    second.TakeTables();
     second.files.Put(kFile, first.files.Bytes(kFile).value());
     const sim::Device& other = second.Connect(Model(), LaterVersion());  // as its maker left it
     second.Open(kFile);

@@ -48,6 +48,11 @@ void ExpectDeviceHolds(const ParameterPage& page, const sim::Device& device) {
     if (const String& kind = page.DataCell(row, kItemKind); !kind.empty() && kind != u"TG:") {
       held = TrimNumericText(held);  // these devices tell it with every value
     }
+    const OptionRule* option = page.FindOptionRule(page.DataCell(row, kChoiceKey));
+    if (option != nullptr && option->keeps == &ListColumns::code) {
+      const ChoiceList list = page.Def.ListOf(option->table);
+      held = list.Code(list.FindText(held));
+    }
     if (IsNumeric(held)) {
       EXPECT_DOUBLE_EQ(LeadingNumber(kept), LeadingNumber(held)) << ToUtf8(item);
     } else {

@@ -19,11 +19,13 @@ TEST_P(DefinitionFile, HoldsKnownKeysOnceEachAndEnds) {
   }
   EXPECT_EQ(source.sections.back().key, "$End");
   EXPECT_TRUE(keys.contains("$Data"));
-  EXPECT_TRUE(keys.contains("$SSTab"));
+  const auto flags = std::ranges::find(facts.shapes, std::string_view("$SSTab"), &Shape::key);
+  EXPECT_EQ(keys.contains("$SSTab"), flags != facts.shapes.end());
 }
 
 TEST_P(DefinitionFile, HoldsTheTwoPartsOfTheRangesBehindTheirKey) {
-  const bool ranges = facts.outputs.tag == kNoColumn && !facts.listed_inputs;  // else it is a list
+  const bool listed = facts.outputs.tag != kNoColumn || facts.outputs.unit != kNoColumn;
+  const bool ranges = !listed && !facts.listed_inputs;
   for (std::size_t i = 0; i < source.sections.size(); ++i) {
     const bool block = ranges && source.sections[i].key == "$I11";
     const bool title = source.sections[i].key == "$I11Title";
@@ -54,9 +56,13 @@ TEST_P(DefinitionFile, FitsItsTables) {
 }
 
 TEST_P(DefinitionFile, HasAFlagForEachTab) {
+  const auto shape = std::ranges::find(facts.shapes, "$SSTab", &Shape::key);
+  if (shape == facts.shapes.end()) {
+    return;  // no definition of the family has any
+  }
   ASSERT_EQ(source.Rows("$SSTab").size(), 1U);
   const auto& flags = source.Rows("$SSTab")[0];
-  EXPECT_EQ(flags.fields.size(), std::ranges::find(facts.shapes, "$SSTab", &Shape::key)->columns);
+  EXPECT_EQ(flags.fields.size(), shape->columns);
   for (const auto& flag : flags.fields) {
     EXPECT_TRUE(OneOf(flag, {"True", "False"})) << flag;
   }

@@ -1,6 +1,7 @@
 // Checks the definitions' sources in their lists of choices, ranges and limits.
 
 #include <algorithm>
+#include <array>
 #include <set>
 #include <vector>
 
@@ -179,6 +180,24 @@ TEST_P(DefinitionLists, TellsClassAndUnitOfEachListedInput) {
   }
   for (const auto& row : source.Rows("$I21")) {
     EXPECT_FALSE(row[6].empty()) << "line " << row.line;
+  }
+}
+
+// Of inputs that are told by the first letters of their text, and whose table has a kind.
+TEST_P(DefinitionLists, TellsClassAndTableOfEachUniversalInput) {
+  constexpr std::size_t kind = 8;
+  if (!facts.one_definition) {
+    return;
+  }
+  for (const auto& row : source.Rows("$I10")) {
+    const bool classed = std::ranges::any_of(std::array{"Tc-", "RB", "mV-", "POT"},
+                                             [&](const char* word) { return row[1].starts_with(word); });
+    EXPECT_TRUE(classed) << "line " << row.line << ": " << row[1];
+    EXPECT_FALSE(row[facts.types.unit].empty()) << "line " << row.line;
+    EXPECT_TRUE(OneOf(row[kind], {"N", "L", "T", "R"})) << "line " << row.line;
+  }
+  for (const auto& row : source.Rows("$I11")) {
+    EXPECT_FALSE(row[facts.outputs.unit].empty()) << "line " << row.line;
   }
 }
 

@@ -97,9 +97,10 @@ struct FamilyFacts {
   std::vector<std::string_view> follow_keys = {};  ///< lists that a unit can follow
   std::vector<std::string_view> conditions;        ///< words for when a download writes an item
   std::vector<std::string_view> frequency_lists = {};
-  TypeColumns types = {};      ///< of `$I10`
-  TypeColumns outputs = {};    ///< of `$I11` as a list
-  bool listed_inputs = false;  ///< `$I11` is a list of inputs: range, class and unit of each
+  TypeColumns types = {};       ///< of `$I10`
+  TypeColumns outputs = {};     ///< of `$I11` as a list
+  bool one_definition = false;  ///< which serves every model of the family
+  bool listed_inputs = false;   ///< `$I11` is a list of inputs: range, class and unit of each
   std::vector<std::string_view> type_rules = {"Y", "N", "$I10"};  ///< of the box of input types
   /// Parameters that are read, but that no download writes through their items.
   std::vector<std::string_view> unwritten_items = {};

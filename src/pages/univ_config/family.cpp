@@ -29,6 +29,20 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$I85", .rows = 2, .columns = 4, .means = kListWithUnits},
 };
 
+constexpr FieldArrays kArrays = {
+    .lbl_item = 49, .label = 49, .text = 43, .frame = 9, .combo = 1, .lbl_unit = 43};
+constexpr std::array kLists = {
+    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Texts},
+    ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Texts},
+};
+constexpr std::array<StringView, 6> kLiveItems = {u"03_set", u"03_mon", u"04", u"05", u"06", u"07"};
+constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
+constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
+
+/// The device tells its temperature unit by its text or its code.
+constexpr UnitSource kTemperatureUnit = {
+    .kind = UnitKind::Device, .table = {.item = u"21", .repeats = 5, .table = u"$I21", .by_code = true}};
+
 /// A voltage input has the unit of its type, a potentiometer that of the temperature item; the signals of all
 /// other inputs are told in percent.
 String UnitOfUniversalInput(const UnitReader& reader) {
@@ -36,13 +50,14 @@ String UnitOfUniversalInput(const UnitReader& reader) {
   if (type.starts_with(u"mV-")) {
     return reader.LookUp(live::kTypeItem, type);
   }
-  return reader.UnitFrom(type.starts_with(u"POT") ? live::kUnitFromTemperatureItem : live::kPercent, u"06");
+  return reader.UnitFrom(type.starts_with(u"POT") ? kTemperatureUnit : live::kPercent, u"06");
 }
+constexpr std::array kItems04And07 = {UnitRule{.unit = kTemperatureUnit}};
 constexpr std::array kItem06 = {UnitRule{.unit = {.kind = UnitKind::Rule, .rule = UnitOfUniversalInput}}};
 constexpr std::array kUnits = {
-    UnitStep{.item = u"04", .timer = UnitTimer::Item04, .rules = live::kTemperatureUnit},
+    UnitStep{.item = u"04", .timer = UnitTimer::Item04, .rules = kItems04And07},
     UnitStep{.item = u"06", .timer = UnitTimer::Item06, .rules = kItem06},
-    UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = live::kTemperatureUnit},
+    UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = kItems04And07},
 };
 
 constexpr std::array kOutputRange = {ModelRange{.low = u"-20.00", .high = u"120.00"}};
@@ -52,12 +67,18 @@ constexpr std::array kQuantities = {
     LnrQuantity{.kind = u"T",
                 .heads = {u"  k", u"  X(k)    ｰC", u"  Y(k)    uV"},
                 .x_limits = {.low = -273, .high = 3000},
-                .y_limits = {.low = -69000, .high = 69000}},
+                .y_limits = {.low = -69000, .high = 69000},
+                .is_input_curve = true},
     LnrQuantity{.kind = u"R",
                 .heads = {u"  k", u"  X(k)    ｰC", u"  Y(k)   Ohm"},
                 .x_limits = {.low = -200, .high = 850},
-                .y_limits = {.low = -69000, .high = 69000}},
+                .y_limits = {.low = -69000, .high = 69000},
+                .is_input_curve = true},
 };
+constexpr std::array kTables = {LnrModel{.def_file = u"Univ.def",
+                                         .points = kLnrLongPoints,
+                                         .on_choice = TableSwitch::InputKind,
+                                         .after_upload = TableSwitch::InputKind}};
 
 }  // namespace
 
@@ -72,7 +93,14 @@ constexpr FamilyRecord kUnivConfigRecord = {
     .device = {.system_text = SystemText::Value},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = StringView(u"Univ.def"), .layout = kUsualLayout},
-    .fields = kNone,
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone,
+                        .blank_items = kColdJunctionItems,
+                        .needed_choices = kTypes10And11},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = live::kCycle04To07,
                 .clean = TrimNumericHead,
@@ -83,7 +111,7 @@ constexpr FamilyRecord kUnivConfigRecord = {
                .clean_sent = TrimNumericHead,
                .clean_answer = TrimNumericHead,
                .settling = Milliseconds(500)},
-    .table = LnrFamily{.points = kLnrLongPoints, .quantities = kQuantities},
+    .table = LnrFamily{.points = kLnrLongPoints, .quantities = kQuantities, .models = kTables},
     .csv = CsvFamily{.reader = {}},
 };
 

@@ -1,0 +1,62 @@
+// The value check of the page of family QXI.
+
+#include <array>
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "pages/univ_config/input_choice.h"
+#include "pages/univ_config/transfer.h"
+#include "transfer/known_items.h"
+
+namespace korva {
+
+namespace {
+
+constexpr std::array kNumberItems = {
+    kZeroItem,     kSpanItem,      26, 29, 27, 30, kOutputZeroItem, kOutputSpanItem,
+    kScaleLowItem, kScaleHighItem, 80, 81, 82, 83};
+
+}  // namespace
+
+bool UnivConfigCheck::CheckValues() {
+  return fields_.CheckTag() && CheckNumbers() && CheckInputRange() && CheckOutputRange() &&
+         fields_.CheckScale();
+}
+
+bool UnivConfigCheck::Judges(int item) {
+  const String key = FormatMask(item, u"00");
+  const TextField* field = page_.FindField(key);
+  if (field == nullptr || field->Locked() || page_.Item(item) == kNeedless) {
+    return false;
+  }
+  const bool of_use = form_.Applies(page_.FindDataRow(key));
+  if (!of_use) {
+    page_.SetFieldColor(key, Look::Normal);
+  }
+  return of_use;
+}
+
+bool UnivConfigCheck::CheckNumbers() {
+  bool good = true;
+  for (const int item : kNumberItems) {
+    if (!Judges(item)) {
+      continue;
+    }
+    TextField& field = *page_.FindField(FormatMask(item, u"00"));
+    const bool number = IsNumeric(Trimmed(field.Text()));
+    field.SetLook(number ? Look::Normal : Look::Bad);
+    good = good && number;
+  }
+  return good;
+}
+
+bool UnivConfigCheck::CheckInputRange() {
+  const bool limited = ClassOfInput(page_.Item(kTypeItem)) != InputClass::None;
+  return !limited || !Judges(kZeroItem) || !Judges(kSpanItem) || fields_.CheckZeroSpan(false);
+}
+
+bool UnivConfigCheck::CheckOutputRange() {
+  return !Judges(kOutputZeroItem) || !Judges(kOutputSpanItem) || fields_.CheckOutputRange();
+}
+
+}  // namespace korva

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <initializer_list>
+
+#include "files/parameter_page.h"
+
+namespace korva {
+
+class UnivConfig;
+
+/// What the choice of input and output means for the rest of the page of family QXI: the values that come
+/// with it, the kind of table, and what the device has no use for, whose fields are dimmed.
+class UnivConfigRules final : public PagePart {
+ public:
+  /// Adds itself and its label to the page, which outlives this.
+  explicit UnivConfigRules(UnivConfig& page);
+
+  void PageCleared() override { lbl_Tc99User.SetVisible(false); }
+  void PageBuilt() override { ShowWhatApplies(); }
+  void ChoiceMade(const Choice& choice) override;
+  void OutputForced(bool /*forced*/) override { DimUseless(); }
+
+  /// Letter of the kind of table that the chosen input has: "N" none, "L" linear, "T" thermocouple, "R"
+  /// resistance thermometer; empty without an input.
+  [[nodiscard]] String TableKind() const;
+
+  /// Where to make the table of a user's own sensor; hidden for any other input.
+  Label lbl_Tc99User{"lbl_Tc99User"};
+
+ private:
+  void TakeInput();
+  void TakeOutput();
+  /// Items that the device had no use for, and that the new choice needs, begin anew.
+  void BeginAnew(std::initializer_list<int> items);
+  /// Puts a value into the set and its field, which it opens.
+  void Bring(int item, const String& value);
+  /// A default of the input's range in the unit that the page shows, `up` rounded up to a whole number.
+  [[nodiscard]] String InShownUnit(const String& preset, bool up) const;
+  void ShowWhatApplies();
+  void ShowSwitch();
+  void DimUseless();
+
+  UnivConfig& page_;
+};
+
+}  // namespace korva
