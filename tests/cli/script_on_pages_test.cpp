@@ -356,5 +356,41 @@ TEST(ScriptOnPagesTest, KeysEditTheTableOfLiteFifthCellByCell) {
                    "LnrFlexGrid 2 1 normal \"100\""}));
 }
 
+// --- the universal converters
+
+TEST(UniversalScript, ShowsTheWiringOfAnInputWithTheClickOnItsTab) {
+  PagesBench bench({}, "QXI");
+  bench.Run(
+      "pick Combo(0) \"mV-Z:USER mV\"\npick Combo(1) \"mV-4:4-20 mA\"\ntype Text(1) 0\ntype Text(2) 1000");
+  EXPECT_EQ(bench.Run("show ImgInput ImgOutput"), (Lines{R"(ImgInput shown "")", R"(ImgOutput shown "")"}));
+  bench.Run("tab 5");
+  EXPECT_EQ(bench.Run("show ImgInput ImgOutput"),
+            (Lines{R"(ImgInput shown "In_dcvl.bmp")", R"(ImgOutput shown "Out_c.bmp")"}));
+  bench.Run("type Text(2) 1000.5");
+  EXPECT_EQ(bench.Run("show ImgInput"), Lines{R"(ImgInput shown "In_dcvl.bmp")"});
+  bench.Run("tab 5");
+  EXPECT_EQ(bench.Run("show ImgInput"), Lines{R"(ImgInput shown "In_dcvh.bmp")"});
+}
+
+TEST(UniversalScript, TellsWhatAnInputBringsAlong) {
+  PagesBench bench({}, "QXI");
+  bench.Run("pick Combo(0) Tc-99:USER");
+  EXPECT_EQ(bench.Run("show Text(1) lbl_unit(1) Opt_Lnr(1) KvCfg_Tab(3)"),
+            (Lines{R"(Text(1) shown enabled unlocked normal "-273")",
+                   R"(lbl_unit(1) shown enabled unlocked normal "deg C")",
+                   R"(Opt_Lnr(1) shown disabled unlocked normal "有" on)",
+                   R"(KvCfg_Tab(3) shown enabled "ﾘﾆｱﾗｲｻﾞ")"}));
+  EXPECT_EQ(bench.Run("click Opt_Lnr(0)"), Lines{"refused click Opt_Lnr(0): disabled"});
+}
+
+TEST(UniversalScript, TellsTheItemThatTheDeviceRefused) {
+  PagesBench bench({}, "QXI");
+  bench.Run("answer yes ok\nclick cmdUpload");
+  bench.device.AddFault(sim::ParseFault("not-usable=D100.00"));
+  const Lines boxes = Of(bench.Run("answer ok\nclick cmdDownload"), "box ");
+  ASSERT_EQ(boxes.size(), 2U);
+  EXPECT_NE(boxes[1].find("Group=01 Item=20で ﾀﾞｳﾝﾛｰﾄﾞｴﾗｰ : NU"), std::string::npos) << boxes[1];
+}
+
 }  // namespace
 }  // namespace korva::cli

@@ -294,7 +294,12 @@ TEST(UnivDefaults, OpenWhatTheDeviceHadNoUseFor) {
   EXPECT_EQ(bench.Page().Item(21), u"NEEDLESS");
   EXPECT_EQ(bench.Page().Item(24), u"NEEDLESS");
   EXPECT_EQ(bench.Page().optTempUnit.Selected(), -1);
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().optTempUnit[1]), "disabled");
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Univ().optBurn[1]), "disabled");
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Univ().linearizer.Opt_Lnr[1]), "");
   bench.PickInput(u"RB-1:Pt100");
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().optTempUnit[1]), "");
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Univ().optBurn[1]), "");
   EXPECT_EQ(bench.Page().Item(21), u"0");
   EXPECT_EQ(bench.Page().optTempUnit.Selected(), 0);
   EXPECT_EQ(bench.Page().Item(24), u"1");

@@ -106,7 +106,8 @@ TEST(UnivJunctionSweep, BrokenAtAnyExchangeTheReportIsTrueAndThePageCanBeUsed) {
     bench.WriteJunction();
     bench.ExpectUsable();
     const Texts boxes = bench.TakeBoxes();
-    if (boxes.back() == Shown(BoxKey::CjmChanged)) {
+    // Behind a report of success the closing may still find the device gone.
+    if (std::find(boxes.begin(), boxes.end(), Shown(BoxKey::CjmChanged)) != boxes.end()) {
       EXPECT_EQ(bench.device.Value("01", "34"), "25.5");
       EXPECT_EQ(bench.device.Value("01", "35"), "600");
     } else {

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int kSwitchItem = 23;
 constexpr int kSwitchOn = 1;
+/// Options that some inputs have no use for: temperature unit, linearizer, burnout.
+constexpr std::array kSensorItems = {21, kSwitchItem, 24};
 constexpr std::array kRangeItems = {kOutputZeroItem, kOutputSpanItem, kZeroItem, kSpanItem};
 
 }  // namespace
@@ -36,7 +38,7 @@ void UnivConfigRules::ChoiceMade(const Choice& choice) {
 }
 
 void UnivConfigRules::TakeInput() {
-  BeginAnew({21, kSwitchItem, 24});
+  BeginAnew();
   page_.units.FollowInput();
   const int row = page_.InputTypeRow();
   if (row >= 0) {
@@ -58,8 +60,8 @@ void UnivConfigRules::TakeOutput() {
   ShowWhatApplies();
 }
 
-void UnivConfigRules::BeginAnew(std::initializer_list<int> items) {
-  for (const int item : items) {
+void UnivConfigRules::BeginAnew() {
+  for (const int item : kSensorItems) {
     const int row = page_.FindDataRow(FormatMask(item, u"00"));
     if (row >= 0 && page_.Item(item) == kNeedless && IsOfUse(item, page_.Item(kTypeItem), {})) {
       page_.SetItem(item, {});
@@ -96,7 +98,18 @@ void UnivConfigRules::ShowWhatApplies() {
   lbl_Tc99User.SetCaption(hint);
   lbl_Tc99User.SetVisible(!hint.empty());
   ShowSwitch();
+  CloseNeedless();
   DimUseless();
+}
+
+void UnivConfigRules::CloseNeedless() {
+  for (const int item : kSensorItems) {
+    const int row = page_.FindDataRow(FormatMask(item, u"00"));
+    if (row >= 0 && !page_.DataCell(row, kFrameIndex).empty()) {
+      Frame& frame = page_.Frames[page_.Place(row, kFrameIndex, page_.Frames.Count())];
+      frame.SetEnabled(page_.Item(item) != kNeedless);
+    }
+  }
 }
 
 void UnivConfigRules::ShowSwitch() {
@@ -109,6 +122,8 @@ void UnivConfigRules::ShowSwitch() {
     options.SetEnabled(false);
   } else if (row >= 0 && !options[kSwitchOn].Enabled() && !page_.Fixed(row)) {
     page_.ShowAgain(row);  // a user's curve had locked it
+  } else if (row < 0) {
+    options.Clear();
   }
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <initializer_list>
-
 #include "files/parameter_page.h"
 
 namespace korva {
@@ -30,14 +28,16 @@ class UnivConfigRules final : public PagePart {
  private:
   void TakeInput();
   void TakeOutput();
-  /// Items that the device had no use for, and that the new choice needs, begin anew.
-  void BeginAnew(std::initializer_list<int> items);
+  /// Options that the device had no use for, and that the new input needs, begin with their defaults.
+  void BeginAnew();
   /// Puts a value into the set and its field, which it opens.
   void Bring(int item, const String& value);
   /// A default of the input's range in the unit that the page shows, `up` rounded up to a whole number.
   [[nodiscard]] String InShownUnit(const String& preset, bool up) const;
   void ShowWhatApplies();
   void ShowSwitch();
+  /// Closes the frames of options that the device said it has no use for.
+  void CloseNeedless();
   void DimUseless();
 
   UnivConfig& page_;
