@@ -93,7 +93,7 @@ bool InputUnits::IsPercent(int item) const {
 
 std::optional<String> InputUnits::UnitOf(int row) const {
   const int item = ItemOf(page_, row);
-  if (IsOfRange(item)) {
+  if (IsOfRange(item) || item == kTypeItem) {
     return InputUnit();
   }
   if (const Setpoint* setpoint = SetpointOf(item)) {
