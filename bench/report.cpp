@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 39> kRows = {{
+constexpr std::array<Row, 40> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -158,6 +158,11 @@ constexpr std::array<Row, 39> kRows = {{
      .unit = " ms"},
     {.what = "The same of family Third",
      .benchmark = "FirstVisitOfThird",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family QXI",
+     .benchmark = "FirstVisitOfQXI",
      .value = "real",
      .limit = 30,
      .unit = " ms"},
