@@ -41,7 +41,12 @@ ChoiceList RowForm::ListOf(const CodeTable& codes) const {
 
 bool RowForm::HasCode(int row) const {
   const std::optional<CodeTable> codes = CodesToSend(row);
-  return !codes || ListOf(*codes).Find(codes->holds, page_.SetCell(row)) >= 0 || WillBeSpelt(row);
+  if (!codes || WillBeSpelt(row)) {
+    return true;
+  }
+  const ChoiceList list = ListOf(*codes);
+  const int choice = list.Find(codes->holds, page_.SetCell(row));
+  return choice >= 0 && !list.Code(choice).empty();
 }
 
 std::optional<CodeTable> RowForm::CodesOfRow(const String& item) const {

@@ -362,6 +362,11 @@ TEST(UnivBoxes, ListEveryRowWithATextAndAreOpenUnlessTheRowIsFixed) {
   EXPECT_EQ(bench.Input().Entries().size(), 24U);
   EXPECT_FALSE(bench.Input().Locked());
   EXPECT_FALSE(bench.Output().Locked());
+  bench.Fill(u"mV-1:1-5 V");
+  EXPECT_EQ(bench.CheckResult(), test::Shown(BoxKey::ValueBad)) << "it has no code to be sent";
+  EXPECT_EQ(bench.Input().ShownLook(), Look::Bad);
+  bench.PickInput(u"mV-2:0-10 V");
+  EXPECT_TRUE(bench.Passes());
 }
 
 }  // namespace
