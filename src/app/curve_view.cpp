@@ -17,14 +17,16 @@ namespace korva {
 
 namespace {
 
-constexpr int kX = 1;
-constexpr int kY = 2;
-
 /// Values beyond stand at this limit, so that the span of two of them is still a number.
 constexpr double kLargest = 1e300;
 /// Spans smaller than this part of their values count as none: their ticks could not be told apart.
 constexpr double kLeastSpan = 1e-9;
 constexpr double kFullScale = 100;  ///< of the axes of a table without points, in percent
+
+constexpr double kLeastDot = 1;  ///< radius of a point
+constexpr double kLineWidth = 1.5;
+
+constexpr QLatin1String kRowsStandFor("deg C");  ///< where a scale tells what
 
 // Strengths of the text colour over the background.
 constexpr double kGridStrength = 0.12;
@@ -96,8 +98,9 @@ struct Plot {
   QRectF frame;
   Axis x;
   Axis y;
-  double dot = 0;   ///< radius of a point
-  double mark = 0;  ///< half the side of the mark of a bad point
+  double dot = 0;      ///< radius of a point
+  double mark = 0;     ///< half the side of the mark of a bad point
+  bool dense = false;  ///< points stand closer than their dots are wide
 
   [[nodiscard]] QPointF At(double value_x, double value_y) const {
     return {frame.left() + x.Share(value_x) * frame.width(),
@@ -124,7 +127,8 @@ Plot PlotOf(const std::vector<CurveView::Point>& points, const QWidget& widget) 
   plot.mark = line / 3;
   // The dots of many points would run together to a thick line.
   const double room = plot.frame.width() / static_cast<double>(4 * points.size() + 1);
-  plot.dot = std::min(plot.mark / 2, std::max(1.0, room));
+  plot.dot = std::min(plot.mark / 2, std::max(kLeastDot, room));
+  plot.dense = room < kLeastDot / 2;
   return plot;
 }
 
@@ -172,6 +176,15 @@ void DrawLine(QPainter& painter, const Plot& plot, const std::vector<CurveView::
   painter.drawPolyline(piece);
 }
 
+/// True of a plain point whose dot can't be told from the line through it and a neighbour.
+bool GoesUnderInLine(const Plot& plot, const std::vector<CurveView::Point>& points, std::size_t place) {
+  const auto joins = [&](std::size_t one, std::size_t other) {
+    return other < points.size() && points[other].row == points[one].row + 1;
+  };
+  const bool in_line = (place > 0 && joins(place - 1, place)) || joins(place, place + 1);
+  return plot.dense && in_line && !points[place].bad && !points[place].selected;
+}
+
 /// A dot; a bad point is a square with a cross in it, inverted like its cell; the one under edit is ringed.
 /// The shapes tell them apart without colours.
 void DrawPoint(QPainter& painter, const Plot& plot, const CurveView::Point& point, const QPalette& palette) {
@@ -202,9 +215,7 @@ QString AxisTitle(const Grid& grid, int column) {
   return head.contains(QLatin1Char(' ')) ? head : head + QStringLiteral(" %");
 }
 
-bool HasLook(const Grid& grid, int row, Look look) {
-  return grid.At(row, kX).look == look || grid.At(row, kY).look == look;
-}
+double Drawable(double value) { return std::clamp(value, -kLargest, kLargest); }
 
 }  // namespace
 
@@ -232,21 +243,42 @@ void CurveView::FollowChange() {
 
 std::vector<CurveView::Point> CurveView::Points() const {
   std::vector<Point> points;
-  if (grid_.Columns() <= kY) {
+  if (!HasTable()) {
     return points;
   }
-  for (int row = 1; row < grid_.Rows(); ++row) {
-    const String& x = grid_.At(row, kX).text;
-    const String& y = grid_.At(row, kY).text;
-    if (IsNumeric(x) && IsNumeric(y)) {
+  const int last = std::min(grid_.RowsInUse(), grid_.Rows() - 1);
+  for (int row = 1; row <= last; ++row) {
+    const std::optional<double> x = XOf(row);
+    const String& y = grid_.At(row, grid_.Columns() - 1).text;
+    if (x && IsNumeric(y)) {
       points.push_back({.row = row,
-                        .x = std::clamp(LeadingNumber(x), -kLargest, kLargest),
-                        .y = std::clamp(LeadingNumber(y), -kLargest, kLargest),
-                        .bad = HasLook(grid_, row, Look::Bad),
-                        .selected = HasLook(grid_, row, Look::Selected)});
+                        .x = Drawable(*x),
+                        .y = Drawable(LeadingNumber(y)),
+                        .bad = HasLook(row, Look::Bad),
+                        .selected = HasLook(row, Look::Selected)});
     }
   }
   return points;
+}
+
+/// Column 1, or what the row stands for; nothing when that is no number.
+std::optional<double> CurveView::XOf(int row) const {
+  if (!HasXColumn() && grid_.ScaleOfRows()) {
+    return grid_.ScaleOfRows()->first + (row - 1) * grid_.ScaleOfRows()->step;
+  }
+  const String& text = grid_.At(row, HasXColumn() ? 1 : 0).text;
+  return IsNumeric(text) ? std::optional(LeadingNumber(text)) : std::nullopt;
+}
+
+bool CurveView::HasLook(int row, Look look) const {
+  return grid_.At(row, 1).look == look || grid_.At(row, grid_.Columns() - 1).look == look;
+}
+
+QString CurveView::TitleOfX() const {
+  if (HasXColumn()) {
+    return AxisTitle(grid_, 1);
+  }
+  return grid_.ScaleOfRows() ? QString(kRowsStandFor) : ToQt(grid_.At(0, 0).text).simplified();
 }
 
 QSize CurveView::sizeHint() const {
@@ -261,8 +293,8 @@ QSize CurveView::minimumSizeHint() const {
 /// cell of a new table.
 void CurveView::Describe(const std::vector<Point>& points) {
   int bad = 0;
-  for (int row = 1; row < grid_.Rows() && grid_.Columns() > kY; ++row) {
-    bad += HasLook(grid_, row, Look::Bad) ? 1 : 0;
+  for (int row = 1; HasTable() && row < grid_.Rows(); ++row) {
+    bad += HasLook(row, Look::Bad) ? 1 : 0;
   }
   setAccessibleDescription(QStringLiteral("%1 点、不適当 %2 点").arg(points.size()).arg(bad));
 }
@@ -283,7 +315,13 @@ QString CurveView::TipAt(const QPoint& position) const {
     return {};
   }
   const auto cell = [this, nearest](int column) { return ToQt(grid_.At(nearest->row, column).text); };
-  return QStringLiteral("%1: X = %2, Y = %3").arg(cell(0), cell(kX), cell(kY));
+  if (HasXColumn()) {
+    return QStringLiteral("%1: X = %2, Y = %3").arg(cell(0), cell(1), cell(2));
+  }
+  const QString x = grid_.ScaleOfRows()
+                        ? TickText(nearest->x) + QLatin1Char(' ') + TitleOfX() + QStringLiteral(", ")
+                        : QString();
+  return cell(0) + QStringLiteral(": ") + x + cell(1);
 }
 
 bool CurveView::event(QEvent* event) {
@@ -295,25 +333,31 @@ bool CurveView::event(QEvent* event) {
   return QWidget::event(event);
 }
 
+void CurveView::DrawTitles(QPainter& painter, const QRectF& frame) const {
+  const double line = QFontMetricsF(font()).lineSpacing();
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(QRectF(frame.left(), 0, frame.width(), frame.top() - line / 4),
+                   Qt::AlignLeft | Qt::AlignBottom, AxisTitle(grid_, grid_.Columns() - 1));
+  painter.drawText(QRectF(frame.left(), height() - 1.25 * line, frame.width(), line),
+                   Qt::AlignRight | Qt::AlignVCenter, TitleOfX());
+}
+
 void CurveView::paintEvent(QPaintEvent* /*event*/) {
   const std::vector<Point> points = Points();
   Describe(points);
   const Plot plot = PlotOf(points, *this);
   QPainter painter(this);
   DrawAxes(painter, plot, palette());
-  if (grid_.Columns() > kY && grid_.Rows() > 0) {
-    const double line = QFontMetricsF(font()).lineSpacing();
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(QRectF(plot.frame.left(), 0, plot.frame.width(), plot.frame.top() - line / 4),
-                     Qt::AlignLeft | Qt::AlignBottom, AxisTitle(grid_, kY));
-    painter.drawText(QRectF(plot.frame.left(), height() - 1.25 * line, plot.frame.width(), line),
-                     Qt::AlignRight | Qt::AlignVCenter, AxisTitle(grid_, kX));
+  if (HasTable()) {
+    DrawTitles(painter, plot.frame);
   }
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(Mixed(palette(), kLineStrength), 1.5));
+  painter.setPen(QPen(Mixed(palette(), kLineStrength), kLineWidth));
   DrawLine(painter, plot, points);
-  for (const Point& point : points) {
-    DrawPoint(painter, plot, point, palette());
+  for (std::size_t place = 0; place < points.size(); ++place) {
+    if (!GoesUnderInLine(plot, points, place)) {
+      DrawPoint(painter, plot, points[place], palette());
+    }
   }
 }
 

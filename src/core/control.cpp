@@ -211,6 +211,13 @@ void Grid::Resize(int rows, int columns) {
   CellChanged(-1, -1);
 }
 
+void Grid::SetRowsInUse(int rows) {
+  if (rows_in_use_ != rows) {
+    rows_in_use_ = rows;
+    CellChanged(-1, -1);
+  }
+}
+
 void Grid::UserScrolls(int row) {
   if (Assign(top_row_, row) && OnScroll) {
     OnScroll();
@@ -243,6 +250,13 @@ void Grid::SetMarked(int row, int column, bool marked) {
   if (cell.marked != marked) {
     cell.marked = marked;
     CellChanged(row, column);
+  }
+}
+
+void Grid::SetRowScale(const std::optional<RowScale>& scale) {
+  if (row_scale_ != scale) {
+    row_scale_ = scale;
+    CellChanged(-1, -1);
   }
 }
 

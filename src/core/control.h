@@ -312,6 +312,9 @@ class Grid : public Control {
   [[nodiscard]] int Columns() const { return columns_; }
   /// Changes the size; cells that stay keep what they hold. A top row that is gone becomes row 1.
   void Resize(int rows, int columns);
+  /// How many of the rows below the head belong to the table; -1: all. Those behind them keep what they hold.
+  void SetRowsInUse(int rows);
+  [[nodiscard]] int RowsInUse() const { return rows_in_use_ < 0 ? rows_ - 1 : rows_in_use_; }
   [[nodiscard]] const Cell& At(int row, int column) const { return cells_.at(Place(row, column)); }
   void SetText(int row, int column, const String& text);
   void SetLook(int row, int column, Look look);
@@ -321,6 +324,16 @@ class Grid : public Control {
   void SetTopRow(int row) { Assign(top_row_, row); }
   /// The user's scrolling: `row` is the first in view.
   void UserScrolls(int row);
+  /// What the number of a row stands for in a grid with one column of values, such as the temperature of a
+  /// sensor's curve: row 1 for `first`, each further row for `step` more.
+  struct RowScale {
+    double first = 0;
+    double step = 1;
+    bool operator==(const RowScale&) const = default;
+  };
+  /// Nothing: the row's number in column 0 stands for itself.
+  void SetRowScale(const std::optional<RowScale>& scale);
+  [[nodiscard]] const std::optional<RowScale>& ScaleOfRows() const { return row_scale_; }
   /// Row and column of the cell that has the frame of the keyboard, which a view keeps in sight. Row 0: none
   /// has. It goes to each value cell that is newly selected.
   [[nodiscard]] std::pair<int, int> CurrentCell() const { return current_cell_; }
@@ -344,10 +357,12 @@ class Grid : public Control {
   int rows_ = 0;
   int columns_ = 0;
   int top_row_ = 1;
+  std::optional<RowScale> row_scale_;
   std::pair<int, int> current_cell_ = {0, 0};
   std::pair<int, int> last_change_ = {-1, -1};
   unsigned changes_ = 0;
   int bad_cells_ = 0;
+  int rows_in_use_ = -1;
   std::vector<Cell> cells_;
 };
 

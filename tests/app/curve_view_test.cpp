@@ -206,6 +206,114 @@ TEST(CurveViewTest, OddTablesAreDrawnQuicklyAndWithAllTheirPoints) {
   }
 }
 
+/// A table of sixteen values of a sensor with its picture.
+struct SensorCurve : Curve {
+  SensorCurve() {
+    grid.Resize(17, 2);
+    for (int row = 1; row <= 16; ++row) {
+      grid.SetText(row, 0, FromQt(QStringLiteral("%1").arg(row - 1, 2, 10, QLatin1Char('0'))));
+    }
+    grid.SetText(0, 0, u"  k");
+    grid.SetText(0, 1, u"  X(k)       mV");
+  }
+};
+
+TEST(CurveViewTest, OneColumnOfValuesIsDrawnOverTheNumbersOfItsRows) {
+  SensorCurve curve;
+  curve.grid.SetText(1, 1, u"-1.5");
+  curve.grid.SetText(4, 1, u"7.9034");
+  curve.grid.SetText(5, 1, u"abc");
+  EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 0, .y = -1.5}, {.row = 4, .x = 3, .y = 7.9034}}));
+}
+
+TEST(CurveViewTest, OneColumnOfValuesIsDrawnOverTheTemperaturesThatItsRowsStandFor) {
+  SensorCurve curve;
+  curve.grid.SetText(1, 1, u"-1.5");
+  curve.grid.SetText(4, 1, u"7.9034");
+  const QImage over_numbers = curve.Painted();
+  curve.grid.SetRowScale(Grid::RowScale{.first = -50, .step = 10});
+  EXPECT_EQ(curve.view.Points(),
+            (Points{{.row = 1, .x = -50, .y = -1.5}, {.row = 4, .x = -20, .y = 7.9034}}));
+  EXPECT_NE(curve.Painted(), over_numbers);
+  curve.grid.SetRowScale(Grid::RowScale{.first = -50, .step = 0});
+  EXPECT_EQ(curve.view.Points().size(), 2U);
+  EXPECT_NE(curve.Painted(), over_numbers);
+  curve.grid.SetRowScale(std::nullopt);
+  EXPECT_EQ(curve.Painted(), over_numbers);
+}
+
+TEST(CurveViewTest, AScaleOfRowsMeansNothingWhereXHasAColumn) {
+  Curve curve;
+  curve.Set(1, u"5", u"6");
+  curve.grid.SetRowScale(Grid::RowScale{.first = -50, .step = 10});
+  EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 5, .y = 6}}));
+}
+
+TEST(CurveViewTest, OneColumnOfValuesMarksItsBadPoints) {
+  SensorCurve curve;
+  curve.grid.SetText(1, 1, u"80");
+  curve.grid.SetLook(1, 1, Look::Bad);
+  curve.grid.SetText(2, 1, u"1");
+  curve.grid.SetLook(2, 1, Look::Selected);
+  ASSERT_EQ(curve.view.Points().size(), 2U);
+  EXPECT_TRUE(curve.view.Points()[0].bad);
+  EXPECT_TRUE(curve.view.Points()[1].selected);
+}
+
+TEST(CurveViewTest, TheTipTellsTheTemperatureOfARow) {
+  SensorCurve curve;
+  curve.grid.SetText(1, 1, u"0.39");
+  const auto tells = [&curve](const char* tip) {
+    for (int y = 0; y < 300; y += 4) {
+      for (int x = 0; x < 400; x += 4) {
+        QHelpEvent help(QEvent::ToolTip, {x, y}, {x, y});
+        QApplication::sendEvent(&curve.view, &help);
+        if (QToolTip::text() == QLatin1String(tip)) {
+          return true;
+        }
+      }
+    }
+    return false;
+  };
+  curve.view.show();
+  EXPECT_TRUE(tells("00: 0.39"));
+  curve.grid.SetRowScale(Grid::RowScale{.first = 23.5, .step = 10});
+  EXPECT_TRUE(tells("00: 23.5 deg C, 0.39"));
+}
+
+TEST(CurveViewTest, RowsThatAreNotInUseAreNoPoints) {
+  Curve curve;
+  curve.Set(1, u"0", u"0");
+  curve.Set(2, u"50", u"60");
+  curve.Set(3, u"0.00", u"0.00");
+  curve.grid.SetRowsInUse(2);
+  EXPECT_EQ(curve.view.Points().size(), 2U);
+  curve.grid.SetRowsInUse(0);
+  EXPECT_TRUE(curve.view.Points().empty());
+  for (const int all : {-1, 16, 1000}) {
+    curve.grid.SetRowsInUse(all);
+    EXPECT_EQ(curve.view.Points().size(), 3U) << all;
+  }
+}
+
+TEST(CurveViewTest, AmongAThousandPointsABadOneAndOneThatStandsAloneCanBeSeen) {
+  Curve curve;
+  curve.grid.Resize(1001, 3);
+  for (int row = 1; row <= 1000; ++row) {
+    curve.Set(row, FromQt(QString::number(row)).c_str(), u"5");
+  }
+  curve.Set(1000, u"1000", u"10");
+  const QImage line = curve.Painted();
+  curve.grid.SetLook(500, 2, Look::Bad);
+  EXPECT_GT(DarkPixels(curve.Painted(), curve.view), DarkPixels(line, curve.view) + 20);
+  curve.grid.SetLook(500, 2, Look::Normal);
+  curve.Set(999, u"", u"");
+  curve.Set(1000, u"", u"");
+  const QImage without = curve.Painted();
+  curve.Set(1000, u"1000", u"5");
+  EXPECT_NE(curve.Painted(), without) << "the last one stands alone";
+}
+
 TEST(CurveViewTest, AGridWithoutRowsOrColumnsHasNoPoints) {
   Grid grid("LnrFlexGrid");
   CurveView view(grid, nullptr);

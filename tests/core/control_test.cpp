@@ -373,6 +373,23 @@ TEST_F(GridTest, TellsWhichCellChangedAndOnlyWhenOneDid) {
   EXPECT_EQ(grid_.LastChange(), std::pair(-1, -1));
 }
 
+TEST_F(GridTest, TellsWhatItsRowsStandForAndHowManyAreInUse) {
+  EXPECT_EQ(grid_.ScaleOfRows(), std::nullopt);
+  EXPECT_EQ(grid_.RowsInUse(), 2) << "all but the head";
+  ChangeCounter changes(grid_);
+  grid_.SetRowScale(Grid::RowScale{.first = -50, .step = 10});
+  grid_.SetRowScale(Grid::RowScale{.first = -50, .step = 10});
+  EXPECT_EQ(changes.Take(), 1);
+  EXPECT_EQ(grid_.LastChange(), std::pair(-1, -1));
+  EXPECT_EQ(grid_.ScaleOfRows()->first, -50);
+  grid_.SetRowsInUse(1);
+  grid_.SetRowsInUse(1);
+  EXPECT_EQ(changes.Take(), 1);
+  EXPECT_EQ(grid_.RowsInUse(), 1);
+  grid_.SetRowsInUse(-1);
+  EXPECT_EQ(grid_.RowsInUse(), 2);
+}
+
 TEST_F(GridTest, CountsTheChangesOfItsCellsAndNoOthers) {
   const unsigned before = grid_.Changes();
   grid_.SetText(2, 1, u"0.5");
