@@ -20,6 +20,8 @@ MainWindow::MainWindow(Application& application)
   setCentralWidget(pages_);
   application_.program.OnPageShown([this](Page& page) { ShowPage(page); });
   application_.program.OnPageUnloaded([this](Page& page) { DropPage(page); });
+  application_.program.Window().Observe(
+      [this](const ModalWindow& window, bool open) { ShowModal(window, open); });
 }
 
 PageView* MainWindow::Current() const { return static_cast<PageView*>(pages_->currentWidget()); }
@@ -54,7 +56,18 @@ void MainWindow::ShowPage(Page& page) {
   }
 }
 
-void MainWindow::DropPage(Page& page) { delete ViewOf(page); }
+void MainWindow::DropPage(Page& page) {
+  qDeleteAll(findChildren<ModalView*>());  // one may be a window of this page
+  delete ViewOf(page);
+}
+
+void MainWindow::ShowModal(const ModalWindow& window, bool open) {
+  auto* view = findChild<ModalView*>(QString::fromStdString(window.Name()));
+  if (view == nullptr) {
+    view = new ModalView(window, application_.program, this);
+  }
+  view->setVisible(open);
+}
 
 void MainWindow::RequestEnd() { end_request_.start(0, this); }
 

@@ -5,6 +5,7 @@
 #include <QStackedWidget>
 #include <functional>
 
+#include "app/modal_view.h"
 #include "app/page_view.h"
 #include "pages/application.h"
 
@@ -27,6 +28,8 @@ class MainWindow : public QMainWindow {
  private:
   void ShowPage(Page& page);
   void DropPage(Page& page);
+  /// Shows or hides the small window over the page. Each is made once.
+  void ShowModal(const ModalWindow& window, bool open);
   [[nodiscard]] PageView* ViewOf(const Page& page) const;
 
   Application& application_;

@@ -58,6 +58,9 @@ void ScriptRunner::WatchProgram() {
     WatchBars(page);
   });
   program_.OnPageUnloaded([this](const Page& page) { watched_.erase(&page); });
+  program_.Window().Observe([this](const ModalWindow& window, bool open) {
+    transcript_.Tell("window " + window.Name() + (open ? " open" : " closed"));
+  });
   program_.OnEnded([this](int status) {
     failed_ = status != 0;
     if (!failed_) {

@@ -66,6 +66,13 @@ void Page::Register(OptionGroup& options) {
   option_groups_.push_back(&options);
 }
 
+void Page::Register(const ModalWindow& window) {
+  for (Control* control : window.Controls()) {
+    Register(*control);
+    in_windows_.insert(control);
+  }
+}
+
 void Page::OnLoad() {
   const Platform& platform = program_.Surroundings();
   AppPath = program_.Folder();
@@ -374,6 +381,9 @@ void Page::FollowBad(const Control& control, int tab) {
 std::string_view Page::WhyRefused(const Control& control) const {
   if (!Showing()) {
     return "page not showing";
+  }
+  if (program_.Window().Get() != nullptr) {
+    return "window open";
   }
   switch (control.Refused()) {
     case Refusal::Hidden:

@@ -15,6 +15,7 @@
 #include "core/control_array.h"
 #include "core/design.h"
 #include "core/family.h"
+#include "core/modal_window.h"
 #include "core/notices.h"
 #include "core/page_part.h"
 #include "core/shared_state.h"
@@ -90,6 +91,8 @@ class Page {
   /// Makes a control one of the page's: it can be found by its name and placed by the design.
   void Register(Control& control);
   void Register(OptionGroup& options);
+  /// Makes the controls of a small window over the page the page's: they can be found by their names.
+  void Register(const ModalWindow& window);
   template <typename T>
   void Register(ControlArray<T>& controls) {
     for (int index = 0; index < controls.Count(); ++index) {
@@ -103,6 +106,8 @@ class Page {
     }
   }
 
+  /// True for a control of a small window over the page.
+  [[nodiscard]] bool InWindow(const Control& control) const { return in_windows_.contains(&control); }
   /// Index of the tab with this caption; -1 when the page has none.
   [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
@@ -111,7 +116,8 @@ class Page {
   [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const;
   /// Brings the control's tab to the front, if it is enabled, and puts the keyboard's focus on the control.
   void GoTo(Control& control);
-  /// Why the user can't act on the control: its own state, or "tab disabled"; empty when he can.
+  /// Why the user can't act on the control: its own state, "tab disabled", or "window open" for a small
+  /// window over the page; empty when he can.
   [[nodiscard]] std::string_view WhyRefused(const Control& control) const;
   /// The control of this full name ("Text(3)"), nullptr when the page has none.
   [[nodiscard]] Control* FindControl(std::string_view full_name) const;
@@ -220,6 +226,7 @@ class Page {
   std::vector<Control*> controls_;
   std::map<std::string, Control*, std::less<>> by_name_;  ///< the same, by FullName()
   std::vector<OptionGroup*> option_groups_;
+  std::set<const Control*> in_windows_;
   std::map<const Control*, int> tabs_of_;
   std::vector<Control*> placed_;  ///< by the design, in its order
   std::set<const Control*> bad_;  ///< of these, the shown ones with a bad value

@@ -7,6 +7,7 @@
 #include "core/boxes.h"
 #include "core/family.h"
 #include "core/line_reader.h"
+#include "core/modal_window.h"
 #include "core/page.h"
 #include "core/shared_state.h"
 #include "platform/platform.h"
@@ -43,6 +44,9 @@ class Program {
   /// Ends the program at once: unwinds every handler on the stack.
   [[noreturn]] static void End() { throw ProgramEnd{}; }
 
+  /// The small window over the showing page, where one is open.
+  [[nodiscard]] OpenWindow& Window() { return window_; }
+
   /// `action` is called with each page that comes to the front, before its activation.
   void OnPageShown(std::function<void(Page&)> action) { page_shown_.push_back(std::move(action)); }
   /// `action` is called with each page before it is unloaded.
@@ -76,6 +80,7 @@ class Program {
   LineReader lines_;
   std::vector<std::unique_ptr<Page>> pages_;
   Page* showing_ = nullptr;
+  OpenWindow window_;
   std::vector<std::function<void(Page&)>> page_shown_;
   std::function<void(Page&)> page_unloaded_;
   std::function<void(int)> ended_;
