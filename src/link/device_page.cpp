@@ -69,6 +69,13 @@ void DevicePage::ReopenPort() {
   TellPort();
 }
 
+void DevicePage::DemandPort() {
+  const int number = OptCom.Selected() == 0 ? 1 : 2;
+  OptCom.Mark(number - 1);
+  Line().DemandPort(number, String(ItsFamily().settings));
+  TellPort();
+}
+
 void DevicePage::ChoosePort(int number) {
   Line().ChoosePort(number);
   TellPort();

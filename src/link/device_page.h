@@ -50,6 +50,10 @@ class DevicePage : public Page {
   bool EnterZeroTrimMode();  ///< in the dialect of "enter item", whatever the family's own is
   bool EnterSpanTrimMode();  ///< the same
 
+  /// Closes the port and opens it anew at the family's speed, on COM 1 where that is chosen and on COM 2 for
+  /// any other choice, which is then shown. A port that does not open ends the program (RuntimeFailure).
+  void DemandPort();
+
   [[nodiscard]] SerialLink& Line() const { return link_.line; }
   [[nodiscard]] CokDialect& Cok() const { return link_.cok; }
   [[nodiscard]] EnterItemDialect& EnterItem() const { return link_.enter_item; }

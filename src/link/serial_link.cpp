@@ -90,6 +90,14 @@ void SerialLink::ChoosePort(int number) {
   Open();
 }
 
+void SerialLink::DemandPort(int number, const String& settings) {
+  comm_port_ = number;
+  Reopen(settings);
+  if (!opened_) {
+    throw RuntimeFailure(WhyNotOpen());
+  }
+}
+
 void SerialLink::OpenAgainIfBroken() {
   if (opened_ && !PortOpen()) {
     Close();

@@ -47,6 +47,9 @@ class SerialLink {
   void Reopen(const String& settings);
   /// Closes the port, takes COM `number` (1 to 4), opens it with the present settings. Failures as above.
   void ChoosePort(int number);
+  /// Takes COM `number` and `settings` anew, for an operation that can't go on without a port: when it does
+  /// not open the program ends (RuntimeFailure).
+  void DemandPort(int number, const String& settings);
   /// Opens the port again with its present settings if it was open and has broken since (an adapter that was
   /// unplugged, a device that was switched off). Failures as above; the next call then tries again.
   void OpenAgainIfBroken();
