@@ -44,6 +44,7 @@ struct MonitorFamily {
   /// The box is highlighted before it gets its text, not after.
   bool paints_first = false;
 
+  InputItem input = {};
   std::span<const UnitStep> units = {};
   ModelSet models_without_units = {};  ///< their labels stay as the definition says
   bool hidden_rows_keep_unit = false;  ///< a row that isn't on the page ("N") keeps its unit

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <utility>
 
 #include "core/numbers.h"
 #include "core/program.h"
@@ -16,13 +15,12 @@ constexpr int kNoRepeats = 0;
 
 }  // namespace
 
-StatusMonitor::StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras)
+StatusMonitor::StatusMonitor(ParameterPage& page, const MonitorFamily& family)
     : Item04_lblUnitTimer("Item04_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod),
       Item06_lblUnitTimer("Item06_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod),
       page_(page),
       family_(family),
-      extras_(std::move(extras)),
-      units_(page_, extras_),
+      units_(page_, family_.input),
       Item07_lblUnitTimer("Item07_lblUnitTimer", page.ItsProgram().Loop(), kBlinkPeriod) {
   page_.Add(*this);
   page_.RegisterAll<Control>({&cmdMonitorON, &cmdMonitorOFF, &fraMonitoring, &IO_lblShow});
@@ -137,6 +135,7 @@ void StatusMonitor::ShowMonitorUnits() {
   if (family_.models_without_units.Has(page_.DefFile)) {
     return;
   }
+  units_.AskForInput();
   for (const UnitStep& step : family_.units) {
     ShowUnit(step);
   }

@@ -15,7 +15,7 @@ namespace korva {
 class StatusMonitor final : public PagePart {
  public:
   /// Adds itself and its controls to the page, which outlives this.
-  StatusMonitor(ParameterPage& page, const MonitorFamily& family, MonitorExtras extras = {});
+  StatusMonitor(ParameterPage& page, const MonitorFamily& family);
 
   void SetCaptions(Language language) override;
   void SetExchangesBarred(bool barred) override;
@@ -59,7 +59,6 @@ class StatusMonitor final : public PagePart {
 
   ParameterPage& page_;
   const MonitorFamily& family_;
-  MonitorExtras extras_;
   Label* frequency_unit_ = nullptr;
   UnitReader units_;
   Timer Item07_lblUnitTimer;

@@ -2,12 +2,24 @@
 
 #include <algorithm>
 
+#include "core/text_utilities.h"
+
 namespace korva {
 
+void UnitReader::AskForInput() {
+  if (input_.item.empty()) {
+    return;
+  }
+  input_text_ = Trimmed(Read(input_.item, input_.repeats));
+  const auto list = std::find_if(input_.lists.begin(), input_.lists.end(), [this](StringView key) {
+    return !input_text_.empty() && page_.Def.ListOf(key).FindText(input_text_) >= 0;
+  });
+  input_kind_ = list == input_.lists.end() ? StringView() : *list;
+}
+
 const UnitRule* UnitReader::FindRule(std::span<const UnitRule> rules) const {
-  const String kind = extras_.InputKind ? extras_.InputKind() : String();
   const auto rule = std::find_if(rules.begin(), rules.end(), [&](const UnitRule& one) {
-    return one.models.IsAllOrHas(page_.DefFile) && (one.input_kind.empty() || one.input_kind == kind);
+    return one.models.IsAllOrHas(page_.DefFile) && (one.input_kind.empty() || one.input_kind == input_kind_);
   });
   return rule == rules.end() ? nullptr : &*rule;
 }
@@ -28,6 +40,9 @@ String UnitReader::UnitFrom(const UnitSource& source, const String& item) const 
     }
     case UnitKind::Device:
       return LookUp(source.table, Read(source.table.item, source.table.repeats));
+    case UnitKind::Input:
+      return input_kind_.empty() ? String()
+                                 : LookUp({.item = input_.item, .table = input_kind_}, input_text_);
     case UnitKind::Rule:
       return source.rule(*this);
     case UnitKind::None:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <span>
 
 #include "files/model_set.h"
@@ -8,10 +7,12 @@
 
 namespace korva {
 
-/// What a page gives to its monitor beyond its fields; a page that has not got it gives nothing.
-struct MonitorExtras {
-  /// Key of the table that lists the input types of the chosen kind of input ("$I10TC").
-  std::function<String()> InputKind = {};
+/// The item of group "01" by which a device tells its input, and the lists of the definition in which its
+/// answer may stand, one for each kind of input. It is read once, before the units.
+struct InputItem {
+  StringView item = {};  ///< empty: the family has one kind of input only
+  int repeats = 0;
+  std::span<const StringView> lists = {};
 };
 
 /// A unit that the device tells: the text of an item of group "01", looked up in a list of the definition
@@ -33,6 +34,7 @@ enum class UnitKind {
   Caption,  ///< what lbl_unit(`label`) shows
   Item,     ///< what the unit label of item `text` shows
   Device,   ///< the device tells it, through `table`
+  Input,    ///< the one beside the device's input in the list of its kind
   Rule,     ///< `rule` tells it
 };
 struct UnitSource {
@@ -43,7 +45,8 @@ struct UnitSource {
   String (*rule)(const UnitReader&) = nullptr;
 };
 
-/// The unit of an item on some models, or with one kind of input; without either, on all.
+/// The unit of an item on some models, or with one kind of input, which goes by the key of its list; without
+/// either, on all.
 struct UnitRule {
   ModelSet models = {};
   StringView input_kind = {};
@@ -65,8 +68,11 @@ struct UnitStep {
 /// Finds the units of live values.
 class UnitReader {
  public:
-  UnitReader(ParameterPage& page, const MonitorExtras& extras) : page_(page), extras_(extras) {}
+  /// `input` outlives the reader.
+  UnitReader(ParameterPage& page, const InputItem& input) : page_(page), input_(input) {}
 
+  /// Asks the device for its input, where the family has several kinds. One that stands in no list has none.
+  void AskForInput();
   /// The rule that holds now; nullptr when none does.
   [[nodiscard]] const UnitRule* FindRule(std::span<const UnitRule> rules) const;
   /// The unit of `item`. Reads the device where the source says so: no answer, or one that stands in no row,
@@ -83,7 +89,9 @@ class UnitReader {
 
  private:
   ParameterPage& page_;
-  const MonitorExtras& extras_;
+  const InputItem& input_;
+  String input_text_;      ///< as the device told it last
+  StringView input_kind_;  ///< key of its list
 };
 
 }  // namespace korva

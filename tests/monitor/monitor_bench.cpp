@@ -75,14 +75,13 @@ std::optional<std::string> MonitorLine::GoodReply(const std::string& text) {
   return found == items.end() ? std::nullopt : std::optional("D" + found->second);
 }
 
-MonitorPage::MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device,
-                         const MonitorExtras& extras)
+MonitorPage::MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device)
     : ParameterPage(program,
                     {.family = record.family,
                      .tab_control = "Tabs",
                      .design = kBareDesign<TextKey::File, TextKey::Port, TextKey::IoCheck>},
                     {.device = record.device, .definition = record.definition, .fields = kFields}, device),
-      monitor(*this, record.monitor, extras),
+      monitor(*this, record.monitor),
       output(*this, record.output, monitor) {
   monitor.ShowFrequencyUnitIn(unitMeasFreq);
 }
@@ -131,13 +130,12 @@ std::string TemperatureSection(int unit_column) {
   return "$I21\r\n0,0:deg C" + gap + "deg C\r\n1,1:deg F" + gap + "deg F\r\n2,2:K" + gap + "K\r\n";
 }
 
-MonitorBench::MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
-                           const MonitorExtras& extras)
+MonitorBench::MonitorBench(StringView word, const std::string& def_file, const std::string& definition)
     : record(EntryOf(word).record),
       line(host.port, record.family.dialect),
       program(platform, u"/korva", AllFamilies(),
-              [this, extras](Program& owner, const Family& family) {
-                return std::make_unique<MonitorPage>(owner, EntryOf(family.word).record, link, extras);
+              [this](Program& owner, const Family& family) {
+                return std::make_unique<MonitorPage>(owner, EntryOf(family.word).record, link);
               }),
       link(platform, program.Shared()) {
   files.Put(u"/korva/system/MdlVTRMFx.jpn",

@@ -58,7 +58,7 @@ class MonitorLine final : public CommandLine {
 /// A page of any family: its frame, fields, monitor and output setting, and nothing else.
 class MonitorPage final : public ParameterPage {
  public:
-  MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device, const MonitorExtras& extras);
+  MonitorPage(Program& program, const FamilyRecord& record, DeviceLink& device);
 
   Label unitMeasFreq{"unitMeasFreq"};
   StatusMonitor monitor;
@@ -89,8 +89,7 @@ std::string TemperatureSection(int unit_column = 2);
 /// The program with one page of the family and a device on COM 1, which is untimed: only the latency of
 /// replies (10 ms each) and waits take time. All items are answered with "12.5".
 struct MonitorBench {
-  MonitorBench(StringView word, const std::string& def_file, const std::string& definition,
-               const MonitorExtras& extras = {});
+  MonitorBench(StringView word, const std::string& def_file, const std::string& definition);
 
   void Do(const std::function<void()>& action) { host.loop.Gate().Enter(action); }
   void Start() {

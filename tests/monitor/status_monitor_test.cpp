@@ -204,13 +204,11 @@ struct UnitFamilyTest : testing::TestWithParam<std::pair<StringView, std::string
                            test::TemperatureSection() + "$I10\r\n0,Tc-2\r\n";
   /// The page that the family's unit tables leave with a unit on every item.
   std::unique_ptr<MonitorBench> Make() const {
-    MonitorExtras extras;
-    extras.InputKind = [] { return String(u"$I10PM"); };
     std::string sections = rows;
     if (GetParam().first == u"LiteUniv") {
-      sections = sections.substr(0, sections.find("$I10\r"));
+      sections.insert(sections.find("$I10\r") + 4, "PM");
     }
-    auto bench = std::make_unique<MonitorBench>(GetParam().first, GetParam().second, sections, extras);
+    auto bench = std::make_unique<MonitorBench>(GetParam().first, GetParam().second, sections);
     bench->line.items["21"] = "0:deg C";
     bench->line.items["10"] = "Tc-2";
     return bench;

@@ -41,7 +41,6 @@ struct UnitCase {
   std::map<std::string, std::string> answers;
   std::string units;  ///< of 04, 06, 07, and of labels 14 and 2
   std::string reads;  ///< items that are read for them
-  const char* kind = "";
   std::string measured = {};
 };
 
@@ -284,29 +283,38 @@ const std::vector<UnitCase> kCases = {
     {"LiteUnivThermocouple",
      u"LiteUniv",
      "M.def",
-     TemperatureSection(),
-     {{"21", "2:K"}},
-     "K mV K" + kDefined,
-     "21",
-     "$I10TC"},
+     TemperatureSection() + Types("$I10TC", 5),
+     {{"10", "mV-1:one"}, {"21", "0:deg C"}},
+     "deg_C mV deg_C" + kDefined,
+     "10 21"},
     {"LiteUnivResistance",
      u"LiteUniv",
      "M.def",
-     TemperatureSection(),
-     {{"21", "2:K"}},
-     "K Ohm K" + kDefined,
-     "21",
-     "$I10RTD"},
+     TemperatureSection() + Types("$I10RTD", 5),
+     {{"10", "mV-1:one"}, {"21", "1:deg F"}},
+     "deg_F Ohm deg_F" + kDefined,
+     "10 21"},
     {"LiteUnivVoltage",
      u"LiteUniv",
      "M.def",
      Types("$I10DC", 5),
      {{"10", "mV-1:one"}},
      "u1 u1 u1" + kDefined,
-     "10 10",
-     "$I10DC"},
-    {"LiteUnivPotentiometer", u"LiteUniv", "M.def", "", {}, "% % %" + kDefined, "", "$I10PM"},
-    {"LiteUnivUnknownKind", u"LiteUniv", "M.def", "", {}, "d04 d04 d04" + kDefined, ""},
+     "10"},
+    {"LiteUnivPotentiometer",
+     u"LiteUniv",
+     "M.def",
+     Types("$I10PM", 5),
+     {{"10", "POT:two"}},
+     "% % %" + kDefined,
+     "10"},
+    {"LiteUnivUnknownInput",
+     u"LiteUniv",
+     "M.def",
+     Types("$I10DC", 5),
+     {{"10", "none of it"}},
+     "d04 d04 d04" + kDefined,
+     "10"},
     {"NanoVoltage", u"Nano", "Z8WV2.def", "", {}, "d02 d02 d02" + kDefined, ""},
     {"NanoPotentiometer", u"Nano", "Z8WM2.def", "", {}, "% % %" + kDefined, ""},
     {"NanoThermocouple",
@@ -337,18 +345,9 @@ const std::vector<UnitCase> kCases = {
      {{"03", "0"}},
      "d04 mHz d07" + kDefined,
      "03",
-     "",
      "mHz"},
-    {"LiteSecondHertz", u"LiteSecond", "M.def", "", {{"03", "1"}}, "d04 Hz d07" + kDefined, "03", "", "Hz"},
-    {"LiteSecondKilohertz",
-     u"LiteSecond",
-     "M.def",
-     "",
-     {{"03", "2"}},
-     "d04 kHz d07" + kDefined,
-     "03",
-     "",
-     "kHz"},
+    {"LiteSecondHertz", u"LiteSecond", "M.def", "", {{"03", "1"}}, "d04 Hz d07" + kDefined, "03", "Hz"},
+    {"LiteSecondKilohertz", u"LiteSecond", "M.def", "", {{"03", "2"}}, "d04 kHz d07" + kDefined, "03", "kHz"},
     {"LiteSecondUnknownCode", u"LiteSecond", "M.def", "", {{"03", "3"}}, "d04 - d07" + kDefined, "03"},
     {"LiteThirdHasNone", u"LiteThird", "M.def", "", {}, "d04 d06 d07" + kDefined, ""},
     {"LiteForthInAndOut",
@@ -358,7 +357,6 @@ const std::vector<UnitCase> kCases = {
      {{"21", "1:deg F"}, {"11", "0:a"}},
      "deg_F V d07" + kDefined,
      "21 11",
-     "",
      "V"},
     {"LiteFifthInAndOut",
      u"LiteFifth",
@@ -367,7 +365,6 @@ const std::vector<UnitCase> kCases = {
      {{"21", "1:deg F"}, {"11", "0:a"}},
      "deg_F V d07" + kDefined,
      "21 11",
-     "",
      "V"},
 };
 
@@ -402,8 +399,7 @@ TEST_P(UnitTest, IsFoundWhereTheModelHasIt) {
   const UnitCase& one = GetParam();
   const bool has_boxes = one.word == u"Second" || one.word == u"LiteThird";  // of units, in the column before
   const std::string rows = has_boxes ? RowsWithUnits(15) : kRows;
-  MonitorBench bench(one.word, one.def_file, rows + one.sections,
-                     {.InputKind = [&] { return FromUtf8(one.kind); }});
+  MonitorBench bench(one.word, one.def_file, rows + one.sections);
   for (const auto& [item, answer] : one.answers) {
     bench.line.items[item] = answer;
   }
