@@ -167,6 +167,10 @@ const String& Definition::Cell(int row, DataColumn column) const {
 }
 
 ChoiceList Definition::ListOf(StringView key) const {
+  if (IsChosenList(key)) {
+    static const StringTable no_rows;
+    return chosen_.empty() ? ChoiceList(no_rows, ListColumns()) : ListOf(chosen_);
+  }
   const auto shape = std::find_if(
       form_.sections.begin(), form_.sections.end(),
       [key](const SectionShape& one) { return one.key == key && one.kind != SectionKind::Block; });
@@ -177,6 +181,7 @@ void Definition::ClearDefTables() {
   for (auto& [key, table] : tables_) {
     table.Clear();
   }
+  chosen_ = {};
 }
 
 String DefFileName(const DefinitionForm& form, const String& def_file) {

@@ -95,14 +95,20 @@ class Definition {
   /// and ends it.
   [[nodiscard]] ChoiceList ListOf(StringView key) const;
   [[nodiscard]] const DefinitionForm& Form() const { return form_; }
-  /// True when the family's definitions may have this section.
-  [[nodiscard]] bool Has(StringView key) const { return tables_.contains(key); }
-  /// Empties every cell of every table.
+  /// True when the family's definitions may have this section, or the key stands for one of its lists.
+  [[nodiscard]] bool Has(StringView key) const { return tables_.contains(key) || IsChosenList(key); }
+  /// Lets the form's chosen_list stand for the list of `key`; with an empty key it is a list without rows.
+  void ChooseList(StringView key) { chosen_ = key; }
+  [[nodiscard]] StringView ChosenList() const { return chosen_; }
+  /// Empties every cell of every table; no list is chosen then.
   void ClearDefTables();
 
  private:
+  [[nodiscard]] bool IsChosenList(StringView key) const { return !key.empty() && key == form_.chosen_list; }
+
   const Family& family_;
   const DefinitionForm& form_;
+  StringView chosen_;  ///< key of the list that the form's chosen_list stands for
   std::map<StringView, StringTable> tables_;
   const StringTable* data_ = nullptr;  ///< the one of them that is asked most
 };

@@ -155,6 +155,8 @@ struct DefinitionForm {
   std::span<const SectionShape> sections;
   OrNone<StringView> only_file;  ///< serves every model of the family; none: one file a model
   const DataLayout& layout;
+  /// A key that is no section but stands for one of the lists, whichever was chosen; empty: there is none.
+  StringView chosen_list = {};
 };
 
 /// Highest indexes of a page's control arrays.

@@ -277,7 +277,8 @@ void ParameterPage::ApplyDefaults() {
 
 void ParameterPage::ApplyDefault(int row) {
   const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey));
-  if (DataCell(row, kDefaultOption).empty() || rule == nullptr || !SetCell(row).empty()) {
+  const bool has_no_place = DataCell(row, kOnPage) == u"N";
+  if (DataCell(row, kDefaultOption).empty() || rule == nullptr || has_no_place || !SetCell(row).empty()) {
     return;
   }
   OptionGroup& options = *rule->options;
@@ -312,7 +313,8 @@ void ParameterPage::PutUnit(int row, const String& unit) {
 }
 
 void ParameterPage::ShowTemperatureUnits() {
-  const bool chosen = optTempUnit.Selected() >= 0;
+  // So do those of an input that has no temperature, whose option is hidden.
+  const bool chosen = optTempUnit.Selected() >= 0 && optTempUnit[0].Visible();
   for (int row = 0; row < Def.Data().Rows(); ++row) {
     // Without a choice the values that follow it keep the unit of their input type; the others have none.
     const bool follows = DataCell(row, kTemperature) == u"Item21" && chosen;

@@ -50,7 +50,8 @@ class ParameterPage : public DevicePage {
   // Building the page.
   void BuildPage() override;  ///< shows the whole set, author and memo too; may be called at any time
   void ClearPage();           ///< hides every field, empties the units, puts every option off
-  void ApplyDefaults();       ///< presses the default option of each row whose cell is empty
+  /// Presses the default option of each row whose cell is empty, but for rows that the page does not show.
+  void ApplyDefaults();
 
   /// Index of the field of a row, by its two-digit texts (one digit is padded); -1 when it has none.
   [[nodiscard]] int FindTextIndex(const ItemKey& item) const;

@@ -80,19 +80,19 @@ String InDevice(const ParameterPage& page, const FixedChoice& choice) {
   return Trimmed(page.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = String(choice.item)}));
 }
 
-/// `device_row` is that of `in_device`, the device's choice.
+/// `device_row` is that of `in_device`, the device's choice, in `device_list`.
 bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const String& in_device,
-                   int device_row) {
-  const ChoiceList list = page.Def.ListOf(choice.list);
+                   const ChoiceList& device_list, int device_row) {
   const String chosen = Trimmed(page.Item(LeadingInteger(choice.item)));
   const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
   const String caption = named ? page.CaptionLabels[device_row].Caption() : String();
-  if (!list.Settable(device_row)) {
+  if (!device_list.Settable(device_row)) {
     if (chosen != in_device) {
       page.Box().Show(choice.mismatch, {caption});
     }
     return chosen == in_device;
   }
+  const ChoiceList list = page.Def.ListOf(choice.list);
   const int chosen_row = RowOf(list, chosen);
   if (chosen_row >= 0 && list.Cell(chosen_row, &ListColumns::settable) == u"N") {
     page.Box().Show(choice.not_settable, {caption});
@@ -103,20 +103,28 @@ bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const S
 
 }  // namespace
 
-bool CollateInputType(const ParameterPage& page) {
+bool CollateInputType(const ParameterPage& page, std::span<const StringView> lists) {
   const String in_device = InDevice(page, kInputType);
-  const int row = page.FindI10Row(in_device);
-  return row < 0 || CollateChoice(page, kInputType, in_device, row);
+  const auto in_list = [&](StringView key) {
+    return page.Def.Has(key) && RowOf(page.Def.ListOf(key), in_device) >= 0;
+  };
+  const auto found = std::find_if(lists.begin(), lists.end(), in_list);
+  if (found == lists.end()) {
+    return true;
+  }
+  const ChoiceList list = page.Def.ListOf(*found);
+  return CollateChoice(page, kInputType, in_device, list, RowOf(list, in_device));
 }
 
 bool CollateOutputType(const ParameterPage& page) {
   const String in_device = InDevice(page, kOutputType);
-  const int row = RowOf(page.Def.ListOf(kOutputType.list), in_device);
+  const ChoiceList list = page.Def.ListOf(kOutputType.list);
+  const int row = RowOf(list, in_device);
   if (row < 0) {
     page.Box().Show(BoxKey::OutputTypeUnknown);
     return false;
   }
-  return CollateChoice(page, kOutputType, in_device, row);
+  return CollateChoice(page, kOutputType, in_device, list, row);
 }
 
 bool Download::WriteAllItems() {

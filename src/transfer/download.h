@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <span>
 #include <vector>
 
 #include "transfer/number_fields.h"
@@ -85,9 +87,11 @@ class Download {
   NumberFields numbers_;
 };
 
+/// The list of the input types where there is one only.
+inline constexpr std::array<StringView, 1> kInputTypeList = {u"$I10"};
 /// Compares the input type of the device with the chosen one, since not every type can be set from here.
-/// False after its box.
-bool CollateInputType(const ParameterPage& page);
+/// `lists` are those in which the device's type may stand. False after its box.
+bool CollateInputType(const ParameterPage& page, std::span<const StringView> lists = kInputTypeList);
 /// The same for the output type, item 11 in the list $I11. One that stands in no row of the list is a fault
 /// here.
 bool CollateOutputType(const ParameterPage& page);

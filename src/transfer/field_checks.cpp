@@ -129,19 +129,19 @@ bool FieldChecks::MarkPair(int low_item, int high_item, const Limits& limits) {
   return Mark(high_item, good);
 }
 
-bool FieldChecks::CheckOutputRange() {
-  if (FieldOf(kOutputZeroItem) == nullptr || FieldOf(kOutputSpanItem) == nullptr ||
-      page_.Item(kOutputZeroItem) == kNeedless || page_.Item(kOutputSpanItem) == kNeedless) {
+bool FieldChecks::CheckOutputRange(const OutputItems& output) {
+  if (FieldOf(output.low) == nullptr || FieldOf(output.high) == nullptr ||
+      page_.Item(output.low) == kNeedless || page_.Item(output.high) == kNeedless) {
     return true;
   }
-  const ChoiceList outputs = page_.Def.ListOf(u"$I11");
-  const String& output = page_.Item(kRangeItem);
-  const int row = output.empty() ? -1 : outputs.FindText(output);
+  const ChoiceList outputs = page_.Def.ListOf(output.list);
+  const String& type = page_.Item(output.type);
+  const int row = type.empty() ? -1 : outputs.FindText(type);
   if (row < 0) {
     return true;
   }
   const auto limit = [&](ListColumn column) { return LeadingNumber(outputs.Cell(row, column)); };
-  return MarkPair(kOutputZeroItem, kOutputSpanItem,
+  return MarkPair(output.low, output.high,
                   {.low = limit(&ListColumns::low),
                    .high = limit(&ListColumns::high),
                    .span = limit(&ListColumns::span)});

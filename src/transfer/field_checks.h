@@ -3,6 +3,7 @@
 #include <span>
 
 #include "files/parameter_page.h"
+#include "transfer/known_items.h"
 
 namespace korva {
 
@@ -51,6 +52,14 @@ struct ModelCheck {
   const SensorCheck* sensor = nullptr;  ///< beside the ranges
 };
 
+/// An output: the item of its type and the list of its types, and the items of its two ends.
+struct OutputItems {
+  int type = kRangeItem;
+  StringView list = u"$I11";
+  int low = kOutputZeroItem;
+  int high = kOutputSpanItem;
+};
+
 /// The row that serves the definition file, the first in the table's order; nullptr when there is none.
 const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file);
 
@@ -69,9 +78,9 @@ class FieldChecks {
   /// in another unit than deg C are rounded to whole numbers, else to those within them, and an input type
   /// without limits has those of a voltage.
   bool CheckZeroSpan(bool whole_numbers);
-  /// Items 12 and 13 against the limits and the smallest span of the output type, item 11; they have no unit
-  /// that changes. An output type that stands in no row has no limits.
-  bool CheckOutputRange();
+  /// The two ends of an output against the limits and the smallest span of its type; they have no unit that
+  /// changes. An output type that stands in no row has no limits.
+  bool CheckOutputRange(const OutputItems& output = {});
   /// Items 19 and 20: 20 above 19, both from -299.99 to 299.99.
   bool CheckScale();
   /// Items 14 and 15 against the limits of the range chosen in item 11, under the title of the input type.

@@ -1,5 +1,8 @@
 #include "transfer/kind_form.h"
 
+#include <algorithm>
+#include <array>
+
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 
@@ -8,6 +11,8 @@ namespace korva {
 namespace {
 
 constexpr StringView kTagKind = u"TG:";
+/// The ends of inputs and outputs.
+constexpr std::array<StringView, 6> kRangeEnds = {u"12", u"13", u"14", u"15", u"42", u"43"};
 
 }  // namespace
 
@@ -30,6 +35,28 @@ void KindUpload::AfterItemRead(int row) {
   }
   if (const String number = TrimNumericText(Page().SetCell(row)); !number.empty()) {
     Page().GroupItem.Set(Page().DataCell(row, kGroup), Page().DataCell(row, kItem), number);
+  }
+}
+
+RowRead TransmitterUpload::Judge(const String& answer) {
+  if (answer.empty()) {
+    Page().Box().ShowCommFailure();
+    return RowRead::Stop;
+  }
+  if (answer == u"ERROR") {
+    Page().Box().Show(BoxKey::UploadAgain);
+    return RowRead::Stop;
+  }
+  return RowRead::Read;
+}
+
+void TransmitterUpload::AfterItemRead(int row) {
+  KindUpload::AfterItemRead(row);
+  const String& item = Page().DataCell(row, kItem);
+  const String& value = Page().SetCell(row);
+  const bool range_end = std::find(kRangeEnds.begin(), kRangeEnds.end(), item) != kRangeEnds.end();
+  if (range_end && IsValue(row) && IsNumeric(value)) {
+    Page().GroupItem.Set(Page().DataCell(row, kGroup), item, FormatMask(LeadingNumber(value), u"##0.00"));
   }
 }
 

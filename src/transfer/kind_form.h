@@ -9,7 +9,7 @@ namespace korva {
 // How rows travel in the families whose definitions tell the kind of each item: none is a choice, "TG:" the
 // tag, "FINZER" and "FINSPN" are fine values, and any other word is a value that goes out as its text.
 
-class KindForm final : public RowForm {
+class KindForm : public RowForm {
  public:
   using RowForm::RowForm;
   [[nodiscard]] bool IsChoice(int row) const override { return Page().DataCell(row, kItemKind).empty(); }
@@ -27,6 +27,15 @@ class KindUpload : public UploadSteps {
  protected:
   /// True for the row of a value: neither a choice nor the tag.
   [[nodiscard]] bool IsValue(int row) const;
+};
+
+/// The upload of transmitters: an item that doesn't answer, or that the device refuses, ends it. The values
+/// of ranges are shown with two decimals, whatever the device gives.
+class TransmitterUpload : public KindUpload {
+ public:
+  using KindUpload::KindUpload;
+  RowRead Judge(const String& answer) override;
+  void AfterItemRead(int row) override;
 };
 
 /// A choice and the tag come back as they stand in the set, fine values within the device's rounding, and any

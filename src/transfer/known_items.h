@@ -12,6 +12,9 @@ inline constexpr int kZeroItem = 14;
 inline constexpr int kSpanItem = 15;
 inline constexpr int kScaleLowItem = 19;
 inline constexpr int kScaleHighItem = 20;
+inline constexpr int kSecondOutputTypeItem = 41;
+inline constexpr int kSecondOutputZeroItem = 42;
+inline constexpr int kSecondOutputSpanItem = 43;
 inline constexpr int kVersionItem = 99;  ///< of group "00"
 
 }  // namespace korva

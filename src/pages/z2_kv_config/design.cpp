@@ -53,15 +53,6 @@ constexpr std::array kFreeRows = FreeRows(std::array{6,  7,  8,  9,  17, 24, 25,
 
 constexpr std::array kPointRows = PointRows("cmd_csvFileOpen cmd_csvFileSave");
 
-constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
-constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
-    {.field = "lbl_CJMmsg"},
-    FieldRow({.item = u"34", .label = 20, .field = 7}),
-    FieldRow({.item = u"35", .label = 21, .field = 8}),
-    {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
-    {.label = "lblPrg", .field = "CJM_ProgressBar"},
-});
-
 constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"04", .label = 2, .field = 22}),
     LiveRow({.item = u"03", .label = 3, .field = 23}),
@@ -72,10 +63,6 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
 constexpr std::array kInputGroups = z2::InputGroups(kInputRows, kRangeRows);
 constexpr std::array kOutputGroups = z2::OutputGroups(kOutputRows, kFineAdjustmentRows, kFreeRows);
 constexpr std::array kTableGroups = TableGroups(kPointRows);
-constexpr std::array kCjmGroups = {
-    DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
-    DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
-};
 constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, z2::kSettingRows);
 
 constexpr std::array kTabs = {
@@ -83,7 +70,7 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
     DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
     TableTab(kTableGroups),
-    DesignTab{.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups},
+    z2::kCjmTab,
     kPortTab,
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
 };

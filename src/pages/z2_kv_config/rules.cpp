@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/numbers.h"
-#include "core/text_utilities.h"
 #include "transfer/known_items.h"
+#include "transfer/preset_values.h"
 
 namespace korva {
 
@@ -13,6 +12,11 @@ namespace {
 
 constexpr StringView kInputTypes = u"$I10";
 constexpr StringView kOutputTypes = u"$I11";
+
+constexpr RangeChoice kInputRange = {
+    .item = kTypeItem, .list = kInputTypes, .low_item = kZeroItem, .high_item = kSpanItem};
+constexpr RangeChoice kOutputRange = {
+    .item = kRangeItem, .list = kOutputTypes, .low_item = kOutputZeroItem, .high_item = kOutputSpanItem};
 
 /// The models whose input types have a range of their own. On any other the user defines it.
 constexpr auto kRangedModels = std::to_array<StringView>(
@@ -30,27 +34,11 @@ Z2KvConfigRules::Z2KvConfigRules(ParameterPage& page) : page_(page) {
 
 void Z2KvConfigRules::ChoiceMade(const Choice& choice) {
   if (choice.key == kInputTypes) {
-    BringValues(kTypeItem, kInputTypes, kZeroItem, kSpanItem);
+    BringRange(page_, kInputRange);
     ShowRange();
   } else if (choice.key == kOutputTypes) {
-    BringValues(kRangeItem, kOutputTypes, kOutputZeroItem, kOutputSpanItem);
+    BringRange(page_, kOutputRange);
   }
-}
-
-void Z2KvConfigRules::BringValues(int item, StringView list, int low_item, int high_item) {
-  const ChoiceList choices = page_.Def.ListOf(list);
-  const int row = choices.FindText(page_.Item(item));
-  if (row < 0) {
-    return;
-  }
-  const auto bring = [&](int to, ListColumn column) {
-    if (const String& preset = choices.Cell(row, column); !preset.empty()) {
-      page_.SetItem(to, FormatMask(LeadingNumber(preset), u"##0.00"));
-    }
-  };
-  bring(low_item, &ListColumns::preset_low);
-  bring(high_item, &ListColumns::preset_high);
-  page_.BuildPage();
 }
 
 void Z2KvConfigRules::ShowRange() {

@@ -18,8 +18,6 @@ class Z2KvConfigRules final : public PagePart {
   Label lbl_Range{"lbl_Range"};  ///< hidden while there is no input type
 
  private:
-  /// Puts what the row of `item`'s choice brings along into two items of group 1.
-  void BringValues(int item, StringView list, int low_item, int high_item);
   void ShowRange();
   [[nodiscard]] String RangeText() const;
 

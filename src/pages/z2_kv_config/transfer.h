@@ -10,14 +10,11 @@ namespace korva {
 
 // What the page of family Lite does its own way in upload, check and download. The page outlives all of it.
 
-/// The device tells its model. An item that doesn't answer, or that it refuses, ends the upload.
-class Z2KvConfigUpload final : public KindUpload {
+/// The device tells its model.
+class Z2KvConfigUpload final : public TransmitterUpload {
  public:
-  using KindUpload::KindUpload;
+  using TransmitterUpload::TransmitterUpload;
   bool ConfirmModel() override;
-  RowRead Judge(const String& answer) override;
-  /// Shows the values of ranges with two decimals.
-  void AfterItemRead(int row) override;
 };
 
 class Z2KvConfigCheck final : public CheckSteps {
