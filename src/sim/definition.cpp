@@ -50,6 +50,17 @@ std::string ReadWhole(const std::filesystem::path& path) {
 
 }  // namespace
 
+void Definition::Join(std::string_view key, std::string_view keys) {
+  std::vector<Row> joined = Rows(key);
+  while (!keys.empty()) {
+    const auto blank = std::min(keys.find(' '), keys.size());
+    const auto& rows = Rows(keys.substr(0, blank));
+    joined.insert(joined.end(), rows.begin(), rows.end());
+    keys.remove_prefix(std::min(blank + 1, keys.size()));
+  }
+  sections_[std::string(key)] = std::move(joined);
+}
+
 const std::string& Field(const Definition::Row& row, std::size_t column) {
   static const std::string empty;
   return column < row.size() ? row[column] : empty;

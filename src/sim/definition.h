@@ -38,6 +38,9 @@ class Definition {
   /// The rows of a section; none when the file has no such section.
   const std::vector<Row>& Rows(std::string_view key) const;
 
+  /// Puts the rows of the sections `keys`, which are separated by blanks, behind those of `key`.
+  void Join(std::string_view key, std::string_view keys);
+
  private:
   std::map<std::string, std::vector<Row>, std::less<>> sections_;
 };

@@ -41,7 +41,9 @@ Device::State::State(Model of_model, Definition definition, DeviceOptions with)
       parameters(model, std::move(definition), family, options.system_text),
       slow(AnswersSlowly(parameters.ModelCode())),
       table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table,
-            family.table_limit) {}
+            family.table_limit) {
+  TakeNetworkSettings();
+}
 
 Device::Device(const Model& model, Definition definition, const DeviceOptions& options)
     : state_(std::make_unique<State>(model, std::move(definition), options)) {}
@@ -76,7 +78,7 @@ Reply Device::Answer(std::string_view line) {
   Reply reply;
   reply.latency = state_->options.latency.value_or(state_->slow ? kSlowLatency : kLatency);
   const bool in_access = state_->InAccess(line);
-  if (strikes(Fault::Silent) || strikes(Fault::SecondTryOnly) ||
+  if (state_->gone || strikes(Fault::Silent) || strikes(Fault::SecondTryOnly) ||
       (in_access && strikes(Fault::SilentAccess))) {
     reply.silent = true;
     return reply;
@@ -100,6 +102,10 @@ Reply Device::Answer(std::string_view line) {
   }
   if (strikes(Fault::OversizedTable) && line == "DP" && state_->AnswersInPairs(line)) {
     reply.text = "DSize " + std::to_string(CommandTable::kMostPoints + 1);
+  }
+  if (std::exchange(state_->restarting, false)) {
+    reply.away = kRestart;
+    state_->gone = strikes(Fault::NoReturn);
   }
   for (const Fault fault : struck) {
     SpoilReply(fault, reply);
@@ -148,6 +154,11 @@ bool Device::Set(std::string_view group, std::string_view item, std::string_view
     state_->live.Hold(found->item, *number);
   }
   return number.has_value();
+}
+
+std::string Device::InForce(std::string_view item) const {
+  const auto found = state_->in_force.find(item);
+  return found == state_->in_force.end() ? std::string{} : found->second;
 }
 
 TableDialogue& Device::GetTableDialogue() { return state_->dialogue; }

@@ -25,6 +25,8 @@ struct Reply {
   bool doubled = false;       ///< All of it comes twice, one right after the other.
   bool byte_by_byte = false;  ///< Each byte arrives by itself instead of all at the reply's end.
   bool late_second_line_end = false;  ///< With two line ends: the second one character time after the first.
+  std::chrono::milliseconds away{
+      0};  ///< Behind the command: the device restarts and takes nothing meanwhile.
 };
 
 /// Latency of a reply of most models, and of those that take their time.
@@ -33,6 +35,9 @@ inline constexpr std::chrono::milliseconds kSlowLatency{300};
 
 /// Latency of a reply under the fault `Late`: longer than a configurator waits.
 inline constexpr std::chrono::milliseconds kLateReply{3500};
+
+/// How long a restart takes.
+inline constexpr std::chrono::milliseconds kRestart{3000};
 
 /// What may be chosen about a device besides its model.
 struct DeviceOptions {
@@ -97,6 +102,10 @@ class Device {
   /// on from it; a frequency is in the unit that the device's unit item holds. \return false when there is no
   /// such item or it doesn't take this value; nothing has changed then.
   bool Set(std::string_view group, std::string_view item, std::string_view value);
+
+  /// What the device's plant network goes by: the value of one of its settings, an item of group 01, as it
+  /// was at the last start. Empty for any other item.
+  std::string InForce(std::string_view item) const;
 
   /// The table of a device that takes it in a dialogue.
   TableDialogue& GetTableDialogue();

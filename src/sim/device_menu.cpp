@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <utility>
+
 #include "sim/device_state.h"
 #include "sim/number.h"
 
@@ -124,6 +127,9 @@ bool Device::State::AnswersInPairs(std::string_view line) const {
 }
 
 std::string Device::State::TakeParameter(std::string_view data) {
+  if (selected->kind == Item::Kind::Restart) {
+    return data == "R" ? Restart() : Refusal(WriteResult::Refused);
+  }
   if (selected->kind == Item::Kind::Trimmer) {
     return trim.Apply(data) ? "D" + PaddedText(*selected) : Refusal(WriteResult::Refused);
   }
@@ -146,6 +152,28 @@ std::string Device::State::TakeParameter(std::string_view data) {
 
 bool Device::State::HasDialogue(const Item& item) const {
   return item.group == "01" && !family.table_item.empty() && item.item == family.table_item;
+}
+
+/// What comes behind finds the device as after power-up, but with all that was written.
+std::string Device::State::Restart() {
+  EnterMode(std::string(1, kMonitorMode));
+  selected = nullptr;
+  point.reset();
+  group.clear();
+  TakeNetworkSettings();
+  restarting = true;
+  return "D" + RightAlign("Reset", kDisplayWidth);
+}
+
+void Device::State::TakeNetworkSettings() {
+  std::string_view items = family.network_items;
+  while (!items.empty()) {
+    const auto number = items.substr(0, items.find(' '));
+    if (const Item* const item = std::as_const(parameters).Find("01", number)) {
+      in_force[std::string(number)] = ValueText(*item);
+    }
+    items.remove_prefix(std::min(number.size() + 1, items.size()));
+  }
 }
 
 void Device::State::EnterMode(std::string_view data) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "sim/command_table.h"
 #include "sim/device.h"
 #include "sim/live_values.h"
@@ -41,11 +43,14 @@ struct Device::State {
   bool SetStored(const Item& item, std::string_view value);
   void SetNumber(std::string_view item, std::string_view value);
   std::string ValueText(const Item& item) const;
+  std::string OwnUnit(const Item& item) const;
   std::string UnitBehind(const Item& item) const;
   std::string PaddedText(const Item& item) const;
   double LiveNumber(const Item& item) const;
   std::string LiveUnit(const Item& item) const;
   std::string LiveText(const Item& item) const;
+  std::string Restart();
+  void TakeNetworkSettings();
   bool IsEcho(std::string_view line, std::string_view reply) const;
   std::string EchoedValue(const std::string& reply) const;
 
@@ -65,9 +70,12 @@ struct Device::State {
   FaultPlan faults;
   int exchanges = 0;
   char mode = kMonitorMode;
-  std::string group;                 // selected group; empty: none
-  Item* selected = nullptr;          // selected item, unless it lies in the table
-  std::optional<std::size_t> point;  // selected value of the table
+  bool restarting = false;                                   // by the command under way
+  bool gone = false;                                         // it never came back from a restart
+  std::map<std::string, std::string, std::less<>> in_force;  // settings of the plant network
+  std::string group;                                         // selected group; empty: none
+  Item* selected = nullptr;                                  // selected item, unless it lies in the table
+  std::optional<std::size_t> point;                          // selected value of the table
 };
 
 }  // namespace korva::sim

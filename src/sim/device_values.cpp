@@ -36,9 +36,17 @@ std::string Device::State::ValueText(const Item& item) const {
   }
 }
 
+/// The unit that the device itself tells of an item, by its input.
+std::string Device::State::OwnUnit(const Item& item) const {
+  if (family.memory) {
+    return transmitter.UnitOf(item);
+  }
+  return family.input_lists.empty() ? std::string{} : parameters.UnitOf(item);
+}
+
 /// A transmitter tells the unit of each number that has one.
 std::string Device::State::UnitBehind(const Item& item) const {
-  const auto unit = family.memory ? transmitter.UnitOf(item) : std::string{};
+  const auto unit = OwnUnit(item);
   return unit.empty() ? unit : " " + unit;
 }
 
@@ -113,7 +121,8 @@ double Device::State::LiveNumber(const Item& item) const {
 }
 
 std::string Device::State::LiveUnit(const Item& item) const {
-  const auto unit = family.memory ? transmitter.UnitOf(item) : item.unit;
+  const auto own = OwnUnit(item);
+  const auto& unit = own.empty() ? item.unit : own;
   return unit.empty() || unit.starts_with('$') ? "%" : unit;
 }
 

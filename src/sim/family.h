@@ -76,6 +76,11 @@ struct Family {
   std::size_t type_unit = 8;      ///< Column of `$I10` with the unit.
   double table_limit = 300;       ///< Largest amount of a value of the linearizer table.
   bool threshold_in_row = false;  ///< Columns 21 and 24 of an item limit it, where they are filled.
+  /// Lists of the inputs, one for each class of the input, separated by blanks: item 10 takes a row of any of
+  /// them. Empty: there is one list.
+  std::string_view input_lists = {};
+  std::string_view network_items = {};  ///< Items of group 01 that take effect at a restart only.
+  std::string_view restart_item = {};   ///< Item of group 00 that restarts the device; empty: none.
 };
 
 /// The family of a family word, compared exactly; null when there is none.

@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 21> kFaults{{
+constexpr std::array<FaultInfo, 22> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -47,6 +47,7 @@ constexpr std::array<FaultInfo, 21> kFaults{{
     {.fault = Fault::OversizedTable,
      .name = "oversized-table",
      .what = "table: P is answered with a size above 100"},
+    {.fault = Fault::NoReturn, .name = "no-return", .what = "reset: the device never comes back"},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

@@ -39,6 +39,8 @@ enum class Fault {
   // Answers of two values, and the commands of a table.
   OneValue,        ///< The second value is missing.
   OversizedTable,  ///< The table's size is told as more points than it can have.
+  // The restart; other command lines are not struck.
+  NoReturn,  ///< The device is reset and never comes back.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

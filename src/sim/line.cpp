@@ -68,7 +68,11 @@ void Line::TakeByte(char byte, Instant arrived) {
     return;
   }
   const std::string line = std::exchange(command_, {});
+  if (arrived < away_until_) {
+    return;
+  }
   const Reply reply = device_.Answer(line);
+  away_until_ = arrived + reply.away;
   if (watcher_) {
     watcher_(line, reply);
   }

@@ -59,7 +59,8 @@ class Line {
   /// Is told each command line and the device's reply to it, for a trace.
   void OnExchange(std::function<void(std::string_view line, const Reply& reply)> watcher);
 
-  /// Forgets a command begun and all that is under way, as when the program closes its port.
+  /// Forgets a command begun and all that is under way, as when the program closes its port. A restart of the
+  /// device goes on.
   void Reset();
 
  private:
@@ -71,6 +72,7 @@ class Line {
   std::string command_;
   Instant command_wire_free_{0};
   Instant reply_wire_free_{0};
+  Instant away_until_{0};  // the device restarts
   std::deque<TimedBytes> under_way_;
   std::function<void(std::string_view, const Reply&)> watcher_;
 };

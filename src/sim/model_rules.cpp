@@ -57,6 +57,8 @@ constexpr std::array kPowerUp = {
     PowerUp{.family = "Lite", .models = "", .item = "35", .value = "-999.9"},
     PowerUp{.family = "QXI", .models = "", .item = "34", .value = "-999.9"},
     PowerUp{.family = "QXI", .models = "", .item = "35", .value = "-999.9"},
+    PowerUp{.family = "LiteUniv", .models = "", .item = "34", .value = "-999.9"},
+    PowerUp{.family = "LiteUniv", .models = "", .item = "35", .value = "-999.9"},
     // relays: setpoints and hystereses in the unit of the input
     PowerUp{.family = "QXI", .models = "", .item = "26", .value = "100"},
     PowerUp{.family = "QXI", .models = "", .item = "27", .value = "5"},
@@ -179,6 +181,19 @@ constexpr std::array kNeedless = {
                  .items = "28 29 30"},
 };
 
+struct WithoutItems {
+  std::string_view input_list;
+  std::string_view items;
+};
+
+// temperature unit, cold junction, burnout and linearizer
+constexpr std::array kWithout = {
+    WithoutItems{.input_list = "$I10DC", .items = "21 23 24"},
+    WithoutItems{.input_list = "$I10TC", .items = "25"},
+    WithoutItems{.input_list = "$I10RTD", .items = "23 25"},
+    WithoutItems{.input_list = "$I10PM", .items = "21 23"},
+};
+
 struct Spelling {
   std::string_view first_version;
   std::string_view later;
@@ -232,6 +247,11 @@ std::string_view CountOfCommand(std::string_view item) {
 bool AnswersSlowly(std::string_view model) { return HasWord("QEYD QEYZ QICD QICE", model); }
 
 std::span<const NeedlessRule> NeedlessRules() { return kNeedless; }
+
+std::string_view ItemsWithout(std::string_view input_list) {
+  const auto* const found = std::ranges::find(kWithout, input_list, &WithoutItems::input_list);
+  return found == kWithout.end() ? std::string_view{} : found->items;
+}
 
 std::string_view SensorText(std::size_t row, std::string_view system_text) {
   if (row >= kSensorTexts.size()) {

@@ -43,6 +43,9 @@ struct NeedlessRule {
 
 std::span<const NeedlessRule> NeedlessRules();
 
+/// Items of group 01, separated by blanks, that are of no use with an input of this list of a class.
+std::string_view ItemsWithout(std::string_view input_list);
+
 /// How model QUO spells its input types, by the row of the type: the first device version in a short form,
 /// all later ones in a long form. \return empty for a row beyond the last type.
 std::string_view SensorText(std::size_t row, std::string_view system_text);

@@ -115,7 +115,8 @@ std::string_view HelpText() {
                     stuck-byte, wrong-read-back, refused-address and silent-access strike the
                     access to the memory of the models that have one;
                     one-value and oversized-table strike answers of two
-                    values and the size of a table that travels by commands
+                    values and the size of a table that travels by commands;
+                    no-return strikes the reset of the models that restart
   --trace           print the traffic
   --list            print the models and all faults, and end
   --help            print this, and end

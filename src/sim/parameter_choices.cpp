@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "sim/model_rules.h"
 #include "sim/number.h"
@@ -125,12 +126,19 @@ WriteResult Parameters::WriteChoice(Item& item, std::string_view data) {
         return WriteResult::Refused;
       }
     }
-    item.row = row;
-    SettleRange();
-    BringOutputRange(item);
+    Choose(item, row);
     return WriteResult::Done;
   }
   return WriteResult::Refused;
+}
+
+void Parameters::Choose(Item& item, std::size_t row) {
+  const bool other = std::exchange(item.row, row) != row;
+  SettleRange();
+  BringOutputRange(item);
+  if (other) {
+    BringRange(item);
+  }
 }
 
 /// Another input type may not have the range chosen under the former one.
@@ -139,6 +147,64 @@ void Parameters::SettleRange() {
   if (range != nullptr && range->by_title && !RowUsable(*range, range->row)) {
     range->row = FirstRow(*range);
   }
+}
+
+// --- classes of the input
+
+/// The list of the class that the present input is of; empty where there are no classes.
+std::string_view Parameters::InputList() const {
+  const Item* const input = Find("01", "10");
+  std::string_view lists = family_.input_lists;
+  if (input == nullptr || input->kind != Item::Kind::Choice) {
+    return {};
+  }
+  for (std::size_t first = 0; !lists.empty();) {
+    const auto key = lists.substr(0, lists.find(' '));
+    first += definition_.Rows(key).size();
+    if (input->row < first) {
+      return key;
+    }
+    lists.remove_prefix(std::min(key.size() + 1, lists.size()));
+  }
+  return {};
+}
+
+/// Another type has a range of its own.
+void Parameters::BringRange(const Item& choice) {
+  if (family_.input_lists.empty() || !HasWord("10 11 41", choice.item)) {
+    return;
+  }
+  const auto& row = Rows(choice)[choice.row];
+  const bool input = choice.item == "10";
+  const bool second = choice.item == "41";
+  const auto bring = [&](std::string_view item, std::size_t column) {
+    if (Item* const end = Find("01", item)) {
+      end->held = Field(row, column);
+    }
+  };
+  bring(input ? "14" : second ? "42" : "12", kTypeLow);
+  bring(input ? "15" : second ? "43" : "13", kTypeHigh);
+}
+
+std::string Parameters::ScaleUnit() const {
+  constexpr std::size_t unit_column = 5;
+  const auto list = InputList();
+  const Item* const unit = Find("01", "21");
+  if ((list == "$I10TC" || list == "$I10RTD") && unit != nullptr) {
+    return RowText(*unit, unit->row);
+  }
+  const Item* const input = Find("01", "10");
+  return input == nullptr ? std::string{} : Field(Rows(*input)[input->row], unit_column);
+}
+
+std::string Parameters::UnitOf(const Item& item) const {
+  if (item.item == "06" && InputList() == "$I10TC") {
+    return "mV";
+  }
+  if (item.item == "06" && InputList() == "$I10RTD") {
+    return "Ohm";
+  }
+  return item.follows.empty() && item.item != "06" ? item.unit : ScaleUnit();
 }
 
 // --- limits

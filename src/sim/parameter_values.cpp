@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "sim/model_rules.h"
@@ -27,6 +28,19 @@ std::string_view WithoutDirection(std::string_view text) {
   return text;
 }
 
+WriteResult WriteAddress(Item& item, std::string_view data) {
+  constexpr int highest = 0x7F;
+  constexpr int base = 16;
+  int address = 0;
+  const auto [end, error] = std::from_chars(data.data(), data.data() + data.size(), address, base);
+  const bool whole = error == std::errc{} && end == data.data() + data.size() && data.size() == 2;
+  if (!whole || address < 1 || address > highest) {
+    return WriteResult::Refused;
+  }
+  item.held = data;
+  return WriteResult::Done;
+}
+
 WriteResult WriteCount(Item& item, std::string_view data) {
   const auto value = ParseNumber(data);
   if (!value || *value < kLowestCount || *value > kHighestCount || *value != std::trunc(*value)) {
@@ -43,6 +57,9 @@ bool Parameters::Needless(const Item& item) const {
     return false;
   }
   if (item.by_title && InputTitle() == 0) {
+    return true;
+  }
+  if (HasWord(ItemsWithout(InputList()), item.item)) {
     return true;
   }
   return std::ranges::any_of(NeedlessRules(), [&](const NeedlessRule& rule) {
@@ -87,6 +104,8 @@ WriteResult Parameters::Write(Item& item, std::string_view data) {
       return WriteResult::Done;
     case Item::Kind::Number:
       return WriteNumber(item, item.directed ? WithoutDirection(trimmed) : trimmed);
+    case Item::Kind::Address:
+      return WriteAddress(item, trimmed);
     case Item::Kind::Count:
       return WriteCount(item, trimmed);
     case Item::Kind::Command:
@@ -160,9 +179,7 @@ bool Parameters::Set(Item& item, std::string_view value) {
     const auto& rows = Rows(item);
     for (std::size_t row = 0; row < rows.size(); ++row) {
       if (RowUsable(item, row) && (RowText(item, row) == value || Field(rows[row], 0) == value)) {
-        item.row = row;
-        SettleRange();
-        BringOutputRange(item);
+        Choose(item, row);
         return true;
       }
     }

@@ -32,6 +32,9 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
       family_(family),
       code_(model.definition_file.substr(0, model.definition_file.find('.'))),
       system_text_(std::move(system_text)) {
+  if (!family_.input_lists.empty()) {
+    definition_.Join("$I10", family_.input_lists);
+  }
   for (const auto& row : definition_.Rows("$Data")) {
     AddRow(row);
   }
@@ -41,6 +44,7 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
   AddUnits();
   AddMemory();
   AddTrims();
+  AddRestart();
   if (!family_.reset_item.empty()) {
     AddFixed("01", family_.reset_item, "prms initializer", "0");
   }
@@ -52,7 +56,8 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
 void Parameters::AddRow(const Definition::Row& row) {
   const auto group = OnWire(Field(row, kGroup));
   const auto number = OnWire(Field(row, kItem));
-  if (group.empty() || number.empty()) {
+  // Item 00 tells the model; a row for it is the page's own.
+  if (group.empty() || number.empty() || (group == "01" && number == "00")) {
     return;
   }
   Item* item = Find(group, number);
@@ -100,6 +105,9 @@ void Parameters::ClassifyRow(const Definition::Row& row, Item& item) const {
                                                                                      : Field(row, kList);
     item.by_title = item.section == kRanges && !Field(row, kCombo).empty();
   }
+  if (item.kind == Item::Kind::Address) {
+    item.tail = " hex";
+  }
   if (item.kind != Item::Kind::Number) {
     return;
   }
@@ -122,6 +130,9 @@ Item::Kind Parameters::KindOf(const Definition::Row& row, const Item& item) cons
   }
   if (item.group != "01") {
     return item.kind;
+  }
+  if (item.form == "HEXADR") {
+    return Item::Kind::Address;
   }
   const bool written = item.uploaded || !Field(row, family_.columns.position).empty();
   if (family_.counts && Field(row, kItem).ends_with("_set") && item.unit != "%") {
@@ -185,6 +196,13 @@ void Parameters::AddTrims() {
   add("62", "Linearization Table", Item::Kind::Table);
 }
 
+void Parameters::AddRestart() {
+  if (!family_.restart_item.empty()) {
+    AddFixed("00", family_.restart_item, "Status 1", "RUN");
+    Find("00", family_.restart_item)->kind = Item::Kind::Restart;
+  }
+}
+
 void Parameters::AddFixed(std::string_view group, std::string_view item, std::string_view title,
                           std::string value) {
   Item* found = Find(group, item);
@@ -245,6 +263,9 @@ void Parameters::PowerUp(Item& item) const {
     case Item::Kind::Command:
       item.held = "0";
       break;
+    case Item::Kind::Address:
+      item.held = "01";
+      break;
     case Item::Kind::Number: {
       const auto number = PowerUpText(item);
       Hold(item, ParseNumber(number).value_or(0), number);
@@ -262,7 +283,8 @@ std::string Parameters::PowerUpText(const Item& item) const {
   if (item.form == "FINSPN") {
     return "100.00";
   }
-  if ((family_.memory || family_.universal) && item.group == "01" && HasWord("12 13 14 15", item.item)) {
+  const bool first_types = family_.memory || family_.universal || !family_.input_lists.empty();
+  if (first_types && item.group == "01" && HasWord("12 13 14 15 42 43", item.item)) {
     return FirstTypeLimit(item);
   }
   return IsLimited(item) ? PowerUpLimit(item.item == "15")
@@ -271,9 +293,10 @@ std::string Parameters::PowerUpText(const Item& item) const {
 
 /// Zero and span of a device that comes up with the first types of its lists: their limits.
 std::string Parameters::FirstTypeLimit(const Item& item) const {
+  const bool zero = HasWord("12 14 42", item.item);
+  const bool second = item.item.starts_with('4');
   const bool input = item.item == "14" || item.item == "15";
-  const bool zero = item.item == "12" || item.item == "14";
-  const auto& types = definition_.Rows(input ? "$I10" : "$I11");
+  const auto& types = definition_.Rows(input ? "$I10" : second ? "$I41" : "$I11");
   return types.empty() ? "0" : Field(types.front(), zero ? 2 : 3);
 }
 

@@ -39,6 +39,8 @@ struct Item {
     Trim,     ///< Zero and span of the output's trim; takes no data.
     Trimmer,  ///< Takes the commands that move the trim.
     Table,    ///< Takes and answers the commands of the linearizer table.
+    Address,  ///< Two hexadecimal digits, 01 to 7F.
+    Restart,  ///< Restarts the device when it is written with "R".
     Access,   ///< Lets the device's memory be read and written byte by byte while it is selected.
   };
 
@@ -108,6 +110,10 @@ class Parameters {
   /// All values as at power-up.
   void Reset();
 
+  /// The unit of an item of a device whose input has classes: of the scale, of the sensor's signal, or the
+  /// definition's own; empty where it has none.
+  std::string UnitOf(const Item& item) const;
+
   /// Definition file without its ending, such as "QHW".
   const std::string& ModelCode() const { return code_; }
 
@@ -117,6 +123,7 @@ class Parameters {
   void AddUnits();
   void AddMemory();
   void AddTrims();
+  void AddRestart();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;
@@ -133,6 +140,9 @@ class Parameters {
   bool RowUsable(const Item& item, std::size_t row) const;
   const Definition::Row* InputType() const;
   std::size_t InputTitle() const;
+  std::string_view InputList() const;
+  std::string ScaleUnit() const;
+  void BringRange(const Item& choice);
   std::optional<std::pair<std::string, std::string>> Limits() const;
   std::string Limited(const std::string& held) const;
   WriteResult WriteChoice(Item& item, std::string_view data);
@@ -141,6 +151,7 @@ class Parameters {
   WriteResult CarryOut(const Item& command, std::string_view data);
   void Hold(Item& item, double value, std::string_view text) const;
   const std::vector<Definition::Row>& FrequencyUnits() const;
+  void Choose(Item& item, std::size_t row);
   void SettleRange();
   std::optional<std::string> FixedEnd(const Item& item) const;
   void BringOutputRange(const Item& choice);

@@ -18,7 +18,11 @@ void DeviceLine::BytesSent(std::string_view bytes, Clock now) {
 }
 
 void DeviceLine::Take(const Command& command) {
+  if (command.received < away_until_) {
+    return;
+  }
   const sim::Reply reply = Answer(command);
+  away_until_ = command.received + reply.away;
   const bool paced = port_.CharacterTime() > Clock(0);
   const Clock start = std::max(command.received + reply.latency, sending_until_);
   for (const sim::TimedBytes& chunk : sim::PlanWire(reply, start, device_.GetFamily().baud, paced)) {

@@ -32,6 +32,7 @@ class DeviceLine : public CommandLine {
   sim::Device& device_;
   bool right_speed_ = false;
   Clock sending_until_{0};
+  Clock away_until_{0};  ///< the device restarts
 };
 
 /// Surroundings with a simulated device on COM 1:
