@@ -313,8 +313,7 @@ void ParameterPage::PutUnit(int row, const String& unit) {
 }
 
 void ParameterPage::ShowTemperatureUnits() {
-  // So do those of an input that has no temperature, whose option is hidden.
-  const bool chosen = optTempUnit.Selected() >= 0 && optTempUnit[0].Visible();
+  const bool chosen = optTempUnit.Selected() >= 0;
   for (int row = 0; row < Def.Data().Rows(); ++row) {
     // Without a choice the values that follow it keep the unit of their input type; the others have none.
     const bool follows = DataCell(row, kTemperature) == u"Item21" && chosen;

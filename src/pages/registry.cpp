@@ -23,6 +23,7 @@
 #include "pages/z2_kv_config_v5/family.h"
 #include "pages/z2_kv_config_v5/z2_kv_config_v5.h"
 #include "pages/z2_univ_config/family.h"
+#include "pages/z2_univ_config/z2_univ_config.h"
 #include "pages/z8_kv_config/family.h"
 
 namespace korva {
@@ -40,7 +41,7 @@ constexpr std::array kRegistry = {
     RegistryEntry{.record = kKvConfigV2Record, .page = PageMaker(Make<KvConfig_V2>)},
     RegistryEntry{.record = kKvConfigV3Record, .page = PageMaker(Make<KvConfig_V3>)},
     RegistryEntry{.record = kZ2KvConfigRecord, .page = PageMaker(Make<z2KvConfig>)},
-    RegistryEntry{.record = kZ2UnivConfigRecord, .page = kNone},
+    RegistryEntry{.record = kZ2UnivConfigRecord, .page = PageMaker(Make<z2UnivConfig>)},
     RegistryEntry{.record = kZ2KvConfigV2Record, .page = PageMaker(Make<z2KvConfig_V2>)},
     RegistryEntry{.record = kZ2KvConfigV3Record, .page = PageMaker(Make<z2KvConfig_V3>)},
     RegistryEntry{.record = kZ2KvConfigV4Record, .page = PageMaker(Make<z2KvConfig_V4>)},

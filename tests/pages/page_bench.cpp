@@ -91,12 +91,24 @@ std::vector<String> ModelsOf(StringView family) {
 
 std::vector<String> AllModels() {
   std::vector<String> names;
-  for (const StringView family : {u"First", u"Second", u"Third", u"QXI", u"Lite", u"LiteSecond", u"LiteThird",
-                                  u"LiteForth", u"LiteFifth"}) {
+  for (const StringView family : {u"First", u"Second", u"Third", u"QXI", u"Lite", u"LiteUniv", u"LiteSecond",
+                                  u"LiteThird", u"LiteForth", u"LiteFifth"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }
   return names;
+}
+
+std::vector<String> ListsBehind(const ParameterPage& page, StringView key) {
+  if (key != page.Def.Form().chosen_list) {
+    return {String(key)};
+  }
+  const ChoiceList classes = page.Def.ListOf(u"$I00");
+  std::vector<String> lists;
+  for (int row = 0; row < classes.Rows(); ++row) {
+    lists.push_back(classes.Cell(row, &ListColumns::list));
+  }
+  return lists;
 }
 
 const Family& FamilyOf(const String& model) {

@@ -19,6 +19,9 @@
 
 namespace korva::test {
 
+/// Keys of the lists that the key of a choice can stand for: itself, or one for each class of the input.
+std::vector<String> ListsBehind(const ParameterPage& page, StringView key);
+
 /// A configuration file, to be saved and opened.
 inline constexpr const char16_t* kFile = u"/korva/data/kept.cfg";
 

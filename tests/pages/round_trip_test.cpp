@@ -56,10 +56,12 @@ class RoundTripTest : public testing::TestWithParam<String> {
     if (!HasTypes(bench.Page())) {
       return {u""};
     }
-    const StringTable& types = bench.Page().Def[u"$I10"];
-    for (int row = 0; row < types.Rows(); ++row) {
-      if (!types.At(row, 1).empty()) {
-        texts.push_back(types.At(row, 1));
+    for (const String& list : test::ListsBehind(bench.Page(), u"$I10")) {
+      const StringTable& types = bench.Page().Def[list];
+      for (int row = 0; row < types.Rows(); ++row) {
+        if (!types.At(row, 1).empty()) {
+          texts.push_back(types.At(row, 1));
+        }
       }
     }
     return texts.empty() ? std::vector<String>{u""} : texts;
@@ -179,11 +181,13 @@ TEST_P(RoundTripTest, ASettableTypeIsWrittenOverAnotherOne) {
   if (!HasTypes(catalogue.Page())) {
     return;  // nothing to set
   }
-  const StringTable& types = catalogue.Page().Def[u"$I10"];
   std::vector<String> settable;
-  for (int row = 0; row < types.Rows(); ++row) {
-    if (!types.At(row, 1).empty() && catalogue.Page().Def.ListOf(u"$I10").Settable(row)) {
-      settable.push_back(types.At(row, 1));
+  for (const String& list : test::ListsBehind(catalogue.Page(), u"$I10")) {
+    const ChoiceList types = catalogue.Page().Def.ListOf(list);
+    for (int row = 0; row < types.Rows(); ++row) {
+      if (!types.Text(row).empty() && types.Settable(row)) {
+        settable.push_back(types.Text(row));
+      }
     }
   }
   for (const String& type : test::PartOf(settable)) {

@@ -24,7 +24,8 @@ TEST_P(DefinitionFile, HoldsKnownKeysOnceEachAndEnds) {
 }
 
 TEST_P(DefinitionFile, HoldsTheTwoPartsOfTheRangesBehindTheirKey) {
-  const bool listed = facts.outputs.tag != kNoColumn || facts.outputs.unit != kNoColumn;
+  const bool listed =
+      facts.outputs.tag != kNoColumn || facts.outputs.unit != kNoColumn || !facts.class_lists.empty();
   const bool ranges = !listed && !facts.listed_inputs;
   for (std::size_t i = 0; i < source.sections.size(); ++i) {
     const bool block = ranges && source.sections[i].key == "$I11";

@@ -42,5 +42,8 @@ bool OneOf(std::string_view text, std::initializer_list<std::string_view> allowe
 
 std::string_view TableOf(const Source& source, std::string_view list) {
   constexpr std::string_view body = "$I11Body";
+  if (list == "$I10" && source.Find(list) == nullptr && !source.Rows("$I00").empty()) {
+    return source.Rows("$I00")[0][2];
+  }
   return list == "$I11" && source.Find(body) != nullptr ? body : list;
 }

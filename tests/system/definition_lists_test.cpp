@@ -55,7 +55,9 @@ TEST_P(DefinitionLists, GivesEachCodeAndEachTextOfAListOnce) {
 TEST_P(DefinitionLists, HasNoListThatNoItemUses) {
   for (const auto& section : source.sections) {
     if (section.key.starts_with("$I") && section.key != "$I11Title" && section.key != "$I11Body") {
-      EXPECT_TRUE(std::ranges::any_of(source.Rows("$Data"),
+      const bool of_a_class = std::ranges::find(facts.class_lists, section.key) != facts.class_lists.end();
+      EXPECT_TRUE(of_a_class ||
+                  std::ranges::any_of(source.Rows("$Data"),
                                       [&](const SourceRow& row) { return row[kList] == section.key; }))
           << section.key << " in line " << section.line;
     }
@@ -66,7 +68,9 @@ TEST_P(DefinitionLists, HasTextsThatTheDisplayCanShow) {
   constexpr std::size_t width = 16;
   for (const auto& section : source.sections) {
     for (const auto& row : section.rows) {
-      EXPECT_TRUE(columns.title == kNoColumn || !section.key.starts_with("$I") || row[1].size() <= width)
+      // The classes of an input are words of the page's own.
+      const bool shown = section.key.starts_with("$I") && section.key != "$I00";
+      EXPECT_TRUE(columns.title == kNoColumn || !shown || row[1].size() <= width)
           << section.key << " line " << row.line << ": " << row[1];
     }
   }
@@ -120,6 +124,16 @@ TEST_P(DefinitionLists, LimitsZeroAndSpanByNumbersInOrder) {
     ASSERT_TRUE(span) << "line " << row.line;
     EXPECT_LE(*span, Number(row[3]).value_or(0) - Number(row[2]).value_or(0)) << "line " << row.line;
   };
+  for (const auto list : facts.class_lists) {
+    for (const auto& row : source.Rows(list)) {
+      limited(row);
+    }
+  }
+  if (!facts.class_lists.empty()) {
+    for (const auto& row : source.Rows("$I41")) {
+      limited(row);
+    }
+  }
   for (const auto& row : source.Rows("$I11")) {
     if (facts.listed_inputs) {
       rising(row, 2, 3);
@@ -198,6 +212,36 @@ TEST_P(DefinitionLists, TellsClassAndTableOfEachUniversalInput) {
   }
   for (const auto& row : source.Rows("$I11")) {
     EXPECT_FALSE(row[facts.outputs.unit].empty()) << "line " << row.line;
+  }
+}
+
+// The class is no item of the device: code and text of an input alone tell which it is.
+TEST_P(DefinitionLists, TellsEachInputOfAllClassesByItself) {
+  std::set<std::string> codes;
+  std::set<std::string> texts;
+  std::vector<std::string> named;
+  for (const auto& row : source.Rows("$I00")) {
+    named.push_back(row[2]);
+  }
+  EXPECT_TRUE(std::ranges::equal(named, facts.class_lists));
+  for (const auto list : facts.class_lists) {
+    for (const auto& row : source.Rows(list)) {
+      EXPECT_TRUE(codes.insert(row[0]).second) << list << " line " << row.line;
+      EXPECT_TRUE(texts.insert(row[1]).second) << list << " line " << row.line;
+      EXPECT_FALSE(row[5].empty()) << list << " line " << row.line;
+      EXPECT_TRUE(OneOf(row[6], {"Y", "N"})) << list << " line " << row.line;
+    }
+  }
+}
+
+// What is sent of a choice is its place.
+TEST_P(DefinitionLists, NumbersAListByPlacesWhereAPlaceIsSent) {
+  for (const auto list : facts.placed_lists) {
+    int place = 0;
+    for (const auto& row : source.Rows(list)) {
+      EXPECT_EQ(Index(row[0]), place++) << list << " line " << row.line;
+    }
+    EXPECT_GT(place, 0) << list;
   }
 }
 

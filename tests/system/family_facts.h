@@ -104,7 +104,10 @@ struct FamilyFacts {
   std::vector<std::string_view> type_rules = {"Y", "N", "$I10"};  ///< of the box of input types
   /// Parameters that are read, but that no download writes through their items.
   std::vector<std::string_view> unwritten_items = {};
-  std::vector<std::string_view> unread_items = {};  ///< parameters that an upload reads with another row
+  /// Parameters that an upload reads with another row, or that something else than an upload reads.
+  std::vector<std::string_view> unread_items = {};
+  std::vector<std::string_view> class_lists = {};   ///< lists of inputs, one for each class
+  std::vector<std::string_view> placed_lists = {};  ///< lists of which the place of a choice is sent
   bool titled_version = true;  ///< the row of the version text has a title, which is not that text itself
   bool forms = false;          ///< a choice is marked by `O` or `N`, and a value needs no prefix
   std::vector<std::string_view> rounded_items = {};  ///< times that the program brings onto the device's grid

@@ -3,10 +3,13 @@
 #include <array>
 
 #include "monitor/common_rows.h"
+#include "pages/z2_univ_config/input_class.h"
 
 namespace korva {
 
 namespace {
+
+constexpr StringView kChosenInputs = u"$I10";  ///< the list of the chosen class
 
 constexpr ListColumns kTypes = {
     .low = 2, .high = 3, .span = 4, .preset_low = 2, .preset_high = 3, .unit = 5, .settable = 6};
@@ -32,23 +35,34 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 8, .kind = SectionKind::List},
 };
 
-constexpr StringView kVoltageKind = u"$I10DC";
-constexpr StringView kThermocoupleKind = u"$I10TC";
-constexpr StringView kResistanceKind = u"$I10RTD";
-constexpr StringView kPotentiometerKind = u"$I10PM";
-constexpr UnitSource kUnitFromVoltageItem = {.kind = UnitKind::Device,
-                                             .table = {.item = u"10", .repeats = 5, .table = kVoltageKind}};
+constexpr FieldArrays kArrays = {
+    .lbl_item = 43, .label = 43, .text = 43, .frame = 3, .combo = 6, .lbl_unit = 43};
+constexpr ListRule ListOfTexts(StringView key) { return {.key = key, .table = key, .fill = ListFill::Texts}; }
+constexpr std::array kLists = {ListOfTexts(u"$I00"), ListOfTexts(kChosenInputs), ListOfTexts(u"$I11"),
+                               ListOfTexts(u"$I41"), ListOfTexts(u"$I82"),       ListOfTexts(u"$I83"),
+                               ListOfTexts(u"$I84")};
+constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"05", u"06", u"07"};
+/// The address of the plant network is of two hexadecimal digits.
+constexpr std::array<StringView, 2> kTextItems = {u"02", u"81"};
+constexpr std::array<StringView, 3> kBlankItems = {u"34", u"35", u"81"};
+constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
+
+constexpr StringView kDirect = kInputClasses[0];
+constexpr StringView kThermocouple = kInputClasses[1];
+constexpr StringView kResistance = kInputClasses[2];
+constexpr StringView kPotentiometer = kInputClasses[3];
+constexpr UnitSource kUnitOfInput = {.kind = UnitKind::Input};
 constexpr std::array kItem04 = {
-    UnitRule{.input_kind = kThermocoupleKind, .unit = live::kUnitFromTemperatureItem},
-    UnitRule{.input_kind = kResistanceKind, .unit = live::kUnitFromTemperatureItem},
-    UnitRule{.input_kind = kVoltageKind, .unit = kUnitFromVoltageItem},
-    UnitRule{.input_kind = kPotentiometerKind, .unit = live::kPercent},
+    UnitRule{.input_kind = kThermocouple, .unit = live::kUnitFromTemperatureItem},
+    UnitRule{.input_kind = kResistance, .unit = live::kUnitFromTemperatureItem},
+    UnitRule{.input_kind = kDirect, .unit = kUnitOfInput},
+    UnitRule{.input_kind = kPotentiometer, .unit = live::kPercent},
 };
 constexpr std::array kItem06 = {
-    UnitRule{.input_kind = kVoltageKind, .unit = kUnitFromVoltageItem},
-    UnitRule{.input_kind = kPotentiometerKind, .unit = live::kPercent},
-    UnitRule{.input_kind = kThermocoupleKind, .unit = live::kMillivolt},
-    UnitRule{.input_kind = kResistanceKind, .unit = live::kOhm},
+    UnitRule{.input_kind = kDirect, .unit = kUnitOfInput},
+    UnitRule{.input_kind = kPotentiometer, .unit = live::kPercent},
+    UnitRule{.input_kind = kThermocouple, .unit = live::kMillivolt},
+    UnitRule{.input_kind = kResistance, .unit = live::kOhm},
     UnitRule{.unit = live::kUnitOfItem04},
 };
 constexpr std::array kUnits = {
@@ -69,12 +83,23 @@ constexpr FamilyRecord kZ2UnivConfigRecord = {
                .unload_place = 5},
     .device = {.system_text = SystemText::Title},
     .slow_models = kNone,
-    .definition = {.sections = kSections, .only_file = kNone, .layout = kTitledLayout},
-    .fields = kNone,
+    .definition = {.sections = kSections,
+                   .only_file = kNone,
+                   .layout = kTitledLayout,
+                   .chosen_list = kChosenInputs},
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTextItems,
+                        .blank_items = kBlankItems,
+                        .needed_choices = kNeededChoices},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = live::kCycle04To07,
                 .clean = TrimNumericTail,
                 .needs_unit = true,
+                .input = {.item = u"10", .repeats = 5, .lists = kInputClasses},
                 .units = kUnits},
     .output = kTrimmedOutput,
     .table = kPercentTable,

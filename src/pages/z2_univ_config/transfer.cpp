@@ -1,0 +1,32 @@
+#include "pages/z2_univ_config/transfer.h"
+
+#include "transfer/known_items.h"
+
+namespace korva {
+
+namespace {
+
+constexpr OutputItems kSecondOutput = {.type = kSecondOutputTypeItem,
+                                       .list = u"$I41",
+                                       .low = kSecondOutputZeroItem,
+                                       .high = kSecondOutputSpanItem};
+
+}  // namespace
+
+void Z2UnivConfigUpload::AfterItemRead(int row) {
+  TransmitterUpload::AfterItemRead(row);
+  if (row == Page().FindDataRow(u"10")) {
+    input_class_.Settle();
+  }
+}
+
+bool Z2UnivConfigCheck::CheckValues() {
+  return fields_.CheckTag() && fields_.CheckZeroSpan(false) && fields_.CheckOutputRange() &&
+         fields_.CheckOutputRange(kSecondOutput);
+}
+
+bool Z2UnivConfigDownload::Collate() {
+  return CollateInputType(Page(), kInputClasses) && CollateOutputType(Page());
+}
+
+}  // namespace korva

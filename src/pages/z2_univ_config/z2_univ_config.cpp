@@ -1,0 +1,44 @@
+#include "pages/z2_univ_config/z2_univ_config.h"
+
+#include "pages/z2_univ_config/design.h"
+
+namespace korva {
+
+namespace {
+
+constexpr ColdJunctionFamily kColdJunction = {};
+
+}  // namespace
+
+z2UnivConfig::z2UnivConfig(Program& program, const FamilyRecord& record, DeviceLink& link)
+    : ParameterPage(program,
+                    {.family = record.family, .tab_control = "KvCfg_Tab", .design = kZ2UnivConfigDesign},
+                    FormsOf(record), link),
+      units_(*this, [] { return TemperatureForm::TwoDecimals; }),
+      input_class(*this),
+      cold_junction(*this, kColdJunction),
+      modbus(*this),
+      monitor(*this, record.monitor),
+      output(*this, record.output, monitor),
+      form_(*this),
+      upload_steps_(*this, input_class),
+      check_steps_(*this),
+      download_steps_(*this),
+      upload_(*this, form_, upload_steps_),
+      check_(*this, form_, check_steps_),
+      download_(*this, form_, check_, download_steps_) {
+  AddAllOptions();
+  ApplyDesign();
+}
+
+void z2UnivConfig::AddAllOptions() {
+  const auto add = [this](StringView key, StringView item, OptionGroup& options) {
+    AddOptions({.key = key, .table = key, .item = item, .options = &options, .captions_from_table = true});
+  };
+  AddOptions({.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit});
+  add(u"$I23", u"23", Opt_Cjc);
+  add(u"$I24", u"24", optBurn);
+  add(u"$I25", u"25", Opt_Lnr);
+}
+
+}  // namespace korva
