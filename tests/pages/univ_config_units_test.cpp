@@ -189,6 +189,22 @@ TEST(UnivSetpointUnit, LeavesABlankAndATextThatIsNoNumberAsTheyStand) {
   EXPECT_EQ(bench.Field(u"27").Text(), u"wide");
 }
 
+TEST(UnivSetpointUnit, OfARowThatThePageLeavesOutShowsNoLabel) {
+  UnivBench bench;
+  String text = bench.TextOf(test::DefPath(u"QXI"));
+  const String row = u"01, 27,     20, Item 27,     Y, Y,";
+  const std::size_t at = text.find(row);
+  ASSERT_NE(at, String::npos);
+  text.replace(at, row.size(), u"01, 27,     20, Item 27,     Y,  ,");
+  bench.files.Put(test::DefPath(u"QXI"), bench.code_page.Encode(text).value());
+  bench.Choose(u"QXI2");
+  bench.PickInput(u"Tc-2:K(CA)");
+  bench.Press(bench.Univ().setpoints.optSetpointUnit_1, 1);
+  bench.Press(bench.Page().optTempUnit, 1);
+  EXPECT_FALSE(bench.Page().lbl_unit[8].Visible());
+  EXPECT_TRUE(bench.Page().lbl_unit[7].Visible());
+}
+
 TEST(UnivSetpointUnit, OfAVoltageIsTheUnitOfItsInput) {
   WithValues bench(u"mV-Z:USER mV");
   EXPECT_EQ(bench.UnitOf(u"26"), u"mV");

@@ -50,22 +50,22 @@ InputUnits::InputUnits(ParameterPage& page)
 void InputUnits::ChoiceMade(const Choice& choice) {
   TemperatureUnits::ChoiceMade(choice);
   if (choice.options == &page_.optTempUnit || choice.item == u"38" || choice.item == u"39") {
-    for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-      if (!page_.IsLive(row)) {
-        page_.ShowUnit(row);
-      }
-    }
+    ShowUnits();
   }
 }
 
 void InputUnits::FollowInput() {
   follows_input_ = true;
+  ShowUnits();
+  follows_input_ = false;
+}
+
+void InputUnits::ShowUnits() {
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
-    if (page_.DataCell(row, kOnPage) == u"Y") {
+    if (page_.DataCell(row, kOnPage) == u"Y" && (follows_input_ || !page_.IsLive(row))) {
       page_.ShowUnit(row);
     }
   }
-  follows_input_ = false;
 }
 
 String InputUnits::UnitOfChoice(int item, StringView list) const {

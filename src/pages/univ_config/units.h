@@ -23,6 +23,8 @@ class InputUnits final : public TemperatureUnits {
   [[nodiscard]] bool IsDifference(int row) const override;
 
  private:
+  /// Shows the units of the parameters anew, and of the live values while they follow the input.
+  void ShowUnits();
   [[nodiscard]] String InputUnit() const;
   /// The unit of the chosen row of a list, empty where none is chosen.
   [[nodiscard]] String UnitOfChoice(int item, StringView list) const;
