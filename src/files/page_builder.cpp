@@ -87,6 +87,8 @@ void ParameterPage::BuildPage() {
   for (int row = 0; row < Def.Data().Rows(); ++row) {
     if (DataCell(row, kOnPage) == u"Y") {
       BuildRow(row);
+    } else if (const OptionRule* rule = FindOptionRule(DataCell(row, kChoiceKey))) {
+      TakeOption(row, *rule, Def.ListOf(rule->table));
     }
   }
   for (PagePart* part : Parts()) {

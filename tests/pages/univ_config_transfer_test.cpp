@@ -230,6 +230,23 @@ TEST(UnivDownload, AnOptionIsProvedByItsCodeOrItsText) {
   EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::ItemDownloadMismatch, {u"Group=01 Item=24"})});
 }
 
+TEST(UnivDownload, AnOptionThatThePageLeavesOutIsReadAndWrittenAllTheSame) {
+  UnivBench bench;
+  String text = bench.TextOf(test::DefPath(u"QXI"));
+  const String row = u"01, 24,     32, Item 24,     Y, Y,";
+  const std::size_t at = text.find(row);
+  ASSERT_NE(at, String::npos);
+  text.replace(at, row.size(), u"01, 24,     32, Item 24,     Y,  ,");
+  bench.files.Put(test::DefPath(u"QXI"), bench.code_page.Encode(text).value());
+  bench.Choose(u"QXI2");
+  ASSERT_TRUE(bench.device.Set("01", "24", "DOWNSCALE"));
+  bench.Read(u"Tc-2:K(CA)");
+  EXPECT_EQ(bench.Page().Item(24), u"2");
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
+  EXPECT_EQ(bench.device.Value("01", "24"), "DOWNSCALE");
+  EXPECT_TRUE(bench.Wrote("01/24"));
+}
+
 TEST(UnivDownload, TheInputIsProvedByItsText) {
   UnivBench bench;
   bench.Fill(u"Tc-2:K(CA)");
