@@ -12,6 +12,21 @@ struct ConversionCase {
   double result;
 };
 
+TEST(ConvertDifference, HasNoOffset) {
+  EXPECT_EQ(ConvertDifference(u"deg C", u"deg F", 10), 18.0);
+  EXPECT_EQ(ConvertDifference(u"K", u"deg F", -2), -3.6);
+  EXPECT_EQ(ConvertDifference(u"deg F", u"deg C", 18), 10.0);
+  EXPECT_EQ(ConvertDifference(u"deg F", u"K", 4), 2.2);
+  EXPECT_EQ(ConvertDifference(u"deg C", u"K", 5), 5.0);
+  EXPECT_EQ(ConvertDifference(u"K", u"deg C", 0), 0.0);
+}
+
+TEST(ConvertDifference, RoundsATieToTheEvenNeighbourAndKnowsTheThreeUnitsOnly) {
+  EXPECT_EQ(ConvertDifference(u"deg C", u"K", 0.25), 0.2);
+  EXPECT_EQ(ConvertDifference(u"V", u"K", 5), 0.0);
+  EXPECT_EQ(ConvertDifference(u"K", u"", 5), 0.0);
+}
+
 TEST(ConvertTemperatureTest, EachPairOfUnitsHasItsConstants) {
   const ConversionCase cases[] = {
       {u"deg C", u"deg F", 0, 32},    {u"deg C", u"deg F", 100, 212}, {u"deg C", u"deg F", -40, -40},
