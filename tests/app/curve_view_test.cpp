@@ -15,6 +15,7 @@
 
 #include "linearizer/linearizer.h"
 #include "monitor/status_monitor.h"
+#include "paint_count.h"
 #include "support/page_parts.h"
 #include "window_bench.h"
 
@@ -43,17 +44,6 @@ struct Curve {
 
   Grid grid{"LnrFlexGrid"};
   CurveView view{grid, nullptr};
-};
-
-/// Counts the paints of a widget.
-class PaintCount : public QObject {
- public:
-  explicit PaintCount(QWidget* widget) : QObject(widget) { widget->installEventFilter(this); }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    count += event->type() == QEvent::Paint ? 1 : 0;
-    return false;
-  }
-  int count = 0;
 };
 
 /// Pixels in the colour of the text, which lines and labels have only here and there.

@@ -6,10 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QTest>
+#include <QTabBar>
+#include <utility>
 
 #include "app/control_views.h"
+#include "paint_count.h"
 #include "platform/virtual/virtual_event_loop.h"
+#include "window_bench.h"
 
 namespace korva {
 
@@ -127,6 +130,34 @@ TEST(PictureViewTest, FollowsTheWindowFromLightToDark) {
   EXPECT_EQ(bench.view.grab().toImage().pixel(5, 5), qRgb(255, 255, 255));
   bench.view.setPalette(DarkPalette());
   EXPECT_EQ(bench.view.grab().toImage().pixel(5, 5), qRgb(30, 30, 34));
+}
+
+TEST(PictureViewTest, APictureThatIsReadAgainUnchangedIsNotPainted) {
+  PictureBench bench;
+  bench.window.show();
+  EXPECT_TRUE(QTest::qWaitForWindowExposed(&bench.window));
+  PaintCount paints(&bench.view);
+  const auto painted_by = [&](const std::string& bytes) {
+    bench.picture.Show(u"In_tc.bmp", bytes);
+    QCoreApplication::processEvents();
+    return std::exchange(paints.count, 0);
+  };
+  EXPECT_GT(painted_by(BytesOf(Drawing())), 0);
+  EXPECT_EQ(painted_by(BytesOf(Drawing())), 0);
+}
+
+TEST(PictureViewTest, AClickOnTheirTabReadsThePicturesAlsoWhenItIsInFront) {
+  test::WindowBench bench("QXI");
+  const auto* image = bench.Find<QWidget>("ImgInput");
+  auto* bar = bench.window.Current()->findChild<QTabBar*>();  // behind it is the page of the start
+  const auto shown_after_click = [&](const char16_t* input) {
+    bench.Page().SetItem(10, input);
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(5).center());
+    return image->accessibleDescription().toStdString();
+  };
+  EXPECT_EQ(shown_after_click(u"Tc-2:K(CA)"), "In_tc.bmp");
+  EXPECT_EQ(bench.Page().Tabs.Current(), 5);
+  EXPECT_EQ(shown_after_click(u"POT:RATIO"), "In_pot.bmp");
 }
 
 }  // namespace

@@ -215,6 +215,15 @@ TEST(Tab, ComesToTheFront) {
   EXPECT_EQ(bench.Page().Tabs.Current(), 1);
 }
 
+TEST(Tab, CountsAlsoOnTheTabInFront) {
+  ScriptBench bench;
+  std::vector<int> clicks;
+  bench.Run("start");
+  bench.Page().Tabs.OnClicked = [&](int tab) { clicks.push_back(tab); };
+  bench.Run("tab 1\ntab 1");
+  EXPECT_EQ(clicks, (std::vector{1, 1}));
+}
+
 TEST(Tab, ThatIsDisabledOrMissingIsRefused) {
   ScriptBench bench;
   bench.Run("start");
