@@ -392,5 +392,58 @@ TEST(UniversalScript, TellsTheItemThatTheDeviceRefused) {
   EXPECT_NE(boxes[1].find("Group=01 Item=20で ﾀﾞｳﾝﾛｰﾄﾞｴﾗｰ : NU"), std::string::npos) << boxes[1];
 }
 
+TEST(ScriptOnPages, ResetsADeviceUnderItsWindowAndRefusesWhatIsDoneBehindIt) {
+  PagesBench bench({}, "Z2WU");
+  EXPECT_EQ(bench.Run("click cmdReadOutModbus\n"
+                      "type Text(9) 7f\n"
+                      "pick Combo(5) ODD\n"
+                      "click cmdWriteInModbus"),
+            (Lines{"progress Modbus_ProgressBar 20",
+                   "progress Modbus_ProgressBar 30",
+                   "progress Modbus_ProgressBar 50",
+                   "progress Modbus_ProgressBar 70",
+                   "progress Modbus_ProgressBar 90",
+                   "progress Modbus_ProgressBar 100",
+                   "progress Modbus_ProgressBar 0",
+                   "progress Modbus_ProgressBar 20",
+                   "progress Modbus_ProgressBar 30",
+                   "progress Modbus_ProgressBar 50",
+                   "progress Modbus_ProgressBar 70",
+                   "progress Modbus_ProgressBar 90",
+                   "progress Modbus_ProgressBar 100",
+                   "box plain \"Modbus設定変更\" \"Modbus通信ﾌﾟﾛﾄｺﾙを変更しました。\" ok -> ok",
+                   "progress Modbus_ProgressBar 0",
+                   "progress Modbus_ProgressBar 20",
+                   "progress Modbus_ProgressBar 30",
+                   "progress Modbus_ProgressBar 50",
+                   "progress Modbus_ProgressBar 70",
+                   "progress Modbus_ProgressBar 90",
+                   "progress Modbus_ProgressBar 100",
+                   "progress Modbus_ProgressBar 0"}));
+  EXPECT_EQ(bench.device.InForce("83"), "NONE");
+  Lines lines = bench.Run(
+      "after 2600 show lblResetMsg Reset_ProgressBar\n"
+      "after 2700 click cmdUpload\n"
+      "after 2800 type Text(9) 11\n"
+      "after 2900 choose QHN\n"
+      "click cmdResetModbus\n"
+      "show Text(9) Combo(5)");
+  const auto port = std::find(lines.begin(), lines.end(), "port 1 \"38400,n,8,1\" open");
+  ASSERT_NE(port, lines.end());
+  EXPECT_EQ(
+      Lines(lines.begin(), port),
+      (Lines{
+          "window frmWaiting open", "progress Reset_ProgressBar 10", "progress Reset_ProgressBar 20",
+          "progress Reset_ProgressBar 30", "progress Reset_ProgressBar 40", "progress Reset_ProgressBar 50",
+          "lblResetMsg shown enabled unlocked normal \"ｼｽﾃﾑをﾘｾｯﾄしています。\\nしばらくお待ち下さい\"",
+          "Reset_ProgressBar shown 50", "refused click cmdUpload: window open",
+          "refused type Text(9) 11: window open", "refused choose QHN: window open",
+          "progress Reset_ProgressBar 60", "progress Reset_ProgressBar 70", "progress Reset_ProgressBar 80",
+          "progress Reset_ProgressBar 90", "progress Reset_ProgressBar 100", "window frmWaiting closed"}));
+  EXPECT_EQ(Lines(lines.end() - 2, lines.end()), (Lines{"Text(9) shown enabled unlocked normal \"7F\"",
+                                                        "Combo(5) shown enabled unlocked normal \"ODD\""}));
+  EXPECT_EQ(bench.device.InForce("83"), "ODD");
+}
+
 }  // namespace
 }  // namespace korva::cli

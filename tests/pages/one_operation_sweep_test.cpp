@@ -32,11 +32,11 @@ struct Operation {
 };
 
 /// Buttons that begin an operation on the device.
-constexpr std::array<std::string_view, 17> kBeginners = {
-    "cmdUpload",       "cmdDownload",    "cmdMonitorON",      "cmdSet",          "cmdStatusMonOFF",
-    "cmdSet2",         "cmdSet3",        "Command_I12",       "Command_I13",     "cmdChangeCJM",
-    "cmdWriteInCJM",   "cmdDefaultCJM",  "cmdThresholdStart", "cmdReadOutTable", "cmdWriteInTable",
-    "cmdOutZeroStart", "cmdOutSpanStart"};
+constexpr std::array<std::string_view, 20> kBeginners = {
+    "cmdUpload",       "cmdDownload",     "cmdMonitorON",      "cmdSet",           "cmdStatusMonOFF",
+    "cmdSet2",         "cmdSet3",         "Command_I12",       "Command_I13",      "cmdChangeCJM",
+    "cmdWriteInCJM",   "cmdDefaultCJM",   "cmdThresholdStart", "cmdReadOutTable",  "cmdWriteInTable",
+    "cmdOutZeroStart", "cmdOutSpanStart", "cmdReadOutModbus",  "cmdWriteInModbus", "cmdResetModbus"};
 
 void Monitor(SweepBench& bench) {
   bench.loop.After(std::chrono::seconds(3),
@@ -82,6 +82,10 @@ std::vector<Operation> OperationsOf(SweepBench& bench) {
   }
   if (bench.Page().FindControl("cmdDefaultCJM") != nullptr) {
     operations.push_back({"cold junction", ResetJunction});
+  }
+  if (bench.Page().FindControl("cmdResetModbus") != nullptr) {
+    operations.push_back(
+        {"reset", [](SweepBench& any) { any.Click(ButtonOf(any.Page(), "cmdResetModbus")); }});
   }
   if (bench.Page().FindControl("cmdReadOutTable") != nullptr) {
     operations.push_back({"table", WriteTable});
@@ -130,7 +134,7 @@ Texts InReach(const Page& page) {
 /// A model of each page, and one that counts.
 struct OneOperationTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest,
-                         testing::Values("QN", "QXI", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WQ", "Z2WPA",
+                         testing::Values("QN", "QXI", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WU", "Z2WQ", "Z2WPA",
                                          "Z2WPR"),
                          [](const auto& one) { return std::string(one.param); });
 
