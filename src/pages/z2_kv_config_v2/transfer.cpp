@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-constexpr StringView kRangeItem = u"33";
+constexpr StringView kThresholdRangeItem = u"33";
 constexpr StringView kRanges = u"$I33";
 
 }  // namespace
@@ -22,8 +22,8 @@ String RangeText(const ParameterPage& page, const String& answer) {
 
 void Z2KvConfigV2Upload::AfterItemRead(int row) {
   KindUpload::AfterItemRead(row);
-  if (Page().DataCell(row, kItem) == kRangeItem) {
-    Page().GroupItem.Set(Page().DataCell(row, kGroup), String(kRangeItem),
+  if (Page().DataCell(row, kItem) == kThresholdRangeItem) {
+    Page().GroupItem.Set(Page().DataCell(row, kGroup), String(kThresholdRangeItem),
                          RangeText(Page(), Page().SetCell(row)));
   }
 }
@@ -31,7 +31,8 @@ void Z2KvConfigV2Upload::AfterItemRead(int row) {
 void Z2KvConfigV2Download::RoundValues() { Round5ms(Page(), ItemsWithUnit(Page(), u"msec")); }
 
 bool Z2KvConfigV2Download::CompareReply(const WriteEntry& entry, const String& reply) const {
-  return KindDownload::CompareReply(entry, entry.item.item == kRangeItem ? RangeText(Page(), reply) : reply);
+  return KindDownload::CompareReply(
+      entry, entry.item.item == kThresholdRangeItem ? RangeText(Page(), reply) : reply);
 }
 
 }  // namespace korva

@@ -47,22 +47,18 @@ constexpr std::array<StringView, 2> kTextItems = {u"02", u"81"};
 constexpr std::array<StringView, 3> kBlankItems = {u"34", u"35", u"81"};
 constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
 
-constexpr StringView kDirect = kInputClasses[0];
-constexpr StringView kThermocouple = kInputClasses[1];
-constexpr StringView kResistance = kInputClasses[2];
-constexpr StringView kPotentiometer = kInputClasses[3];
 constexpr UnitSource kUnitOfInput = {.kind = UnitKind::Input};
 constexpr std::array kItem04 = {
-    UnitRule{.input_kind = kThermocouple, .unit = live::kUnitFromTemperatureItem},
-    UnitRule{.input_kind = kResistance, .unit = live::kUnitFromTemperatureItem},
-    UnitRule{.input_kind = kDirect, .unit = kUnitOfInput},
-    UnitRule{.input_kind = kPotentiometer, .unit = live::kPercent},
+    UnitRule{.input_kind = kThermocoupleInputs, .unit = live::kUnitFromTemperatureItem},
+    UnitRule{.input_kind = kResistanceInputs, .unit = live::kUnitFromTemperatureItem},
+    UnitRule{.input_kind = kDirectInputs, .unit = kUnitOfInput},
+    UnitRule{.input_kind = kPotentiometerInputs, .unit = live::kPercent},
 };
 constexpr std::array kItem06 = {
-    UnitRule{.input_kind = kDirect, .unit = kUnitOfInput},
-    UnitRule{.input_kind = kPotentiometer, .unit = live::kPercent},
-    UnitRule{.input_kind = kThermocouple, .unit = live::kMillivolt},
-    UnitRule{.input_kind = kResistance, .unit = live::kOhm},
+    UnitRule{.input_kind = kDirectInputs, .unit = kUnitOfInput},
+    UnitRule{.input_kind = kPotentiometerInputs, .unit = live::kPercent},
+    UnitRule{.input_kind = kThermocoupleInputs, .unit = live::kMillivolt},
+    UnitRule{.input_kind = kResistanceInputs, .unit = live::kOhm},
     UnitRule{.unit = live::kUnitOfItem04},
 };
 constexpr std::array kUnits = {

@@ -16,11 +16,6 @@ constexpr StringView kSecondOutputs = u"$I41";
 constexpr int kClassItem = 0;
 constexpr int kUnitItem = 21;
 
-constexpr StringView kDirect = kInputClasses[0];
-constexpr StringView kThermocouple = kInputClasses[1];
-constexpr StringView kResistance = kInputClasses[2];
-constexpr StringView kPotentiometer = kInputClasses[3];
-
 /// An item that some classes have; in the order of kInputClasses.
 struct ClassItem {
   StringView item;
@@ -164,22 +159,23 @@ std::optional<String> InputClass::UnitOf(int row) const {
 void InputClass::ShowUnits() { page_.ShowUnitsOf(kInputs, UnitOfScale()); }
 
 String InputClass::UnitOfScale() const {
-  if (Key() == kThermocouple || Key() == kResistance) {
+  if (Key() == kThermocoupleInputs || Key() == kResistanceInputs) {
     return TemperatureUnit();
   }
-  return Key() == kPotentiometer ? String(u"%") : UnitOfInput();
+  return Key() == kPotentiometerInputs ? String(u"%") : UnitOfInput();
 }
 
 String InputClass::UnitOfSignal() const {
-  if (Key() == kThermocouple) {
+  if (Key() == kThermocoupleInputs) {
     return u"mV";
   }
-  return Key() == kResistance ? String(u"Ohm") : UnitOfScale();
+  return Key() == kResistanceInputs ? String(u"Ohm") : UnitOfScale();
 }
 
 String InputClass::UnitOfInput() const {
   const int row = page_.InputTypeRow();
-  return Key() != kDirect || row < 0 ? String() : page_.Def.ListOf(kInputs).Cell(row, &ListColumns::unit);
+  return Key() != kDirectInputs || row < 0 ? String()
+                                           : page_.Def.ListOf(kInputs).Cell(row, &ListColumns::unit);
 }
 
 String InputClass::TemperatureUnit() const {

@@ -6,8 +6,14 @@
 
 namespace korva {
 
-/// Keys of the lists of inputs, one for each class of the input; in the order of $I00.
-inline constexpr std::array<StringView, 4> kInputClasses = {u"$I10DC", u"$I10TC", u"$I10RTD", u"$I10PM"};
+// Keys of the lists of inputs, one for each class of the input.
+inline constexpr StringView kDirectInputs = u"$I10DC";
+inline constexpr StringView kThermocoupleInputs = u"$I10TC";
+inline constexpr StringView kResistanceInputs = u"$I10RTD";
+inline constexpr StringView kPotentiometerInputs = u"$I10PM";
+/// All of them, in the order of $I00.
+inline constexpr std::array<StringView, 4> kInputClasses = {kDirectInputs, kThermocoupleInputs,
+                                                            kResistanceInputs, kPotentiometerInputs};
 
 /// The class of the input and what it means for the rest of the page of family LiteUniv. The class is that of
 /// the list which holds the text of item 10, and the key $I10 means that list. The class decides which of the

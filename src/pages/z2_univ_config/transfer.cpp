@@ -6,10 +6,10 @@ namespace korva {
 
 namespace {
 
-constexpr OutputItems kSecondOutput = {.type = kSecondOutputTypeItem,
-                                       .list = u"$I41",
-                                       .low = kSecondOutputZeroItem,
-                                       .high = kSecondOutputSpanItem};
+constexpr OutputItems kSecondOutputRange = {.type = kSecondOutputTypeItem,
+                                            .list = u"$I41",
+                                            .low = kSecondOutputZeroItem,
+                                            .high = kSecondOutputSpanItem};
 
 }  // namespace
 
@@ -22,7 +22,7 @@ void Z2UnivConfigUpload::AfterItemRead(int row) {
 
 bool Z2UnivConfigCheck::CheckValues() {
   return fields_.CheckTag() && fields_.CheckZeroSpan(false) && fields_.CheckOutputRange() &&
-         fields_.CheckOutputRange(kSecondOutput);
+         fields_.CheckOutputRange(kSecondOutputRange);
 }
 
 bool Z2UnivConfigDownload::Collate() {
