@@ -6,6 +6,7 @@
 
 #include "core/text_utilities.h"
 #include "kv_config_v2_bench.h"
+#include "support/page_parts.h"
 #include "support/tabs.h"
 #include "z2_kv_config_bench.h"
 
