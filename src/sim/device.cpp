@@ -43,6 +43,7 @@ Device::State::State(Model of_model, Definition definition, DeviceOptions with)
       table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table,
             family.table_limit) {
   TakeNetworkSettings();
+  AddKeyedTables();
 }
 
 Device::Device(const Model& model, Definition definition, const DeviceOptions& options)
@@ -85,7 +86,7 @@ Reply Device::Answer(std::string_view line) {
   }
   const bool place = in_access && MemoryAccess::ChoosesPlace(line);
   if (strikes(Fault::Refused) || (strikes(Fault::NotReady) && state_->family.dialect == Dialect::EnterItem) ||
-      (place && strikes(Fault::RefusedAddress))) {
+      (place && strikes(Fault::RefusedAddress)) || (strikes(Fault::RefusedRow) && state_->IsKeyedRow(line))) {
     reply.text = state_->RefusalOf(line, WriteResult::Refused);
   } else if (strikes(Fault::NotUsable)) {
     reply.text = state_->RefusalOf(line, WriteResult::NotUsable);
@@ -106,6 +107,10 @@ Reply Device::Answer(std::string_view line) {
   if (std::exchange(state_->restarting, false)) {
     reply.away = kRestart;
     state_->gone = strikes(Fault::NoReturn);
+  }
+  if (strikes(Fault::NoUnit) && state_->IsKeyedRow(line)) {
+    const auto unit = state_->KeyedTableOf(item)->Form().unit;
+    reply.text.resize(reply.text.size() - (reply.text.ends_with(unit) ? unit.size() : 0));
   }
   for (const Fault fault : struck) {
     SpoilReply(fault, reply);
@@ -162,6 +167,8 @@ std::string Device::InForce(std::string_view item) const {
 }
 
 TableDialogue& Device::GetTableDialogue() { return state_->dialogue; }
+
+KeyedTable& Device::GetKeyedTable(std::string_view item) { return state_->keyed.find(item)->second; }
 
 Memory& Device::GetMemory() { return state_->setup.memory; }
 

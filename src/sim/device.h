@@ -10,6 +10,7 @@
 #include "sim/definition.h"
 #include "sim/family.h"
 #include "sim/faults.h"
+#include "sim/keyed_table.h"
 #include "sim/memory.h"
 #include "sim/table_dialogue.h"
 
@@ -109,6 +110,9 @@ class Device {
 
   /// The table of a device that takes it in a dialogue.
   TableDialogue& GetTableDialogue();
+
+  /// The table with keys behind an item of group 01, "60" to "62", which the device must have.
+  KeyedTable& GetKeyedTable(std::string_view item);
 
   /// The device's memory, to look into and to change from outside; of a family that has none a memory that
   /// nothing reaches.

@@ -15,6 +15,7 @@ constexpr std::string_view kRefused = "CNG";
 constexpr std::string_view kNotUsable = "CNU";
 constexpr std::string_view kModes = "0 1 A";  // monitor, programming, status monitor
 constexpr char kProgramming = '1';
+constexpr std::size_t kLinearizerRows = 101;
 
 }  // namespace
 
@@ -100,6 +101,10 @@ std::string Device::State::TakeData(std::string_view data) {
   if (selected != nullptr && selected->kind == Item::Kind::Table) {
     return TakeTableCommand(data);
   }
+  if (KeyedTable* const keys = KeyedTableOf(selected)) {
+    const auto answer = keys->Answer(data, mode == kProgramming);
+    return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+  }
   if (!TakesDataNow()) {
     return Refusal(WriteResult::Refused);
   }
@@ -118,6 +123,30 @@ bool Device::State::TakesDataNow() const {
 std::string Device::State::TakeTableCommand(std::string_view data) {
   const auto answer = commands.Answer(data, mode == kProgramming);
   return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+}
+
+void Device::State::AddKeyedTables() {
+  const KeyedTables& tables = family.tables;
+  if (tables.sensor_rows == 0) {
+    return;
+  }
+  const auto add = [&](std::string_view item, KeyedTableForm form) {
+    form.guarded = tables.guarded;
+    keyed.emplace(item, KeyedTable(form));
+  };
+  add("60", {.keys = "T", .unit = "mV", .rows = tables.sensor_rows, .rise = 0.5});
+  add("61", {.keys = "T", .unit = "Ohm", .rows = tables.sensor_rows, .ranged = tables.ranged, .rise = 40});
+  add("62", {.keys = "XY", .unit = "%", .rows = kLinearizerRows, .scaled = false, .rise = 10});
+}
+
+KeyedTable* Device::State::KeyedTableOf(const Item* item) {
+  const auto found = item == nullptr || item->group != "01" ? keyed.end() : keyed.find(item->item);
+  return found == keyed.end() ? nullptr : &found->second;
+}
+
+bool Device::State::IsKeyedRow(std::string_view line) {
+  const KeyedTable* const keys = KeyedTableOf(selected);
+  return keys != nullptr && line.starts_with('D') && keys->IsRow(line.substr(1));
 }
 
 /// Whether the answer to a command is a pair of values, of zero and span or of a point.

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <map>
+#include <string>
 
 #include "sim/command_table.h"
 #include "sim/device.h"
+#include "sim/keyed_table.h"
 #include "sim/live_values.h"
 #include "sim/model_rules.h"
 #include "sim/parameters.h"
@@ -32,6 +35,10 @@ struct Device::State {
   std::string TakeParameter(std::string_view data);
   bool HasDialogue(const Item& item) const;
   std::string TakeTableCommand(std::string_view data);
+  void AddKeyedTables();
+  /// The table of an item; null when it has none with keys.
+  KeyedTable* KeyedTableOf(const Item* item);
+  bool IsKeyedRow(std::string_view line);
   bool TakesDataNow() const;
   bool AnswersInPairs(std::string_view line) const;
   void EnterMode(std::string_view data);
@@ -66,6 +73,7 @@ struct Device::State {
   LiveValues live;
   Trim trim;
   CommandTable commands;
+  std::map<std::string, KeyedTable, std::less<>> keyed;  // by item of group 01
   Transmitter transmitter{setup, parameters, table, live};
   FaultPlan faults;
   int exchanges = 0;

@@ -157,6 +157,7 @@ std::string Device::State::EchoedValue(const std::string& reply) const {
     case Item::Kind::Number:  // its unit may stand behind it
       return parameters.Plain(*selected);
     case Item::Kind::Table:
+    case Item::Kind::Keyed:
       return std::string(TrimBlanks(reply.substr(1)));
     default:
       return ValueText(*selected);

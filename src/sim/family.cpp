@@ -120,6 +120,7 @@ constexpr std::array<Family, 11> kFamilies{{
      .counts = false,
      .empty_tag = "",
      .kinds = true,
+     .tables = {.sensor_rows = 1001, .ranged = true},
      .input_lists = "$I10DC $I10TC $I10RTD $I10PM",
      .network_items = "81 82 83 84",
      .restart_item = "88"},
@@ -213,7 +214,8 @@ constexpr std::array<Family, 11> kFamilies{{
      .reset_item = "",
      .counts = false,
      .empty_tag = "",
-     .kinds = true},
+     .kinds = true,
+     .tables = {.sensor_rows = 300, .guarded = true}},
 }};
 
 }  // namespace

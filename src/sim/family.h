@@ -41,6 +41,13 @@ struct DataColumns {
   std::size_t code_item;  ///< Item of a frequency's unit where it is another than the family's.
 };
 
+/// The tables of devices on which the input's curve can be the user's.
+struct KeyedTables {
+  std::size_t sensor_rows = 0;  ///< Rows of those of sensors; 0: there are no such tables.
+  bool ranged = false;          ///< That of a resistance thermometer has a range.
+  bool guarded = false;         ///< They are given and taken between commands.
+};
+
 /// What devices of one family have in common.
 struct Family {
   std::string_view word;         ///< Family word of the catalogue.
@@ -75,6 +82,7 @@ struct Family {
   bool universal = false;
   std::size_t type_unit = 8;      ///< Column of `$I10` with the unit.
   double table_limit = 300;       ///< Largest amount of a value of the linearizer table.
+  KeyedTables tables = {};        ///< On items 60 to 62 of group 01.
   bool threshold_in_row = false;  ///< Columns 21 and 24 of an item limit it, where they are filled.
   /// Lists of the inputs, one for each class of the input, separated by blanks: item 10 takes a row of any of
   /// them. Empty: there is one list.

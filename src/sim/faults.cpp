@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 22> kFaults{{
+constexpr std::array<FaultInfo, 24> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -48,6 +48,8 @@ constexpr std::array<FaultInfo, 22> kFaults{{
      .name = "oversized-table",
      .what = "table: P is answered with a size above 100"},
     {.fault = Fault::NoReturn, .name = "no-return", .what = "reset: the device never comes back"},
+    {.fault = Fault::RefusedRow, .name = "refused-row", .what = "user table: \"invalid data\" to a row"},
+    {.fault = Fault::NoUnit, .name = "no-unit", .what = "user table: no unit behind a row's value"},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

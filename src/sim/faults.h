@@ -41,6 +41,9 @@ enum class Fault {
   OversizedTable,  ///< The table's size is told as more points than it can have.
   // The restart; other command lines are not struck.
   NoReturn,  ///< The device is reset and never comes back.
+  // Tables whose values have keys.
+  RefusedRow,  ///< A row is answered with a refusal, neither given nor taken.
+  NoUnit,      ///< The unit behind a row's value is missing.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

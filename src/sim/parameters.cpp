@@ -45,6 +45,7 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
   AddMemory();
   AddTrims();
   AddRestart();
+  AddKeyedTables();
   if (!family_.reset_item.empty()) {
     AddFixed("01", family_.reset_item, "prms initializer", "0");
   }
@@ -201,6 +202,19 @@ void Parameters::AddRestart() {
     AddFixed("00", family_.restart_item, "Status 1", "RUN");
     Find("00", family_.restart_item)->kind = Item::Kind::Restart;
   }
+}
+
+void Parameters::AddKeyedTables() {
+  if (family_.tables.sensor_rows == 0) {
+    return;
+  }
+  const auto add = [this](std::string_view item, std::string_view title) {
+    AddFixed("01", item, title, {});
+    Find("01", item)->kind = Item::Kind::Keyed;
+  };
+  add("60", "TC Table");
+  add("61", "RTD Table");
+  add("62", "Linearize Table");
 }
 
 void Parameters::AddFixed(std::string_view group, std::string_view item, std::string_view title,

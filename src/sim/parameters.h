@@ -41,6 +41,7 @@ struct Item {
     Table,    ///< Takes and answers the commands of the linearizer table.
     Address,  ///< Two hexadecimal digits, 01 to 7F.
     Restart,  ///< Restarts the device when it is written with "R".
+    Keyed,    ///< A table whose values have keys.
     Access,   ///< Lets the device's memory be read and written byte by byte while it is selected.
   };
 
@@ -124,6 +125,7 @@ class Parameters {
   void AddMemory();
   void AddTrims();
   void AddRestart();
+  void AddKeyedTables();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
   void PowerUp(Item& item) const;
