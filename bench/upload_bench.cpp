@@ -3,7 +3,9 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -69,6 +71,47 @@ void UploadTable(benchmark::State& state) {
   CompareUpload(state, std::move(device), {Answer::Yes, Answer::Ok, Answer::Yes}, 6);
 }
 BENCHMARK(UploadTable)->Iterations(1)->Repetitions(kUploadRepetitions)->UseManualTime();
+
+// Bytes of the commands and of what comes back to them.
+double BytesOf(const Answers& answers, const std::vector<std::string>& commands) {
+  double bytes = 0;
+  for (const std::string& command : commands) {
+    bytes += static_cast<double>(command.size() +
+                                 answers(std::string_view(command).substr(0, command.size() - 1)).size());
+  }
+  return bytes;
+}
+
+// The curve of a sensor of the user's, 1000 rows on a line of its own speed. Counter "over_wire": the
+// program's time over what the characters alone need on the wire.
+void UploadUserTable(benchmark::State& state) {
+  constexpr int baud = 38400;
+  constexpr double bits_per_character = 10;
+  constexpr std::size_t rows = 1000;
+  const auto simulated = [] {
+    sim::Device device =
+        sim::Device::ForModel(KORVA_BENCH_HOME, "Z2WU", {.latency = std::chrono::milliseconds(0)});
+    device.Set("01", "10", "User's TC");
+    device.GetKeyedTable("60").SetSize(rows);
+    return device;
+  };
+  const FarEnd device(baud, AnswersOf(simulated()));
+  BenchHost host(device.Device());
+  host.StartWith(u"Z2WU");
+  const Questions answers = {Answer::Yes, Answer::Ok};
+  const double wire =
+      BytesOf(AnswersOf(simulated()), CommandsOfUpload(host, answers)) * bits_per_character / baud;
+  while (state.KeepRunning()) {
+    const auto start = std::chrono::steady_clock::now();
+    if (!Upload(host, answers)) {
+      state.SkipWithError("the upload is not complete");
+    }
+    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    state.SetIterationTime(seconds);
+    state.counters["over_wire"] = seconds / wire;
+  }
+}
+BENCHMARK(UploadUserTable)->Iterations(1)->Repetitions(3)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

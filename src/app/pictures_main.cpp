@@ -114,12 +114,16 @@ bool Press(const korva::Page& page, const QString& name) {
 }
 
 bool ClickCell(const korva::Page& page, const QString& text) {
-  const auto* const found = dynamic_cast<korva::Grid*>(page.FindControl("LnrFlexGrid"));
-  if (found == nullptr) {
+  // Of several tables one shows.
+  const auto found =
+      std::find_if(page.Controls().begin(), page.Controls().end(), [](const korva::Control* control) {
+        return control->Visible() && dynamic_cast<const korva::Grid*>(control) != nullptr;
+      });
+  if (found == page.Controls().end()) {
     Complain(text + QStringLiteral(": this model has no table"));
     return false;
   }
-  const korva::Grid& grid = *found;
+  const auto& grid = dynamic_cast<const korva::Grid&>(**found);
   const auto cell = Pair(text, QLatin1Char(','));
   const bool there = cell && cell->first >= 0 && cell->first < grid.Rows() && cell->second >= 0 &&
                      cell->second < grid.Columns();

@@ -28,6 +28,7 @@ constexpr int kField = 16;
 constexpr int kWideField = 26;
 constexpr int kUnitBox = 9;
 constexpr int kShortField = 5;
+constexpr int kTableField = 7;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
 constexpr int kColumns = 6;  ///< of a box: number, caption, field, unit, buttons, rest
@@ -50,7 +51,10 @@ int DigitsOfField(std::string_view name) {
   if (name == "Text" || name == "txtLnrNewValue" || name == "txtMeasFreq") {
     return kField;
   }
-  return name.starts_with("txtLnr") || name == "txtSize" ? kShortField : kMemo;
+  if (name == "txtSize" || name == "txtStep" || name == "txtBase") {
+    return kTableField;
+  }
+  return name.starts_with("txtLnr") ? kShortField : kMemo;
 }
 
 bool HasCurve(const DesignGroup& group) {
@@ -155,7 +159,9 @@ void TabBuilder::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
   const int line = layout.rowCount();
   if (!row.curve.empty()) {
     controls.push_back(page_.FindControl(row.curve));
-    layout.addWidget(new CurveView(dynamic_cast<Grid&>(*controls.back()), box), line, 0, 1, kColumns);
+    auto* curve = new CurveView(dynamic_cast<Grid&>(*controls.back()), box);
+    layout.addWidget(curve, line, 0, 1, kColumns);
+    ShowWithAny(curve, nullptr, {controls.back()});
     return;
   }
   AddLabels(row, line, layout, box, controls);

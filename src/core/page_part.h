@@ -17,6 +17,13 @@ enum class TabMoment { ModelChosen, FileOpened, Uploaded };
 /// What a check of values found. Blank: a value is missing that must be there.
 enum class Finding { Good, Blank, Bad };
 
+/// What a part has done with a section of a configuration file.
+enum class SectionRead {
+  NotMine,  ///< nothing: it is another part's
+  Whole,
+  Faulty,  ///< a record has too many fields: it was taken without them, and the section is left behind it
+};
+
 /// A choice of the user that went into the parameter set.
 struct Choice {
   String item;  ///< of group "01": "10"
@@ -76,12 +83,16 @@ class PagePart {
   /// The whole section with its key line and line ends; empty for none.
   [[nodiscard]] virtual String CfgSection() const { return {}; }
   /// Reads the section of `key`, whose line was read last, from the file open under `handle`, and pushes the
-  /// next key line back. False when the section is another part's.
-  virtual bool ReadCfgSection(StringView /*key*/, LineReader& /*lines*/, int /*handle*/) { return false; }
+  /// next key line back. Behind a record with too many fields nothing further is read.
+  virtual SectionRead ReadCfgSection(StringView /*key*/, LineReader& /*lines*/, int /*handle*/) {
+    return SectionRead::NotMine;
+  }
 
   // Transfers. The frame is locked.
   virtual void UploadBegins() {}  ///< the parameter set still holds what it held before
-  virtual void Upload() {}        ///< the items have been read and are shown
+  /// The items have been read and are shown. False, after its box, ends the upload: no part behind this one
+  /// reads anything, and nothing is reported as complete.
+  virtual bool Upload() { return true; }
   [[nodiscard]] virtual Finding Check() { return Finding::Good; }
   /// The control whose values Check judges; nullptr when it isn't one alone.
   [[nodiscard]] virtual Control* Checked() { return nullptr; }

@@ -91,6 +91,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::TableBar, .japanese = u"ﾃｰﾌﾞﾙ転送", .english = u"Table"},
     {.key = TextKey::SystemReset, .japanese = u"ｼｽﾃﾑ ﾘｾｯﾄ"},
     {.key = TextKey::Curve, .japanese = u"曲線", .english = u"Curve"},
+    {.key = TextKey::UserTable, .japanese = u"ﾃｰﾌﾞﾙ", .english = u"Table"},
     {.key = TextKey::TablePitch, .japanese = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ"},
     {.key = TextKey::TableBase, .japanese = u"ﾃｰﾌﾞﾙ最小温度"},
     {.key = TextKey::TableSize, .japanese = u"ﾃｰﾌﾞﾙｻｲｽﾞ"},

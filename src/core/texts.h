@@ -67,7 +67,8 @@ enum class TextKey {
   ReadOut,
   TableBar,  ///< progress with a table that travels by its buttons
   SystemReset,
-  Curve,  ///< the picture of a table
+  Curve,      ///< the picture of a table
+  UserTable,  ///< points of a sensor's curve or of the linearizer, whichever is in use
   TablePitch,
   TableBase,
   TableSize,

@@ -46,8 +46,8 @@ struct CfgReading {
   String outside = {};              ///< the item outside the set with which the reading ended
 };
 
-/// Reads the section of a key that is none of the reader's own; false when it is nobody's.
-using SectionOf = std::function<bool(const String& key)>;
+/// Reads the section of a key that is none of the reader's own, or tells that it is nobody's.
+using SectionOf = std::function<SectionRead(const String& key)>;
 
 /// Reads the sections of one configuration file, which is open. A reader ends with the next key line pushed
 /// back, or at the end of the file.
@@ -80,14 +80,22 @@ class CfgReader {
       ReadData();
     } else if (key == kMemoKey) {
       ReadMemo();
-    } else if (!other_section(key)) {
-      if (key != kEndKey) {
-        reading_.faults.push_back(BoxKey::CfgFormat);
-      }
+    } else if (!ReadOther(key, other_section)) {
       return false;
     }
     const bool unknown_model = reading_.model && reading_.model->row == 0;
     return !unknown_model && reading_.outside.empty() && !AtEnd();
+  }
+
+  /// False when the section is nobody's, which the end of the file is too.
+  bool ReadOther(const String& key, const SectionOf& other_section) {
+    const SectionRead read = other_section(key);
+    if (read == SectionRead::Faulty) {
+      reading_.faults.push_back(BoxKey::CfgDataFormat);
+    } else if (read == SectionRead::NotMine && key != kEndKey) {
+      reading_.faults.push_back(BoxKey::CfgFormat);
+    }
+    return read != SectionRead::NotMine;
   }
 
   /// The first key line; empty when the file has none.
@@ -259,8 +267,11 @@ std::optional<CfgModel> ReadCfgFile(LineReader& lines, const Boxes& boxes, const
                                     const String& path, ParameterSet& set, std::span<PagePart* const> parts) {
   set.Clear();
   const CfgReading reading = CfgReader(lines, models, set).ReadAll([&](const String& key) {
-    return std::any_of(parts.begin(), parts.end(),
-                       [&](PagePart* part) { return part->ReadCfgSection(key, lines, kCfgHandle); });
+    SectionRead read = SectionRead::NotMine;
+    for (auto part = parts.begin(); part != parts.end() && read == SectionRead::NotMine; ++part) {
+      read = (*part)->ReadCfgSection(key, lines, kCfgHandle);
+    }
+    return read;
   });
   lines.CloseTextFile(kCfgHandle);
   for (const BoxKey fault : reading.faults) {
@@ -284,7 +295,7 @@ CfgLosses LossesOfCfgFile(LineReader& lines, const ModelTable& models, const Str
       if (known) {
         reader.SkipSection();
       }
-      return known;
+      return known ? SectionRead::Whole : SectionRead::NotMine;
     });
     lines.CloseTextFile(kCfgHandle);
   }

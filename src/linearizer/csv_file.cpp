@@ -1,6 +1,7 @@
 #include "linearizer/csv_file.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "core/numbers.h"
@@ -10,12 +11,30 @@ namespace korva {
 
 namespace {
 
-constexpr StringView kSizeWord = u"Siz";
+constexpr std::size_t kComparedLetters = 3;
 constexpr StringView kTwoDecimals = u"0.00";
 constexpr StringView kLineEnd = u"\r\n";
 constexpr char16_t kNoCharacter = u'\uFFFD';
 
-bool IsSize(const CsvPoint& record) { return record.x.starts_with(kSizeWord); }
+/// A record ahead of the points.
+struct HeadWord {
+  StringView word;
+  std::optional<String> CsvHeads::*head;
+};
+/// In the order in which a file has them.
+constexpr std::array kHeadWords = {
+    HeadWord{.word = u"Base", .head = &CsvHeads::base}, HeadWord{.word = u"Step", .head = &CsvHeads::step},
+    HeadWord{.word = u"Size", .head = &CsvHeads::size}, HeadWord{.word = u"Range", .head = &CsvHeads::range}};
+
+/// What the record tells ahead of the points; nullptr for a point.
+const HeadWord* HeadOf(const CsvPoint& record, SizeRecords rule) {
+  const auto* const found = std::find_if(kHeadWords.begin(), kHeadWords.end(), [&](const HeadWord& head) {
+    return record.x.starts_with(head.word.substr(0, kComparedLetters));
+  });
+  const bool taken =
+      found != kHeadWords.end() && (rule == SizeRecords::TakeAllHeads || found->head == &CsvHeads::size);
+  return taken ? found : nullptr;
+}
 
 bool IsText(const String& line) {
   return std::none_of(line.begin(), line.end(),
@@ -62,13 +81,13 @@ class Records {
   bool no_text_ = false;
 };
 
-void PassSizeRecords(Records& records, SizeRecords rule, CsvTable& table) {
+void PassHeads(Records& records, SizeRecords rule, CsvHeads& heads) {
   auto record = records.Next();
-  while (record && IsSize(*record)) {
+  for (const HeadWord* head = nullptr; record && (head = HeadOf(*record, rule)) != nullptr;) {
     if (rule == SizeRecords::SkipOne) {
       return;
     }
-    table.size = record->y;
+    heads.*head->head = record->y;
     record = records.Next();
   }
   if (record) {
@@ -82,13 +101,13 @@ std::optional<CsvTable> ReadCsv(LineReader& lines, int handle, const CsvReader& 
   Records records(lines, handle);
   CsvTable table;
   if (reader.size_records != SizeRecords::ArePoints) {
-    PassSizeRecords(records, reader.size_records, table);
+    PassHeads(records, reader.size_records, table.heads);
   }
   while (static_cast<int>(table.points.size()) < limit) {
     auto record = records.Next();
     const bool first = table.points.empty();
     // What comes behind the size is a point whatever it holds.
-    const bool certain = first && reader.size_records == SizeRecords::TakeAll;
+    const bool certain = first && reader.size_records >= SizeRecords::TakeAll;
     if (!record || (reader.ends_at_blank && !certain && record->x.empty())) {
       break;
     }
@@ -103,15 +122,34 @@ std::optional<CsvTable> ReadCsv(LineReader& lines, int handle, const CsvReader& 
   return records.NoText() ? std::nullopt : std::optional(table);
 }
 
-String CsvText(const Grid& grid, int limit, bool writes_size) {
-  String text;
+int CsvPoints(const Grid& grid, int limit) {
   int points = 0;
-  for (int row = 1; row <= limit && row < grid.Rows() && !grid.At(row, 1).text.empty(); ++row) {
-    text.append(grid.At(row, 1).text).append(u",").append(grid.At(row, 2).text).append(kLineEnd);
+  while (points < limit && points + 1 < grid.Rows() && !grid.At(points + 1, 1).text.empty()) {
     ++points;
   }
-  const String size = u"Size, " + Ascii(std::to_string(points)) + u" " + String(kLineEnd);
-  return writes_size ? size + text : text;
+  return points;
+}
+
+String CsvText(const Grid& grid, int limit, bool writes_size) {
+  const String size = Ascii(std::to_string(CsvPoints(grid, limit)));
+  return CsvText(grid, limit, CsvHeads{.size = writes_size ? std::optional(size) : std::nullopt});
+}
+
+String CsvText(const Grid& grid, int limit, const CsvHeads& heads) {
+  String text;
+  for (const HeadWord& head : kHeadWords) {
+    if (const std::optional<String>& value = heads.*head.head) {
+      text.append(head.word).append(u", ").append(*value).append(u" ").append(kLineEnd);
+    }
+  }
+  for (int row = 1; row <= CsvPoints(grid, limit); ++row) {
+    text.append(grid.At(row, 1).text);
+    for (int column = 2; column < grid.Columns(); ++column) {
+      text.append(u",").append(grid.At(row, column).text);
+    }
+    text.append(kLineEnd);
+  }
+  return text;
 }
 
 }  // namespace korva

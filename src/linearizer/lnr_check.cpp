@@ -18,12 +18,16 @@ bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'
 
 /// The cell's number; nothing for an empty cell, a text that is no number, and one with more digits behind
 /// its number: whoever types "12,5" doesn't mean the 12 that would be sent.
-std::optional<double> NumberOf(const String& cell) {
-  const String value = ValueFromLnrCell(cell);
-  const String text = Trimmed(cell);
+std::optional<double> NumberOf(const LnrTable& table, int row, int column) {
+  const String text = Trimmed(table.NumberText(row, column));
+  const String value = ValueFromLnrCell(text);
   const bool whole =
       std::none_of(text.begin() + static_cast<std::ptrdiff_t>(value.size()), text.end(), IsDigit);
   return whole && IsNumeric(value) ? std::optional(LeadingNumber(value)) : std::nullopt;
+}
+
+bool IsEmptyCell(const LnrTable& table, int row, int column) {
+  return Trimmed(table.Value(row, column)).empty();
 }
 
 bool IsWithin(const LnrLimits& limits, std::optional<double> number) {
@@ -33,30 +37,31 @@ bool IsWithin(const LnrLimits& limits, std::optional<double> number) {
 /// The walk through the cells of a table, X(1), Y(1), X(2), Y(2), ...
 class CurveWalk {
  public:
-  CurveWalk(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits)
-      : table_(table), x_limits_(x_limits), y_limits_(y_limits) {}
+  CurveWalk(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, int sent)
+      : table_(table), x_limits_(x_limits), y_limits_(y_limits), sent_(sent) {}
 
   [[nodiscard]] bool Good() const { return good_; }
 
   void CheckX(int point) {
-    const String& cell = table_.Value(point, 1);
-    if (Trimmed(cell).empty()) {
-      ended_ = ended_ || (point > kLeastPoints && Trimmed(table_.Value(point, 2)).empty());
+    if (IsEmpty(point, 1)) {
+      ended_ = ended_ || (point > kLeastPoints && IsEmpty(point, 2));
       Judge(point, 1, ended_);
       return;
     }
-    const auto number = NumberOf(cell);
+    const auto number = NumberOf(table_, point, 1);
     Judge(point, 1, !ended_ && IsWithin(x_limits_, number) && previous_ < *number);
     previous_ = number.value_or(previous_);
   }
 
   void CheckY(int point) {
-    const String& cell = table_.Value(point, 2);
-    const bool empty = Trimmed(cell).empty();
-    Judge(point, 2, empty ? ended_ : !ended_ && IsWithin(y_limits_, NumberOf(cell)));
+    const bool good = IsEmpty(point, 2) ? ended_ : !ended_ && IsWithin(y_limits_, NumberOf(table_, point, 2));
+    Judge(point, 2, good);
   }
 
  private:
+  [[nodiscard]] bool IsEmpty(int point, int column) const {
+    return IsEmptyCell(table_, point, column) || (point > sent_ && table_.HoldsStart(point));
+  }
   void Judge(int point, int column, bool good) {
     if (!good) {
       table_.SetLook(point, column, Look::Bad);
@@ -67,6 +72,7 @@ class CurveWalk {
   LnrTable& table_;
   const LnrLimits& x_limits_;
   const LnrLimits& y_limits_;
+  int sent_;
   double previous_ = kBelowAll;
   bool ended_ = false;
   bool good_ = true;
@@ -86,9 +92,8 @@ bool CheckLnrRange(LnrTable& table) {
   bool all_good = true;
   for (int row = 1; row <= table.Points(); ++row) {
     for (int column = 1; column < kLnrColumns; ++column) {
-      const String& cell = table.Value(row, column);
-      const auto number = NumberOf(cell);
-      const bool good = number ? *number > -kRange && *number < kRange : Trimmed(cell).empty();
+      const auto number = NumberOf(table, row, column);
+      const bool good = number ? *number > -kRange && *number < kRange : IsEmptyCell(table, row, column);
       if (!good) {
         table.SetLook(row, column, Look::Bad);
         all_good = false;
@@ -98,9 +103,10 @@ bool CheckLnrRange(LnrTable& table) {
   return all_good;
 }
 
-bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, ProgressBar& bar) {
+bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, ProgressBar& bar,
+                   int sent) {
   table.ClearLnrMarks();
-  CurveWalk walk(table, x_limits, y_limits);
+  CurveWalk walk(table, x_limits, y_limits, sent);
   const auto show_share = [&](int cells) {
     bar.SetValue(static_cast<float>(cells) / static_cast<float>(2 * table.Points()) * 100);
   };
@@ -111,6 +117,36 @@ bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& 
     show_share(2 * point);
   }
   return walk.Good();
+}
+
+bool CheckLnrLimits(LnrTable& table, const LnrLimits& limits) {
+  table.ClearLnrMarks();
+  bool all_good = CheckLnrFilled(table, kLeastPoints);
+  for (int row = 1; row <= table.Points(); ++row) {
+    for (int column = 1; column < table.Columns(); ++column) {
+      if (IsEmptyCell(table, row, column)) {
+        return all_good;
+      }
+      if (!IsWithin(limits, NumberOf(table, row, column))) {
+        table.SetLook(row, column, Look::Bad);
+        all_good = false;
+      }
+    }
+  }
+  return all_good;
+}
+
+bool CheckLnrFilled(LnrTable& table, int rows) {
+  bool filled = true;
+  for (int row = 1; row <= std::min(rows, table.Points()); ++row) {
+    for (int column = 1; column < table.Columns(); ++column) {
+      if (IsEmptyCell(table, row, column)) {
+        table.SetLook(row, column, Look::Bad);
+        filled = false;
+      }
+    }
+  }
+  return filled;
 }
 
 }  // namespace korva

@@ -23,6 +23,18 @@ bool CheckLnrRange(LnrTable& table);
 /// limits, no cell may be empty before the table's end and none filled behind it. A table ends with the first
 /// point that is empty in both values, and has two points at least. `bar` shows the share of cells done. True
 /// when nothing is bad.
-bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, ProgressBar& bar);
+///
+/// A table that lives in its grid starts with a text in each value: behind the first `sent` points, which go
+/// to the device, a row that still holds that is no point, and counts as empty.
+bool CheckLnrCurve(LnrTable& table, const LnrLimits& x_limits, const LnrLimits& y_limits, ProgressBar& bar,
+                   int sent = 0);
+
+/// Marks every value out of its limits, as far as the first empty one, and no other; the first two rows must
+/// not be empty. True when nothing is bad.
+bool CheckLnrLimits(LnrTable& table, const LnrLimits& limits);
+
+/// Marks the empty cells among the first `rows`, which go to the device, beside what is marked already. True
+/// when there are none.
+bool CheckLnrFilled(LnrTable& table, int rows);
 
 }  // namespace korva

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "core/text_utilities.h"
 
 namespace korva {
 
-LnrEditor::LnrEditor(Page& page, LnrTable& table) : page_(page), table_(table) {
+LnrEditor::LnrEditor(Page& page, LnrTable& table, std::function<bool()> refused)
+    : page_(page), table_(&table), refused_(std::move(refused)) {
   page_.RegisterAll<Control>({&fraLnrChange, &lblLnrRow, &lblLnrCol, &lblLnrNewValue, &txtLnrRow, &txtLnrCol,
                               &txtLnrNewValue, &cmdLnrChangeOK, &cmdLnrChangeCancel});
   fraLnrChange.SetVisible(false);
@@ -19,6 +21,69 @@ LnrEditor::LnrEditor(Page& page, LnrTable& table) : page_(page), table_(table) {
     field->SetNumeric(true);
   }
   txtLnrNewValue.OnChange = [this] { MarkOpenEdit(); };
+  txtLnrNewValue.OnKey = [this](Key key) { return Press(key); };
+  cmdLnrChangeOK.OnClick = [this] { Change(0); };
+  cmdLnrChangeCancel.OnClick = [this] { CancelChange(); };
+}
+
+void LnrEditor::Listen(Grid& grid) {
+  grid.OnCellClick = [this](int row, int column) {
+    if (!refused_()) {
+      Select(row, column);
+    }
+  };
+  grid.OnScroll = [this] { HideForScroll(); };
+}
+
+void LnrEditor::Use(LnrTable& table) {
+  if (table_ != &table) {
+    Cancel();
+    Reset();
+    table_ = &table;
+  }
+}
+
+void LnrEditor::HideForScroll() {
+  if (by_arrows_) {
+    HideField();
+  }
+}
+
+void LnrEditor::Change(int rows) {
+  if (!refused_()) {
+    Ok();
+    ReturnToTable(rows);
+  }
+}
+
+void LnrEditor::CancelChange() {
+  Cancel();
+  ReturnToTable(0);
+}
+
+bool LnrEditor::Press(Key key) {
+  if (key == Key::Escape) {
+    CancelChange();
+    return true;
+  }
+  if (by_arrows_) {
+    return TakeByArrow(key);
+  }
+  if (key == Key::Enter) {
+    Change(1);
+  }
+  return key == Key::Enter;
+}
+
+bool LnrEditor::TakeByArrow(Key key) {
+  Change(0);
+  if (key == Key::Enter || IsOpen()) {
+    return true;
+  }
+  const int rows = key == Key::Down ? 1 : key == Key::Up ? -1 : 0;
+  const int columns = key == Key::Right ? 1 : key == Key::Left ? -1 : 0;
+  GoOn(rows, columns);
+  return true;
 }
 
 void LnrEditor::SetCaptions(Language language) {
@@ -31,20 +96,20 @@ void LnrEditor::SetCaptions(Language language) {
 }
 
 void LnrEditor::Select(int row, int column) {
-  if (IsOpen() && txtLnrNewValue.Text() != table_.Shown().At(LnrPrevRow, LnrPrevCol).text &&
+  if (IsOpen() && txtLnrNewValue.Text() != table_->Shown().At(LnrPrevRow, LnrPrevCol).text &&
       page_.Box().Ask(BoxKey::ChangeFormerCell)) {
     Ok();
   }
   RestoreColours();
-  table_.SetMarked(LnrPrevRow, LnrPrevCol, false);
-  LnrPrevMarked = table_.LookOf(row, column) == Look::Bad;
-  table_.SetLook(row, column, Look::Selected);
+  table_->SetMarked(LnrPrevRow, LnrPrevCol, false);
+  LnrPrevMarked = table_->LookOf(row, column) == Look::Bad;
+  table_->SetLook(row, column, Look::Selected);
   LnrPrevRow = row;
   LnrPrevCol = column;
   LnrRestoreDone = false;
   fraLnrChange.SetVisible(true);
   ShowField(true);
-  txtLnrNewValue.SetText(table_.Shown().At(row, column).text);
+  txtLnrNewValue.SetText(table_->Shown().At(row, column).text);
   MarkOpenEdit();
   txtLnrRow.SetText(Ascii(std::to_string(row)));
   txtLnrCol.SetText(Ascii(std::to_string(column)));
@@ -52,18 +117,18 @@ void LnrEditor::Select(int row, int column) {
 }
 
 void LnrEditor::Ok() {
-  table_.Store(LnrPrevRow, LnrPrevCol, txtLnrNewValue.Text());
+  table_->Store(LnrPrevRow, LnrPrevCol, txtLnrNewValue.Text());
   LnrPrevMarked = false;
   Close();
   page_.DataChanged = true;
 }
 
-void LnrEditor::ReturnToTable(int rows) { table_.GoTo(LnrPrevRow + rows, LnrPrevCol); }
+void LnrEditor::ReturnToTable(int rows) { table_->GoTo(LnrPrevRow + rows, LnrPrevCol); }
 
 void LnrEditor::GoOn(int rows, int columns) {
-  const int row = std::clamp(LnrPrevRow + rows, 1, table_.Points());
-  table_.BringIntoView(row);
-  Select(row, std::clamp(LnrPrevCol + columns, 1, kLnrColumns - 1));
+  const int row = std::clamp(LnrPrevRow + rows, 1, table_->Points());
+  table_->BringIntoView(row);
+  Select(row, std::clamp(LnrPrevCol + columns, 1, table_->Columns() - 1));
 }
 
 void LnrEditor::Cancel() {
@@ -73,13 +138,13 @@ void LnrEditor::Cancel() {
 
 bool LnrEditor::HasChange() const {
   return IsOpen() && LnrPrevRow > 0 && LnrPrevCol > 0 &&
-         txtLnrNewValue.Text() != table_.Shown().At(LnrPrevRow, LnrPrevCol).text;
+         txtLnrNewValue.Text() != table_->Shown().At(LnrPrevRow, LnrPrevCol).text;
 }
 
 void LnrEditor::MarkOpenEdit() {
   const bool change = HasChange();
   txtLnrNewValue.SetMarked(change);
-  table_.SetMarked(LnrPrevRow, LnrPrevCol, change);
+  table_->SetMarked(LnrPrevRow, LnrPrevCol, change);
   if (!change) {
     page_.Notes.Tell(Notice::OpenEdit, {});
   }
@@ -108,7 +173,7 @@ void LnrEditor::Close() {
 
 void LnrEditor::RestoreColours() {
   if (!LnrRestoreDone) {
-    table_.SetLook(LnrPrevRow, LnrPrevCol, LnrPrevMarked ? Look::Bad : Look::Normal);
+    table_->SetLook(LnrPrevRow, LnrPrevCol, LnrPrevMarked ? Look::Bad : Look::Normal);
     LnrRestoreDone = true;
   }
 }
@@ -127,19 +192,19 @@ void LnrEditor::GoToTop() {
   LnrPrevMarked = false;
   LnrRestoreDone = !IsOpen();
   if (IsOpen()) {
-    table_.SetLook(1, 1, Look::Selected);
-    txtLnrNewValue.SetText(table_.Value(1, 1));
+    table_->SetLook(1, 1, Look::Selected);
+    txtLnrNewValue.SetText(table_->Value(1, 1));
   }
   MarkOpenEdit();
   txtLnrRow.SetText(u"1");
   txtLnrCol.SetText(u"1");
-  table_.ScrollToTop();
+  table_->ScrollToTop();
 }
 
 void LnrEditor::TakeMarks() {
   if (IsOpen()) {
-    LnrPrevMarked = table_.LookOf(LnrPrevRow, LnrPrevCol) == Look::Bad;
-    table_.SetLook(LnrPrevRow, LnrPrevCol, Look::Selected);
+    LnrPrevMarked = table_->LookOf(LnrPrevRow, LnrPrevCol) == Look::Bad;
+    table_->SetLook(LnrPrevRow, LnrPrevCol, Look::Selected);
   }
   MarkOpenEdit();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "core/page.h"
 #include "linearizer/lnr_table.h"
 
@@ -14,11 +16,24 @@ namespace korva {
 /// locks nothing. What was typed and not confirmed is no part of the table: its cell is marked.
 class LnrEditor {
  public:
-  /// Adds its controls to the page. Both outlive the editor.
-  LnrEditor(Page& page, LnrTable& table);
+  /// Adds its controls to the page. `refused` tells, after its box, that no cell takes an edit. Both outlive
+  /// the editor.
+  LnrEditor(Page& page, LnrTable& table, std::function<bool()> refused);
   LnrEditor(const LnrEditor&) = delete;
   LnrEditor& operator=(const LnrEditor&) = delete;
   ~LnrEditor() = default;
+
+  /// Takes the presses on the cells of a table's grid.
+  void Listen(Grid& grid);
+  /// Edits another table from now on: an open edit is dropped.
+  void Use(LnrTable& table);
+  /// The arrow keys take an edit and go on to the next cell. The field of the edit is gone with a scroll of
+  /// the grid (HideForScroll) and with another tab.
+  void EditByArrows() { by_arrows_ = true; }
+  /// The field of an edit that arrow keys take is gone until the next cell is selected.
+  void HideForScroll();
+  /// Ends an edit with the cell's new text; the keyboard stays in the table, `rows` further down.
+  void Change(int rows);
 
   /// A click on a cell of the grid, its head and point numbers included.
   void Select(int row, int column);
@@ -68,9 +83,15 @@ class LnrEditor {
   void ShowField(bool shown);
   void Close();
   void RestoreColours();
+  void CancelChange();
+  bool Press(Key key);
+  /// Takes an edit and goes on to the cell where the key leads.
+  bool TakeByArrow(Key key);
 
   Page& page_;
-  LnrTable& table_;
+  LnrTable* table_;
+  std::function<bool()> refused_;
+  bool by_arrows_ = false;
 };
 
 }  // namespace korva

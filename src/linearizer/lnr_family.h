@@ -55,7 +55,4 @@ inline constexpr std::array kPercentQuantity = {
 /// The line of limits of points in percent.
 inline constexpr StringView kPercentLimits = u"-15.00% =< X(k),Y(k) =< 115.00%";
 
-// The linearizers of several families.
-inline constexpr LnrFamily kPercentTable = {.points = kLnrLongPoints, .quantities = kPercentQuantity};
-
 }  // namespace korva

@@ -29,6 +29,12 @@ std::optional<PointPlace> PointItem(int points, int row, int column) {
   return PointPlace{.group = group, .item = 2 * ((row - 1) % kPointsOfGroup) + column - 1};
 }
 
+LnrTable::LnrTable(Grid& grid, const LnrHeads& heads, int points)
+    : grid_(grid), heads_(heads), points_(points) {
+  grid_.Resize(points + 1, Columns());
+  ShowFrame();
+}
+
 void LnrTable::SetUp(int points) {
   points_ = points;
   grid_.Resize(points + 1, kLnrColumns);
@@ -55,17 +61,26 @@ void LnrTable::SetMarked(int row, int column, bool marked) {
   }
 }
 
-void LnrTable::ShowLnrTable() {
-  for (int column = 0; column < kLnrColumns; ++column) {
+bool LnrTable::IsValue(int row, int column) const {
+  return row >= 1 && row <= points_ && column >= 1 && column < Columns();
+}
+
+void LnrTable::ShowFrame() {
+  for (int column = 0; column < Columns(); ++column) {
     grid_.SetText(0, column, String(heads_.at(static_cast<std::size_t>(column))));
     grid_.SetLook(0, column, Look::Normal);
   }
   for (int row = 1; row < grid_.Rows(); ++row) {
-    grid_.SetText(row, 0, PointNumber(row));
+    grid_.SetText(row, 0, PointNumber(set_ != nullptr ? row : row - 1));
     grid_.SetLook(row, 0, Look::Normal);
-    for (int column = 1; column < kLnrColumns; ++column) {
-      const auto place = PointItem(points_, row, column);
-      grid_.SetText(row, column, place ? set_.At(place->group, place->item) : String());
+  }
+}
+
+void LnrTable::ShowLnrTable() {
+  ShowFrame();
+  for (int row = 1; row < grid_.Rows(); ++row) {
+    for (int column = 1; column < Columns(); ++column) {
+      grid_.SetText(row, column, IsValue(row, column) ? Value(row, column) : String());
     }
   }
   ClearLnrMarks();
@@ -91,24 +106,56 @@ void LnrTable::ClearGrid() {
 
 void LnrTable::Clear() {
   for (int row = 1; row <= points_; ++row) {
-    for (int column = 1; column < kLnrColumns; ++column) {
+    for (int column = 1; column < Columns(); ++column) {
       Store(row, column, {});
     }
   }
   ClearGrid();
 }
 
+void LnrTable::Start(const String& text) {
+  start_ = text;
+  for (int row = 1; row <= points_; ++row) {
+    for (int column = 1; column < Columns(); ++column) {
+      Store(row, column, text);
+    }
+  }
+  ClearLnrMarks();
+  fresh_ = true;
+}
+
+bool LnrTable::HoldsStart(int row) const {
+  bool holds = start_.has_value();
+  for (int column = 1; holds && column < Columns(); ++column) {
+    holds = Value(row, column) == *start_;
+  }
+  return holds;
+}
+
 const String& LnrTable::Value(int row, int column) const {
+  if (set_ == nullptr) {
+    return grid_.At(row, column).text;
+  }
   const PointPlace place = PointItem(points_, row, column).value();
-  return set_.At(place.group, place.item);
+  return set_->At(place.group, place.item);
+}
+
+String LnrTable::NumberText(int row, int column) const {
+  const String& text = Value(row, column);
+  return set_ == nullptr ? CommaToPoint(text) : text;
 }
 
 void LnrTable::Store(int row, int column, const String& text) {
-  if (const auto place = PointItem(points_, row, column)) {
-    set_.Set(place->group, place->item, text);
-    if (IsShown(row, column)) {
-      grid_.SetText(row, column, text);
-    }
+  if (!IsValue(row, column)) {
+    return;
+  }
+  fresh_ = false;
+  if (set_ != nullptr) {
+    const PointPlace place = PointItem(points_, row, column).value();
+    set_->Set(place.group, place.item, text);
+  }
+  if (IsShown(row, column)) {
+    grid_.SetText(row, column, text);
   }
 }
 
@@ -130,8 +177,10 @@ void LnrTable::GoToFirstBad() {
 
 bool LnrTable::IsBlank() const {
   for (int row = 1; row <= points_; ++row) {
-    if (!Trimmed(Value(row, 1)).empty() || !Trimmed(Value(row, 2)).empty()) {
-      return false;
+    for (int column = 1; column < Columns(); ++column) {
+      if (!Trimmed(Value(row, column)).empty()) {
+        return false;
+      }
     }
   }
   return true;
@@ -147,7 +196,7 @@ int LnrTable::FilledPoints() const {
 
 bool LnrTable::MissesValue() const {
   for (int row = 1; row < grid_.Rows(); ++row) {
-    for (int column = 1; column < kLnrColumns; ++column) {
+    for (int column = 1; column < Columns(); ++column) {
       if (LookOf(row, column) == Look::Bad && Trimmed(grid_.At(row, column).text).empty()) {
         return true;
       }

@@ -13,7 +13,7 @@ inline constexpr int kLnrColumns = 3;
 inline constexpr int kLnrShortPoints = 16;
 inline constexpr int kLnrLongPoints = 100;
 
-/// Texts of the grid's head: point number, X, Y.
+/// Texts of the grid's head: point number, X, Y. Without a text for Y a point is one value.
 using LnrHeads = std::array<StringView, kLnrColumns>;
 
 /// Where a value lies in the parameter set.
@@ -27,18 +27,24 @@ struct PointPlace {
 /// table.
 std::optional<PointPlace> PointItem(int points, int row, int column);
 
-/// The linearizer's table: points k of an input X(k) and an output Y(k), kept as items of the parameter set
-/// and shown in a grid of three columns: the point's number, X, Y. Row 0 is the head.
+/// A table of points k, shown in a grid: the point's number, and an input X(k) and an output Y(k), or one
+/// value alone. Row 0 is the head.
 ///
-/// The set is the truth and the grid its view. A grid may have fewer rows than the table has points; the
-/// points beyond are then not shown.
+/// A table may have its points as items of the parameter set. The set is then the truth and the grid its
+/// view, which may have fewer rows than the table has points; the points beyond are not shown. Any other
+/// table lives in its grid.
 class LnrTable {
  public:
-  /// Both outlive the table.
-  LnrTable(ParameterSet& set, Grid& grid, const LnrHeads& heads) : set_(set), grid_(grid), heads_(heads) {}
+  /// A table whose points are items of the set and count from 1. Both outlive the table.
+  LnrTable(ParameterSet& set, Grid& grid, const LnrHeads& heads) : set_(&set), grid_(grid), heads_(heads) {}
+  /// A table of `points` that lives in its grid, which it sizes; they count from 0. The grid outlives it.
+  LnrTable(Grid& grid, const LnrHeads& heads, int points);
 
-  /// Takes the shape of `points` (16 or 100), sizes the grid for it and shows the set's points.
+  /// Of a table of the set: takes the shape of `points` (16 or 100), sizes the grid for it and shows the
+  /// set's points.
   void SetUp(int points);
+  /// Columns of the grid: the point's number and its values.
+  [[nodiscard]] int Columns() const { return heads_.back().empty() ? kLnrColumns - 1 : kLnrColumns; }
   [[nodiscard]] int Points() const { return points_; }
   void SetHeads(const LnrHeads& heads) { heads_ = heads; }
 
@@ -50,12 +56,21 @@ class LnrTable {
   void ClearGrid();
   /// Empties the table's places in the set and the grid's value cells.
   void Clear();
+  /// Puts the text with which a table that lives in its grid starts into each value; all cells plain.
+  void Start(const String& text);
+  /// True while such a table has taken nothing since it started.
+  [[nodiscard]] bool IsFresh() const { return fresh_; }
+  /// True when such a table holds in each value of the row what it started with.
+  [[nodiscard]] bool HoldsStart(int row) const;
 
-  /// The text of a value; row and column as in PointItem, inside the table.
+  /// The text of a value; row (the point's, from 1) and column inside the table.
   [[nodiscard]] const String& Value(int row, int column) const;
   /// Puts a text into the set and its cell. Outside the table nothing happens: the head and the point numbers
   /// stand for no value.
   void Store(int row, int column, const String& text);
+  /// The text from which a value's number is taken: where the table lives in its grid, a decimal comma is a
+  /// point.
+  [[nodiscard]] String NumberText(int row, int column) const;
   /// True when no value has a text.
   [[nodiscard]] bool IsBlank() const;
   /// How many points stand before the first without an X.
@@ -79,11 +94,15 @@ class LnrTable {
 
  private:
   [[nodiscard]] bool IsShown(int row, int column) const;
+  [[nodiscard]] bool IsValue(int row, int column) const;
+  void ShowFrame();
 
-  ParameterSet& set_;
+  ParameterSet* set_ = nullptr;  ///< nullptr: the table lives in its grid
   Grid& grid_;
   LnrHeads heads_;
   int points_ = kLnrShortPoints;
+  std::optional<String> start_;
+  bool fresh_ = false;
 };
 
 }  // namespace korva

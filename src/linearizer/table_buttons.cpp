@@ -1,8 +1,6 @@
 #include "linearizer/table_buttons.h"
 
-#include <initializer_list>
 #include <string>
-#include <utility>
 
 #include "core/line_reader.h"
 #include "core/numbers.h"
@@ -22,20 +20,12 @@ constexpr float kBarAtBegin = 5;
 
 }  // namespace
 
-/// What one button does.
-struct TableButtons::Run {
-  bool (TableButtons::*move)();
-  bool (DevicePage::*enter_mode)();  ///< nullptr: the device's mode stays
-  BoxKey report;
-};
-
 TableButtons::TableButtons(ParameterPage& page, Linearizer& linearizer)
-    : page_(page),
+    : TableMover(page),
+      page_(page),
       linearizer_(linearizer),
       form_(*linearizer.ItsFamily().buttons),
       exchange_(form_.make(page, linearizer.Table())) {
-  page_.Add(*this);
-  page_.RegisterAll<Control>({&cmdReadOutTable, &cmdWriteInTable, &Table_ProgressBar});
   if (form_.sized) {
     page_.RegisterAll<Control>({&lblSize, &txtSize});
     txtSize.SetNumeric(true);
@@ -52,15 +42,8 @@ TableButtons::TableButtons(ParameterPage& page, Linearizer& linearizer)
 }
 
 void TableButtons::SetCaptions(Language language) {
-  cmdReadOutTable.SetCaption(CaptionText(TextKey::ReadOut, language));
-  cmdWriteInTable.SetCaption(CaptionText(TextKey::WriteIn, language));
-  Table_ProgressBar.SetCaption(CaptionText(TextKey::TableBar, language));
+  TableMover::SetCaptions(language);
   lblSize.SetCaption(CaptionText(TextKey::TableSize, language));
-}
-
-void TableButtons::SetExchangesBarred(bool barred) {
-  cmdReadOutTable.SetEnabled(!barred);
-  cmdWriteInTable.SetEnabled(!barred);
 }
 
 void TableButtons::PageCleared() { txtSize.SetLook(Look::Normal); }
@@ -82,9 +65,9 @@ String TableButtons::CfgSection() const {
   return String(kSizeKey).append(kRecordEnd).append(size.empty() ? String() : record);
 }
 
-bool TableButtons::ReadCfgSection(StringView key, LineReader& lines, int handle) {
+SectionRead TableButtons::ReadCfgSection(StringView key, LineReader& lines, int handle) {
   if (!form_.sized || key != kSizeKey) {
-    return false;
+    return SectionRead::NotMine;
   }
   while (!lines.AtEnd(handle)) {
     const String line = lines.ReadLine(handle);
@@ -101,48 +84,24 @@ bool TableButtons::ReadCfgSection(StringView key, LineReader& lines, int handle)
       page_.GroupItem.TableSize = lines.Field();
     }
   }
-  return true;
+  return SectionRead::Whole;
 }
 
 void TableButtons::ReadOut() {
-  Exchange({.move = &TableButtons::ReadPoints,
-            .enter_mode = form_.reads_in_monitor_mode ? &DevicePage::EnterMonitorMode : nullptr,
-            .report = BoxKey::TableRead});
+  Travel(form_.reads_in_monitor_mode ? &DevicePage::EnterMonitorMode : nullptr, &TableButtons::ReadPoints,
+         BoxKey::TableRead);
 }
 
 void TableButtons::WriteIn() {
-  Exchange({.move = &TableButtons::WritePoints,
-            .enter_mode = &DevicePage::EnterProgrammingMode,
-            .report = BoxKey::TableWritten});
+  Travel(&DevicePage::EnterProgrammingMode, &TableButtons::WritePoints, BoxKey::TableWritten);
 }
 
-void TableButtons::Exchange(const Run& run) {
-  if (page_.OperationRuns() || linearizer_.Refused()) {
-    return;
-  }
-  page_.CommFailed = false;  // there is no test of the link here
-  const bool mode_changes = run.enter_mode != nullptr;
-  if (mode_changes) {
-    page_.BeginDownload();
-  } else {
-    page_.BeginOperation();
-  }
-  page_.LockFrame();
-  const bool done = (!mode_changes || (page_.*run.enter_mode)()) && (this->*run.move)();
-  if (done) {
-    Table_ProgressBar.SetValue(100);
-    page_.Box().Show(run.report);
-  }
-  if (!mode_changes) {
-    page_.EndOperation();
-  } else if (done) {
-    page_.CheckPendingQuit();
-  } else {
-    page_.EndDownload();
-  }
-  page_.UnlockFrame();
-  if (Control* fault = std::exchange(fault_, nullptr)) {
-    page_.GoTo(*fault);
+void TableButtons::Travel(EnterMode mode, Move move, BoxKey report) {
+  if (!page_.OperationRuns() && !linearizer_.Refused()) {
+    Exchange({.move = [this, mode, move] { return (mode == nullptr || (page_.*mode)()) && (this->*move)(); },
+              .changes_mode = mode != nullptr,
+              .holds_close = mode != nullptr,
+              .report = report});
   }
 }
 
@@ -180,7 +139,7 @@ bool TableButtons::CheckSize() {
   txtSize.SetLook(good ? Look::Normal : Look::Bad);
   if (!good) {
     page_.Box().Show(BoxKey::ValueBad);
-    fault_ = &txtSize;
+    NoteFault(&txtSize);
   }
   return good;
 }
@@ -190,7 +149,7 @@ bool TableButtons::CheckTable() {
     return true;
   }
   page_.Box().Show(linearizer_.Table().MissesValue() ? form_.blank_cell : BoxKey::ValueBad);
-  fault_ = &linearizer_.LnrFlexGrid;
+  NoteFault(&linearizer_.LnrFlexGrid);
   return false;
 }
 
@@ -203,7 +162,7 @@ bool TableButtons::WritePoints() {
   linearizer_.Editor().TellOpenEdit();
   if (form_.sized && Trimmed(txtSize.Text()).empty()) {
     page_.Box().Show(BoxKey::TableFieldBlank);
-    fault_ = &txtSize;
+    NoteFault(&txtSize);
     return false;
   }
   if (!CheckTable() || (form_.sized && !CheckSize())) {

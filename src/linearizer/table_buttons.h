@@ -4,21 +4,16 @@
 
 #include "linearizer/linearizer.h"
 #include "linearizer/table_exchange.h"
+#include "linearizer/table_mover.h"
 
 namespace korva {
 
 /// The buttons by which a linearizer's table travels, on pages where it doesn't ride with upload and
 /// download.
 ///
-///     Idle --cmdReadOutTable, cmdWriteInTable--> Exchanging --done, refused or failed--> Idle
-///
-/// In Exchanging the frame is locked and CommBusy is set. A close request is held where the device's mode has
-/// been changed. However it ends, the device is put in monitor mode where its mode was changed, the bars go
-/// to 0, and the frame is free.
-///
 /// A read-out empties the table first, and shows each point as it comes: one that fails leaves the points up
 /// to there. A write that fails leaves the device's table half written; nothing undoes that.
-class TableButtons final : public PagePart {
+class TableButtons final : public TableMover {
  public:
   /// Adds itself and its controls to the page. The family of the linearizer has a form of exchange. Both
   /// outlive this.
@@ -26,12 +21,10 @@ class TableButtons final : public PagePart {
 
   void SetCaptions(Language language) override;
   void SetLocked(bool locked) override { txtSize.SetEnabled(!locked); }
-  void SetExchangesBarred(bool barred) override;
-  void ResetBars() override { Table_ProgressBar.SetValue(0); }
   void PageCleared() override;
   void PageBuilt() override;  ///< shows the size of the set
   [[nodiscard]] String CfgSection() const override;
-  bool ReadCfgSection(StringView key, LineReader& lines, int handle) override;
+  SectionRead ReadCfgSection(StringView key, LineReader& lines, int handle) override;
 
   /// cmdReadOutTable: puts the device's table into set and grid. Does nothing while an operation runs;
   /// refused with its box while the linearizer's switch stands at none.
@@ -39,16 +32,14 @@ class TableButtons final : public PagePart {
   /// cmdWriteInTable: checks the table and writes it into the device. The same.
   void WriteIn();
 
-  Button cmdReadOutTable{"cmdReadOutTable"};
-  Button cmdWriteInTable{"cmdWriteInTable"};
-  ProgressBar Table_ProgressBar{"Table_ProgressBar"};
   Label lblSize{"lblSize"};      ///< like txtSize of families with a size
   TextField txtSize{"txtSize"};  ///< how many points a write sends
 
  private:
-  struct Run;
-
-  void Exchange(const Run& run);
+  using EnterMode = bool (DevicePage::*)();
+  using Move = bool (TableButtons::*)();
+  /// `mode` is nullptr where the device's mode stays.
+  void Travel(EnterMode mode, Move move, BoxKey report);
   /// False after its box.
   bool ReadPoints();
   /// False after its box.
@@ -64,8 +55,7 @@ class TableButtons final : public PagePart {
   Linearizer& linearizer_;
   const TableButtonsForm& form_;
   std::unique_ptr<TableExchange> exchange_;
-  bool showing_ = false;      ///< the program puts a text into txtSize
-  Control* fault_ = nullptr;  ///< what a check found bad
+  bool showing_ = false;  ///< the program puts a text into txtSize
 };
 
 }  // namespace korva

@@ -176,6 +176,23 @@ constexpr std::array<DesignRow, 5> MovedPointRows(const DesignRow& move) {
            move,
            {.field = "Table_ProgressBar"}}};
 }
+/// The grids of a page with user tables, of which one shows.
+inline constexpr std::array kUserGridRows = {
+    DesignRow{.field = "LnrFlexGrid"}, DesignRow{.field = "TCFlexGrid"}, DesignRow{.field = "RTDFlexGrid"}};
+/// What moves a user table: the buttons of its files, `files`, and those of the device.
+constexpr std::array<DesignRow, 3> UserMoveRows(std::string_view files) {
+  return {{{.field = files}, {.field = "cmdReadOutTable cmdWriteInTable"}, {.field = "Table_ProgressBar"}}};
+}
+/// What belongs to a user table beside its points.
+inline constexpr std::array kUserFieldRows = {
+    DesignRow{.label = "lblStep", .field = "txtStep", .unit = "lblStepUnit"},
+    DesignRow{.label = "lblBase", .field = "txtBase", .unit = "lblBaseUnit"},
+    DesignRow{.label = "lblSize", .field = "txtSize"}};
+/// The same of pages whose resistance tables have a range.
+inline constexpr std::array kRangedUserFieldRows =
+    Joined(kUserFieldRows, std::array{DesignRow{.label = "lblRange", .field = "cmbRange"}});
+inline constexpr std::array kUserCurveRows = {
+    DesignRow{.curve = "LnrFlexGrid"}, DesignRow{.curve = "TCFlexGrid"}, DesignRow{.curve = "RTDFlexGrid"}};
 inline constexpr std::array kCurveRows = {DesignRow{.curve = "LnrFlexGrid"}};
 /// The editor of a cell.
 inline constexpr std::array kCellEditorRows = {
@@ -189,6 +206,15 @@ constexpr std::array<DesignGroup, 3> TableGroups(std::span<const DesignRow> poin
   return {
       {{.heading = TextKey::Linearizer, .rows = points},
        {.column = 1, .heading = TextKey::Curve, .rows = kCurveRows},
+       {.column = 1, .heading = TextKey::ChangeOfValue, .frame = "fraLnrChange", .rows = kCellEditorRows}}};
+}
+/// The boxes of a tab of user tables: `points` with what moves them, `fields`, the curve and the editor.
+constexpr std::array<DesignGroup, 4> UserTableGroups(std::span<const DesignRow> points,
+                                                     std::span<const DesignRow> fields) {
+  return {
+      {{.heading = TextKey::UserTable, .rows = points},
+       {.column = 1, .heading = TextKey::UserTable, .rows = fields},
+       {.column = 1, .heading = TextKey::Curve, .rows = kUserCurveRows},
        {.column = 1, .heading = TextKey::ChangeOfValue, .frame = "fraLnrChange", .rows = kCellEditorRows}}};
 }
 /// The tab of a linearizer with these boxes.

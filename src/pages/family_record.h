@@ -7,6 +7,7 @@
 #include "linearizer/lnr_family.h"
 #include "monitor/monitor_family.h"
 #include "monitor/output_family.h"
+#include "tables/user_table_family.h"
 
 namespace korva {
 
@@ -24,7 +25,8 @@ struct FamilyRecord {
   const MonitorFamily& monitor;
   const OutputFamily& output;
   OrNone<LnrFamily> table;
-  OrNone<CsvFamily> csv;  ///< none also where files hold temperature tables as well
+  OrNone<CsvFamily> csv;
+  OrNone<UserTableFamily> user_tables;  ///< of pages that have them in place of `table`
 };
 
 /// What a record says to its page. The family has one.

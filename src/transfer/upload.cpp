@@ -1,5 +1,7 @@
 #include "transfer/upload.h"
 
+#include <algorithm>
+
 #include "core/text_utilities.h"
 #include "transfer/known_items.h"
 
@@ -32,8 +34,7 @@ void Upload::Run() {
   page_.LockFrame();
   const bool begun = page_.LinkTest() && steps_.ConfirmModel();
   const Values values = begun ? UploadValues() : Values{};
-  if (values.complete) {
-    ReadParts();
+  if (values.complete && ReadParts()) {
     page_.Box().Show(BoxKey::UploadDone);
   }
   page_.EndOperation();
@@ -46,10 +47,9 @@ void Upload::Run() {
   }
 }
 
-void Upload::ReadParts() {
-  for (PagePart* part : page_.Parts()) {
-    part->Upload();
-  }
+bool Upload::ReadParts() {
+  const auto& parts = page_.Parts();
+  return std::all_of(parts.begin(), parts.end(), [](PagePart* part) { return part->Upload(); });
 }
 
 Upload::Values Upload::UploadValues() {

@@ -44,7 +44,8 @@ class UploadSteps {
 
 /// cmdUpload: reads every item of the model into the set and shows it. An item that doesn't answer leaves an
 /// empty cell and the upload goes on, unless the family ends it there: then what was read is shown, no part
-/// reads anything, and nothing is reported as complete.
+/// reads anything, and nothing is reported as complete. A part that can't be read ends it too; the items that
+/// were read stay.
 ///
 /// It is one sequence: its questions, the flags and the locked frame around it, its steps, and the closing
 /// that runs once, whichever step failed. While it runs the frame is locked; the state of the tabs from
@@ -65,7 +66,7 @@ class Upload {
     bool complete = false;  ///< none of them ended it
     bool any = false;       ///< one at least went into the set
   };
-  void ReadParts();
+  bool ReadParts();
   Values UploadValues();
   Values ReadAllItems();
   RowRead ReadRow(int row);

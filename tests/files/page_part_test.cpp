@@ -55,9 +55,9 @@ class Recorder final : public PagePart {
   void SetCleared() override { Note("set cleared"); }
   void SetSaved() override { Note("saved"); }
   [[nodiscard]] String CfgSection() const override { return section; }
-  bool ReadCfgSection(StringView key, LineReader& lines, int handle) override {
+  SectionRead ReadCfgSection(StringView key, LineReader& lines, int handle) override {
     if (key != section_key) {
-      return false;
+      return SectionRead::NotMine;
     }
     read.clear();
     while (!lines.AtEnd(handle)) {
@@ -68,9 +68,10 @@ class Recorder final : public PagePart {
       }
       read.push_back(line);
     }
-    return true;
+    return how_read;
   }
 
+  SectionRead how_read = SectionRead::Whole;
   int answered_row = 0;
   std::optional<String> shown;
   std::optional<String> cell;
@@ -128,8 +129,9 @@ TEST_F(PagePartTest, DoesNothingOfItsOwn) {
   EXPECT_EQ(bare.ShownText(0), std::nullopt);
   EXPECT_EQ(bare.CellOf(0, u"x"), std::nullopt);
   EXPECT_EQ(bare.CfgSection(), u"");
-  EXPECT_FALSE(bare.ReadCfgSection(u"$Data", host.program.Lines(), 2));
+  EXPECT_EQ(bare.ReadCfgSection(u"$Data", host.program.Lines(), 2), SectionRead::NotMine);
   EXPECT_EQ(bare.Check(), Finding::Good);
+  EXPECT_TRUE(bare.Upload());
   EXPECT_TRUE(bare.Download());
 }
 

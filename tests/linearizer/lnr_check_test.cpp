@@ -241,9 +241,7 @@ TEST(LnrFamilies, EachHasItsShapeItsHeadsAndItsCheck) {
         FamilyCase{u"LiteSecond", 100, LnrRule::Curve, u"  X(k)        %"},
         FamilyCase{u"LiteThird", 100, LnrRule::Curve, u"  X(k)        %"},
         FamilyCase{u"LiteForth", 16, LnrRule::Curve, u"  X(k)        %"},
-        FamilyCase{u"LiteFifth", 100, LnrRule::Curve, u"  X(k)        %"},
-        FamilyCase{u"LiteUniv", 100, LnrRule::Curve, u"  X(k)        %"},
-        FamilyCase{u"Nano", 100, LnrRule::Curve, u"  X(k)        %"}}) {
+        FamilyCase{u"LiteFifth", 100, LnrRule::Curve, u"  X(k)        %"}}) {
     const LnrFamily& family = EntryOf(one.word).record.table.Value();
     EXPECT_EQ(family.points, one.points) << ToUtf8(one.word);
     EXPECT_EQ(family.rule, one.rule) << ToUtf8(one.word);

@@ -497,7 +497,7 @@ TEST(TableByItemsTest, ThereIsNoSizeAndNoSection) {
   EXPECT_EQ(bench.Page().FindControl("txtSize"), nullptr);
   EXPECT_EQ(bench.buttons.CfgSection(), u"");
   LineReader& lines = bench.app.program.Lines();
-  EXPECT_FALSE(bench.buttons.ReadCfgSection(u"$TableSize", lines, 2));
+  EXPECT_EQ(bench.buttons.ReadCfgSection(u"$TableSize", lines, 2), SectionRead::NotMine);
 }
 
 TEST(TableByItemsTest, ACloseRequestInAReadOutEndsTheProgramAtTheNextPause) {

@@ -55,6 +55,7 @@ static_assert(kCantBeLeftOut<decltype(FamilyRecord::monitor)>);
 static_assert(kCantBeLeftOut<decltype(FamilyRecord::output)>);
 static_assert(kCantBeLeftOut<decltype(FamilyRecord::table)>);
 static_assert(kCantBeLeftOut<decltype(FamilyRecord::csv)>);
+static_assert(kCantBeLeftOut<decltype(FamilyRecord::user_tables)>);
 static_assert(kCantBeLeftOut<decltype(RegistryEntry::record)>);
 static_assert(kCantBeLeftOut<decltype(RegistryEntry::page)>);
 
@@ -67,7 +68,8 @@ concept ComplainsOfNothing = requires(const Record& one) {
          .fields = kNone,
          .output = one.output,
          .table = kNone,
-         .csv = kNone};
+         .csv = kNone,
+         .user_tables = kNone};
 };
 static_assert(!ComplainsOfNothing<FamilyRecord>, "the monitor is left out");
 
@@ -157,8 +159,17 @@ TEST(FamilyRecords, EachMonitorAndOutputIsComplete) {
 
 TEST(FamilyRecords, AllButSecondHaveALinearizer) {
   for (const RegistryEntry& entry : Registry()) {
-    EXPECT_EQ(entry.record.table.Has(), entry.record.family.word != u"Second");
+    const bool any = entry.record.table.Has() || entry.record.user_tables.Has();
+    EXPECT_EQ(any, entry.record.family.word != u"Second");
     EXPECT_TRUE(!entry.record.table.Has() || !entry.record.table.Value().quantities.empty());
+  }
+}
+
+TEST(FamilyRecords, TheLinearizerIsOneOfTheUsersTablesWhereAnInputsCurveCanBeTheUsers) {
+  for (const RegistryEntry& entry : Registry()) {
+    const bool users = entry.record.family.word == u"LiteUniv" || entry.record.family.word == u"Nano";
+    EXPECT_EQ(entry.record.user_tables.Has(), users) << ToUtf8(entry.record.family.word);
+    EXPECT_FALSE(users && entry.record.table.Has()) << ToUtf8(entry.record.family.word);
   }
 }
 

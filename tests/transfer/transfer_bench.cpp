@@ -23,11 +23,12 @@ void BenchPart::UploadBegins() {
   }
 }
 
-void BenchPart::Upload() {
+bool BenchPart::Upload() {
   Note("upload");
   if (on_upload) {
     on_upload();
   }
+  return read;
 }
 
 Finding BenchPart::Check() {

@@ -38,13 +38,14 @@ class BenchPart final : public PagePart {
   BenchPart(BenchPage& page, std::string name);
 
   Finding finding = Finding::Good;
+  bool read = true;
   bool written = true;
   std::function<void()> on_upload_begins;
   std::function<void()> on_upload;
   std::function<void()> on_download;
 
   void UploadBegins() override;
-  void Upload() override;
+  bool Upload() override;
   [[nodiscard]] Finding Check() override;
   bool Download() override;
 

@@ -138,6 +138,7 @@ constexpr FamilyRecord kKvConfigRecord = {
                        .models = kLinearizers,
                        .table_types = kTableTypes},
     .csv = CsvFamily{.reader = {}},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

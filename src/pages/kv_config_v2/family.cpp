@@ -62,6 +62,7 @@ constexpr FamilyRecord kKvConfigV2Record = {
                .settling = Milliseconds(500)},
     .table = kNone,
     .csv = kNone,
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -123,6 +123,7 @@ constexpr FamilyRecord kKvConfigV3Record = {
     .output = {.ranges = kRanges, .clean_sent = TrimNumericHead, .clean_answer = TrimNumericHead},
     .table = LnrFamily{.rule = LnrRule::Range, .quantities = kPlainQuantity, .models = kLinearizers},
     .csv = CsvFamily{.reader = {}, .saves = true},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

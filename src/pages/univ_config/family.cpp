@@ -113,6 +113,7 @@ constexpr FamilyRecord kUnivConfigRecord = {
                .settling = Milliseconds(500)},
     .table = LnrFamily{.points = kLnrLongPoints, .quantities = kQuantities, .models = kTables},
     .csv = CsvFamily{.reader = {}},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -93,6 +93,7 @@ constexpr FamilyRecord kZ2KvConfigRecord = {
     .output = kTrimmedOutput,
     .table = Z2Table(kLnrLongPoints, nullptr),
     .csv = CsvFamily{.reader = {.size_records = SizeRecords::SkipOne}, .saves = true},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -86,6 +86,7 @@ constexpr FamilyRecord kZ2KvConfigV2Record = {
             .reader = {.size_records = SizeRecords::TakeAll, .ends_at_blank = true, .two_decimals = true},
             .saves = true,
             .writes_size = true},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -71,6 +71,7 @@ constexpr FamilyRecord kZ2KvConfigV3Record = {
                .models_without_set_box = {.names = kZ2WithoutSetBox}},
     .table = Z2Table(kLnrLongPoints, nullptr),
     .csv = CsvFamily{.reader = {}},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -41,6 +41,7 @@ constexpr FamilyRecord kZ2KvConfigV4Record = {
     .output = kLateZ2Output,
     .table = Z2Table(kLnrShortPoints, &kTableByItems),
     .csv = CsvFamily{.reader = {.ends_at_blank = true}, .cancels_edit = true, .saves = true},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

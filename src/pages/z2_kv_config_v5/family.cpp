@@ -49,6 +49,7 @@ constexpr FamilyRecord kZ2KvConfigV5Record = {
     .csv =
         CsvFamily{
             .reader = {.passes_over_text = true, .ends_at_blank = true}, .cancels_edit = true, .saves = true},
+    .user_tables = kNone,
 };
 
 }  // namespace korva

@@ -77,6 +77,8 @@ constexpr std::array kOutputGroups = {
     DesignGroup{.column = 1, .heading = TextKey::ZeroSpanAdjustment, .rows = kFineAdjustmentRows},
     DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kFreeRows},
 };
+constexpr std::array kTableRows = Joined(kUserGridRows, UserMoveRows("cmd_csvFileOpen"));
+constexpr std::array kTableGroups = UserTableGroups(kTableRows, kRangedUserFieldRows);
 constexpr std::array kModbusGroups = {DesignGroup{.heading = TextKey::Modbus, .rows = kModbusRows}};
 constexpr std::array kIoCheckGroups = IoCheckGroups(kMonitorRows, z2::kSettingRows);
 
@@ -84,7 +86,7 @@ constexpr std::array kTabs = {
     kFileTab,
     DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
     DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
-    DesignTab{.caption = TextKey::Linearizer, .rule = TabRule::BySwitch},
+    TableTab(kTableGroups),
     z2::kCjmTab,
     DesignTab{.caption = TextKey::Modbus, .groups = kModbusGroups},
     kPortTab,

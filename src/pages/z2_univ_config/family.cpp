@@ -67,6 +67,28 @@ constexpr std::array kUnits = {
     UnitStep{.item = u"07", .rules = live::kCopyOfItem04},
 };
 
+constexpr LnrLimits kThermocoupleLimits = {.low = -78, .high = 78};
+constexpr LnrLimits kResistanceLimits = {.low = 0, .high = 8000};
+constexpr std::array kUserInputs = {
+    UserInput{.text = u"User's TC", .table = UserTable::Thermocouple},
+    UserInput{.text = u"User's RTD", .table = UserTable::Resistance},
+};
+constexpr UserTableFamily kUserTables = {.linearizer = {.heads = kUserLinearizerHeads,
+                                                        .limits = kUserLinearizerLimits,
+                                                        .points = kUserLinearizerPoints,
+                                                        .fewest = 2,
+                                                        .most = kUserLinearizerPoints},
+                                         .thermocouple = {.heads = {u"  k", u"  X(k)       mV"},
+                                                          .limits = kThermocoupleLimits,
+                                                          .points = 1001,
+                                                          .most = 1000},
+                                         .resistance = {.heads = {u"  k", u"  X(k)       OHM"},
+                                                        .limits = kResistanceLimits,
+                                                        .points = 1001,
+                                                        .most = 1000},
+                                         .inputs = kUserInputs,
+                                         .ranged = true};
+
 }  // namespace
 
 constexpr FamilyRecord kZ2UnivConfigRecord = {
@@ -98,8 +120,9 @@ constexpr FamilyRecord kZ2UnivConfigRecord = {
                 .input = {.item = u"10", .repeats = 5, .lists = kInputClasses},
                 .units = kUnits},
     .output = kTrimmedOutput,
-    .table = kPercentTable,
-    .csv = kNone,
+    .table = kNone,
+    .csv = CsvFamily{.reader = {.size_records = SizeRecords::TakeAllHeads, .ends_at_blank = true}},
+    .user_tables = kUserTables,
 };
 
 }  // namespace korva

@@ -16,6 +16,7 @@ z2UnivConfig::z2UnivConfig(Program& program, const FamilyRecord& record, DeviceL
                     FormsOf(record), link),
       units_(*this, [] { return TemperatureForm::TwoDecimals; }),
       input_class(*this),
+      tables(*this, record.user_tables.Value(), record.csv),
       cold_junction(*this, kColdJunction),
       modbus(*this),
       monitor(*this, record.monitor),
@@ -38,7 +39,7 @@ void z2UnivConfig::AddAllOptions() {
   AddOptions({.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit});
   add(u"$I23", u"23", Opt_Cjc);
   add(u"$I24", u"24", optBurn);
-  add(u"$I25", u"25", Opt_Lnr);
+  add(u"$I25", u"25", tables.Opt_Lnr);
 }
 
 }  // namespace korva

@@ -6,6 +6,7 @@
 #include "pages/z2_univ_config/modbus_settings.h"
 #include "pages/z2_univ_config/transfer.h"
 #include "tables/cold_junction.h"
+#include "tables/user_tables.h"
 #include "transfer/temperature_units.h"
 
 namespace korva {
@@ -18,13 +19,13 @@ class z2UnivConfig final : public ParameterPage {
 
   OptionGroup Opt_Cjc{"Opt_Cjc", 2};
   OptionGroup optBurn{"optBurn", 3};
-  OptionGroup Opt_Lnr{"Opt_Lnr", 2};
 
  private:
   TemperatureUnits units_;
 
  public:
   InputClass input_class;  ///< behind the conversion of temperatures
+  UserTables tables;       ///< behind the class, which tells whether the linearizer takes part
   ColdJunction cold_junction;
   ModbusSettings modbus;
   StatusMonitor monitor;

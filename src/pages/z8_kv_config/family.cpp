@@ -59,6 +59,40 @@ constexpr TemperatureOffset kOffset = {.models = {.names = kTemperature},
                                        .unit = u"deg F",
                                        .subtracted = 25.6};
 
+constexpr LnrLimits kThermocoupleLimits = {.low = -78, .high = 78};
+constexpr LnrLimits kResistanceLimits = {.low = 0, .high = 8000};
+constexpr int kSensorPoints = 300;
+constexpr std::array kUserInputs = {
+    UserInput{.text = u"13 ",
+              .beginning = true,
+              .table = UserTable::Thermocouple,
+              .models = {.names = kThermocouple}},
+    UserInput{
+        .text = u"8 ", .beginning = true, .table = UserTable::Resistance, .models = {.names = kResistance}},
+};
+constexpr UserTableFamily kUserTables = {.linearizer = {.heads = kUserLinearizerHeads,
+                                                        .limits = kUserLinearizerLimits,
+                                                        .points = kUserLinearizerPoints,
+                                                        .most = kUserLinearizerPoints,
+                                                        .note = kPercentLimits,
+                                                        .sent_mask = u"#0.000"},
+                                         .thermocouple = {.heads = {u"  k", u"  Emf(k)     mV"},
+                                                          .limits = kThermocoupleLimits,
+                                                          .points = kSensorPoints,
+                                                          .most = kSensorPoints,
+                                                          .note = u"-78mV =< Emf(k) =< 78mV"},
+                                         .resistance = {.heads = {u"  k", u"  Rtd(k)     OHM"},
+                                                        .limits = kResistanceLimits,
+                                                        .points = kSensorPoints,
+                                                        .most = kSensorPoints,
+                                                        .note = u"0 Ohm =< Rtd(k) =< 8000 Ohm"},
+                                         .inputs = kUserInputs,
+                                         .opened_by_commands = true,
+                                         .shown_mask = u"0.000",
+                                         .steps = LnrLimits{.low = 1, .high = 10},
+                                         .bases = LnrLimits{.low = -274, .high = 10000},
+                                         .most_step = kSensorPoints};
+
 }  // namespace
 
 constexpr FamilyRecord kZ8KvConfigRecord = {
@@ -83,8 +117,10 @@ constexpr FamilyRecord kZ8KvConfigRecord = {
                .clean_sent = TrimNumericTail,
                .clean_answer = TrimNumericTail,
                .further_box = 22},
-    .table = kPercentTable,
-    .csv = kNone,
+    .table = kNone,
+    .csv = CsvFamily{.reader = {.size_records = SizeRecords::TakeAllHeads, .ends_at_blank = true},
+                     .saves = true},
+    .user_tables = kUserTables,
 };
 
 }  // namespace korva

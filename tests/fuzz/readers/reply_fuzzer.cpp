@@ -7,6 +7,7 @@
 #include "any_device.h"
 #include "demand.h"
 #include "link/device_page.h"
+#include "link/keyed_item.h"
 #include "reader_bench.h"
 
 namespace korva {
@@ -33,6 +34,21 @@ void SpeakBothDialects(const VirtualEventLoop& loop, DeviceLink& link) {
   link.line.RcvMsg();
 }
 
+/// A value, its unit taken from behind it, is a part of what the device told.
+void SpeakInKeys(const VirtualEventLoop& loop, DeviceLink& link) {
+  constexpr int tries = kItemRepeats + 1;
+  const KeyedItem item(link.enter_item, {u"01", u"60"});
+  Try(loop, tries, [&] {
+    const String answer = item.Read(u"T12");
+    for (const char16_t* unit : {u"mV", u"Ohm", u"%"}) {
+      test::Demand(answer.find(WithoutUnit(answer, unit)) != String::npos);
+    }
+  });
+  Try(loop, tries, [&] { (void)item.Write(u"P", u"10"); });
+  Try(loop, tries, [&] { (void)item.WriteRow(u"T12", u"7.9034"); });
+  Try(loop, tries, [&] { (void)item.Command(u"R"); });
+}
+
 }  // namespace
 }  // namespace korva
 
@@ -50,6 +66,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                          bench.shared);
   bench.shared.KnownItemNames[0] = u"Zero";
   link.line.OpenAtStart(u"1200,n,8,1");
-  loop.Gate().Enter([&] { korva::SpeakBothDialects(loop, link); });
+  loop.Gate().Enter([&] {
+    korva::SpeakBothDialects(loop, link);
+    korva::SpeakInKeys(loop, link);
+  });
   return 0;
 }
