@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 40> kRows = {{
+constexpr std::array<Row, 43> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -213,6 +213,16 @@ constexpr std::array<Row, 40> kRows = {{
      .unit = " ms"},
     {.what = "Changing a cell of it, from click to painted curve",
      .benchmark = "EditCellInWindow",
+     .value = "real",
+     .limit = 5,
+     .unit = " ms"},
+    {.what = "Opening a sensor's table of 1000 points from a file, until grid and curve are painted",
+     .benchmark = "OpenSensorTableInWindow",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "Changing a cell of it, from click to painted curve",
+     .benchmark = "EditSensorCellInWindow",
      .value = "real",
      .limit = 5,
      .unit = " ms"},
