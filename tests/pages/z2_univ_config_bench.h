@@ -9,8 +9,6 @@
 
 namespace korva::test {
 
-using Texts = std::vector<std::string>;
-
 /// The page of the universal transmitter with its device behind it. The model is chosen.
 struct Z2UnivBench : Z2Bench {
   Z2UnivBench() : Z2Bench(u"Z2WU") {}
@@ -40,8 +38,8 @@ struct Z2UnivBench : Z2Bench {
     Choose(u"Z2WU");
   }
   /// The items of group 01 that were written since the accesses were forgotten, with their data.
-  [[nodiscard]] Texts Written() const {
-    Texts written;
+  [[nodiscard]] std::vector<std::string> Written() const {
+    std::vector<std::string> written;
     for (const std::string& access : line.accesses) {
       if (access.starts_with("01/") && access.find(" D") != std::string::npos && !access.ends_with(" D") &&
           !access.starts_with("01/01")) {

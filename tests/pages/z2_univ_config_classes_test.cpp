@@ -9,6 +9,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 struct ClassCase {
   const char* name;
   String text;   ///< in the box of classes

@@ -9,6 +9,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 using namespace std::chrono_literals;
 
 struct ModbusTest : testing::Test {

@@ -8,6 +8,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 using namespace std::chrono_literals;
 
 struct SystemResetTest : testing::Test {
