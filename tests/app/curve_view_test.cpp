@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 #include <iostream>
 
 #include "linearizer/linearizer.h"
@@ -370,6 +371,39 @@ TEST(CurveViewTest, OnThePageItFollowsEachCell) {
   grid.SetLook(16, 2, Look::Normal);
   QCoreApplication::processEvents();
   EXPECT_EQ(curve->accessibleDescription(), QStringLiteral("1 点、不適当 0 点"));
+}
+
+TEST(CurveViewTest, OnThePageTheCurveOfASensorsTableFollowsBasePitchSizeAndEachCell) {
+  test::WindowBench bench("Z2WU");
+  const auto pick = [&](int box, StringView entry) {
+    const auto& entries = bench.Page().Combo[box].Entries();
+    const auto at = std::find(entries.begin(), entries.end(), entry) - entries.begin();
+    bench.device.loop.Gate().Enter([&] { bench.Page().Combo[box].UserPicks(static_cast<int>(at)); });
+  };
+  pick(0, u"熱電対");
+  pick(1, u"User's TC");
+  const auto type = [&](const char* name, const char16_t* text) {
+    dynamic_cast<TextField&>(*bench.Page().FindControl(name)).UserTypes(text);
+  };
+  auto& grid = dynamic_cast<Grid&>(*bench.Page().FindControl("TCFlexGrid"));
+  const auto* curve = bench.window.Current()->findChild<CurveView*>(QStringLiteral("TCFlexGrid curve"));
+  ASSERT_GT(grid.Rows(), 1000);
+  type("txtSize", u"3");
+  grid.SetText(2, 1, u"0.4");
+  grid.SetText(3, 1, u"0.9");
+  EXPECT_EQ(curve->Points(),
+            (Points{{.row = 1, .x = 0, .y = 0}, {.row = 2, .x = 1, .y = 0.4}, {.row = 3, .x = 2, .y = 0.9}}));
+  type("txtBase", u"-50");
+  type("txtStep", u"10");
+  EXPECT_EQ(
+      curve->Points(),
+      (Points{{.row = 1, .x = -50, .y = 0}, {.row = 2, .x = -40, .y = 0.4}, {.row = 3, .x = -30, .y = 0.9}}));
+  type("txtSize", u"2");
+  EXPECT_EQ(curve->Points().size(), 2U);
+  bench.Show(bench.Page().TabOf(grid));
+  EXPECT_TRUE(curve->isVisible());
+  EXPECT_FALSE(
+      bench.window.Current()->findChild<CurveView*>(QStringLiteral("RTDFlexGrid curve"))->isVisible());
 }
 
 TEST(CurveViewTest, OnThePageAHundredPointsAreDrawnFasterThanASingleFrame) {
