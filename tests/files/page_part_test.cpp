@@ -270,6 +270,16 @@ TEST_F(PagePartTest, ReadsItsOwnSectionBack) {
   EXPECT_EQ(host.dialogs.Boxes().size(), boxes);
 }
 
+TEST_F(PagePartTest, ASectionWithTooManyFieldsIsToldAndTheReadingGoesOnWithTheNextKey) {
+  first.section_key = u"$Early";
+  first.how_read = SectionRead::Faulty;
+  Open(u"$Data\n\"1\",\"2\",\"TAG\"\n$Early\n\"1\"\n$Memo\n\"0\",\"x\"\n$End\n");
+  EXPECT_EQ(host.BoxTexts(),
+            std::vector<String>{String(kOpenTitle) +
+                                u"cfgﾌｧｲﾙ(GroupItem$)のﾌｫｰﾏｯﾄｴﾗｰです。このﾌｧｲﾙは使えません。"});
+  EXPECT_EQ(Page().txtAuthor.Text(), u"x");
+}
+
 TEST_F(PagePartTest, LeavesAnUnknownSectionAFormatFault) {
   first.section_key = u"$Early";
   Open(u"$Data\n\"1\",\"2\",\"TAG\"\n$Early\n\"1\"\n$Odd\n\"2\"\n$Memo\n\"0\",\"x\"\n$End\n");

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "core/text_utilities.h"
-#include "linearizer/linearizer.h"
+#include "linearizer/table_part.h"
 #include "support/page_parts.h"
 #include "support/sampled.h"
 #include "sweep_bench.h"
@@ -58,7 +58,7 @@ void ResetJunction(SweepBench& bench) {
 }
 
 void ReadTable(SweepBench& bench) {
-  bench.Press(Part<Linearizer>(bench.Page()).Opt_Lnr, 1);
+  bench.Press(Part<TablePart>(bench.Page()).Opt_Lnr, 1);
   bench.Click(ButtonOf(bench.Page(), "cmdReadOutTable"));
 }
 

@@ -353,5 +353,17 @@ TEST_F(UploadTest, PartsAreAskedInTheirOrder) {
                                       "read all", "upload table", "upload second", "upload third"}));
 }
 
+TEST_F(UploadTest, APartThatCantBeReadEndsItWithTheItemsThatWereReadAndNoReport) {
+  bench.page->table.read = false;
+  bench.page->AddPart("second");
+  bench.Upload();
+  EXPECT_EQ(bench.page->notes.back(), "upload table");
+  EXPECT_EQ(bench.Boxes(), (Texts{Shown(BoxKey::ModelMatches), Shown(BoxKey::StartUpload)}));
+  EXPECT_EQ(bench.page->Item(14), u"-20.5");
+  EXPECT_TRUE(bench.page->DataChanged);
+  EXPECT_FALSE(bench.page->Shared().CommBusy);
+  EXPECT_TRUE(bench.page->cmdUpload.Enabled());
+}
+
 }  // namespace
 }  // namespace korva::test
