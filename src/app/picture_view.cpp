@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QtEndian>
 #include <algorithm>
 #include <cmath>
 
@@ -30,6 +31,17 @@ QRgb Turned(const QColor& colour, const QColor& paper, const QColor& ink) {
       .rgb();
 }
 
+/// The image that a file holds; null when it holds none, or lacks its end: half a picture would mislead.
+QImage ImageIn(const std::string& bytes) {
+  constexpr qsizetype length_at = 2;  // in the file's head, low byte first
+  const QByteArray file = QByteArray::fromStdString(bytes);
+  const bool has_length = file.size() >= length_at + static_cast<qsizetype>(sizeof(quint32));
+  if (!has_length || qFromLittleEndian<quint32>(file.constData() + length_at) > file.size()) {
+    return {};
+  }
+  return QImage::fromData(file, "BMP");
+}
+
 }  // namespace
 
 PictureView::PictureView(const Picture& picture, QWidget* parent) : QWidget(parent), picture_(picture) {
@@ -39,7 +51,7 @@ PictureView::PictureView(const Picture& picture, QWidget* parent) : QWidget(pare
 }
 
 void PictureView::Show() {
-  image_ = QImage::fromData(QByteArray::fromStdString(picture_.Bytes()), "BMP");
+  image_ = ImageIn(picture_.Bytes());
   scaled_ = QPixmap();
   setAccessibleDescription(ToQt(picture_.FileName()));
   updateGeometry();

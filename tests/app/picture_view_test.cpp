@@ -109,7 +109,8 @@ TEST(PictureViewTest, AMissingOrBrokenFileLeavesAnEmptySheetWithItsName) {
   const QImage without_name = bench.view.grab().toImage();
   const std::string whole = BytesOf(Drawing());
   for (const std::string& bytes :
-       {std::string(), std::string("BM"), whole.substr(0, 30), BytesOf(Drawing(), "PNG")}) {
+       {std::string(), std::string("BM"), whole.substr(0, 30), whole.substr(0, whole.size() - 1),
+        whole.substr(0, whole.size() - 100), BytesOf(Drawing(), "PNG")}) {
     bench.picture.Show(u"In_tc.bmp", bytes);
     EXPECT_TRUE(bench.view.Shown().isNull());
     EXPECT_EQ(bench.view.sizeHint(), empty);
