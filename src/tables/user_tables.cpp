@@ -116,6 +116,33 @@ void UserTables::SetCleared() {
   Reset();
 }
 
+void UserTables::SetSaved() {
+  TablePart::SetSaved();
+  if (const String loss = FirstLoss(); !loss.empty()) {
+    const String& told = page_.Notes.Told(Notice::NotKept);
+    const String before = told.empty() ? page_.Words(TextKey::NotKept) : told + u"、";
+    page_.Notes.Tell(Notice::NotKept, before + page_.Words(TextKey::UserTable) + loss);
+  }
+}
+
+String UserTables::FirstLoss() const {
+  const auto has_comma = [](const String& text) { return text.find(u',') != String::npos; };
+  const UserTableFields::Texts texts = fields.Held();
+  if (std::any_of(texts.begin(), texts.end(), has_comma)) {
+    return u" " + page_.Words(TextKey::Row) + u" 1～";
+  }
+  const UserTable table = OfSet();
+  const LnrTable& points = TableOf(table);
+  for (int row = 1; table != UserTable::None && row <= points.Points(); ++row) {
+    for (int column = 1; column < points.Columns(); ++column) {
+      if (has_comma(points.Value(row, column))) {
+        return u" " + page_.Words(TextKey::Row) + u" " + Ascii(std::to_string(row)) + u"～";
+      }
+    }
+  }
+  return {};
+}
+
 void UserTables::PageCleared() { Reset(); }
 
 void UserTables::Reset() {

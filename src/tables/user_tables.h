@@ -28,6 +28,9 @@ class UserTables final : public TablePart {
   void SetCaptions(Language language) override;
   void SetLocked(bool locked) override;
   void SetCleared() override;
+  /// Tells in the status area too from where on the saved file will not give the table back: a comma inside a
+  /// text ends its record.
+  void SetSaved() override;
   void PageCleared() override;
   void ChoiceMade(const Choice& choice) override;
   void SettleTabs(TabMoment moment) override;
@@ -99,6 +102,8 @@ class UserTables final : public TablePart {
   void Reset();
   /// Shows what a file that was opened held.
   void TakeOpened();
+  /// Where the table of the set has its first text with a comma, in words; empty when it has none.
+  [[nodiscard]] String FirstLoss() const;
   /// Tells the grids how many rows go to the device, and for what they stand.
   void FollowFields();
   bool Read();

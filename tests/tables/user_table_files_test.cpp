@@ -229,6 +229,21 @@ TEST(UserTableSection, AFourthFieldIsToldAndTheLineBehindItToo) {
   EXPECT_EQ(bench.Cells(), (Texts{"7"}));
 }
 
+TEST(UserTableSection, ASaveTellsFromWhereOnACommaKeepsTheTableFromComingBack) {
+  UserTablesBench bench;
+  bench.Use(UserTable::Thermocouple);
+  bench.Fill({u"1", u"7,9034", u"8"});
+  bench.Save(kCfg);
+  EXPECT_EQ(ToUtf8(bench.page->Notes.Told(Notice::NotKept)),
+            "保存したﾌｧｲﾙを開いても、次の内容は元に戻りません: ﾃｰﾌﾞﾙ 行 2～");
+  bench.Fill({u"1", u"7.9034", u"8"});
+  bench.Save(kCfg);
+  EXPECT_EQ(bench.page->Notes.Told(Notice::NotKept), u"");
+  bench.Fields(u"0,5", u"1", u"3");
+  bench.Save(kCfg);
+  EXPECT_TRUE(bench.page->Notes.Told(Notice::NotKept).ends_with(u"ﾃｰﾌﾞﾙ 行 1～"));
+}
+
 TEST(UserTableSection, AFileWithoutAModelGivesItsTableToTheModelThatShows) {
   UserTablesBench bench;
   bench.PutText(kCfg, "$Data\r\n" + kTypeTc + "$Table\r\n\"6\",\"0\",\"4\"\r\n");
