@@ -8,8 +8,8 @@ namespace korva::sim {
 
 namespace {
 
-constexpr int kDecimals = 4;
-constexpr double kHighest = 10000;
+constexpr int kValueDecimals = 4;
+constexpr double kHighestAmount = 10000;
 constexpr std::string_view kDone = "OK";
 
 /// Digits alone, below `end`; none for anything else.
@@ -22,7 +22,7 @@ std::optional<std::size_t> RowNumber(std::string_view text, std::size_t end) {
 
 std::optional<double> ValueOf(std::string_view text) {
   const auto number = ParseNumber(text);
-  return number && *number >= -kHighest && *number <= kHighest ? number : std::nullopt;
+  return number && *number >= -kHighestAmount && *number <= kHighestAmount ? number : std::nullopt;
 }
 
 }  // namespace
@@ -131,7 +131,7 @@ std::optional<std::string> KeyedTable::AnswerRow(std::string_view data, bool wri
 }
 
 std::string KeyedTable::Value(std::size_t row, std::size_t column) const {
-  return FormatNumber(held_.values.at(row * form_.keys.size() + column), kDecimals);
+  return FormatNumber(held_.values.at(row * form_.keys.size() + column), kValueDecimals);
 }
 
 void KeyedTable::SetValue(std::size_t row, std::size_t column, double value) {

@@ -7,13 +7,13 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "linearizer/lnr_check.h"
+#include "transfer/known_items.h"
 
 namespace korva {
 
 namespace {
 
 constexpr StringView kStartText = u"0.00";
-constexpr int kTypeItem = 10;
 constexpr int kSwitchItem = 25;
 constexpr StringView kSwitchList = u"$I25";
 constexpr StringView kOn = u"ON";

@@ -3,11 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "core/text_utilities.h"
 #include "z2_univ_config_bench.h"
 
 namespace korva::test {
 namespace {
+
+using Texts = std::vector<std::string>;
 
 struct UniversalTablesTest : testing::Test {
   UserTables& Tables() { return bench.Univ().tables; }
