@@ -11,6 +11,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 constexpr const char16_t* kCfg = u"/korva/data/kept.cfg";
 
 std::string CfgWith(const std::string& data, const std::string& table) {

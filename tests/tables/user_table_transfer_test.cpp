@@ -13,6 +13,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 /// The page of a thermocouple with two outputs.
 struct NanoBench : UserTablesBench {
   NanoBench() : UserTablesBench(u"Nano", u"Z8WT2.def") { Use(UserTable::Thermocouple); }

@@ -12,6 +12,8 @@ namespace korva::test {
 
 namespace {
 
+using Texts = std::vector<std::string>;
+
 constexpr std::array kGridRows = Joined(kUserGridRows, std::array{DesignRow{.field = "lblLnrLimits"}},
                                         UserMoveRows("cmd_csvFileOpen cmd_csvFileSave"));
 constexpr std::array kPlainGridRows = Joined(kUserGridRows, UserMoveRows("cmd_csvFileOpen"));

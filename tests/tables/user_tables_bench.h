@@ -24,8 +24,6 @@
 
 namespace korva::test {
 
-using Texts = std::vector<std::string>;
-
 /// Checks no field: the bench's page has none that could be bad.
 class NoChecks final : public CheckSteps {
  public:
@@ -83,15 +81,15 @@ struct UserTablesBench {
   [[nodiscard]] LnrTable& Points() const { return page->tables.TableOf(page->tables.Shown()); }
   [[nodiscard]] std::string Cell(int row, int column = 1) const;
   /// Its cells, X before Y, up to the first empty one.
-  [[nodiscard]] Texts Cells() const;
+  [[nodiscard]] std::vector<std::string> Cells() const;
   /// Places of bad cells, "row/column", and names of bad fields.
-  [[nodiscard]] Texts Bad() const;
+  [[nodiscard]] std::vector<std::string> Bad() const;
   [[nodiscard]] std::string FieldTexts() const;  ///< base, step, size and range, with blanks between
 
   /// "title: text" of the boxes since the last call.
-  Texts TakeBoxes();
+  std::vector<std::string> TakeBoxes();
   /// What was sent since the last call as data of items 60 to 62: "60 P", "60 T12D7.9034".
-  Texts TakeData();
+  std::vector<std::string> TakeData();
   [[nodiscard]] sim::KeyedTable& DeviceTable(std::string_view item) { return device.GetKeyedTable(item); }
   void ExpectAtRest();
 

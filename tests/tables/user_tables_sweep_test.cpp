@@ -13,6 +13,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 enum class Job { ReadOut, WriteIn, Upload, Download };
 
 struct TableCase {

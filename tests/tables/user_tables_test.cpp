@@ -13,6 +13,8 @@
 namespace korva::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 /// Texts of rows that rise from 0 by 0.5.
 std::vector<String> Rise(int rows) {
   std::vector<String> texts;
