@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 43> kRows = {{
+constexpr std::array<Row, 44> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -173,6 +173,11 @@ constexpr std::array<Row, 43> kRows = {{
      .unit = " ms"},
     {.what = "The same of family Lite",
      .benchmark = "FirstVisitOfLite",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family LiteUniv",
+     .benchmark = "FirstVisitOfLiteUniv",
      .value = "real",
      .limit = 30,
      .unit = " ms"},

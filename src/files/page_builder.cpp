@@ -222,7 +222,8 @@ int ParameterPage::TakeOption(int row, const OptionRule& rule, const ChoiceList&
   if (kept >= 0 || cell.empty()) {
     return kept;
   }
-  const int named = list.FindText(cell);
+  const int text = list.FindText(cell);
+  const int named = text < 0 && rule.reads_codes ? list.FindCode(cell) : text;
   if (named >= 0) {
     GroupItem.Set(DataCell(row, kGroup), DataCell(row, kItem), list.Cell(named, rule.keeps));
   }

@@ -25,6 +25,7 @@ struct OptionRule {
   bool captions_from_table = false;       ///< the buttons are captioned with the texts of the table
   ListColumn keeps = &ListColumns::text;  ///< what the item's cell holds of the row that was chosen
   ModelSet models = {};                   ///< only on these; empty: on all
+  bool reads_codes = false;               ///< a cell that has the code of a row means that row
 };
 
 /// What a page with a parameter set is told of its family, beyond its kind. All of it outlives the page.
@@ -198,7 +199,7 @@ class ParameterPage : public DevicePage {
   /// Lists the rows that have something in `column`.
   void FillUsedRows(ComboBox& box, int row, const ChoiceList& list, ListColumn column);
   /// Place of the option in the cell of a row, -1 for none. A cell that names it by its text, as a device or
-  /// a file does, takes what the rule keeps.
+  /// a file does, or by its code where the rule allows that, takes what the rule keeps.
   int TakeOption(int row, const OptionRule& rule, const ChoiceList& list);
   void ShowOptions(int row);
   void FixOptions(int row, OptionGroup& options) const;

@@ -180,6 +180,23 @@ TEST_F(ClassesTest, AnInputThatStandsInNoListHasNoClass) {
   EXPECT_EQ(bench.Page().Item(25), u"") << "what its class has is not known, so nothing of it was read";
 }
 
+TEST_F(ClassesTest, AnOptionHoldsItsTextAndTakesItsCodeForIt) {
+  bench.ReadInput("DC V");
+  for (const auto& [cell, place] : std::vector<std::pair<String, int>>{{u"ON", 1}, {u"1", 1}, {u"0", 0}}) {
+    bench.Show(25, cell);
+    EXPECT_EQ(bench.Univ().tables.Opt_Lnr.Selected(), place) << ToUtf8(cell);
+    EXPECT_EQ(bench.Page().Item(25), place == 1 ? u"ON" : u"OFF") << ToUtf8(cell);
+  }
+}
+
+TEST_F(ClassesTest, TheLinearizersSwitchHasTheCaptionsOfAllSwitches) {
+  bench.Pick(bench.ClassBox(), u"直流");
+  EXPECT_EQ(bench.Univ().tables.Opt_Lnr[0].Caption(), u"無");
+  EXPECT_EQ(bench.Univ().tables.Opt_Lnr[1].Caption(), u"有");
+  bench.Pick(bench.ClassBox(), u"熱電対");
+  EXPECT_EQ(bench.Univ().Opt_Cjc[1].Caption(), u"ON") << "the others have the device's words";
+}
+
 // --- what a choice brings along
 
 TEST_F(ClassesTest, AnInputBringsItsRangeInDegC) {

@@ -33,13 +33,18 @@ z2UnivConfig::z2UnivConfig(Program& program, const FamilyRecord& record, DeviceL
 }
 
 void z2UnivConfig::AddAllOptions() {
-  const auto add = [this](StringView key, StringView item, OptionGroup& options) {
-    AddOptions({.key = key, .table = key, .item = item, .options = &options, .captions_from_table = true});
+  const auto add = [this](StringView key, StringView item, OptionGroup& options, bool captions) {
+    AddOptions({.key = key,
+                .table = key,
+                .item = item,
+                .options = &options,
+                .captions_from_table = captions,
+                .reads_codes = true});
   };
-  AddOptions({.key = u"$I21", .table = u"$I21", .item = u"21", .options = &optTempUnit});
-  add(u"$I23", u"23", Opt_Cjc);
-  add(u"$I24", u"24", optBurn);
-  add(u"$I25", u"25", tables.Opt_Lnr);
+  add(u"$I21", u"21", optTempUnit, false);
+  add(u"$I23", u"23", Opt_Cjc, true);
+  add(u"$I24", u"24", optBurn, true);
+  add(u"$I25", u"25", tables.Opt_Lnr, false);
 }
 
 }  // namespace korva
