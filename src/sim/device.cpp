@@ -41,7 +41,8 @@ Device::State::State(Model of_model, Definition definition, DeviceOptions with)
       parameters(model, std::move(definition), family, options.system_text),
       slow(AnswersSlowly(parameters.ModelCode())),
       table(family.table == TableShape::ByModel ? TableOfModel(parameters.ModelCode()) : family.table,
-            family.table_limit) {
+            family.table_limit),
+      compensation(CorrectsItsSensor(parameters.ModelCode())) {
   TakeNetworkSettings();
   AddKeyedTables();
 }
@@ -68,6 +69,12 @@ Device Device::ForModel(const std::filesystem::path& home, std::string_view name
     complete.curves = home / "system" / "z2Kv";
   }
   return {*found, Definition::Read(home, *found), complete};
+}
+
+Reply Device::Answer(std::string_view line, std::chrono::nanoseconds now) {
+  state_->now = now;
+  state_->compensation.Settle(now);
+  return Answer(line);
 }
 
 Reply Device::Answer(std::string_view line) {

@@ -50,8 +50,8 @@ struct DeviceOptions {
   std::optional<std::chrono::milliseconds> latency = std::nullopt;
 };
 
-/// A simulated signal conditioner. It has no clock and no port: it takes complete command lines and tells
-/// what it answers.
+/// A simulated signal conditioner. It has no clock and no port: it takes complete command lines, and the
+/// instants at which they come, and tells what it answers.
 ///
 /// State: its parameters (power-up values until written), its mode ('0' monitor, '1' programming, others as
 /// written), the selected group and item, and the number of command lines taken. A failed "G" or "I" leaves
@@ -82,6 +82,8 @@ class Device {
   /// Takes one command line and answers it, faults included.
   /// \param line  The bytes up to the carriage return, without it.
   Reply Answer(std::string_view line);
+  /// The same at an instant, for what takes the device its time. Instants never go back.
+  Reply Answer(std::string_view line, std::chrono::nanoseconds now);
 
   /// Faults from now on; a rule counts command lines from the device's making.
   void AddFault(const FaultRule& rule);

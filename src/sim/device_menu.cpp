@@ -101,6 +101,10 @@ std::string Device::State::TakeData(std::string_view data) {
   if (selected != nullptr && selected->kind == Item::Kind::Table) {
     return TakeTableCommand(data);
   }
+  if (selected != nullptr && selected->kind == Item::Kind::Compensation) {
+    const auto answer = compensation.Answer(data, outputs.Circuit(), now);
+    return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
+  }
   if (KeyedTable* const keys = KeyedTableOf(selected)) {
     const auto answer = keys->Answer(data, mode == kProgramming);
     return answer ? "D" + RightAlign(*answer, kDisplayWidth) : Refusal(WriteResult::Refused);
@@ -152,7 +156,8 @@ bool Device::State::IsKeyedRow(std::string_view line) {
 /// Whether the answer to a command is a pair of values, of zero and span or of a point.
 bool Device::State::AnswersInPairs(std::string_view line) const {
   return selected != nullptr && line.starts_with('D') &&
-         (selected->kind == Item::Kind::Trim || selected->kind == Item::Kind::Table);
+         (selected->kind == Item::Kind::Trim || selected->kind == Item::Kind::Table ||
+          selected->kind == Item::Kind::Pair || selected->kind == Item::Kind::Compensation);
 }
 
 std::string Device::State::TakeParameter(std::string_view data) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "sim/command_table.h"
+#include "sim/compensation.h"
 #include "sim/device.h"
 #include "sim/keyed_table.h"
 #include "sim/live_values.h"
@@ -14,6 +15,7 @@
 #include "sim/setup.h"
 #include "sim/transmitter.h"
 #include "sim/trim.h"
+#include "sim/two_outputs.h"
 
 namespace korva::sim {
 
@@ -75,6 +77,9 @@ struct Device::State {
   CommandTable commands;
   std::map<std::string, KeyedTable, std::less<>> keyed;  // by item of group 01
   Transmitter transmitter{setup, parameters, table, live};
+  Compensation compensation;
+  TwoOutputs outputs{parameters.GetDefinition(), parameters, live, compensation};
+  std::chrono::nanoseconds now{0};  // instant of the present command
   FaultPlan faults;
   int exchanges = 0;
   char mode = kMonitorMode;

@@ -29,6 +29,10 @@ std::string Device::State::ValueText(const Item& item) const {
       return trim.Text();
     case Item::Kind::Table:
       return commands.Text();
+    case Item::Kind::Compensation:
+      return compensation.Text();
+    case Item::Kind::FineTrim:
+      return parameters.Text(item) + " %";
     case Item::Kind::Number:
       return parameters.Text(item) + UnitBehind(item);
     default:
@@ -52,6 +56,9 @@ std::string Device::State::UnitBehind(const Item& item) const {
 
 /// What the display shows when an item is selected: of the model its text.
 std::string Device::State::TitleOf(const Item& item) const {
+  if (!family.pairs.empty() && item.group == "00") {
+    return item.held;
+  }
   return item.kind == Item::Kind::Stored && item.group == "00" ? StoredText(item) : item.title;
 }
 
@@ -104,6 +111,9 @@ double Device::State::LiveNumber(const Item& item) const {
   if (family.memory) {
     return transmitter.Value(item);
   }
+  if (!family.pairs.empty()) {
+    return outputs.Value(item);
+  }
   if (item.unit == "mA") {
     return live.Value(item.item, 4, 20);
   }
@@ -121,7 +131,7 @@ double Device::State::LiveNumber(const Item& item) const {
 }
 
 std::string Device::State::LiveUnit(const Item& item) const {
-  const auto own = OwnUnit(item);
+  const auto own = family.pairs.empty() ? OwnUnit(item) : outputs.UnitOf(item);
   const auto& unit = own.empty() ? item.unit : own;
   return unit.empty() || unit.starts_with('$') ? "%" : unit;
 }
@@ -155,6 +165,7 @@ std::string Device::State::EchoedValue(const std::string& reply) const {
     case Item::Kind::Fixed:
       return reply.substr(1 + selected->prefix.size());
     case Item::Kind::Number:  // its unit may stand behind it
+    case Item::Kind::FineTrim:
       return parameters.Plain(*selected);
     case Item::Kind::Table:
     case Item::Kind::Keyed:

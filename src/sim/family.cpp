@@ -204,7 +204,7 @@ constexpr std::array<Family, 11> kFamilies{{
      .dialect = Dialect::EnterItem,
      .mode_item = "01",
      .output_item = "03",
-     .live_items = "03 04 05 06 07",
+     .live_items = "03 04 05 06 07 08",
      .live_form = LiveForm::Unit,
      .table = TableShape::None,
      .typed_input = false,
@@ -215,7 +215,11 @@ constexpr std::array<Family, 11> kFamilies{{
      .counts = false,
      .empty_tag = "",
      .kinds = true,
-     .tables = {.sensor_rows = 300, .guarded = true}},
+     .live_settings = "19 20 27 44 45",
+     .tables = {.sensor_rows = 300, .guarded = true},
+     .pairs = "12 13 14 15 34 42 43",
+     .fine_trims = "19 20 44 45",
+     .compensation_item = "27"},
 }};
 
 }  // namespace

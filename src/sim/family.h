@@ -89,6 +89,10 @@ struct Family {
   std::string_view input_lists = {};
   std::string_view network_items = {};  ///< Items of group 01 that take effect at a restart only.
   std::string_view restart_item = {};   ///< Item of group 00 that restarts the device; empty: none.
+  std::string_view pairs = {};       ///< Items of group 01 that hold two numbers with a blank between them.
+  std::string_view fine_trims = {};  ///< Items of group 01 that trim an end of an output by a value in %.
+  /// Item of group 01 that corrects the sensor's circuit, on models that can; empty: none.
+  std::string_view compensation_item = {};
 };
 
 /// The family of a family word, compared exactly; null when there is none.

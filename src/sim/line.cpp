@@ -71,7 +71,7 @@ void Line::TakeByte(char byte, Instant arrived) {
   if (arrived < away_until_) {
     return;
   }
-  const Reply reply = device_.Answer(line);
+  const Reply reply = device_.Answer(line, arrived);
   away_until_ = arrived + reply.away;
   if (watcher_) {
     watcher_(line, reply);

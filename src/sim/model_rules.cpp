@@ -262,6 +262,13 @@ std::string_view SensorText(std::size_t row, std::string_view system_text) {
 
 bool RefusesTrailingPoint(std::string_view model) { return HasWord("QN QUO QC", model); }
 
+Compensation::Kind CorrectsItsSensor(std::string_view model) {
+  if (model == "Z8WR2") {
+    return Compensation::Kind::LeadResistance;
+  }
+  return model == "Z8WM2" ? Compensation::Kind::Positions : Compensation::Kind::None;
+}
+
 TableShape TableOfModel(std::string_view model) {
   if (HasWord("QHNY1 QHNY2 QHW1 Z2WT2 Z2WR2 Z2WV Z2WV2 Z8WV", model)) {
     return TableShape::Points100;

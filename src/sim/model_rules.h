@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "sim/compensation.h"
 #include "sim/family.h"
 
 namespace korva::sim {
@@ -55,6 +56,9 @@ inline constexpr std::string_view kVersionedModel = "QUO";
 
 /// Models that refuse a number which ends with its point.
 bool RefusesTrailingPoint(std::string_view model);
+
+/// What a model of two outputs corrects of its sensor's circuit.
+Compensation::Kind CorrectsItsSensor(std::string_view model);
 
 /// The linearizer table of a model of the families in which only some models have one.
 TableShape TableOfModel(std::string_view model);

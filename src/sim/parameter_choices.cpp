@@ -138,6 +138,7 @@ void Parameters::Choose(Item& item, std::size_t row) {
   BringOutputRange(item);
   if (other) {
     BringRange(item);
+    BringPairs(item);
   }
 }
 
@@ -205,6 +206,19 @@ std::string Parameters::UnitOf(const Item& item) const {
     return "Ohm";
   }
   return item.follows.empty() && item.item != "06" ? item.unit : ScaleUnit();
+}
+
+/// A type of a device with pairs brings range and limits along.
+void Parameters::BringPairs(const Item& type) {
+  if (!HasWord("10 11 41", type.item)) {
+    return;
+  }
+  const std::string_view pairs = type.item == "10" ? "14 15" : type.item == "11" ? "12 13" : "42 43";
+  for (auto& item : items_) {
+    if (item.kind == Item::Kind::Pair && HasWord(pairs, item.item)) {
+      item.held = PairOfType(item);
+    }
+  }
 }
 
 // --- limits

@@ -5,6 +5,7 @@
 #include "sim/model_rules.h"
 #include "sim/number.h"
 #include "sim/parameters.h"
+#include "sim/two_outputs.h"
 
 // What the items of a device report, and what they take.
 
@@ -47,6 +48,24 @@ WriteResult WriteCount(Item& item, std::string_view data) {
     return WriteResult::Refused;
   }
   item.held = FormatNumber(*value, 0);
+  return WriteResult::Done;
+}
+
+WriteResult WritePair(Item& item, std::string_view data) {
+  const auto pair = ParsePair(data);
+  item.held = pair ? FormatPair(*pair) : item.held;
+  return pair ? WriteResult::Done : WriteResult::Refused;
+}
+
+/// The device itself takes more than a configurator should send.
+WriteResult WriteFineTrim(Item& item, std::string_view data) {
+  constexpr double furthest = 10;  // %
+  constexpr int decimals = 3;
+  const auto value = ParseNumber(data);
+  if (!value || std::abs(*value) > furthest) {
+    return WriteResult::Refused;
+  }
+  item.held = FormatNumber(*value, decimals);
   return WriteResult::Done;
 }
 
@@ -112,6 +131,10 @@ WriteResult Parameters::Write(Item& item, std::string_view data) {
       return CarryOut(item, trimmed);
     case Item::Kind::Choice:
       return WriteChoice(item, trimmed);
+    case Item::Kind::Pair:
+      return WritePair(item, trimmed);
+    case Item::Kind::FineTrim:
+      return WriteFineTrim(item, trimmed);
     default:
       return WriteResult::Refused;
   }

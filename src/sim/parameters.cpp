@@ -1,9 +1,11 @@
 #include "sim/parameters.h"
 
 #include <algorithm>
+#include <array>
 
 #include "sim/model_rules.h"
 #include "sim/number.h"
+#include "sim/two_outputs.h"
 
 namespace korva::sim {
 
@@ -45,6 +47,7 @@ Parameters::Parameters(const Model& model, Definition definition, const Family& 
   AddMemory();
   AddTrims();
   AddRestart();
+  AddOutputs();
   AddKeyedTables();
   if (!family_.reset_item.empty()) {
     AddFixed("01", family_.reset_item, "prms initializer", "0");
@@ -121,6 +124,22 @@ void Parameters::ClassifyRow(const Definition::Row& row, Item& item) const {
   }
 }
 
+/// What a device with two outputs has besides its definition: the text of its model, the second
+/// output as a live value, and what corrects its sensor's circuit.
+void Parameters::AddOutputs() {
+  if (family_.pairs.empty()) {
+    return;
+  }
+  Find("00", "01")->held = code_ + "-AA-S";
+  AddFixed("01", "08", "Output 2 Percent", {});
+  Find("01", "08")->kind = Item::Kind::Live;
+  Find("01", "08")->unit = "%";
+  if (CorrectsItsSensor(code_) != Compensation::Kind::None) {
+    AddFixed("01", family_.compensation_item, "Sensor Comp.", {});
+    Find("01", family_.compensation_item)->kind = Item::Kind::Compensation;
+  }
+}
+
 Item::Kind Parameters::KindOf(const Definition::Row& row, const Item& item) const {
   const auto& list = Field(row, kList);
   if (!definition_.Rows(list).empty() || (list == "$I11" && !definition_.Rows(kRanges).empty())) {
@@ -134,6 +153,12 @@ Item::Kind Parameters::KindOf(const Definition::Row& row, const Item& item) cons
   }
   if (item.form == "HEXADR") {
     return Item::Kind::Address;
+  }
+  if (HasWord(family_.pairs, item.item)) {
+    return Item::Kind::Pair;
+  }
+  if (HasWord(family_.fine_trims, item.item)) {
+    return Item::Kind::FineTrim;
   }
   const bool written = item.uploaded || !Field(row, family_.columns.position).empty();
   if (family_.counts && Field(row, kItem).ends_with("_set") && item.unit != "%") {
@@ -285,9 +310,40 @@ void Parameters::PowerUp(Item& item) const {
       Hold(item, ParseNumber(number).value_or(0), number);
       break;
     }
+    case Item::Kind::Pair:
+      item.held = PairOfType(item);
+      break;
+    case Item::Kind::FineTrim:
+      item.held = "0.000";
+      break;
     default:
       break;
   }
+}
+
+/// The pair that the present type of the input or of an output brings along: range and limits by its row;
+/// that of the cold junction is the one of a new module.
+std::string Parameters::PairOfType(const Item& pair) const {
+  struct Source {
+    std::string_view pair;
+    std::string_view type;
+    std::size_t first;
+    std::size_t second;
+  };
+  constexpr std::array<Source, 6> sources = {{{.pair = "14", .type = "10", .first = 2, .second = 3},
+                                              {.pair = "15", .type = "10", .first = 6, .second = 9},
+                                              {.pair = "12", .type = "11", .first = 2, .second = 3},
+                                              {.pair = "13", .type = "11", .first = 4, .second = 6},
+                                              {.pair = "42", .type = "41", .first = 2, .second = 3},
+                                              {.pair = "43", .type = "41", .first = 4, .second = 6}}};
+  const auto* const source = std::ranges::find(sources, pair.item, &Source::pair);
+  const Item* const type = source == sources.end() ? nullptr : Find("01", source->type);
+  if (type == nullptr || type->kind != Item::Kind::Choice) {
+    return "25.000 574.000";
+  }
+  const auto& row = Rows(*type)[type->row];
+  return FormatPair({.first = ParseNumber(Field(row, source->first)).value_or(0),
+                     .second = ParseNumber(Field(row, source->second)).value_or(0)});
 }
 
 std::string Parameters::PowerUpText(const Item& item) const {

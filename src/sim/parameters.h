@@ -26,23 +26,26 @@ inline constexpr std::string_view kFrequencyUnits = "frequency";  ///< The devic
 struct Item {
   /// What an item holds and how it takes data.
   enum class Kind {
-    Fixed,    ///< A text of the device itself; takes no data.
-    Mode,     ///< The device mode.
-    Tag,      ///< Up to ten characters, reported padded to ten.
-    Number,   ///< A number.
-    Choice,   ///< A row of a table: takes the code, reports the text.
-    Live,     ///< A measured value; takes no data.
-    Output,   ///< A measured value that takes a number to force the output.
-    Count,    ///< A whole number that goes on by itself in monitor mode, and can be set.
-    Command,  ///< Acts when it is written without data: sets a count to 0. Reads as 0.
-    Stored,   ///< A text that stands in the device's memory; takes no data.
-    Trim,     ///< Zero and span of the output's trim; takes no data.
-    Trimmer,  ///< Takes the commands that move the trim.
-    Table,    ///< Takes and answers the commands of the linearizer table.
-    Address,  ///< Two hexadecimal digits, 01 to 7F.
-    Restart,  ///< Restarts the device when it is written with "R".
-    Keyed,    ///< A table whose values have keys.
-    Access,   ///< Lets the device's memory be read and written byte by byte while it is selected.
+    Fixed,         ///< A text of the device itself; takes no data.
+    Mode,          ///< The device mode.
+    Tag,           ///< Up to ten characters, reported padded to ten.
+    Number,        ///< A number.
+    Choice,        ///< A row of a table: takes the code, reports the text.
+    Live,          ///< A measured value; takes no data.
+    Output,        ///< A measured value that takes a number to force the output.
+    Count,         ///< A whole number that goes on by itself in monitor mode, and can be set.
+    Command,       ///< Acts when it is written without data: sets a count to 0. Reads as 0.
+    Stored,        ///< A text that stands in the device's memory; takes no data.
+    Trim,          ///< Zero and span of the output's trim; takes no data.
+    Trimmer,       ///< Takes the commands that move the trim.
+    Table,         ///< Takes and answers the commands of the linearizer table.
+    Address,       ///< Two hexadecimal digits, 01 to 7F.
+    Restart,       ///< Restarts the device when it is written with "R".
+    Keyed,         ///< A table whose values have keys.
+    Access,        ///< Lets the device's memory be read and written byte by byte while it is selected.
+    Pair,          ///< Two numbers with a blank between them.
+    FineTrim,      ///< A number in percent, by which an end of an output is moved.
+    Compensation,  ///< Takes and answers the commands that correct the sensor's circuit.
   };
 
   std::string group;
@@ -115,6 +118,7 @@ class Parameters {
   /// definition's own; empty where it has none.
   std::string UnitOf(const Item& item) const;
 
+  const Definition& GetDefinition() const { return definition_; }
   /// Definition file without its ending, such as "QHW".
   const std::string& ModelCode() const { return code_; }
 
@@ -125,6 +129,7 @@ class Parameters {
   void AddMemory();
   void AddTrims();
   void AddRestart();
+  void AddOutputs();
   void AddKeyedTables();
   void ClassifyRow(const Definition::Row& row, Item& item) const;
   Item::Kind KindOf(const Definition::Row& row, const Item& item) const;
@@ -134,6 +139,8 @@ class Parameters {
   std::string PowerUpText(const Item& item) const;
   std::string PowerUpLimit(bool span) const;
   std::string FirstTypeLimit(const Item& item) const;
+  std::string PairOfType(const Item& pair) const;
+  void BringPairs(const Item& type);
 
   const std::vector<Definition::Row>& Rows(const Item& choice) const;
   std::size_t TextColumn(const Item& item) const;

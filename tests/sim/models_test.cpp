@@ -119,7 +119,7 @@ TEST_P(ModelsTest, OwnValuesWrittenBackInTheOrderOfWritingEchoUnchanged) {
       ASSERT_NE(choice, nullptr) << section << " has no row " << data;
       data = Field(*choice, 0);
     }
-    EXPECT_EQ(Shown(Write(device_, "01", Field(*row, 1), data)), before) << Field(*row, 1);
+    EXPECT_EQ(Shown(Write(device_, "01", Field(*row, 1).substr(0, 2), data)), before) << Field(*row, 1);
   }
 }
 
@@ -205,7 +205,8 @@ TEST_P(ModelsTest, NumbersKeepTheRangesOfTheirModel) {
       }
     }
   }
-  if (Number("19") && Number("20")) {
+  const bool scale = device_.GetFamily().fine_trims.empty();  // else they trim an output
+  if (scale && Number("19") && Number("20")) {
     EXPECT_GT(*Number("20"), *Number("19"));
   }
 }

@@ -23,7 +23,7 @@ class DeviceLine : public CommandLine {
 
  protected:
   /// What comes back to a command. The device takes each one once.
-  virtual sim::Reply Answer(const Command& command) { return device_.Answer(command.text); }
+  virtual sim::Reply Answer(const Command& command) { return device_.Answer(command.text, command.received); }
 
  private:
   void Take(const Command& command) override;

@@ -108,6 +108,8 @@ struct FamilyFacts {
   std::vector<std::string_view> unread_items = {};
   std::vector<std::string_view> class_lists = {};   ///< lists of inputs, one for each class
   std::vector<std::string_view> placed_lists = {};  ///< lists of which the place of a choice is sent
+  /// Rows of an item's second number, whose title stands in the row of the first.
+  std::vector<std::string_view> second_halves = {};
   bool titled_version = true;  ///< the row of the version text has a title, which is not that text itself
   bool forms = false;          ///< a choice is marked by `O` or `N`, and a value needs no prefix
   std::vector<std::string_view> rounded_items = {};  ///< times that the program brings onto the device's grid
