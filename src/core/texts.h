@@ -75,6 +75,7 @@ enum class TextKey {
   Range,
   Default,
   // Compensation and calibration.
+  SensorCompensation,  ///< heads all of it
   ZeroCompensation,
   SpanCompensation,
   LineResistanceCompensation,
@@ -114,6 +115,8 @@ enum class TextKey {
   Minimum,
   OptionYes,
   OptionNo,
+  AtZeroPercent,  ///< the end of a range
+  AtHundredPercent,
   UpperLimit,
   LowerLimit,
   ResettingSystem,  ///< two lines, in the window shown while the device restarts

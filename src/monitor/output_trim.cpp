@@ -1,7 +1,5 @@
 #include "monitor/output_trim.h"
 
-#include <string>
-
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "link/group_item.h"
@@ -14,7 +12,7 @@ namespace {
 constexpr int kLitTime = 700;    ///< ms for which a value is highlighted
 constexpr int kUnlitTime = 200;  ///< ms until the next one is read
 constexpr double kHundredths = 100;
-constexpr StringView kResetStep = u"Reset";
+constexpr TrimSteps kHundredthSteps = {.m01 = u"-10", .m001 = u"-1", .p001 = u"1", .p01 = u"10"};
 constexpr StringView kTwoDecimals = u"0.00";
 
 /// The value as the decimal number of 15 digits that a user reads.
@@ -28,10 +26,6 @@ std::optional<double> SpanPercent(StringView answer) { return Percent(SpanFromTr
 
 String ZeroStep(StringView step, double /*target*/) { return u"Z" + String(step); }
 String SpanStep(StringView step, double /*target*/) { return u"S" + String(step); }
-
-std::string NameOf(const TrimEnd& end, std::string_view what) {
-  return std::string("cmd").append(end.name).append(what);
-}
 
 }  // namespace
 
@@ -71,44 +65,17 @@ constexpr TrimEnd kSpanTrim = {.key = u"28_span",
                                .untold = u"100"};
 
 OutputTrim::OutputTrim(ParameterPage& page, const TrimEnd& end)
-    : StartButton(NameOf(end, "Start")),
-      M01Button(NameOf(end, "M01")),
-      M001Button(NameOf(end, "M001")),
-      P001Button(NameOf(end, "P001")),
-      P01Button(NameOf(end, "P01")),
-      ResetButton(NameOf(end, "Reset")),
-      LimitsLabel(std::string("lbl").append(end.name).append("Limits")),
-      page_(page),
-      end_(end) {
+    : TrimButtons(end.name), page_(page), end_(end) {
   page_.Add(*this);
   for (Control* control : Controls()) {
     page_.Register(*control);
   }
-  ListenToButtons();
-  ShowState();
-}
-
-std::array<Control*, 7> OutputTrim::Controls() {
-  return {&StartButton, &M01Button, &M001Button, &P001Button, &P01Button, &ResetButton, &LimitsLabel};
-}
-
-void OutputTrim::ListenToButtons() {
   StartButton.OnClick = [this] { StartOrStop(); };
-  request_.Offer(M01Button, u"-10");
-  request_.Offer(M001Button, u"-1");
-  request_.Offer(P001Button, u"1");
-  request_.Offer(P01Button, u"10");
-  request_.Offer(ResetButton, kResetStep);
+  Offer(request_, kHundredthSteps);
+  ShowRunning(running_);
 }
 
-void OutputTrim::SetCaptions(Language language) {
-  M01Button.SetCaption(u"-0.1");
-  M001Button.SetCaption(u"-0.01");
-  P001Button.SetCaption(u"+0.01");
-  P01Button.SetCaption(u"+0.1");
-  ResetButton.SetCaption(CaptionText(TextKey::Reset, language));
-  LimitsLabel.SetCaption(String(end_.low) + u"% <= X <= " + String(end_.high) + u"%");
-}
+void OutputTrim::SetCaptions(Language language) { TrimButtons::SetCaptions(end_.low, end_.high, language); }
 
 void OutputTrim::PageBuilt() {
   TextField* box = page_.FindField(end_.key);
@@ -154,7 +121,7 @@ void OutputTrim::Start() {
     return;
   }
   running_ = true;
-  ShowState();
+  ShowRunning(running_);
   KeepInReach(page_, StartButton);
   StartButton.SetFocus();
   CarryOver(*box);
@@ -170,14 +137,7 @@ void OutputTrim::Stop() {
   page_.UnlockFrame();
   running_ = false;
   request_.Drop();
-  ShowState();
-}
-
-void OutputTrim::ShowState() {
-  StartButton.SetCaption(CaptionText(running_ ? TextKey::Stop : TextKey::Start));
-  for (Button* button : {&M01Button, &M001Button, &P001Button, &P01Button, &ResetButton}) {
-    button->SetEnabled(running_);
-  }
+  ShowRunning(running_);
 }
 
 void OutputTrim::CarryOver(const TextField& box) {
@@ -213,7 +173,7 @@ void OutputTrim::Turn(TextField& box) {
 }
 
 void OutputTrim::Apply(const String& step) {
-  if (step == kResetStep) {
+  if (step == kTrimReset) {
     page_.Items().WriteRetry(kItemRepeats, ItemKey(end_.write_item).OnWire(), String(end_.reset_data));
   } else {
     Step(step);

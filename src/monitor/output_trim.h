@@ -1,10 +1,9 @@
 #pragma once
 
-#include <array>
 #include <optional>
 
 #include "files/parameter_page.h"
-#include "monitor/step_request.h"
+#include "monitor/trim_buttons.h"
 
 namespace korva {
 
@@ -50,7 +49,7 @@ extern const TrimEnd kSpanTrim;
 ///
 /// The device is sent differences, so a step goes out only when the device has told from where. One that
 /// would lead out of the limits is refused with its box.
-class OutputTrim final : public PagePart {
+class OutputTrim final : public PagePart, public TrimButtons {
  public:
   /// Adds itself and its controls to the page. All outlive this.
   OutputTrim(ParameterPage& page, const TrimEnd& end);
@@ -66,19 +65,9 @@ class OutputTrim final : public PagePart {
   void StartOrStop();
   [[nodiscard]] bool Running() const { return running_; }
 
-  Button StartButton;
-  Button M01Button;  ///< -0.1 %
-  Button M001Button;
-  Button P001Button;
-  Button P01Button;
-  Button ResetButton;
-  Label LimitsLabel;
-
  private:
-  void ListenToButtons();
   void Start();
   void Stop();
-  void ShowState();
   void Turn(TextField& box);
   /// Brings the value in the box to the device.
   void CarryOver(const TextField& box);
@@ -87,7 +76,6 @@ class OutputTrim final : public PagePart {
   void Step(const String& step);
   static void ShowTold(TextField& box, const String& percent);
   [[nodiscard]] String Read() const;
-  [[nodiscard]] std::array<Control*, 7> Controls();
   [[nodiscard]] bool IsItsRow(int row) const { return row >= 0 && row == page_.FindDataRow(end_.key); }
 
   ParameterPage& page_;

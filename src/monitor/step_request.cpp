@@ -1,13 +1,17 @@
 #include "monitor/step_request.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace korva {
 
 void StepRequest::Offer(Button& button, StringView step) {
+  offered_.push_back(&button);
   button.OnClick = [this, &button, text = String(step)] {
-    step_ = text;
-    ShowWaiting(&button);
+    if (presses_ == Presses::LastCounts) {
+      waiting_.clear();
+    }
+    waiting_.push_back({.button = &button, .step = text});
+    ShowWaiting();
   };
 }
 
@@ -15,24 +19,23 @@ void StepRequest::CarryOut(const std::function<void(const String& step)>& action
   if (!Waits()) {
     return;
   }
-  action(std::exchange(step_, {}));
-  if (!Waits()) {
-    ShowWaiting(nullptr);
-  }
+  const Press first = waiting_.front();
+  waiting_.erase(waiting_.begin());
+  ShowWaiting(first.button);
+  action(first.step);
+  ShowWaiting();
 }
 
 void StepRequest::Drop() {
-  step_.clear();
-  ShowWaiting(nullptr);
+  waiting_.clear();
+  ShowWaiting();
 }
 
-void StepRequest::ShowWaiting(Button* button) {
-  if (button_ != nullptr && button_ != button) {
-    button_->SetPending(false);
-  }
-  button_ = button;
-  if (button_ != nullptr) {
-    button_->SetPending(true);
+void StepRequest::ShowWaiting(const Button* busy) {
+  for (Button* button : offered_) {
+    button->SetPending(button == busy ||
+                       std::any_of(waiting_.begin(), waiting_.end(),
+                                   [&](const Press& press) { return press.button == button; }));
   }
 }
 

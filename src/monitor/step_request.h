@@ -1,33 +1,46 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "core/control.h"
 
 namespace korva {
 
+/// What becomes of a press while another one waits.
+enum class Presses {
+  LastCounts,  ///< it takes the place of the other
+  AllCount,    ///< both are carried out, in their order
+};
+
 /// What the user asks of a live loop by its buttons. A press shows at once that it waits (Button::Pending),
-/// and is carried out at the loop's next turn; a second press before that takes the place of the first.
+/// and is carried out at the loop's next turn.
 class StepRequest {
  public:
-  StepRequest() = default;
+  explicit StepRequest(Presses presses = Presses::LastCounts) : presses_(presses) {}
   StepRequest(const StepRequest&) = delete;
   StepRequest& operator=(const StepRequest&) = delete;
   ~StepRequest() = default;
 
   /// Lets a press of `button`, which outlives this, ask for `step`, a text that isn't empty.
   void Offer(Button& button, StringView step);
-  [[nodiscard]] bool Waits() const { return !step_.empty(); }
-  /// Has `action` carry out what waits, if anything does. A press meanwhile waits for the next time.
+  [[nodiscard]] bool Waits() const { return !waiting_.empty(); }
+  /// Has `action` carry out what waits first, if anything does. A press meanwhile waits for the next time.
   void CarryOut(const std::function<void(const String& step)>& action);
   void Drop();
 
  private:
-  /// Shows that `button` alone waits; nullptr: none does.
-  void ShowWaiting(Button* button);
+  struct Press {
+    Button* button;
+    String step;
+  };
 
-  String step_;
-  Button* button_ = nullptr;
+  /// Shows which buttons wait: those of the presses, and `busy` as long as its step is carried out.
+  void ShowWaiting(const Button* busy = nullptr);
+
+  Presses presses_;
+  std::vector<Press> waiting_;
+  std::vector<Button*> offered_;
 };
 
 }  // namespace korva

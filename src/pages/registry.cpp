@@ -25,6 +25,7 @@
 #include "pages/z2_univ_config/family.h"
 #include "pages/z2_univ_config/z2_univ_config.h"
 #include "pages/z8_kv_config/family.h"
+#include "pages/z8_kv_config/z8_kv_config.h"
 
 namespace korva {
 
@@ -46,7 +47,7 @@ constexpr std::array kRegistry = {
     RegistryEntry{.record = kZ2KvConfigV3Record, .page = PageMaker(Make<z2KvConfig_V3>)},
     RegistryEntry{.record = kZ2KvConfigV4Record, .page = PageMaker(Make<z2KvConfig_V4>)},
     RegistryEntry{.record = kZ2KvConfigV5Record, .page = PageMaker(Make<z2KvConfig_V5>)},
-    RegistryEntry{.record = kZ8KvConfigRecord, .page = kNone},
+    RegistryEntry{.record = kZ8KvConfigRecord, .page = PageMaker(Make<z8KvConfig>)},
 };
 
 }  // namespace

@@ -16,7 +16,7 @@ bool DownloadSteps::Collate() { return CollateInputType(page_); }
 
 Download::Download(ParameterPage& page, const RowForm& form, ValueCheck& check, DownloadSteps& steps)
     : page_(page), form_(form), check_(check), steps_(steps), numbers_(page, [this](int row) {
-        return DataToSend(row);
+        return DataToSend(form_.CarrierOf(row));
       }) {
   page_.cmdDownload.OnClick = [this] { Run(); };
 }
@@ -212,8 +212,10 @@ bool Download::WriteVerified(WriteEntry& entry) {
   const String echo = steps_.WriteChecked(entry);
   steps_.AfterWrite();
   const String reply = steps_.Proof(entry, echo);
-  if (!reply.empty()) {
-    numbers_.Sent(entry.row, entry.data);
+  for (int row = 0; !reply.empty() && row < page_.Def.Data().Rows(); ++row) {
+    if (form_.CarrierOf(row) == entry.row) {
+      numbers_.Sent(row, entry.data);
+    }
   }
   if (reply.empty() || !steps_.CompareReply(entry, reply)) {
     steps_.ShowWriteFailure(entry, reply);

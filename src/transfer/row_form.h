@@ -28,6 +28,8 @@ class RowForm {
   /// Where the codes of a choice item of group "01" stand for the chosen model; nothing when the item is
   /// none, or has nothing to choose under the present input type, and is then not written.
   [[nodiscard]] virtual std::optional<CodeTable> CodesOf(int item) const = 0;
+  /// The row with which the item of a row travels, where several rows show parts of one item.
+  [[nodiscard]] virtual int CarrierOf(int row) const { return row; }
   /// True when the cell of a choice, which has no code as it stands, will be brought into the device's own
   /// spelling before it is written.
   [[nodiscard]] virtual bool WillBeSpelt(int /*row*/) const { return false; }

@@ -193,7 +193,7 @@ TEST_P(FamilyDesignTest, NamesAnItemInEachLineOfAParameter) {
 
 INSTANTIATE_TEST_SUITE_P(Each, FamilyDesignTest,
                          testing::Values(u"First", u"Second", u"Third", u"QXI", u"Lite", u"LiteSecond",
-                                         u"LiteThird", u"LiteForth", u"LiteFifth"),
+                                         u"LiteThird", u"LiteForth", u"LiteFifth", u"Nano"),
                          [](const auto& parameter) { return ToUtf8(parameter.param); });
 
 }  // namespace

@@ -92,7 +92,7 @@ std::vector<String> ModelsOf(StringView family) {
 std::vector<String> AllModels() {
   std::vector<String> names;
   for (const StringView family : {u"First", u"Second", u"Third", u"QXI", u"Lite", u"LiteUniv", u"LiteSecond",
-                                  u"LiteThird", u"LiteForth", u"LiteFifth"}) {
+                                  u"LiteThird", u"LiteForth", u"LiteFifth", u"Nano"}) {
     const std::vector<String> models = ModelsOf(family);
     names.insert(names.end(), models.begin(), models.end());
   }

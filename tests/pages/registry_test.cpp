@@ -100,9 +100,9 @@ TEST(Registry, FindsTheEntryOfEachWordAndNoOther) {
 }
 
 TEST(Registry, TheseFamiliesHaveAPageAndItsFields) {
-  const std::set<StringView> with_page = {u"First",     u"QXI",      u"Second",     u"Third",
-                                          u"Lite",      u"LiteUniv", u"LiteSecond", u"LiteThird",
-                                          u"LiteForth", u"LiteFifth"};
+  const std::set<StringView> with_page = {u"First",     u"QXI",       u"Second",     u"Third",
+                                          u"Lite",      u"LiteUniv",  u"LiteSecond", u"LiteThird",
+                                          u"LiteForth", u"LiteFifth", u"Nano"};
   for (const RegistryEntry& entry : Registry()) {
     EXPECT_EQ(entry.page.Has(), with_page.contains(entry.record.family.word));
     EXPECT_EQ(entry.record.fields.Has(), entry.page.Has());

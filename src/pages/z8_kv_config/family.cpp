@@ -28,6 +28,17 @@ constexpr std::array kSections = {
     SectionShape{.key = u"$SSTab", .columns = 8, .kind = SectionKind::List},
 };
 
+constexpr FieldArrays kArrays = {
+    .lbl_item = 43, .label = 43, .text = 43, .frame = 3, .combo = 2, .lbl_unit = 43};
+constexpr std::array kLists = {
+    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Coded},
+    ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Coded},
+    ListRule{.key = u"$I41", .table = u"$I41", .fill = ListFill::Coded},
+};
+constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"05", u"06", u"07"};
+constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
+constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
+
 constexpr std::array<StringView, 1> kVoltage = {u"Z8WV2.def"};
 constexpr std::array<StringView, 1> kPotentiometer = {u"Z8WM2.def"};
 constexpr std::array<StringView, 1> kThermocouple = {u"Z8WT2.def"};
@@ -106,7 +117,14 @@ constexpr FamilyRecord kZ8KvConfigRecord = {
     .device = {.system_text = SystemText::Title},
     .slow_models = kNone,
     .definition = {.sections = kSections, .only_file = kNone, .layout = kTitledLayout},
-    .fields = kNone,
+    .fields = FieldForm{.arrays = kArrays,
+                        .groups = 4,
+                        .lists = kLists,
+                        .unit_lists = {},
+                        .live_items = kLiveItems,
+                        .text_items = kTagAlone,
+                        .blank_items = kColdJunctionItems,
+                        .needed_choices = kNeededChoices},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = live::kCycle04To07,
                 .clean = TrimNumericTail,
