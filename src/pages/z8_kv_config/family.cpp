@@ -31,9 +31,9 @@ constexpr std::array kSections = {
 constexpr FieldArrays kArrays = {
     .lbl_item = 43, .label = 43, .text = 43, .frame = 3, .combo = 2, .lbl_unit = 43};
 constexpr std::array kLists = {
-    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Coded},
-    ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Coded},
-    ListRule{.key = u"$I41", .table = u"$I41", .fill = ListFill::Coded},
+    ListRule{.key = u"$I10", .table = u"$I10", .fill = ListFill::Texts},
+    ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Texts},
+    ListRule{.key = u"$I41", .table = u"$I41", .fill = ListFill::Texts},
 };
 constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"05", u"06", u"07"};
 constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};

@@ -222,7 +222,7 @@ void ItemPairs::ChangeUnit(int row, const String& unit) {
   const String& present = PlaceOf(row)->side == Side::First ? texts.first : texts.second;
   const Number* number = Unedited(row);
   if (number == nullptr) {
-    Put(row, Converted(UnitOf(row), unit, present));
+    Put(row, Converted(ShownUnitOf(row), unit, present));
     return;
   }
   const Number changed = {.read = number->read, .shown = Converted(kDegC, unit, number->read)};
@@ -240,7 +240,7 @@ const ItemPairs::Number* ItemPairs::Unedited(int row) const {
   return found->second.shown == present ? &found->second : nullptr;
 }
 
-String ItemPairs::UnitOf(int row) const {
+String ItemPairs::ShownUnitOf(int row) const {
   const Label* label = page_.DataCell(row, kTemperature) == u"Item21" ? page_.UnitLabelOf(row) : nullptr;
   return label == nullptr ? String() : label->Caption();
 }
@@ -265,7 +265,7 @@ String ItemPairs::DataOfNumber(int row) const {
   }
   const PairTexts texts = TextsOf(row);
   const String& text = PlaceOf(row)->side == Side::First ? texts.first : texts.second;
-  return text.empty() ? text : FormatMask(LeadingNumber(Converted(UnitOf(row), kDegC, text)), kSentMask);
+  return text.empty() ? text : FormatMask(LeadingNumber(Converted(ShownUnitOf(row), kDegC, text)), kSentMask);
 }
 
 void ItemPairs::BringRange(StringView first_key, StringView list, int row) {
@@ -280,7 +280,7 @@ void ItemPairs::BringOne(int row, const String& preset, bool low) {
   if (row < 0 || preset.empty()) {
     return;
   }
-  const String unit = UnitOf(row);
+  const String unit = ShownUnitOf(row);
   if (unit != kDegF && unit != kKelvin) {
     Put(row, preset);
     return;

@@ -76,7 +76,7 @@ class ItemPairs final : public PagePart {
   [[nodiscard]] std::optional<Place> PlaceOf(int row) const;
   [[nodiscard]] PairTexts TextsOf(int row) const { return SplitPair(page_.SetCell(row)); }
   [[nodiscard]] String MaskOf(int row) const;
-  [[nodiscard]] String UnitOf(int row) const;
+  [[nodiscard]] String ShownUnitOf(int row) const;
   /// The number of a row if it is still the one that was read.
   [[nodiscard]] const Number* Unedited(int row) const;
   [[nodiscard]] String DataOfNumber(int row) const;
