@@ -32,11 +32,13 @@ struct Operation {
 };
 
 /// Buttons that begin an operation on the device.
-constexpr std::array<std::string_view, 20> kBeginners = {
-    "cmdUpload",       "cmdDownload",     "cmdMonitorON",      "cmdSet",           "cmdStatusMonOFF",
-    "cmdSet2",         "cmdSet3",         "Command_I12",       "Command_I13",      "cmdChangeCJM",
-    "cmdWriteInCJM",   "cmdDefaultCJM",   "cmdThresholdStart", "cmdReadOutTable",  "cmdWriteInTable",
-    "cmdOutZeroStart", "cmdOutSpanStart", "cmdReadOutModbus",  "cmdWriteInModbus", "cmdResetModbus"};
+constexpr std::array<std::string_view, 30> kBeginners = {
+    "cmdUpload",        "cmdDownload",      "cmdMonitorON",      "cmdSet",           "cmdStatusMonOFF",
+    "cmdSet2",          "cmdSet3",          "Command_I12",       "Command_I13",      "cmdChangeCJM",
+    "cmdWriteInCJM",    "cmdDefaultCJM",    "cmdThresholdStart", "cmdReadOutTable",  "cmdWriteInTable",
+    "cmdOutZeroStart",  "cmdOutSpanStart",  "cmdReadOutModbus",  "cmdWriteInModbus", "cmdResetModbus",
+    "cmdOut1ZeroStart", "cmdOut1SpanStart", "cmdOut2ZeroStart",  "cmdOut2SpanStart", "cmdLineSet",
+    "cmdLineReset",     "cmd0Per",          "cmd100Per",         "cmdCalReset",      "cmdReadOutComp"};
 
 void Monitor(SweepBench& bench) {
   bench.loop.After(std::chrono::seconds(3),
@@ -68,6 +70,12 @@ void WriteTable(SweepBench& bench) {
   bench.Click(ButtonOf(bench.Page(), "cmdWriteInTable"));
 }
 
+/// True when the page has a control of this name that a user could act on.
+bool InReachOfUser(const Page& page, std::string_view name) {
+  const Control* const control = page.FindControl(name);
+  return control != nullptr && page.WhyRefused(*control).empty();
+}
+
 /// The operations of a model that counts, or of one whose output can be forced.
 std::vector<Operation> OperationsOf(SweepBench& bench) {
   std::vector<Operation> operations = {{"upload", [](SweepBench& any) { any.Upload(); }},
@@ -80,12 +88,16 @@ std::vector<Operation> OperationsOf(SweepBench& bench) {
     operations.push_back(
         {"command", [](SweepBench& any) { any.Click(ButtonOf(any.Page(), "Command_I12")); }});
   }
-  if (bench.Page().FindControl("cmdDefaultCJM") != nullptr) {
+  if (InReachOfUser(bench.Page(), "cmdChangeCJM")) {
     operations.push_back({"cold junction", ResetJunction});
   }
   if (bench.Page().FindControl("cmdResetModbus") != nullptr) {
     operations.push_back(
         {"reset", [](SweepBench& any) { any.Click(ButtonOf(any.Page(), "cmdResetModbus")); }});
+  }
+  if (InReachOfUser(bench.Page(), "cmd0Per")) {
+    operations.push_back(
+        {"calibration", [](SweepBench& any) { any.Click(ButtonOf(any.Page(), "cmd0Per")); }});
   }
   if (bench.Page().FindControl("cmdReadOutTable") != nullptr) {
     operations.push_back({"table", WriteTable});
@@ -135,7 +147,7 @@ Texts InReach(const Page& page) {
 struct OneOperationTest : testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Model, OneOperationTest,
                          testing::Values("QN", "QXI", "QEY", "QNA2", "QEC2", "Z2WT", "Z2WU", "Z2WQ", "Z2WPA",
-                                         "Z2WPR"),
+                                         "Z2WPR", "Z8WM2"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(OneOperationTest, NothingButItsOwnStopIsInReachWhileAnOperationRuns) {

@@ -63,6 +63,10 @@ constexpr std::array kFreeRows = FreeRows(
     std::array{15, 16, 17, 18, 19, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43},
     kFirstFreeNumber);
 
+/// The grids, of which one shows, the limits of its values, and what moves it.
+constexpr std::array kPointRows = Joined(kUserGridRows, std::array{DesignRow{.field = "lblLnrLimits"}},
+                                         UserMoveRows("cmd_csvFileOpen cmd_csvFileSave"));
+
 constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
 constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
     {.field = "lbl_CJMmsg"},
@@ -118,6 +122,7 @@ constexpr std::array kSecondOutputGroups = {
     DesignGroup{.heading = TextKey::SecondOutput, .rows = kSecondOutputRows},
     DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kFreeRows},
 };
+constexpr std::array kTableGroups = UserTableGroups(kPointRows, kUserFieldRows);
 constexpr std::array kCjmGroups = {
     DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
     DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
@@ -133,7 +138,7 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
     DesignTab{.caption = TextKey::Output1, .groups = kFirstOutputGroups},
     DesignTab{.caption = TextKey::Output2, .groups = kSecondOutputGroups},
-    DesignTab{.caption = TextKey::Linearizer, .rule = TabRule::BySwitch},
+    TableTab(kTableGroups),
     DesignTab{.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups},
     kPortTab,
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},

@@ -24,6 +24,7 @@ z8KvConfig::z8KvConfig(Program& program, const FamilyRecord& record, DeviceLink&
                     FormsOf(record), link),
       pairs(*this),
       presets(*this, pairs),
+      tables(*this, record.user_tables.Value(), record.csv),
       cold_junction(*this, kColdJunction),
       compensation(*this, kCompensations),
       boxes(*this),
@@ -56,7 +57,7 @@ void z8KvConfig::AddAllOptions() {
   add(u"$I21", u"21", optTempUnit, false);
   add(u"$I23", u"23", Opt_Cjc, true);
   add(u"$I24", u"24", optBurn, true);
-  add(u"$I25", u"25", Opt_Lnr, false);
+  add(u"$I25", u"25", tables.Opt_Lnr, false);
 }
 
 }  // namespace korva

@@ -8,6 +8,7 @@
 #include "pages/z8_kv_config/transfer.h"
 #include "tables/cold_junction.h"
 #include "tables/sensor_compensation.h"
+#include "tables/user_tables.h"
 #include "transfer/temperature_units.h"
 
 namespace korva {
@@ -20,10 +21,10 @@ class z8KvConfig final : public ParameterPage {
 
   OptionGroup Opt_Cjc{"Opt_Cjc", 2};
   OptionGroup optBurn{"optBurn", 3};
-  OptionGroup Opt_Lnr{"Opt_Lnr", 2};
 
   ItemPairs pairs;  ///< before the units: a pair is converted as one
   RangePresets presets;
+  UserTables tables;
   ColdJunction cold_junction;
   SensorCompensation compensation;
   OutputBoxes boxes;
