@@ -2,6 +2,8 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <optional>
+#include <string>
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "files/parameter_page.h"
 #include "monitor/trim_buttons.h"
 

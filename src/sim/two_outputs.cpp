@@ -83,7 +83,8 @@ double TwoOutputs::RawInput() const {
 double TwoOutputs::Input() const { return compensation_.Position(RawInput()); }
 
 double TwoOutputs::Signal() const {
-  const auto unit = parameters_.Find("01", "06")->unit;
+  const Item* const signal = parameters_.Find("01", "06");
+  const auto unit = signal == nullptr ? std::string{} : signal->unit;
   for (const StraightSensor& sensor : {kThermocouple, kResistance}) {
     if (unit == sensor.unit) {
       return sensor.at_zero + (RawInput() * sensor.a_degree) + compensation_.LeadLeft();

@@ -1,6 +1,7 @@
 #include "tables/sensor_compensation.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 #include "core/text_utilities.h"
 #include "monitor/held_exchange.h"

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <span>
-#include <vector>
 
 #include "files/parameter_page.h"
 

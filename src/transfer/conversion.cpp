@@ -82,6 +82,14 @@ double LimitInUnit(double limit, StringView unit) {
   return unit == kDegF || unit == kKelvin ? Converted(kDegC, unit, limit) : limit;
 }
 
+double LowestInUnit(double limit, StringView unit) {
+  return unit == kDegF || unit == kKelvin ? WholeUp(LimitInUnit(limit, unit)) : limit;
+}
+
+double HighestInUnit(double limit, StringView unit) {
+  return unit == kDegF || unit == kKelvin ? WholeDown(LimitInUnit(limit, unit)) : limit;
+}
+
 double SpanInUnit(double span, StringView unit) { return unit == kDegF ? span * 9 / 5 : span; }
 
 Quantity SplitQuantity(StringView text) {

@@ -17,6 +17,9 @@ bool IsTemperatureUnit(StringView unit);
 /// temperature unit give 0.
 double ConvertTemperature(StringView from, StringView to, double value);
 
+/// The same of a lowest and of a highest value: in deg F and K the whole number within it.
+double LowestInUnit(double limit, StringView unit);
+double HighestInUnit(double limit, StringView unit);
 /// A difference of two temperatures in another unit, without the offset, rounded in the same way. Texts that
 /// are no temperature unit give 0.
 double ConvertDifference(StringView from, StringView to, double value);

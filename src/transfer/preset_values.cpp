@@ -5,18 +5,6 @@
 
 namespace korva {
 
-namespace {
-
-double InUnit(double limit, StringView unit, bool low) {
-  if (unit != kDegF && unit != kKelvin) {
-    return limit;
-  }
-  const double converted = LimitInUnit(limit, unit);
-  return low ? WholeUp(converted) : WholeDown(converted);
-}
-
-}  // namespace
-
 void BringRange(ParameterPage& page, const RangeChoice& choice, StringView unit) {
   const ChoiceList choices = page.Def.ListOf(choice.list);
   const String& chosen = page.Item(choice.item);
@@ -26,7 +14,8 @@ void BringRange(ParameterPage& page, const RangeChoice& choice, StringView unit)
   }
   const auto bring = [&](int item, ListColumn column, bool low) {
     if (const String& preset = choices.Cell(row, column); !preset.empty()) {
-      page.SetItem(item, FormatMask(InUnit(LeadingNumber(preset), unit, low), u"##0.00"));
+      page.SetItem(item,
+                   FormatMask((low ? LowestInUnit : HighestInUnit)(LeadingNumber(preset), unit), u"##0.00"));
     }
   };
   bring(choice.low_item, &ListColumns::preset_low, true);

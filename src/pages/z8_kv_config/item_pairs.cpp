@@ -17,7 +17,7 @@ constexpr StringView kSentMask = u"#0.000";
 constexpr StringView kTypes = u"$I10";
 constexpr int kUnitItem = 21;
 /// The range of the input, whose decimals are those of its type.
-constexpr std::size_t kInputRange = 0;
+constexpr int kInputRange = 0;
 
 /// Rows and labels of two numbers, and how the labels are captioned.
 struct PairRows {
@@ -113,28 +113,32 @@ void ItemPairs::PageBuilt() {
   }
 }
 
-std::optional<ItemPairs::Place> ItemPairs::PlaceOf(int row) const {
+ItemPairs::Place ItemPairs::PlaceOf(int row) const {
   const String& key = page_.DataCell(row, kItem);
-  for (std::size_t pair = 0; pair < kPairs.size(); ++pair) {
-    if (key == kPairs.at(pair).keys.front()) {
-      return Place{.pair = pair, .side = Side::First};
-    }
-    if (key == kPairs.at(pair).keys.back()) {
-      return Place{.pair = pair, .side = Side::Second};
-    }
-  }
-  return std::nullopt;
+  const auto* const found = std::find_if(kPairs.begin(), kPairs.end(), [&](const PairRows& pair) {
+    return key == pair.keys.front() || key == pair.keys.back();
+  });
+  return found == kPairs.end()
+             ? Place()
+             : Place{.pair = static_cast<int>(found - kPairs.begin()), .second = key == found->keys.back()};
 }
 
-bool ItemPairs::Has(int row) const { return PlaceOf(row).has_value(); }
+int ItemPairs::RowOf(int row, bool second) const {
+  const Place place = PlaceOf(row);
+  return place.pair < 0
+             ? -1
+             : page_.FindDataRow(kPairs.at(static_cast<std::size_t>(place.pair)).keys.at(second ? 1 : 0));
+}
 
-int ItemPairs::CarrierOf(int row) const {
-  const std::optional<Place> place = PlaceOf(row);
-  return place ? page_.FindDataRow(kPairs.at(place->pair).keys.front()) : row;
+int ItemPairs::CarrierOf(int row) const { return Has(row) ? RowOf(row, false) : row; }
+
+String ItemPairs::TextOf(int row) const {
+  const PairTexts texts = SplitPair(page_.SetCell(row));
+  return PlaceOf(row).second ? texts.second : texts.first;
 }
 
 String ItemPairs::MaskOf(int row) const {
-  const int type = PlaceOf(row)->pair == kInputRange ? page_.InputTypeRow() : -1;
+  const int type = PlaceOf(row).pair == kInputRange ? page_.InputTypeRow() : -1;
   const String step = type < 0 ? String() : page_.Def.ListOf(kTypes).Cell(type, &ListColumns::step);
   if (step == u"0.1") {
     return u"0.0";
@@ -143,18 +147,15 @@ String ItemPairs::MaskOf(int row) const {
 }
 
 std::optional<String> ItemPairs::ShownText(int row) const {
-  const std::optional<Place> place = PlaceOf(row);
-  if (!place) {
+  if (!Has(row)) {
     return std::nullopt;
   }
-  const PairTexts texts = TextsOf(row);
-  const String& text = place->side == Side::First ? texts.first : texts.second;
+  const String text = TextOf(row);
   return IsNumeric(text) ? FormatMask(LeadingNumber(text), MaskOf(row)) : text;
 }
 
 std::optional<String> ItemPairs::CellOf(int row, const String& text) const {
-  const std::optional<Place> place = PlaceOf(row);
-  if (!place) {
+  if (!Has(row)) {
     return std::nullopt;
   }
   const String& cell = page_.SetCell(row);
@@ -162,13 +163,13 @@ std::optional<String> ItemPairs::CellOf(int row, const String& text) const {
     return cell;  // the digits that the field doesn't show stay
   }
   PairTexts texts = cell == kNeedless ? PairTexts() : SplitPair(cell);
-  (place->side == Side::First ? texts.first : texts.second) = Trimmed(text);
+  (PlaceOf(row).second ? texts.second : texts.first) = Trimmed(text);
   return JoinPair(texts);
 }
 
 void ItemPairs::Put(int row, const String& text) {
-  PairTexts texts = TextsOf(row);
-  (PlaceOf(row)->side == Side::First ? texts.first : texts.second) = text;
+  PairTexts texts = SplitPair(page_.SetCell(row));
+  (PlaceOf(row).second ? texts.second : texts.first) = text;
   page_.GroupItem.Set(page_.DataCell(row, kGroup), page_.DataCell(row, kItem), JoinPair(texts));
 }
 
@@ -181,10 +182,9 @@ void ItemPairs::TakeAnswer(int row) {
     return;  // a text without a number stays as it is
   }
   page_.GroupItem.Set(page_.DataCell(row, kGroup), page_.DataCell(row, kItem), JoinPair(texts));
-  for (const StringView key : kPairs.at(PlaceOf(row)->pair).keys) {
-    if (const int one = page_.FindDataRow(key); one >= 0) {
-      const String& text = PlaceOf(one)->side == Side::First ? texts.first : texts.second;
-      Remember(one, {.read = text, .shown = text});
+  for (const bool second : {false, true}) {
+    if (const int one = RowOf(row, second); one >= 0) {
+      Remember(one, {.read = TextOf(one), .shown = TextOf(one)});
     }
   }
 }
@@ -212,17 +212,15 @@ void ItemPairs::ChoiceMade(const Choice& choice) {
       label->SetCaption(unit);
     }
     if (TextField* field = page_.FindField(page_.KeyOf(row))) {
-      field->SetText(*ShownText(row));
+      field->SetText(page_.ShownText(row));
     }
   }
 }
 
 void ItemPairs::ChangeUnit(int row, const String& unit) {
-  const PairTexts texts = TextsOf(row);
-  const String& present = PlaceOf(row)->side == Side::First ? texts.first : texts.second;
   const Number* number = Unedited(row);
   if (number == nullptr) {
-    Put(row, Converted(ShownUnitOf(row), unit, present));
+    Put(row, Converted(ShownUnitOf(row), unit, TextOf(row)));
     return;
   }
   const Number changed = {.read = number->read, .shown = Converted(kDegC, unit, number->read)};
@@ -232,12 +230,7 @@ void ItemPairs::ChangeUnit(int row, const String& unit) {
 
 const ItemPairs::Number* ItemPairs::Unedited(int row) const {
   const auto found = read_.find(page_.DataCell(row, kItem));
-  if (found == read_.end()) {
-    return nullptr;
-  }
-  const PairTexts texts = TextsOf(row);
-  const String& present = PlaceOf(row)->side == Side::First ? texts.first : texts.second;
-  return found->second.shown == present ? &found->second : nullptr;
+  return found == read_.end() || found->second.shown != TextOf(row) ? nullptr : &found->second;
 }
 
 String ItemPairs::ShownUnitOf(int row) const {
@@ -249,9 +242,7 @@ String ItemPairs::DataOf(int row) const {
   if (page_.SetCell(row) == kNeedless) {
     return String(kNeedless);
   }
-  const auto& keys = kPairs.at(PlaceOf(row)->pair).keys;
-  const PairTexts data = {.first = DataOfNumber(page_.FindDataRow(keys.front())),
-                          .second = DataOfNumber(page_.FindDataRow(keys.back()))};
+  const PairTexts data = {.first = DataOfNumber(RowOf(row, false)), .second = DataOfNumber(RowOf(row, true))};
   return data.first.empty() || data.second.empty() ? String() : JoinPair(data);
 }
 
@@ -263,30 +254,28 @@ String ItemPairs::DataOfNumber(int row) const {
   if (number != nullptr) {
     return number->read;
   }
-  const PairTexts texts = TextsOf(row);
-  const String& text = PlaceOf(row)->side == Side::First ? texts.first : texts.second;
+  const String text = TextOf(row);
   return text.empty() ? text : FormatMask(LeadingNumber(Converted(ShownUnitOf(row), kDegC, text)), kSentMask);
 }
 
 void ItemPairs::BringRange(StringView first_key, StringView list, int row) {
-  const auto* const pair = std::find_if(kPairs.begin(), kPairs.end(),
-                                        [&](const PairRows& one) { return one.keys.front() == first_key; });
+  const int first = page_.FindDataRow(first_key);
   const ChoiceList choices = page_.Def.ListOf(list);
-  BringOne(page_.FindDataRow(pair->keys.front()), choices.Cell(row, &ListColumns::preset_low), true);
-  BringOne(page_.FindDataRow(pair->keys.back()), choices.Cell(row, &ListColumns::preset_high), false);
+  if (first >= 0) {
+    BringOne(first, choices.Cell(row, &ListColumns::preset_low), true);
+    BringOne(RowOf(first, true), choices.Cell(row, &ListColumns::preset_high), false);
+  }
 }
 
 void ItemPairs::BringOne(int row, const String& preset, bool low) {
   if (row < 0 || preset.empty()) {
     return;
   }
+  const double limit = LeadingNumber(preset);
   const String unit = ShownUnitOf(row);
-  if (unit != kDegF && unit != kKelvin) {
-    Put(row, preset);
-    return;
-  }
-  const double converted = LimitInUnit(LeadingNumber(preset), unit);
-  Put(row, FormatMask(low ? WholeUp(converted) : WholeDown(converted), u"#0"));
+  const bool as_it_stands = unit != kDegF && unit != kKelvin;
+  Put(row,
+      as_it_stands ? preset : ShortestText(low ? LowestInUnit(limit, unit) : HighestInUnit(limit, unit)));
 }
 
 }  // namespace korva

@@ -47,7 +47,7 @@ class ItemPairs final : public PagePart {
   void ChoiceMade(const Choice& choice) override;
 
   /// True for the row of one of two numbers.
-  [[nodiscard]] bool Has(int row) const;
+  [[nodiscard]] bool Has(int row) const { return PlaceOf(row).pair >= 0; }
   /// The row with which the item of a row travels: that of its first number.
   [[nodiscard]] int CarrierOf(int row) const;
   /// Takes what an upload has put into the cell of a row.
@@ -61,11 +61,10 @@ class ItemPairs final : public PagePart {
   void BringRange(StringView first_key, StringView list, int row);
 
  private:
-  enum class Side { First, Second };
   /// The place of a row of $Data among the pairs.
   struct Place {
-    std::size_t pair = 0;
-    Side side = Side::First;
+    int pair = -1;  ///< -1: it is none of theirs
+    bool second = false;
   };
   /// A number as it was read, and as the set has it in the unit of the page.
   struct Number {
@@ -73,8 +72,11 @@ class ItemPairs final : public PagePart {
     String shown;
   };
 
-  [[nodiscard]] std::optional<Place> PlaceOf(int row) const;
-  [[nodiscard]] PairTexts TextsOf(int row) const { return SplitPair(page_.SetCell(row)); }
+  [[nodiscard]] Place PlaceOf(int row) const;
+  /// The row of the first, or second, number of the pair to which a row belongs; -1 for none.
+  [[nodiscard]] int RowOf(int row, bool second) const;
+  /// The number of a row as the set has it.
+  [[nodiscard]] String TextOf(int row) const;
   [[nodiscard]] String MaskOf(int row) const;
   [[nodiscard]] String ShownUnitOf(int row) const;
   /// The number of a row if it is still the one that was read.

@@ -17,7 +17,7 @@ struct Preset {
 constexpr std::array kPresets = {
     Preset{.list = u"$I10", .item = kTypeItem, .first_key = u"14_0"},
     Preset{.list = u"$I11", .item = kRangeItem, .first_key = u"12_0"},
-    Preset{.list = u"$I41", .item = 41, .first_key = u"42_0"},
+    Preset{.list = u"$I41", .item = kSecondOutputTypeItem, .first_key = u"42_0"},
 };
 
 }  // namespace

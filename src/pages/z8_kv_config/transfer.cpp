@@ -12,10 +12,9 @@ namespace korva {
 
 namespace {
 
-constexpr int kSecondOutputItem = 41;
 constexpr std::array kRanges = {
     RangeEnds{.low_key = u"12_0", .high_key = u"12_100", .list = u"$I11", .choice = kRangeItem},
-    RangeEnds{.low_key = u"42_0", .high_key = u"42_100", .list = u"$I41", .choice = kSecondOutputItem},
+    RangeEnds{.low_key = u"42_0", .high_key = u"42_100", .list = u"$I41", .choice = kSecondOutputTypeItem},
     RangeEnds{.low_key = u"14_0", .high_key = u"14_100", .list = u"$I10", .choice = kTypeItem},
 };
 
@@ -30,18 +29,6 @@ String Z8KvConfigForm::DataOf(int row, const String& cell) const {
 
 bool Z8KvConfigUpload::ConfirmModel() { return ModelChosen(Page()) && ConfirmModelOfDevice(Page()); }
 
-RowRead Z8KvConfigUpload::Judge(const String& answer) {
-  if (answer.empty()) {
-    Page().Box().ShowCommFailure();
-    return RowRead::Stop;
-  }
-  if (answer == u"ERROR") {
-    Page().Box().Show(BoxKey::UploadAgain);
-    return RowRead::Stop;
-  }
-  return RowRead::Read;
-}
-
 void Z8KvConfigUpload::AfterItemRead(int row) {
   if (pairs_.Has(row)) {
     pairs_.TakeAnswer(row);
@@ -51,7 +38,7 @@ void Z8KvConfigUpload::AfterItemRead(int row) {
     Page().GroupItem.Set(u"01", String(kColdJunction), texts.first);
     Page().GroupItem.Set(u"01", String(kColdJunctionSecond), texts.second);
   } else {
-    KindUpload::AfterItemRead(row);
+    TransmitterUpload::AfterItemRead(row);
   }
 }
 
@@ -76,13 +63,11 @@ bool Z8KvConfigCheck::CheckEnds(const RangeEnds& range, const ChoiceList& choice
   const Label* label = page_.UnitLabelOf(page_.FindDataRow(range.low_key));
   const bool temperature = IsTemperatureUnit(choices.Cell(row, &ListColumns::unit));
   const String unit = temperature && label != nullptr ? label->Caption() : String();
-  const bool other_unit = unit == kDegF || unit == kKelvin;
-  const double lowest = LimitInUnit(number(&ListColumns::low), unit);
-  const double highest = LimitInUnit(number(&ListColumns::high), unit);
+  const double lowest = LowestInUnit(number(&ListColumns::low), unit);
+  const double highest = HighestInUnit(number(&ListColumns::high), unit);
   const PairTexts ends = SplitPair(page_.SetCell(page_.FindDataRow(range.low_key)));
   const auto within = [&](StringView key, const String& text) {
-    const bool good = IsBetween(other_unit ? WholeDown(highest) : highest,
-                                other_unit ? WholeUp(lowest) : lowest, LeadingNumber(text));
+    const bool good = IsBetween(highest, lowest, LeadingNumber(text));
     page_.SetFieldColor(key, good ? Look::Normal : Look::Bad);
     return good;
   };

@@ -19,12 +19,11 @@ class Z8KvConfigForm final : public KindForm {
   const ItemPairs& pairs_;
 };
 
-/// The device tells its model. An item that doesn't answer, or that it refuses, ends the upload.
-class Z8KvConfigUpload final : public KindUpload {
+/// The device tells its model.
+class Z8KvConfigUpload final : public TransmitterUpload {
  public:
-  Z8KvConfigUpload(ParameterPage& page, ItemPairs& pairs) : KindUpload(page), pairs_(pairs) {}
+  Z8KvConfigUpload(ParameterPage& page, ItemPairs& pairs) : TransmitterUpload(page), pairs_(pairs) {}
   bool ConfirmModel() override;
-  RowRead Judge(const String& answer) override;
   void AfterItemRead(int row) override;
   void AfterAllRead() override { pairs_.ShowInUnit(); }
 
