@@ -156,6 +156,9 @@ void StatusMonitor::ShowUnit(const UnitStep& step) {
   };
   if (Timer* timer = TimerOf(step.timer)) {
     const Blinking blinking(*label, *timer);
+    if (!step.blinks) {
+      timer->OnTick = nullptr;
+    }
     fill();
   } else {
     fill();

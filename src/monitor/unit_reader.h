@@ -63,6 +63,7 @@ struct UnitStep {
   UnitTimer timer = UnitTimer::None;
   std::span<const UnitRule> rules;
   bool to_measured_frequency = false;  ///< goes to the measured frequency too
+  bool blinks = true;                  ///< the ticks of the timer toggle the label; else nothing does
 };
 
 /// Finds the units of live values.

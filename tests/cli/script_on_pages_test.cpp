@@ -445,5 +445,42 @@ TEST(ScriptOnPages, ResetsADeviceUnderItsWindowAndRefusesWhatIsDoneBehindIt) {
   EXPECT_EQ(bench.device.InForce("83"), "ODD");
 }
 
+// --- the transmitters with two outputs
+
+TEST(TwoOutputsScript, TypesOneNumberOfAPairAndSendsBoth) {
+  PagesBench bench({}, "Z8WV2");
+  bench.Run("click cmdUpload\ntype Text(2) 50.5");
+  EXPECT_TRUE(Holds(bench.Run("dump"), R"(1 14 "-100.000 50.5")"));
+  EXPECT_EQ(bench.Run("show lblInputScale100 Text(2) lbl_unit(2)"),
+            (Lines{R"(lblInputScale100 shown enabled unlocked normal "100%")",
+                   R"(Text(2) shown enabled unlocked normal "50.5")",
+                   R"(lbl_unit(2) shown enabled unlocked normal "mV")"}));
+  EXPECT_EQ(Of(bench.Run("answer ok\nclick cmdDownload"), "box ").back(),
+            R"(box plain "ﾀﾞｳﾝﾛｰﾄﾞ" "ﾀﾞｳﾝﾛｰﾄﾞ完了。" ok -> ok)");
+  EXPECT_EQ(bench.device.Value("01", "14"), "-100.000 50.500");
+}
+
+TEST(TwoOutputsScript, TrimsAnOutputByPressesThatAllCount) {
+  PagesBench bench({}, "Z8WV2");
+  EXPECT_EQ(bench.Run("after 1000 click cmdOut2SpanM01\nafter 1010 click cmdOut2SpanM01\n"
+                      "after 1020 show cmdOut2SpanStart cmdOut2SpanM01 cmdOut1ZeroStart cmdUpload\n"
+                      "after 6000 click cmdOut2SpanStart\nclick cmdOut2SpanStart\nshow txtOut2Span"),
+            (Lines{R"(cmdOut2SpanStart shown enabled unlocked normal "STOP")",
+                   R"(cmdOut2SpanM01 shown enabled unlocked highlight "-0.1")",
+                   R"(cmdOut1ZeroStart shown disabled unlocked normal "START")",
+                   R"(cmdUpload shown disabled unlocked normal "アップロード")",
+                   R"(txtOut2Span shown enabled locked grey "99.80")"}));
+  EXPECT_EQ(bench.device.Value("01", "45"), "-0.200 %");
+}
+
+TEST(TwoOutputsScript, LetsADeviceMeasureItsLeads) {
+  PagesBench bench({}, "Z8WR2");
+  EXPECT_EQ(bench.Run("after 1000 show cmdLineSet\nclick cmdLineSet\nshow txtCompX lbl_unitX txtCompY"),
+            (Lines{R"(cmdLineSet shown disabled unlocked normal "実行")",
+                   R"(txtCompX shown enabled locked grey "0.850")",
+                   R"(lbl_unitX shown enabled unlocked normal "Ohm")",
+                   R"(txtCompY hidden enabled locked grey "0.000")"}));
+}
+
 }  // namespace
 }  // namespace korva::cli

@@ -285,6 +285,26 @@ TEST(Z8KvConfigMonitor, TellsTheUnitsOfEachModel) {
   }
 }
 
+TEST(Z8KvConfigMonitor, TheUnitOfItem07IsLitWhileItIsLookedUpAndDoesNotBlink) {
+  Z8Bench bench(u"Z8WT2");
+  bench.Read();
+  bench.line.replies["01/21 D"] = std::nullopt;  // each lookup waits in vain
+  const auto looks_of = [&](const char16_t* item) {
+    auto looks = std::make_shared<int>(0);
+    Label* label = bench.Page().UnitLabelOf(bench.Page().FindDataRow(item));
+    label->Observe([looks, label, last = Look::Normal]() mutable {
+      *looks += std::exchange(last, label->ShownLook()) != label->ShownLook() ? 1 : 0;
+    });
+    return looks;
+  };
+  const auto blinking = looks_of(u"04");
+  const auto lit = looks_of(u"07");
+  bench.PressAt(120s, bench.Z8().monitor.cmdMonitorOFF);
+  bench.Click(bench.Z8().monitor.cmdMonitorON);
+  EXPECT_GT(*blinking, 20);
+  EXPECT_EQ(*lit, 2) << "lit, and at rest again";
+}
+
 // What a choice brings along.
 
 TEST(Z8KvConfigChoices, OfAnInputBringsItsRange) {

@@ -59,7 +59,7 @@ constexpr std::array kItem06 = {
 constexpr std::array kUnits = {
     UnitStep{.item = u"04", .timer = UnitTimer::Item04, .rules = kItem04},
     UnitStep{.item = u"06", .timer = UnitTimer::Item06, .rules = kItem06},
-    UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = kItem04},
+    UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = kItem04, .blinks = false},
 };
 
 constexpr std::array<StringView, 2> kTemperature = {u"Z8WR2.def", u"Z8WT2.def"};
