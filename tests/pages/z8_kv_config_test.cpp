@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <memory>
+#include <utility>
+
 #include "core/text_utilities.h"
 #include "support/tabs.h"
 #include "z8_kv_config_bench.h"
