@@ -28,6 +28,7 @@ constexpr int kField = 16;
 constexpr int kWideField = 26;
 constexpr int kUnitBox = 9;
 constexpr int kShortField = 5;
+constexpr int kFieldName = 5;  ///< of a field among several of one item
 constexpr int kTableField = 7;
 constexpr int kMemo = 60;
 constexpr int kUnitColumn = 7;
@@ -47,14 +48,18 @@ std::vector<std::string_view> Names(std::string_view names) {
 }
 
 /// Width of a text field: of a value, of a number of rows or columns, else of a free text.
-int DigitsOfField(std::string_view name) {
-  if (name == "Text" || name == "txtLnrNewValue" || name == "txtMeasFreq") {
+int DigitsOfField(const TextField& field) {
+  const std::string_view name = field.Name();
+  if (name == "Text" || name == "txtLnrNewValue") {
     return kField;
   }
   if (name == "txtSize" || name == "txtStep" || name == "txtBase") {
     return kTableField;
   }
-  return name.starts_with("txtLnr") ? kShortField : kMemo;
+  if (name.starts_with("txtLnr")) {
+    return kShortField;
+  }
+  return field.Numeric() ? kField : kMemo;
 }
 
 bool HasCurve(const DesignGroup& group) {
@@ -87,8 +92,8 @@ bool SizeField(QWidget* widget, const Control& control) {
   }
   if (dynamic_cast<const ComboBox*>(&control) != nullptr) {
     widget->setFixedWidth(Digits(widget, control.Name() == "cbo_unit" ? kUnitBox : kWideField));
-  } else if (dynamic_cast<const TextField*>(&control) != nullptr) {
-    widget->setFixedWidth(Digits(widget, DigitsOfField(control.Name())));
+  } else if (const auto* field = dynamic_cast<const TextField*>(&control)) {
+    widget->setFixedWidth(Digits(widget, DigitsOfField(*field)));
   }
   return false;
 }
@@ -264,6 +269,10 @@ QWidget* TabBuilder::MakeRowOf(const std::vector<Control*>& controls, QWidget* p
   for (Control* control : controls) {
     QWidget* widget = views_.Make(*control, area);
     SizeField(widget, *control);
+    if (controls.size() == 2 && dynamic_cast<const Label*>(control) != nullptr) {
+      widget->setMinimumWidth(
+          Digits(widget, kFieldName));  // so that the fields of several lines stand in a column
+    }
     layout->addWidget(widget);
   }
   ShowWithAny(area, nullptr, controls);

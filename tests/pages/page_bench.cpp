@@ -196,7 +196,8 @@ void PageBench::Type(TextField& field, const String& text) {
 void PageBench::Type(const String& item, const String& text) { Type(Field(item), text); }
 
 std::vector<BoxKey> PageBench::QuestionsOfUpload() {
-  const bool tells_model = Page().ItsFamily().word == u"Lite";
+  const StringView family = Page().ItsFamily().word;
+  const bool tells_model = family == u"Lite" || family == u"Nano";
   return tells_model ? std::vector<BoxKey>() : std::vector{BoxKey::ModelMatches, BoxKey::StartUpload};
 }
 

@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-constexpr int kFirstFreeNumber = 6;  ///< number labels below it are those of live values
+constexpr int kFirstFreeNumber = 7;  ///< number labels below it are those of live values
 
 /// One of two numbers: which one it is stands beside its field.
 constexpr DesignRow NumberRow(const ItemPlace& place, std::string_view label_and_field) {
@@ -59,7 +59,7 @@ constexpr auto kSecondOutputRows = std::to_array<DesignRow>({
 
 /// The indexes that no item of today's models has: a new item takes any of them.
 constexpr std::array kFreeRows = FreeRows(
-    std::array{6, 7, 8, 9, 28, 29, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 0, 1, 2, 3, 4, 5},
+    std::array{7, 8, 9, 28, 29, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43, 0, 1, 2, 3, 4, 5, 6},
     std::array{15, 16, 17, 18, 19, 27, 28, 29, 30, 31, 32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 42, 43},
     kFirstFreeNumber);
 
@@ -87,7 +87,8 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
 constexpr std::array kSettingRows = Joined(
     OutputRows(std::array{LiveRow({.item = u"03_set", .label = 0, .field = 20})}),
     std::array{DesignRow{.field = "IO_lblShowOut1"}, LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
-               DesignRow{.field = "IO_lblShowOut2"}, DesignRow{.field = "Text(22)", .unit = "lbl_unit(22)"}});
+               DesignRow{.field = "IO_lblShowOut2"},
+               DesignRow{.label = "lbl_Item(6)", .field = "Text(22)", .unit = "lbl_unit(22)"}});
 
 constexpr std::string_view kTrimKeys = "- PgDown Down Up PgUp - -";
 constexpr std::array kTrimRows = {

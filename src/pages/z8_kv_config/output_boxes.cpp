@@ -22,6 +22,10 @@ void OutputBoxes::PageBuilt() {
   box.SetNumeric(true);
   box.SetLook(Look::Grey);
   box.SetText({});
+  const int first = page_.FindDataRow(u"03_mon");
+  Label& label = page_.lbl_Item[kSecondLabel];
+  label.SetVisible(true);
+  label.SetCaption(first < 0 ? String() : page_.DataCell(first, kNumberCaption));
   page_.lbl_unit[kSecondBox].SetVisible(true);
   page_.lbl_unit[kSecondBox].SetCaption(u"%");
 }

@@ -8,7 +8,8 @@ namespace korva {
 /// that of the first, and the headings of both.
 class OutputBoxes final : public PagePart {
  public:
-  static constexpr int kSecondBox = 22;  ///< of Text
+  static constexpr int kSecondBox = 22;   ///< of Text
+  static constexpr int kSecondLabel = 6;  ///< of lbl_Item
 
   /// Adds itself and its controls to the page, which outlives this.
   explicit OutputBoxes(ParameterPage& page);
