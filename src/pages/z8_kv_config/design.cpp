@@ -83,17 +83,23 @@ constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"07", .label = 5, .field = 26}),
 });
 
-/// What the outputs are forced to, each under its heading.
+/// What each output is forced to, behind its name.
+constexpr DesignRow Named(std::string_view name, DesignRow row) {
+  row.number = name;
+  return row;
+}
 constexpr std::array kSettingRows = Joined(
     OutputRows(std::array{LiveRow({.item = u"03_set", .label = 0, .field = 20})}),
-    std::array{DesignRow{.field = "IO_lblShowOut1"}, LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
-               DesignRow{.field = "IO_lblShowOut2"},
-               DesignRow{.label = "lbl_Item(6)", .field = "Text(22)", .unit = "lbl_unit(22)"}});
+    std::array{
+        Named("IO_lblShowOut1", LiveRow({.item = u"03_mon", .label = 1, .field = 21})),
+        Named("IO_lblShowOut2", {.label = "lbl_Item(6)", .field = "Text(22)", .unit = "lbl_unit(22)"})});
 
 constexpr std::string_view kTrimKeys = "- PgDown Down Up PgUp - -";
 constexpr std::array kTrimRows = {
-    DesignRow{.field = "IO_lblOut1"},
-    SteppedRow({.label = "IO_lblOut1Zero", .field = "txtOut1Zero", .unit = "lblOut1ZeroUnit"},
+    SteppedRow({.number = "IO_lblOut1",
+                .label = "IO_lblOut1Zero",
+                .field = "txtOut1Zero",
+                .unit = "lblOut1ZeroUnit"},
                "cmdOut1ZeroStart cmdOut1ZeroM01 cmdOut1ZeroM001 cmdOut1ZeroP001 cmdOut1ZeroP01 "
                "cmdOut1ZeroReset lblOut1ZeroLimits",
                kTrimKeys),
@@ -101,8 +107,10 @@ constexpr std::array kTrimRows = {
                "cmdOut1SpanStart cmdOut1SpanM01 cmdOut1SpanM001 cmdOut1SpanP001 cmdOut1SpanP01 "
                "cmdOut1SpanReset lblOut1SpanLimits",
                kTrimKeys),
-    DesignRow{.field = "IO_lblOut2"},
-    SteppedRow({.label = "IO_lblOut2Zero", .field = "txtOut2Zero", .unit = "lblOut2ZeroUnit"},
+    SteppedRow({.number = "IO_lblOut2",
+                .label = "IO_lblOut2Zero",
+                .field = "txtOut2Zero",
+                .unit = "lblOut2ZeroUnit"},
                "cmdOut2ZeroStart cmdOut2ZeroM01 cmdOut2ZeroM001 cmdOut2ZeroP001 cmdOut2ZeroP01 "
                "cmdOut2ZeroReset lblOut2ZeroLimits",
                kTrimKeys),
