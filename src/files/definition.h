@@ -46,10 +46,8 @@ class ChoiceList {
   [[nodiscard]] const String& Cell(int row, ListColumn column) const;
   [[nodiscard]] const String& Code(int row) const { return Cell(row, &ListColumns::code); }
   [[nodiscard]] const String& Text(int row) const { return Cell(row, &ListColumns::text); }
-  /// True when the device can be set to the choice from here: the column says Y, or the list has none.
-  [[nodiscard]] bool Settable(int row) const {
-    return !Has(&ListColumns::settable) || Cell(row, &ListColumns::settable) == u"Y";
-  }
+  /// True when the device can be set to the choice from here: the column says Y.
+  [[nodiscard]] bool Settable(int row) const { return Cell(row, &ListColumns::settable) == u"Y"; }
   /// First row from `first` on with this text or code; -1 when there is none.
   [[nodiscard]] int FindText(StringView text, int first = 0) const {
     return Find(&ListColumns::text, text, first);

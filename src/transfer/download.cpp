@@ -86,7 +86,8 @@ bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const S
   const String chosen = Trimmed(page.Item(LeadingInteger(choice.item)));
   const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
   const String caption = named ? page.CaptionLabels[device_row].Caption() : String();
-  if (!device_list.Settable(device_row)) {
+  // A list without the column fixes nothing.
+  if (device_list.Has(&ListColumns::settable) && !device_list.Settable(device_row)) {
     if (chosen != in_device) {
       page.Box().Show(choice.mismatch, {caption});
     }
