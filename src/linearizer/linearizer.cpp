@@ -168,7 +168,8 @@ void Linearizer::SetUp(int points) {
 }
 
 bool Linearizer::CheckLnrTable() {
-  const LnrQuantity& quantity = Quantity() == nullptr ? family_.quantities.front() : *Quantity();
+  const LnrQuantity* const of_input = Quantity();
+  const LnrQuantity& quantity = of_input == nullptr ? family_.quantities.front() : *of_input;
   const bool good = family_.rule == LnrRule::Range
                         ? CheckLnrRange(table_)
                         : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, LnrProgressBar);
