@@ -64,26 +64,15 @@ struct Family {
   std::string_view span_item;  ///< Item of group 01 with the span of the input.
   std::string_view
       unit_item;  ///< Item of group 01 with the unit in which frequencies are written; empty: none.
-  std::string_view reset_item;  ///< Item of group 01 that resets all parameters; empty: none.
-  bool counts;                  ///< A live value that can be set and is no percentage is a count.
-  std::string_view empty_tag;   ///< What a device without a tag answers in the `EnterItem` dialect.
-  /// Column 22 tells the kind of an item; no reply has a prefix.
-  bool kinds = false;
-  FrequencyCodes frequencies = FrequencyCodes::None;
-  std::string_view tag_echo = {};    ///< What a write of the tag is answered with; empty: the tag.
-  std::string_view table_item = {};  ///< Item of group 01 that takes the table in a dialogue; empty: none.
-  bool memory = false;  ///< Types, calibration and curve stand in a memory with an access of its own.
-  /// The output is trimmed by items 28 and 29, the table travels through item 62, and item 03 tells the unit
-  /// of frequencies.
-  bool trims = false;
+  std::string_view reset_item;          ///< Item of group 01 that resets all parameters; empty: none.
+  bool counts;                          ///< A live value that can be set and is no percentage is a count.
+  std::string_view empty_tag;           ///< What a device without a tag answers in the `EnterItem` dialect.
+  std::string_view tag_echo = {};       ///< What a write of the tag is answered with; empty: the tag.
+  std::string_view table_item = {};     ///< Item of group 01 that takes the table in a dialogue; empty: none.
   std::string_view live_settings = {};  ///< Items of group 01 that take data in monitor mode too.
-  /// Input and output are chosen freely: what the choice has no use for is not usable, and an end of a range
-  /// that is not the user's own can't be set.
-  bool universal = false;
-  std::size_t type_unit = 8;      ///< Column of `$I10` with the unit.
-  double table_limit = 300;       ///< Largest amount of a value of the linearizer table.
-  KeyedTables tables = {};        ///< On items 60 to 62 of group 01.
-  bool threshold_in_row = false;  ///< Columns 21 and 24 of an item limit it, where they are filled.
+  std::size_t type_unit = 8;            ///< Column of `$I10` with the unit.
+  double table_limit = 300;             ///< Largest amount of a value of the linearizer table.
+  KeyedTables tables = {};              ///< On items 60 to 62 of group 01.
   /// Lists of the inputs, one for each class of the input, separated by blanks: item 10 takes a row of any of
   /// them. Empty: there is one list.
   std::string_view input_lists = {};
@@ -93,6 +82,17 @@ struct Family {
   std::string_view fine_trims = {};  ///< Items of group 01 that trim an end of an output by a value in %.
   /// Item of group 01 that corrects the sensor's circuit, on models that can; empty: none.
   std::string_view compensation_item = {};
+  FrequencyCodes frequencies = FrequencyCodes::None;
+  /// Column 22 tells the kind of an item; no reply has a prefix.
+  bool kinds = false;
+  bool memory = false;  ///< Types, calibration and curve stand in a memory with an access of its own.
+  /// The output is trimmed by items 28 and 29, the table travels through item 62, and item 03 tells the unit
+  /// of frequencies.
+  bool trims = false;
+  /// Input and output are chosen freely: what the choice has no use for is not usable, and an end of a range
+  /// that is not the user's own can't be set.
+  bool universal = false;
+  bool threshold_in_row = false;  ///< Columns 21 and 24 of an item limit it, where they are filled.
 };
 
 /// The family of a family word, compared exactly; null when there is none.
