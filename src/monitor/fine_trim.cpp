@@ -13,12 +13,10 @@ namespace korva {
 
 namespace {
 
-constexpr int kLitTime = 1000;   ///< ms for which a value is highlighted
-constexpr int kUnlitTime = 300;  ///< ms until the next one is read
-constexpr int kSlice = 50;       ///< ms within which a press is noticed
-constexpr double kHundredths = 100;
+constexpr int kBlinkLit = 1000;   ///< ms for which a value is highlighted
+constexpr int kBlinkUnlit = 300;  ///< ms until the next one is read
+constexpr int kSlice = 50;        ///< ms within which a press is noticed
 constexpr StringView kUntrimmed = u"0.00";
-constexpr StringView kTwoDecimals = u"0.00";
 constexpr TrimSteps kPercentSteps = {.m01 = u"-0.1", .m001 = u"-0.01", .p001 = u"0.01", .p01 = u"0.1"};
 
 /// The trim in percent that an answer tells; nothing when it tells none.
@@ -29,9 +27,9 @@ std::optional<double> Told(const String& answer) {
 
 /// What the item is to hold, counted in whole hundredths, so that no remainder of a sum goes to the device.
 double Target(const String& shown, const String& step, double origin) {
-  const auto hundredths = [](double percent) { return std::round(percent * kHundredths); };
+  const auto hundredths = [](double percent) { return std::round(percent * kTrimHundredths); };
   return (hundredths(LeadingNumber(shown)) - hundredths(origin) + hundredths(LeadingNumber(step))) /
-         kHundredths;
+         kTrimHundredths;
 }
 
 }  // namespace
@@ -176,7 +174,7 @@ void FineTrim::Apply(const String& step) {
     }
     PaintHighlight(Box);
     if (Send(ShortestText(target))) {
-      ShowForATurn(FormatMask(shown, kTwoDecimals));
+      ShowForATurn(FormatMask(shown, kTrimMask));
     }
   } else {
     return;
@@ -194,14 +192,14 @@ void FineTrim::ShowTold(const String& answer) {
   const std::optional<double> trim = Told(answer);
   told_ = trim.has_value();
   const bool blank = !told_ && end_.origin == 0;
-  ShowForATurn(blank ? String() : FormatMask(trim.value_or(0) + end_.origin, kTwoDecimals));
+  ShowForATurn(blank ? String() : FormatMask(trim.value_or(0) + end_.origin, kTrimMask));
 }
 
 void FineTrim::ShowForATurn(const String& text) {
   Box.SetText(text);
-  Wait(kLitTime);
+  Wait(kBlinkLit);
   PaintRest(Box);
-  Wait(kUnlitTime);
+  Wait(kBlinkUnlit);
 }
 
 void FineTrim::Wait(int milliseconds) {

@@ -11,9 +11,7 @@ namespace {
 
 constexpr int kLitTime = 700;    ///< ms for which a value is highlighted
 constexpr int kUnlitTime = 200;  ///< ms until the next one is read
-constexpr double kHundredths = 100;
 constexpr TrimSteps kHundredthSteps = {.m01 = u"-10", .m001 = u"-1", .p001 = u"1", .p01 = u"10"};
-constexpr StringView kTwoDecimals = u"0.00";
 
 /// The value as the decimal number of 15 digits that a user reads.
 double Rounded(double value) { return LeadingNumber(ShortestText(value)); }
@@ -93,7 +91,7 @@ std::optional<String> OutputTrim::ShownText(int row) const {
     return std::nullopt;
   }
   const auto percent = end_.percent_of(page_.SetCell(row));
-  return percent ? FormatMask(*percent, kTwoDecimals) : String();
+  return percent ? FormatMask(*percent, kTrimMask) : String();
 }
 
 std::optional<String> OutputTrim::CellOf(int row, const String& /*text*/) const {
@@ -153,7 +151,7 @@ void OutputTrim::CarryOver(const TextField& box) {
   if (!present) {
     return;
   }
-  const double steps = Rounded(LeadingNumber(target) * kHundredths) - Rounded(*present * kHundredths);
+  const double steps = Rounded(LeadingNumber(target) * kTrimHundredths) - Rounded(*present * kTrimHundredths);
   if (Rounded(steps) != 0) {
     Step(ShortestText(steps));
   }
@@ -165,7 +163,7 @@ void OutputTrim::Turn(TextField& box) {
   const String answer = Read();
   if (const auto percent = end_.percent_of(answer)) {
     page_.GroupItem.Set(u"01", String(end_.read_item), answer);
-    ShowTold(box, FormatMask(*percent, kTwoDecimals));
+    ShowTold(box, FormatMask(*percent, kTrimMask));
   }
   page_.Line().WaitFor(kLitTime);
   PaintRest(box);
@@ -185,7 +183,7 @@ void OutputTrim::Step(const String& step) {
   if (!present) {
     return;
   }
-  const double target = Rounded(*present + LeadingNumber(step) / kHundredths);
+  const double target = Rounded(*present + LeadingNumber(step) / kTrimHundredths);
   if (IsBetween(LeadingNumber(end_.high), LeadingNumber(end_.low), target)) {
     page_.Items().WriteRetry(kItemRepeats, ItemKey(end_.write_item).OnWire(), end_.data_of(step, target));
   } else {

@@ -17,6 +17,8 @@ struct TrimSteps {
   StringView p01;
 };
 inline constexpr StringView kTrimReset = u"Reset";
+inline constexpr double kTrimHundredths = 100;    ///< of a percent, the smallest step
+inline constexpr StringView kTrimMask = u"0.00";  ///< of a trim that is shown
 
 /// The buttons by which one end of an output is trimmed, and the label of its limits.
 struct TrimButtons {

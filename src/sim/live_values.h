@@ -7,6 +7,11 @@
 
 namespace korva::sim {
 
+// What transmitters measure and give.
+inline constexpr double kLowestReading = -15;  ///< Of an output, in %.
+inline constexpr double kHighestReading = 115;
+inline constexpr double kTerminals = 25;  ///< Degrees at the cold junction.
+
 /// The device's measurement: an input that wanders about the middle of its range, the same way after each
 /// power-up, one step with each read. A forced output takes the place of the measured one, and the input
 /// values follow it.

@@ -5,10 +5,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr double kLowestReading = -15;  // of the output, in %
-constexpr double kHighestReading = 115;
 constexpr double kOutOfRange = 9999;    // degrees that no sensor reaches
-constexpr double kTerminals = 25;       // degrees at the cold junction
 constexpr double kSignalDigits = 1000;  // microvolts of a millivolt, milliohms of an ohm
 
 }  // namespace

@@ -8,12 +8,9 @@ namespace korva::sim {
 
 namespace {
 
-constexpr double kLowestReading = -15;  // of an output, in %
-constexpr double kHighestReading = 115;
-constexpr double kTerminals = 25;  // degrees at the cold junction
 constexpr double kFahrenheitShift = 25.6;
-constexpr int kDecimals = 3;
-constexpr std::size_t kUnitColumn = 5;  // of $I10
+constexpr int kPairDecimals = 3;
+constexpr std::size_t kTypeUnitColumn = 5;  // of $I10
 
 /// A sensor whose curve is as good as straight.
 struct StraightSensor {
@@ -37,7 +34,7 @@ std::optional<NumberPair> ParsePair(std::string_view text) {
 }
 
 std::string FormatPair(const NumberPair& pair) {
-  return FormatNumber(pair.first, kDecimals) + " " + FormatNumber(pair.second, kDecimals);
+  return FormatNumber(pair.first, kPairDecimals) + " " + FormatNumber(pair.second, kPairDecimals);
 }
 
 double TwoOutputs::Value(const Item& item) const {
@@ -112,7 +109,7 @@ std::string TwoOutputs::UnitOf(const Item& item) const {
   const auto type = ChoiceText("10");
   const auto found =
       std::ranges::find_if(types, [&](const Definition::Row& row) { return Field(row, 1) == type; });
-  return found == types.end() ? std::string{} : Field(*found, kUnitColumn);
+  return found == types.end() ? std::string{} : Field(*found, kTypeUnitColumn);
 }
 
 Compensation::Circuit TwoOutputs::Circuit() const { return {.position = RawInput()}; }

@@ -8,14 +8,14 @@ namespace korva {
 
 namespace {
 
-constexpr ListColumns kTypes = {
+constexpr ListColumns kTypeColumns = {
     .low = 6, .high = 9, .span = 4, .preset_low = 2, .preset_high = 3, .unit = 5, .settable = 7, .step = 8};
 constexpr ListColumns kOutputs = {.low = 4, .high = 6, .span = 5, .preset_low = 2, .preset_high = 3};
 
 constexpr std::array kSections = {
     SectionShape{.key = u"$Data", .rows = 34, .columns = kDataWidth},
     SectionShape{.key = u"$I00", .rows = 4, .columns = 3},
-    SectionShape{.key = u"$I10", .rows = 14, .columns = 10, .means = kTypes},
+    SectionShape{.key = u"$I10", .rows = 14, .columns = 10, .means = kTypeColumns},
     SectionShape{.key = u"$I11", .rows = 3, .columns = 7, .means = kOutputs},
     SectionShape{.key = u"$I41", .rows = 3, .columns = 7, .means = kOutputs},
     SectionShape{.key = u"$I21", .rows = 3, .columns = 4, .means = kListWithUnits},
@@ -62,9 +62,9 @@ constexpr std::array kUnits = {
     UnitStep{.item = u"07", .timer = UnitTimer::Item07, .rules = kItem04, .blinks = false},
 };
 
-constexpr std::array<StringView, 2> kTemperature = {u"Z8WR2.def", u"Z8WT2.def"};
+constexpr std::array<StringView, 2> kTemperatureModels = {u"Z8WR2.def", u"Z8WT2.def"};
 constexpr std::array<StringView, 2> kOffsetItems = {u"04", u"07"};
-constexpr TemperatureOffset kOffset = {.models = {.names = kTemperature},
+constexpr TemperatureOffset kOffset = {.models = {.names = kTemperatureModels},
                                        .items = kOffsetItems,
                                        .unit_table = live::kTemperatureItem,
                                        .unit = u"deg F",

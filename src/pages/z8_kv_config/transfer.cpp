@@ -18,8 +18,8 @@ constexpr std::array kRanges = {
     RangeEnds{.low_key = u"14_0", .high_key = u"14_100", .list = u"$I10", .choice = kTypeItem},
 };
 
-constexpr StringView kColdJunction = u"34";
-constexpr StringView kColdJunctionSecond = u"35";
+constexpr StringView kFirstCorrection = u"34";
+constexpr StringView kSecondCorrection = u"35";
 
 }  // namespace
 
@@ -32,11 +32,11 @@ bool Z8KvConfigUpload::ConfirmModel() { return ModelChosen(Page()) && ConfirmMod
 void Z8KvConfigUpload::AfterItemRead(int row) {
   if (pairs_.Has(row)) {
     pairs_.TakeAnswer(row);
-  } else if (Page().DataCell(row, kItem) == kColdJunction) {
+  } else if (Page().DataCell(row, kItem) == kFirstCorrection) {
     // The values of a cold junction have a cell each, though they come as one text.
     const PairTexts texts = PairOfAnswer(Page().SetCell(row));
-    Page().GroupItem.Set(u"01", String(kColdJunction), texts.first);
-    Page().GroupItem.Set(u"01", String(kColdJunctionSecond), texts.second);
+    Page().GroupItem.Set(u"01", String(kFirstCorrection), texts.first);
+    Page().GroupItem.Set(u"01", String(kSecondCorrection), texts.second);
   } else {
     TransmitterUpload::AfterItemRead(row);
   }
