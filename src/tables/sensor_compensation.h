@@ -12,7 +12,7 @@ struct CompensationModel {
   StringView def_file;
   StringView first_unit;
   StringView second_unit = {};  ///< empty: the model has the first value alone
-  bool positions = false;  ///< the end positions of a potentiometer; else the resistance of the leads
+  bool positions = false;       ///< the end positions of a potentiometer; else the resistance of the leads
 };
 
 /// The correction of a sensor's circuit, item 27 of group "01": a button lets the device measure, which takes
