@@ -57,6 +57,16 @@ TEST(UserTableCsv, TheRangeIsToldByItsTextItsCodeOrItsOhms) {
   }
 }
 
+TEST(UserTableCsv, WhereTablesHaveNoRangeAFilesRangeIsPassedOver) {
+  UserTablesBench bench(u"Nano", u"Z8WT2.def");
+  bench.Use(UserTable::Thermocouple);
+  bench.OpenCsv("Base, -100 \r\nStep, 10 \r\nSize, 2 \r\nRange, 50 ohm \r\n1.5\r\n2.5\r\n");
+  EXPECT_EQ(bench.FieldTexts(), "-100 10 2 ") << "no box shows a range";
+  EXPECT_EQ(bench.Cells(), (Texts{"1.5", "2.5"})) << "the line is no point either";
+  bench.Save(kCfg);
+  EXPECT_EQ(bench.TextOf(kCfg).find("ohm"), std::string::npos);
+}
+
 TEST(UserTableCsv, ALinearizerHasTwoValuesALineAnd101Points) {
   UserTablesBench bench;
   bench.Use(UserTable::Linearizer);
