@@ -53,14 +53,15 @@ enum class TextKey {
   CloseAtEnd,    ///< … when the operation has ended well
   CloseAtOff,    ///< … when the user lets the output go
   // Notices of the status area.
-  TableUnsaved,  ///< a table was read from a file
-  EditNotTaken,  ///< before the open cell
-  NotPlain,      ///< before the items whose texts are no plain numbers
-  SentAsTyped,   ///< the same of those that were sent
-  NotKept,       ///< before what a saved file will not give back
-  MemoLine,      ///< before the number of a line
-  NoTable,       ///< the device has no linearizer stored
-  TableNotRead,  ///< or it could not be read
+  TableUnsaved,        ///< a table was read from a file
+  SensorTableUnsaved,  ///< … and it is a sensor's curve
+  EditNotTaken,        ///< before the open cell
+  NotPlain,            ///< before the items whose texts are no plain numbers
+  SentAsTyped,         ///< the same of those that were sent
+  NotKept,             ///< before what a saved file will not give back
+  MemoLine,            ///< before the number of a line
+  NoTable,             ///< the device has no linearizer stored
+  TableNotRead,        ///< or it could not be read
   ChangeCjm,
   CheckTable,
   WriteIn,

@@ -95,6 +95,8 @@ const LnrQuantity* Linearizer::Quantity() const {
   return found == family_.quantities.end() ? nullptr : &*found;
 }
 
+bool Linearizer::IsOfSensor() const { return Quantity() != nullptr && Quantity()->is_input_curve; }
+
 void Linearizer::SettleTab(TableSwitch table_switch) {
   SetUp(Model().points);
   if (table_switch != TableSwitch::AsItStands) {
@@ -162,6 +164,7 @@ bool Linearizer::Refused() const {
 void Linearizer::SetUp(int points) {
   if (const LnrQuantity* quantity = Quantity()) {
     table_.SetHeads(quantity->heads);
+    NameUnsaved();
   }
   Editor().Reset();
   table_.SetUp(PointsOf(points));

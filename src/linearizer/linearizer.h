@@ -64,6 +64,7 @@ class Linearizer final : public TablePart {
 
  private:
   [[nodiscard]] LnrTable& InHand() override { return table_; }
+  [[nodiscard]] bool IsOfSensor() const override;
   void TakeHeads(const CsvHeads& heads) override;
   [[nodiscard]] CsvHeads HeadsToWrite() override;
   [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }

@@ -52,9 +52,13 @@ void TablePart::SetCaptions(Language language) {
   LnrProgressBar.SetCaption(CaptionText(TextKey::Linearizer, language));
   cmd_csvFileOpen.SetCaption(CaptionText(TextKey::OpenCsv, language));
   cmd_csvFileSave.SetCaption(CaptionText(TextKey::SaveCsv, language));
-  lbl_LnrUnsaved.SetCaption(CaptionText(TextKey::TableUnsaved, language));
+  NameUnsaved();
   Opt_Lnr[0].SetCaption(CaptionText(TextKey::OptionNo, language));
   Opt_Lnr[1].SetCaption(CaptionText(TextKey::OptionYes, language));
+}
+
+void TablePart::NameUnsaved() {
+  lbl_LnrUnsaved.SetCaption(page_.Words(IsOfSensor() ? TextKey::SensorTableUnsaved : TextKey::TableUnsaved));
 }
 
 void TablePart::SetLocked(bool locked) {
@@ -99,6 +103,7 @@ void TablePart::TakePoints(const std::vector<CsvPoint>& points) {
   }
   table.ShowLnrTable();
   editor_.GoToTop();
+  NameUnsaved();
   SetTableUnsaved(true);
 }
 

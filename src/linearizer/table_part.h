@@ -60,6 +60,11 @@ class TablePart : public PagePart {
   /// What is written ahead of the points, on pages that save.
   [[nodiscard]] virtual CsvHeads HeadsToWrite() = 0;
 
+  /// True when the table in hand is a sensor's curve and no linearizer.
+  [[nodiscard]] virtual bool IsOfSensor() const = 0;
+  /// Lets the notice of an unsaved table name the one in hand.
+  void NameUnsaved();
+
   [[nodiscard]] ParameterPage& ItsPage() const { return page_; }
   [[nodiscard]] const OrNone<CsvFamily>& Csv() const { return csv_; }
 

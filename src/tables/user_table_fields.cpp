@@ -123,7 +123,9 @@ void UserTableFields::Take(const CsvHeads& heads) {
   ShowText(txtBase, heads.base.value_or(txtBase.Text()));
   ShowText(txtStep, heads.step.value_or(txtStep.Text()));
   ShowText(txtSize, heads.size.value_or(txtSize.Text()));
-  ShowRange(heads.range ? RangeText(*heads.range) : cmbRange.Text());
+  if (heads.range && family_.ranged) {
+    ShowRange(RangeText(*heads.range));
+  }
 }
 
 CsvHeads UserTableFields::Heads(UserTable table) const {

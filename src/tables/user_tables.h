@@ -87,6 +87,7 @@ class UserTables final : public TablePart {
   };
 
   [[nodiscard]] LnrTable& InHand() override { return TableOf(shown_); }
+  [[nodiscard]] bool IsOfSensor() const override { return shown_ != UserTable::Linearizer; }
   void TakeHeads(const CsvHeads& heads) override { fields.Take(heads); }
   [[nodiscard]] CsvHeads HeadsToWrite() override;
 

@@ -58,6 +58,8 @@ INSTANTIATE_TEST_SUITE_P(
         Caption{TextKey::ChangeOfValue, u"値の変更", u"Modification of value"},
         Caption{TextKey::TableUnsaved, u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
                 u"The linearizer table comes from a csv file and is not saved with the settings"},
+        Caption{TextKey::SensorTableUnsaved, u"ｾﾝｻのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）",
+                u"The sensor table comes from a csv file and is not saved with the settings"},
         Caption{TextKey::EditNotTaken, u"「変更する」を押していない値は、ﾁｪｯｸ･ﾀﾞｳﾝﾛｰﾄﾞ･保存に含まれません: ",
                 u"A value that was not confirmed with Modify is not checked, sent or saved: "},
         Caption{TextKey::NotPlain, u"数値でないﾃﾞｰﾀは、ﾀﾞｳﾝﾛｰﾄﾞでこのまま送信されます: ",

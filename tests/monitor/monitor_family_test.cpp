@@ -53,14 +53,21 @@ std::vector<std::string> Words(const std::string& text) {
   return {std::istream_iterator<std::string>(words), {}};
 }
 
+/// What the definitions of a family need for the units of FamilyBench's device.
+std::string UnitSections(StringView word) {
+  if (word.starts_with(u"LiteF")) {
+    return test::TemperatureSection(6);
+  }
+  if (word == u"LiteUniv") {
+    return "$I10TC\r\n0,Tc-2\r\n" + test::TemperatureSection();
+  }
+  return word == u"First" || word == u"QXI" ? test::TemperatureSection() : "";
+}
+
 /// A model with every item and, where the units come from the device, the units it answers with.
 struct FamilyBench : MonitorBench {
   explicit FamilyBench(const FamilyCase& one)
-      : MonitorBench(
-            one.word, one.def_file,
-            test::AllRows() + (one.word == u"First" || one.word == u"QXI" ? test::TemperatureSection()
-                               : one.word.starts_with(u"LiteF")           ? test::TemperatureSection(6)
-                                                                          : "")) {
+      : MonitorBench(one.word, one.def_file, test::AllRows() + UnitSections(one.word)) {
     for (auto& [item, answer] : line.items) {
       answer = one.answer;
     }

@@ -313,7 +313,7 @@ const std::vector<UnitCase> kCases = {
      "M.def",
      Types("$I10DC", 5),
      {{"10", "none of it"}},
-     "d04 d04 d04" + kDefined,
+     "- - -" + kDefined,
      "10"},
     {"NanoVoltage", u"Nano", "Z8WV2.def", "", {}, "d02 d02 d02" + kDefined, ""},
     {"NanoPotentiometer", u"Nano", "Z8WM2.def", "", {}, "% % %" + kDefined, ""},

@@ -62,7 +62,7 @@ class CloseBench : public PageBench {
 struct CloseSweepTest : testing::TestWithParam<String> {};
 INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest,
                          testing::Values(u"QL", u"QXI", u"QEY", u"QICE", u"QNA2", u"Z2WT", u"Z2WQ", u"Z2WPA",
-                                         u"Z2WPL", u"Z8WT2"),
+                                         u"Z2WPL", u"Z2WU", u"Z8WT2"),
                          [](const auto& one) { return ToUtf8(one.param); });
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {

@@ -10,6 +10,7 @@
 
 #include "core/text_utilities.h"
 #include "support/page_parts.h"
+#include "support/sampled.h"
 #include "sweep_bench.h"
 
 namespace korva::test {
@@ -27,6 +28,7 @@ struct IoModel {
   std::string unit = {};           ///< the unit of that choice
   Dialect dialect = Dialect::Cok;
   bool repeats_modes_once = false;  ///< not three times
+  std::string input = {};           ///< what the input is set to, of models whose input is chosen
 
   /// Exchanges of one read.
   [[nodiscard]] std::size_t ReadExchanges() const { return dialect == Dialect::Cok ? 2 : 3; }
@@ -64,6 +66,26 @@ const std::vector<IoModel> kModels = {
      .repeats_modes_once = true},
 };
 
+/// Models whose input is chosen. The device is asked for it, or for what its units follow; an item without a
+/// unit is not read.
+const std::vector<IoModel> kChosenInputModels = {
+    {.name = "QXI",
+     .cycle = {"04", "05", "06", "07"},
+     .unit_of = "04",
+     .unit_item = "21",
+     .unit_code = "1",
+     .unit = "deg F",
+     .input = "Tc-2:K(CA)"},
+    {.name = "Z2WU",
+     .cycle = {"04", "05", "06", "07"},
+     .unit_of = "04",
+     .unit_item = "21",
+     .unit_code = "1",
+     .unit = "deg F",
+     .dialect = Dialect::EnterItem,
+     .input = "TC K (CA)"},
+};
+
 /// A live item's value, which no other item has.
 std::string ValueOf(const std::string& key) { return "1" + key.substr(0, 2) + ".00"; }
 
@@ -71,6 +93,9 @@ std::string ValueOf(const std::string& key) { return "1" + key.substr(0, 2) + ".
 class IoSweep : public SweepBench {
  public:
   explicit IoSweep(const IoModel& of_model) : SweepBench(FromUtf8(of_model.name)), model(of_model) {
+    if (!model.input.empty()) {
+      EXPECT_TRUE(device.Set("01", "10", model.input));
+    }
     if (!model.unit_item.empty()) {
       EXPECT_TRUE(device.Set("01", model.unit_item, model.unit_code));
     }
@@ -82,6 +107,23 @@ class IoSweep : public SweepBench {
       ASSERT_TRUE(device.Set("01", key.substr(0, 2), ValueOf(key)));
       Record(key);
     }
+    PutIntoMode('1');
+    Do([this] { Part<StatusMonitor>(Page()).cmdMonitorON.Click(); });
+  }
+
+  /// The same, until the user presses the button that stops, two cycles of a good line behind the first read
+  /// of the item that always has a unit.
+  void MonitorByTime() {
+    for (const std::string& key : model.cycle) {
+      ASSERT_TRUE(device.Set("01", key, ValueOf(key)));
+      Record(key);
+    }
+    Field(u"05").Observe([this, begun = false]() mutable {
+      if (!begun && LookOf(u"05") == Look::Highlight) {
+        begun = true;
+        loop.After(std::chrono::seconds(3), [this] { Part<StatusMonitor>(Page()).cmdMonitorOFF.Click(); });
+      }
+    });
     PutIntoMode('1');
     Do([this] { Part<StatusMonitor>(Page()).cmdMonitorON.Click(); });
   }
@@ -162,7 +204,8 @@ class IoSweep : public SweepBench {
       const Look now = box.ShownLook();
       if (before == Look::Highlight && now != Look::Highlight) {
         shown[key].push_back(ToUtf8(box.Text()));
-      } else if (before != now && key == model.cycle.front() && shown[key].size() == 1) {
+      } else if (before != now && key == model.cycle.front() && shown[key].size() == 1 &&
+                 model.input.empty()) {
         loop.After(Clock(0), [this] { Part<StatusMonitor>(Page()).cmdMonitorOFF.Click(); });
       }
       before = now;
@@ -307,6 +350,81 @@ TEST_P(IoSweepTest, AMonitorBrokenAtAnyExchangeReadsWholeCyclesUntilItIsStopped)
   std::cout << model.name << ": monitor runs with a broken exchange: " << runs << '\n';
 }
 
+// --- models whose input is chosen
+
+struct ChosenInputSweepTest : testing::TestWithParam<IoModel> {
+  /// Of each unit the one that belongs there or none, and of each reading the item's own value or none.
+  static void ExpectOwnOrNone(IoSweep& bench) {
+    ExpectNothingWrong(bench);
+    const std::string unit07 = ToUtf8(bench.UnitLabel("07").Caption());
+    EXPECT_TRUE(unit07.empty() || unit07 == GetParam().unit) << unit07;
+    const std::string unit06 = ToUtf8(bench.UnitLabel("06").Caption());
+    EXPECT_TRUE(unit06.empty() || unit06 == Unit06()) << unit06;
+  }
+  /// What a line that was silent or garbled once, and repeats mended, must have shown: the units, and in
+  /// every reading but one its value.
+  static void ExpectAllButOneReading(IoSweep& bench) {
+    EXPECT_EQ(ToUtf8(bench.UnitLabel("04").Caption()), GetParam().unit);
+    EXPECT_EQ(ToUtf8(bench.UnitLabel("06").Caption()), Unit06());
+    EXPECT_EQ(ToUtf8(bench.UnitLabel("07").Caption()), GetParam().unit);
+    int lost = 0;
+    for (const std::string& key : GetParam().cycle) {
+      EXPECT_GE(bench.shown[key].size(), 1U) << key;
+      for (const std::string& text : bench.shown[key]) {
+        lost += text == ValueOf(key) ? 0 : 1;
+      }
+    }
+    EXPECT_LE(lost, 1);
+  }
+  static std::string Unit06() { return GetParam().dialect == Dialect::Cok ? "%" : "mV"; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Model, ChosenInputSweepTest, testing::ValuesIn(kChosenInputModels),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+TEST_P(ChosenInputSweepTest, AMonitorBrokenAtAnyExchangeShowsTheItemsOwnValueAndUnitOrNone) {
+  const IoModel& model = GetParam();
+  IoSweep good(model);
+  good.MonitorByTime();
+  for (const std::string& key : model.cycle) {
+    EXPECT_EQ(good.shown[key], (Texts{ValueOf(key), ValueOf(key)})) << key;
+  }
+  ExpectAllButOneReading(good);
+  const std::vector<Break> breaks = OneIn(2, BreaksOf(good.commands.size()));
+  for (const Break& line_break : breaks) {
+    SCOPED_TRACE(line_break.Name());
+    IoSweep bench(model);
+    const Clock start = bench.loop.Now();
+    bench.StartBreak({.fault = line_break.fault, .for_good = line_break.for_good, .at = line_break.at + 3});
+    bench.MonitorByTime();
+    EXPECT_LT(bench.loop.Now() - start, kLongestRun);
+    const Texts boxes = bench.TakeBoxes();
+    for (const std::string& box : boxes) {
+      EXPECT_TRUE(box == Shown(BoxKey::NotMonitorMode) || box == Shown(BoxKey::ModeNotChanged)) << box;
+    }
+    if (line_break.Foreseen() && ModeFails(model, line_break, 0)) {
+      EXPECT_EQ(boxes, Texts{Shown(BoxKey::NotMonitorMode)});
+      EXPECT_TRUE(bench.shown["05"].empty());
+    }
+    const bool mended =
+        !line_break.for_good && (line_break.fault == Fault::Silent || line_break.fault == Fault::Garbled);
+    if (mended) {
+      EXPECT_EQ(boxes, Texts{});
+      EXPECT_EQ(bench.device.Mode(), '0');
+      ExpectAllButOneReading(bench);
+    }
+    if (!bench.shown["05"].empty()) {  // else the units are still those of the set
+      ExpectOwnOrNone(bench);
+    }
+    bench.ExpectFree();
+    bench.ExpectSettingsKept();
+    bench.ExpectUploadWorks();
+    ASSERT_FALSE(HasFailure());
+  }
+  TellShare(std::string(model.name) + ": monitor runs with a broken exchange", breaks.size(),
+            9 * good.commands.size());
+}
+
 /// What a break leaves of a forced output: three exchanges of the mode change, three of the write, and three
 /// of the return.
 struct ForcedOutcome {
@@ -335,6 +453,7 @@ struct ForcedSweepTest : IoSweepTest {};
 std::vector<IoModel> ModelsWithASetBox() {
   std::vector<IoModel> models = kModels;
   std::erase_if(models, [](const IoModel& model) { return std::string_view(model.name) == "QD2I"; });
+  models.insert(models.end(), kChosenInputModels.begin(), kChosenInputModels.end());
   return models;
 }
 

@@ -120,6 +120,21 @@ TEST(UnivCsv, ReadsAHundredPointsAndSavesNone) {
   EXPECT_EQ(bench.Page().FindControl("cmd_csvFileSave"), nullptr);
 }
 
+TEST(UnivCsv, TheNoticeOfAnUnsavedTableTellsWhatTheChosenInputTakesItsPointsFor) {
+  constexpr StringView sensor = u"ｾﾝｻのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）";
+  UnivBench bench;
+  const Label& notice = bench.Univ().linearizer.lbl_LnrUnsaved;
+  bench.PutText(u"/korva/data/curve.csv", u"0,0\n100,4095\n");
+  bench.PickInput(u"Tc-99:USER");
+  bench.dialogs.QueueFile(u"/korva/data/curve.csv");
+  bench.Click(bench.Univ().linearizer.cmd_csvFileOpen);
+  EXPECT_TRUE(notice.Visible());
+  EXPECT_EQ(notice.Caption(), sensor);
+  bench.PickInput(u"mV-Z:USER mV");
+  EXPECT_TRUE(notice.Visible()) << "the points stay";
+  EXPECT_EQ(notice.Caption(), u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）");
+}
+
 // --- the cold junction
 
 struct CjmPage : UnivBench {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "pages/z2_univ_config/z2_univ_config.h"
 #include "support/sampled.h"
@@ -25,6 +26,7 @@ const std::vector<std::string> kDelivered = {"01 hex", "9600 bps", "NONE", "1 BI
 struct Z2UnivSweep : SweepBench {
   Z2UnivSweep() : SweepBench(u"Z2WU") {}
 
+  UserTables& Tables() { return dynamic_cast<z2UnivConfig&>(Page()).tables; }
   ModbusSettings& Modbus() { return dynamic_cast<z2UnivConfig&>(Page()).modbus; }
   void ReadOut() { Click(Modbus().cmdReadOutModbus); }
   /// Fills the tab in.
@@ -209,6 +211,123 @@ TEST_P(Z2UnivSweepTest, ClosedAtAnyPumpItEndsWithTheDeviceAsItIsToBe) {
     }
     EXPECT_EQ(bench.app.program.Window().Get(), nullptr);
     EXPECT_EQ(bench.device.Mode(), '0') << "no device is left in programming mode";
+    ASSERT_FALSE(HasFailure());
+  }
+  TellShare("Z2WU: " + GetParam().name + " closed", sampled.size(), pumps);
+}
+
+// --- the user's own tables
+
+/// A table in use, and how it moves.
+struct Z2UnivTableMove {
+  std::string name;
+  std::string input;    ///< with it the device has the table in use
+  std::string item;     ///< by which the table travels
+  BoxKey done;          ///< what a whole move tells at its end
+  bool writes = false;  ///< it goes to its end; any other ends behind the exchange under way
+  std::function<void(Z2UnivSweep&)> run;
+};
+
+void UploadTable(Z2UnivSweep& bench) { bench.UploadAgreeing(); }
+void ReadTableOut(Z2UnivSweep& bench) { bench.Click(bench.Tables().buttons.cmdReadOutTable); }
+void WriteTableIn(Z2UnivSweep& bench) { bench.Click(bench.Tables().buttons.cmdWriteInTable); }
+void DownloadTable(Z2UnivSweep& bench) {
+  bench.TakeTables();
+  bench.Download();
+}
+
+const std::vector<Z2UnivTableMove> kTableMoves = {
+    {.name = "UploadOfACurve",
+     .input = "User's TC",
+     .item = "60",
+     .done = BoxKey::UploadDone,
+     .run = UploadTable},
+    {.name = "UploadOfALinearizer",
+     .input = "DC V",
+     .item = "62",
+     .done = BoxKey::UploadDone,
+     .run = UploadTable},
+    {.name = "ReadOutOfACurve",
+     .input = "User's TC",
+     .item = "60",
+     .done = BoxKey::TableRead,
+     .run = ReadTableOut},
+    {.name = "WriteInOfACurve",
+     .input = "User's TC",
+     .item = "60",
+     .done = BoxKey::TableWritten,
+     .writes = true,
+     .run = WriteTableIn},
+    {.name = "DownloadOfALinearizer",
+     .input = "DC V",
+     .item = "62",
+     .done = BoxKey::DownloadDone,
+     .writes = true,
+     .run = DownloadTable},
+};
+
+/// Page and device have a table of three rows in use; the device's second value differs from the page's.
+struct Z2UnivTableSweep : Z2UnivSweep {
+  explicit Z2UnivTableSweep(const Z2UnivTableMove& move) : in_device(device.GetKeyedTable(move.item)) {
+    in_device.SetSize(3);
+    device.Set("01", "10", move.input);
+    device.Set("01", "25", "ON");
+    UploadAgreeing();
+    for (std::size_t row = 0; row < 3; ++row) {
+      in_device.SetValue(row, 0, row == 1 ? 7.25 : 10.0 * static_cast<double>(row));
+    }
+    Do([this] {
+      for (int row = 1; row <= 3; ++row) {
+        Points().Store(row, 1, FormatMask(row == 2 ? 7.5 : 10.0 * (row - 1), u"0.00"));
+      }
+    });
+    Page().DataChanged = false;
+    TakeBoxes();
+    commands.clear();
+    first_pump = loop.PumpCount() + 1;
+  }
+  LnrTable& Points() { return Tables().TableOf(Tables().Shown()); }
+
+  sim::KeyedTable& in_device;
+  std::size_t first_pump = 0;
+};
+
+struct Z2UnivTableMoveTest : testing::TestWithParam<Z2UnivTableMove> {};
+INSTANTIATE_TEST_SUITE_P(Move, Z2UnivTableMoveTest, testing::ValuesIn(kTableMoves),
+                         [](const auto& one) { return one.param.name; });
+
+TEST_P(Z2UnivTableMoveTest, ClosedAtAnyPumpAReadEndsWithinOneExchangeAndAWriteGoesToItsEnd) {
+  const std::string done = Shown(GetParam().done);
+  Z2UnivTableSweep whole(GetParam());
+  GetParam().run(whole);
+  ASSERT_EQ(whole.TakeBoxes().back(), done);
+  ASSERT_EQ(whole.Points().Value(2, 1), GetParam().writes ? u"7.50" : u"7.2500");
+  const std::size_t pumps = whole.loop.PumpCount() + 1 - whole.first_pump;
+  const std::vector<std::size_t> sampled = OneIn(3, SampledPumps(pumps));
+  for (const std::size_t at : sampled) {
+    SCOPED_TRACE(at);
+    Z2UnivTableSweep bench(GetParam());
+    std::size_t sent = 0;
+    bench.loop.OnPump([&] {
+      if (bench.loop.PumpCount() == bench.first_pump + at) {
+        sent = bench.commands.size();
+        bench.app.program.PressClose();
+      }
+    });
+    GetParam().run(bench);
+    EXPECT_EQ(bench.status, 0);
+    EXPECT_EQ(bench.device.Mode(), '0') << "no device is left in programming mode";
+    const Boxes boxes = bench.TakeBoxes();
+    const bool told = std::find(boxes.begin(), boxes.end(), done) != boxes.end();
+    if (GetParam().writes) {
+      EXPECT_TRUE(told);
+      EXPECT_EQ(bench.commands, whole.commands);
+      EXPECT_EQ(std::stod(bench.in_device.Value(1)), 7.5);
+    } else {
+      EXPECT_FALSE(told);
+      EXPECT_LE(bench.commands.size(), sent) << "no exchange begins after the one under way";
+      EXPECT_EQ(std::stod(bench.in_device.Value(1)), 7.25);
+    }
     ASSERT_FALSE(HasFailure());
   }
   TellShare("Z2WU: " + GetParam().name + " closed", sampled.size(), pumps);

@@ -237,5 +237,20 @@ TEST_P(Z2UnivMonitorTest, TheUnitsAreThoseOfTheDevicesInputAndNotOfTheSets) {
   EXPECT_EQ(bench.Accesses("01/10 D").size(), 1U) << "the input is read once";
 }
 
+TEST(Z2UnivMonitorUnits, OfAnInputThatTheDeviceDoesNotTellThereIsNoneAndOnlyTheOutputIsRead) {
+  Z2UnivBench bench;
+  bench.Pick(bench.ClassBox(), u"直流");
+  bench.device.Set("01", "10", "TC B (RH)");
+  bench.device.AddFault({.fault = sim::Fault::Refused, .command = "I10"});
+  bench.loop.After(20s, [&] { bench.Univ().monitor.cmdMonitorOFF.Click(); });
+  bench.Click(bench.Univ().monitor.cmdMonitorON);
+  for (const char16_t* item : {u"04", u"06", u"07"}) {
+    EXPECT_EQ(bench.UnitOf(item), u"");
+    EXPECT_EQ(bench.Field(item).Text(), u"");
+  }
+  EXPECT_EQ(bench.UnitOf(u"05"), u"%");
+  EXPECT_NE(bench.Field(u"05").Text(), u"");
+}
+
 }  // namespace
 }  // namespace korva::test

@@ -57,6 +57,16 @@ TEST(UserTableCsv, TheRangeIsToldByItsTextItsCodeOrItsOhms) {
   }
 }
 
+TEST(UserTableCsv, WhereTablesHaveNoRangeAFilesRangeIsPassedOver) {
+  UserTablesBench bench(u"Nano", u"Z8WT2.def");
+  bench.Use(UserTable::Thermocouple);
+  bench.OpenCsv("Base, -100 \r\nStep, 10 \r\nSize, 2 \r\nRange, 50 ohm \r\n1.5\r\n2.5\r\n");
+  EXPECT_EQ(bench.FieldTexts(), "-100 10 2 ") << "no box shows a range";
+  EXPECT_EQ(bench.Cells(), (Texts{"1.5", "2.5"})) << "the line is no point either";
+  bench.Save(kCfg);
+  EXPECT_EQ(bench.TextOf(kCfg).find("ohm"), std::string::npos);
+}
+
 TEST(UserTableCsv, ALinearizerHasTwoValuesALineAnd101Points) {
   UserTablesBench bench;
   bench.Use(UserTable::Linearizer);
@@ -261,6 +271,28 @@ TEST(UserTableSection, ATableFromAFileIsUnsavedUntilTheSetIsSaved) {
   EXPECT_TRUE(bench.page->tables.TableUnsaved());
   bench.Save(kCfg);
   EXPECT_FALSE(bench.page->tables.TableUnsaved());
+}
+
+TEST(UserTableSection, TheNoticeOfAnUnsavedTableNamesTheOneThatTheFileWasOpenedInto) {
+  constexpr StringView sensor = u"ｾﾝｻのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）";
+  constexpr StringView linearizer = u"ﾘﾆｱﾗｲｻﾞのﾃｰﾌﾞﾙはcsvﾌｧｲﾙの値です（設定ファイルに未保存）";
+  UserTablesBench bench;
+  const Label& notice = bench.page->tables.lbl_LnrUnsaved;
+  for (const auto& [table, text] :
+       {std::pair(UserTable::Thermocouple, sensor), std::pair(UserTable::Linearizer, linearizer),
+        std::pair(UserTable::Resistance, sensor)}) {
+    bench.Use(table);
+    bench.OpenCsv("1,2\r\n3,4\r\n");
+    EXPECT_EQ(notice.Caption(), text);
+  }
+  bench.SwitchOn();
+  EXPECT_TRUE(notice.Visible());
+  EXPECT_EQ(notice.Caption(), sensor) << "the linearizer that shows now came from no file";
+
+  static_cast<Page&>(*bench.page).SetCaptions(Language::English);
+  bench.Use(UserTable::Thermocouple);
+  bench.OpenCsv("1\r\n");
+  EXPECT_EQ(notice.Caption(), u"The sensor table comes from a csv file and is not saved with the settings");
 }
 
 TEST(UserTableSection, OfTwoOutputsTheTypesNumberTellsTheTable) {

@@ -48,11 +48,12 @@ constexpr std::array<StringView, 3> kBlankItems = {u"34", u"35", u"81"};
 constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
 
 constexpr UnitSource kUnitOfInput = {.kind = UnitKind::Input};
+/// An input that the device does not tell has no unit: that of the set may be another one's.
 constexpr std::array kItem04 = {
     UnitRule{.input_kind = kThermocoupleInputs, .unit = live::kUnitFromTemperatureItem},
     UnitRule{.input_kind = kResistanceInputs, .unit = live::kUnitFromTemperatureItem},
-    UnitRule{.input_kind = kDirectInputs, .unit = kUnitOfInput},
     UnitRule{.input_kind = kPotentiometerInputs, .unit = live::kPercent},
+    UnitRule{.unit = kUnitOfInput},
 };
 constexpr std::array kItem06 = {
     UnitRule{.input_kind = kDirectInputs, .unit = kUnitOfInput},
