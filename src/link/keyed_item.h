@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "link/group_item.h"
 
 namespace korva {
@@ -12,7 +14,7 @@ namespace korva {
 class KeyedItem {
  public:
   /// `access` outlives this.
-  KeyedItem(EnterItemDialect& access, const WireItem& item) : access_(access), item_(item) {}
+  KeyedItem(EnterItemDialect& access, WireItem item) : access_(access), item_(std::move(item)) {}
 
   /// The device's answer to a key; empty when it gives none.
   [[nodiscard]] String Read(const String& key) const;

@@ -5,7 +5,7 @@
 namespace korva {
 
 void StepRequest::Offer(Button& button, StringView step) {
-  offered_.push_back(&button);
+  offered_.emplace_back(button);
   button.OnClick = [this, &button, text = String(step)] {
     if (presses_ == Presses::LastCounts) {
       waiting_.clear();
@@ -32,10 +32,10 @@ void StepRequest::Drop() {
 }
 
 void StepRequest::ShowWaiting(const Button* busy) {
-  for (Button* button : offered_) {
-    button->SetPending(button == busy ||
-                       std::any_of(waiting_.begin(), waiting_.end(),
-                                   [&](const Press& press) { return press.button == button; }));
+  for (Button& button : offered_) {
+    button.SetPending(&button == busy ||
+                      std::any_of(waiting_.begin(), waiting_.end(),
+                                  [&](const Press& press) { return press.button == &button; }));
   }
 }
 

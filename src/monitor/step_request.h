@@ -40,7 +40,7 @@ class StepRequest {
 
   Presses presses_;
   std::vector<Press> waiting_;
-  std::vector<Button*> offered_;
+  std::vector<std::reference_wrapper<Button>> offered_;
 };
 
 }  // namespace korva

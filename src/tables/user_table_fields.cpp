@@ -29,7 +29,7 @@ constexpr StringView kTemperatureUnit = u"deg C";
 /// none.
 String RangeText(StringView told) {
   const String text = Trimmed(told);
-  const auto range = std::find_if(kRanges.begin(), kRanges.end(), [&](const ResistanceRange& one) {
+  const auto* const range = std::find_if(kRanges.begin(), kRanges.end(), [&](const ResistanceRange& one) {
     return text == one.code || text == one.text || text == one.text.substr(0, one.text.find(u' '));
   });
   return range == kRanges.end() ? String() : String(range->text);
@@ -153,16 +153,17 @@ void UserTableFields::TakeBase(const String& answer) { ShowText(txtBase, answer)
 void UserTableFields::TakeSize(const String& size) { ShowText(txtSize, size); }
 
 void UserTableFields::TakeRange(const String& code) {
-  const auto range = std::find_if(kRanges.begin(), kRanges.end(),
-                                  [&](const ResistanceRange& one) { return one.code == code; });
+  const auto* const range = std::find_if(kRanges.begin(), kRanges.end(),
+                                         [&](const ResistanceRange& one) { return one.code == code; });
   ShowRange(range == kRanges.end() ? String() : String(range->text));
 }
 
 int UserTableFields::Size() const { return PointCount(txtSize.Text()).value_or(0); }
 
 String UserTableFields::RangeCode() const {
-  const auto range = std::find_if(kRanges.begin(), kRanges.end(),
-                                  [this](const ResistanceRange& one) { return one.text == cmbRange.Text(); });
+  const auto* const range = std::find_if(kRanges.begin(), kRanges.end(), [this](const ResistanceRange& one) {
+    return one.text == cmbRange.Text();
+  });
   return range == kRanges.end() ? String() : String(range->code);
 }
 

@@ -105,6 +105,7 @@ std::vector<String> ListsBehind(const ParameterPage& page, StringView key) {
   }
   const ChoiceList classes = page.Def.ListOf(u"$I00");
   std::vector<String> lists;
+  lists.reserve(static_cast<std::size_t>(classes.Rows()));
   for (int row = 0; row < classes.Rows(); ++row) {
     lists.push_back(classes.Cell(row, &ListColumns::list));
   }

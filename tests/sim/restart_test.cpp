@@ -14,7 +14,7 @@ struct UniversalTransmitterTest : testing::Test {
 
   std::string ReadOf(const char* item) {
     Read(device, "01", item);
-    return std::string(device.Answer("D").text);
+    return device.Answer("D").text;
   }
 };
 

@@ -180,6 +180,7 @@ TEST(UserTableSection, AWholeTableComesBackAndSavingTwiceGivesTheSameBytes) {
     bench.Use(table);
     std::vector<String> cells;
     const int values = bench.Points().Points() * (bench.Points().Columns() - 1);
+    cells.reserve(static_cast<std::size_t>(values));
     for (int place = 0; place < values; ++place) {
       cells.push_back(Ascii(std::to_string(place)) + u".25");
     }

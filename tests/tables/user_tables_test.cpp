@@ -18,6 +18,7 @@ using Texts = std::vector<std::string>;
 /// Texts of rows that rise from 0 by 0.5.
 std::vector<String> Rise(int rows) {
   std::vector<String> texts;
+  texts.reserve(static_cast<std::size_t>(rows));
   for (int row = 0; row < rows; ++row) {
     texts.push_back(Ascii(std::to_string(row / 2) + (row % 2 == 0 ? ".0" : ".5")));
   }
