@@ -31,7 +31,7 @@ struct SensorTableWindow {
     window.Current()->ShowTab(Showing().TabOf(Table()));
     Show();
   }
-  korva::Page& Showing() { return *host.application.program.Showing(); }
+  korva::Page& Showing() const { return *host.application.program.Showing(); }
   template <typename T>
   T& Find(const char* name) {
     auto* found = dynamic_cast<T*>(Showing().FindControl(name));

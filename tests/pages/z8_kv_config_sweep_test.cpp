@@ -133,6 +133,12 @@ const std::vector<NanoOperation> kNanoOperations = {
      .one_in = 3},
 };
 
+/// The text of a box as far as it is the same whatever it tells of.
+std::string Beginning(BoxKey key) {
+  const std::string text = Shown(key, {u"\n", u"\n", u"\n"});
+  return text.substr(0, text.find('\n'));
+}
+
 struct NanoSweepTest : testing::TestWithParam<NanoOperation> {
   /// A bench at whose page the operation can begin.
   static std::unique_ptr<NanoSweep> Bench() {
@@ -163,7 +169,7 @@ TEST_P(NanoSweepTest, BrokenAtAnyExchangeEndsWithAPageThatCanBeUsedAndADeviceTha
     bench->ExpectIdle();
     for (const std::string& box : bench->TakeBoxes()) {
       EXPECT_TRUE(std::any_of(GetParam().boxes.begin(), GetParam().boxes.end(), [&](BoxKey key) {
-        return box == Shown(key);
+        return box.starts_with(Beginning(key));
       })) << box;
     }
     bench->ExpectUploadWorks();
