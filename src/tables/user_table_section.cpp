@@ -75,7 +75,7 @@ void TakeCells(const std::vector<std::pair<int, String>>& cells, LnrTable& table
   const int values = table.Columns() - 1;
   table.Clear();
   for (const auto& [place, text] : cells) {
-    if (place >= 0) {
+    if (place >= 0 && place < values * table.Points()) {
       table.Store(place / values + 1, place % values + 1, text);
     }
   }

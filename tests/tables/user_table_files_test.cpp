@@ -226,7 +226,7 @@ TEST(UserTableSection, OtherGroupsAndPlacesOutsideTheTableArePassedOver) {
   bench.PutText(kCfg, CfgWith(kTypeTc,
                               "$Table\r\n\"4\",\"0\",\"a\"\r\n\"5\",\"4\",\"b\"\r\n"
                               "\"5\",\"-1\",\"c\"\r\n\"6\",\"-1\",\"d\"\r\n\"6\",\"1001\",\"e\"\r\n"
-                              "\"6\",\"2000000000\",\"f\"\r\n\"6\",\"1000\",\"8\"\r\n"));
+                              "\"6\",\"2147483647\",\"f\"\r\n\"6\",\"1000\",\"8\"\r\n"));
   bench.Open(kCfg);
   EXPECT_EQ(bench.TakeBoxes(), Texts{});
   EXPECT_EQ(bench.FieldTexts(), "   ");
