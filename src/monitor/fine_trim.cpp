@@ -19,6 +19,25 @@ constexpr int kSlice = 50;        ///< ms within which a press is noticed
 constexpr StringView kUntrimmed = u"0.00";
 constexpr TrimSteps kPercentSteps = {.m01 = u"-0.1", .m001 = u"-0.01", .p001 = u"0.01", .p01 = u"0.1"};
 
+constexpr FineTrimEnd ZeroOf(std::string_view name, StringView item) {
+  return {.name = name,
+          .item = item,
+          .caption = TextKey::FineZero,
+          .low = u"-5",
+          .high = u"5",
+          .out_of_range = BoxKey::ZeroTrimOutOfRange};
+}
+
+constexpr FineTrimEnd SpanOf(std::string_view name, StringView item) {
+  return {.name = name,
+          .item = item,
+          .caption = TextKey::FineSpan,
+          .origin = 100,
+          .low = u"95",
+          .high = u"105",
+          .out_of_range = BoxKey::SpanTrimOutOfRange};
+}
+
 /// The trim in percent that an answer tells; nothing when it tells none.
 std::optional<double> Told(const String& answer) {
   const String number = TellsRefusal(answer) ? String() : TrimNumericText(answer);
@@ -34,32 +53,10 @@ double Target(const String& shown, const String& step, double origin) {
 
 }  // namespace
 
-constexpr FineTrimEnd kFirstZeroTrim = {.name = "Out1Zero",
-                                        .item = u"19",
-                                        .caption = TextKey::FineZero,
-                                        .low = u"-5",
-                                        .high = u"5",
-                                        .out_of_range = BoxKey::ZeroTrimOutOfRange};
-constexpr FineTrimEnd kFirstSpanTrim = {.name = "Out1Span",
-                                        .item = u"20",
-                                        .caption = TextKey::FineSpan,
-                                        .origin = 100,
-                                        .low = u"95",
-                                        .high = u"105",
-                                        .out_of_range = BoxKey::SpanTrimOutOfRange};
-constexpr FineTrimEnd kSecondZeroTrim = {.name = "Out2Zero",
-                                         .item = u"44",
-                                         .caption = TextKey::FineZero,
-                                         .low = u"-5",
-                                         .high = u"5",
-                                         .out_of_range = BoxKey::ZeroTrimOutOfRange};
-constexpr FineTrimEnd kSecondSpanTrim = {.name = "Out2Span",
-                                         .item = u"45",
-                                         .caption = TextKey::FineSpan,
-                                         .origin = 100,
-                                         .low = u"95",
-                                         .high = u"105",
-                                         .out_of_range = BoxKey::SpanTrimOutOfRange};
+constexpr FineTrimEnd kFirstZeroTrim = ZeroOf("Out1Zero", u"19");
+constexpr FineTrimEnd kFirstSpanTrim = SpanOf("Out1Span", u"20");
+constexpr FineTrimEnd kSecondZeroTrim = ZeroOf("Out2Zero", u"44");
+constexpr FineTrimEnd kSecondSpanTrim = SpanOf("Out2Span", u"45");
 
 FineTrim::FineTrim(ParameterPage& page, const FineTrimEnd& end)
     : TrimButtons(end.name),
