@@ -92,7 +92,7 @@ void FirstVisit(benchmark::State& state, StringView family) {
 }
 const bool kFirstVisits = [] {
   for (const char16_t* family : {u"Second", u"Third", u"QXI", u"Lite", u"LiteUniv", u"LiteSecond",
-                                 u"LiteThird", u"LiteForth", u"LiteFifth"}) {
+                                 u"LiteThird", u"LiteForth", u"LiteFifth", u"Nano"}) {
     benchmark::RegisterBenchmark(("FirstVisitOf" + ToUtf8(family)).c_str(), FirstVisit, StringView(family))
         ->Iterations(1)
         ->Repetitions(9)

@@ -10,7 +10,7 @@ namespace korva::bench {
 
 namespace {
 
-constexpr std::array<Row, 44> kRows = {{
+constexpr std::array<Row, 45> kRows = {{
     {.what = "An exchange through the whole path over the raw loop, wall time",
      .benchmark = "ReadItem",
      .value = "wall",
@@ -198,6 +198,11 @@ constexpr std::array<Row, 44> kRows = {{
      .unit = " ms"},
     {.what = "The same of family LiteFifth",
      .benchmark = "FirstVisitOfLiteFifth",
+     .value = "real",
+     .limit = 30,
+     .unit = " ms"},
+    {.what = "The same of family Nano",
+     .benchmark = "FirstVisitOfNano",
      .value = "real",
      .limit = 30,
      .unit = " ms"},

@@ -1,18 +1,16 @@
 // What the user waits for on the linearizer's and the I/O check tab.
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
 #include <array>
 #include <chrono>
 #include <fstream>
 #include <string>
 
-#include "app/main_window.h"
 #include "bench_host.h"
 #include "core/text_utilities.h"
 #include "far_end.h"
 #include "pages/kv_config/kv_config.h"
-#include "platform/pseudo_terminal.h"
+#include "shown_window.h"
 
 namespace korva::bench {
 
@@ -22,26 +20,13 @@ constexpr int kPoints = 100;
 
 KvConfig& PageOf(BenchHost& host) { return dynamic_cast<KvConfig&>(*host.application.program.Showing()); }
 
-// The program with its window, and the long table of a model in front.
-struct TableWindow {
-  TableWindow() : window(host.application) {
-    host.StartWith(u"QHNY1");
+// The long table of a model in front.
+struct TableWindow : ShownWindow {
+  TableWindow() : ShownWindow(u"QHNY1") {
     host.Act([this] { Page().linearizer.Opt_Lnr[1].Click(); });
-    window.resize(1180, 740);
-    window.show();
-    window.Current()->ShowTab(Page().TabWith(TextKey::Linearizer));
-    Show();
+    Show(Page().TabWith(TextKey::Linearizer));
   }
   KvConfig& Page() { return PageOf(host); }
-  // Until all that has changed is painted.
-  static void Show() {
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-  }
-
-  PseudoTerminal device;
-  BenchHost host{device.Device()};
-  MainWindow window;
 };
 
 // A file of 100 points, none of which has the value of another file's.
@@ -62,7 +47,7 @@ void OpenTableInWindow(benchmark::State& state) {
     next = 1 - next;
     shown.host.dialogs.QueueFile(files.at(next));
     shown.host.Act([&] { shown.Page().linearizer.cmd_csvFileOpen.Click(); });
-    TableWindow::Show();
+    TableWindow::Paint();
   }
   if (shown.Page().linearizer.LnrFlexGrid.At(kPoints, 1).text != (next == 0 ? u"99.1" : u"99.2")) {
     state.SkipWithError("the file was not opened");
@@ -74,7 +59,7 @@ void EditCellInWindow(benchmark::State& state) {
   TableWindow shown;
   shown.host.dialogs.QueueFile(TableFile(shown.host, 1));
   shown.host.Act([&] { shown.Page().linearizer.cmd_csvFileOpen.Click(); });
-  TableWindow::Show();
+  TableWindow::Paint();
   int edits = 0;
   while (state.KeepRunning()) {
     const int row = 1 + edits++ % 10;
@@ -83,7 +68,7 @@ void EditCellInWindow(benchmark::State& state) {
       shown.Page().linearizer.Editor().txtLnrNewValue.UserTypes(Ascii(std::to_string(edits % 100)));
     });
     shown.host.Act([&] { shown.Page().linearizer.Editor().cmdLnrChangeOK.Click(); });
-    TableWindow::Show();
+    TableWindow::Paint();
   }
   if (shown.Page().GroupItem.At(2, 1) == u"0.1") {
     state.SkipWithError("the cell was not changed");

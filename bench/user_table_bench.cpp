@@ -1,17 +1,15 @@
 // What the user waits for on the tab of a sensor's table of 1000 points.
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 
-#include "app/main_window.h"
 #include "bench_host.h"
 #include "core/text_utilities.h"
-#include "platform/pseudo_terminal.h"
+#include "shown_window.h"
 
 namespace korva::bench {
 
@@ -21,15 +19,11 @@ constexpr int kSensorPoints = 1000;
 
 // A universal transmitter's page with the table of the user's thermocouple in front. Controls go by the names
 // under which a user's script knows them.
-struct SensorTableWindow {
-  SensorTableWindow() : window(host.application) {
-    host.StartWith(u"Z2WU");
+struct SensorTableWindow : ShownWindow {
+  SensorTableWindow() : ShownWindow(u"Z2WU") {
     Pick("Combo(0)", u"熱電対");
     Pick("Combo(1)", u"User's TC");
-    window.resize(1180, 740);
-    window.show();
-    window.Current()->ShowTab(Showing().TabOf(Table()));
-    Show();
+    Show(Showing().TabOf(Table()));
   }
   korva::Page& Showing() const { return *host.application.program.Showing(); }
   template <typename T>
@@ -53,17 +47,8 @@ struct SensorTableWindow {
   void Open(const String& file) {
     host.dialogs.QueueFile(file);
     Click("cmd_csvFileOpen");
-    Show();
+    Paint();
   }
-  // Until all that has changed is painted.
-  static void Show() {
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
-  }
-
-  PseudoTerminal device;
-  BenchHost host{device.Device()};
-  MainWindow window;
 };
 
 // A file of 1000 points, none of which has the value of another file's.
@@ -101,7 +86,7 @@ void EditSensorCellInWindow(benchmark::State& state) {
     shown.host.Act(
         [&] { shown.Find<TextField>("txtLnrNewValue").UserTypes(Ascii(std::to_string(edits % 70))); });
     shown.Click("cmdLnrChangeOK");
-    SensorTableWindow::Show();
+    SensorTableWindow::Paint();
   }
   if (shown.Table().At(1, 1).text == u"0.01") {
     state.SkipWithError("the cell was not changed");
