@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "core/control.h"
+#include "core/grid.h"
 #include "platform/event_gate.h"
 
 namespace korva {

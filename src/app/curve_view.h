@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/control.h"
+#include "core/grid.h"
 
 namespace korva {
 

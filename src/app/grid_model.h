@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 #include <QWidget>
 
-#include "core/control.h"
+#include "core/grid.h"
 
 namespace korva {
 

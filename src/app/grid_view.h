@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "app/grid_model.h"
-#include "core/control.h"
+#include "core/grid.h"
 
 namespace korva {
 

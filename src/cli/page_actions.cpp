@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/grid.h"
+
 namespace korva::cli {
 
 namespace {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/grid.h"
 #include "files/parameter_page.h"
 
 namespace korva::cli {

@@ -341,41 +341,11 @@ int Page::TabWith(TextKey caption) const {
   return found == tabs.end() ? -1 : static_cast<int>(found - tabs.begin());
 }
 
-int Page::TabOf(const Control& control) const {
-  for (const Control* at = &control; at != nullptr; at = at->Container()) {
-    if (const auto found = tabs_of_.find(at); found != tabs_of_.end()) {
-      return found->second;
-    }
-  }
-  return -1;
-}
-
-Control* Page::FirstShown(const std::function<bool(const Control&)>& wanted) const {
-  const auto found = std::find_if(placed_.begin(), placed_.end(), [&](const Control* control) {
-    return control->Refused() != Refusal::Hidden && wanted(*control);
-  });
-  return found == placed_.end() ? nullptr : *found;
-}
-
 void Page::GoTo(Control& control) {
   if (const int tab = TabOf(control); tab >= 0 && Tabs.TabEnabled(tab)) {
     Tabs.SetCurrent(tab);
   }
   control.SetFocus();
-}
-
-void Page::FollowBad(const Control& control, int tab) {
-  const bool bad = control.IsBad() && control.Visible();
-  if (bad == bad_.contains(&control)) {
-    return;
-  }
-  if (bad) {
-    bad_.insert(&control);
-  } else {
-    bad_.erase(&control);
-  }
-  Tabs.SetTabBad(tab, std::any_of(bad_.begin(), bad_.end(),
-                                  [&](const Control* one) { return tabs_of_.at(one) == tab; }));
 }
 
 std::string_view Page::WhyRefused(const Control& control) const {
@@ -416,52 +386,6 @@ const Boxes& Page::Box() const { return program_.Box(); }
 
 bool Page::Showing() const { return program_.Showing() == this; }
 
-void Page::ApplyDesign() {
-  int tab = 0;
-  for (const DesignTab& design : kind_.design.tabs) {
-    for (const DesignGroup& group : design.groups) {
-      PlaceGroup(group, tab);
-    }
-    ++tab;
-  }
-  for (const DesignOptions& options : kind_.design.options) {
-    OptionGroup* group = FindOptions(options.options);
-    for (int button = 0; group != nullptr && button < group->Count(); ++button) {
-      (*group)[button].PutInto(FindControl(options.frame));
-    }
-  }
-}
-
-void Page::PlaceGroup(const DesignGroup& group, int tab) {
-  if (!group.frame.empty()) {
-    PlaceControl(group.frame, group, tab);
-  }
-  for (const DesignRow& row : group.rows) {
-    if (!row.curve.empty() && dynamic_cast<Grid*>(FindControl(row.curve)) == nullptr) {
-      throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
-    }
-    for (std::string_view names : {row.number, row.label, row.field, row.unit, row.buttons}) {
-      while (!names.empty()) {
-        const std::size_t end = std::min(names.find(' '), names.size());
-        PlaceControl(names.substr(0, end), group, tab);
-        names.remove_prefix(std::min(end + 1, names.size()));
-      }
-    }
-  }
-}
-
-void Page::PlaceControl(std::string_view name, const DesignGroup& group, int tab) {
-  Control* control = FindControl(name);
-  if (control == nullptr) {
-    throw RuntimeFailure(u"画面の設計表に無い部品があります: " + String(name.begin(), name.end()));
-  }
-  if (tabs_of_.emplace(control, tab).second) {
-    placed_.push_back(control);
-    control->Observe([this, control, tab] { FollowBad(*control, tab); });
-  }
-  if (!group.frame.empty() && name != group.frame) {
-    control->PutInto(FindControl(group.frame));
-  }
-}
+void Page::ApplyDesign() { placement_.Apply(kind_.design, *this); }
 
 }  // namespace korva

@@ -18,7 +18,9 @@
 #include "core/modal_window.h"
 #include "core/notices.h"
 #include "core/page_part.h"
+#include "core/placement.h"
 #include "core/shared_state.h"
+#include "core/tab_control.h"
 #include "core/texts.h"
 
 namespace korva {
@@ -111,9 +113,11 @@ class Page {
   /// Index of the tab with this caption; -1 when the page has none.
   [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
-  [[nodiscard]] int TabOf(const Control& control) const;
+  [[nodiscard]] int TabOf(const Control& control) const { return placement_.TabOf(control); }
   /// The first control that is shown and `wanted`, in the order of tabs, boxes and lines; nullptr for none.
-  [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const;
+  [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const {
+    return placement_.FirstShown(wanted);
+  }
   /// Brings the control's tab to the front, if it is enabled, and puts the keyboard's focus on the control.
   void GoTo(Control& control);
   /// Why the user can't act on the control: its own state, "tab disabled", or "window open" for a small
@@ -209,10 +213,6 @@ class Page {
   void SetLocked(bool locked);
   void ShowBarred(bool barred);
   void ShowForced();
-  void PlaceGroup(const DesignGroup& group, int tab);
-  void PlaceControl(std::string_view name, const DesignGroup& group, int tab);
-  /// Marks the tab of a control that became bad or good.
-  void FollowBad(const Control& control, int tab);
   void FillModelList();
   void RegisterFrame();
 
@@ -227,9 +227,7 @@ class Page {
   std::map<std::string, Control*, std::less<>> by_name_;  ///< the same, by FullName()
   std::vector<OptionGroup*> option_groups_;
   std::set<const Control*> in_windows_;
-  std::map<const Control*, int> tabs_of_;
-  std::vector<Control*> placed_;  ///< by the design, in its order
-  std::set<const Control*> bad_;  ///< of these, the shown ones with a bad value
+  Placement placement_{Tabs};
 };
 
 }  // namespace korva

@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/control.h"
+#include "core/grid.h"
 #include "core/line_reader.h"
 
 namespace korva {

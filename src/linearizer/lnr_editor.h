@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "core/grid.h"
 #include "core/page.h"
 #include "linearizer/lnr_table.h"
 

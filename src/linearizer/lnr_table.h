@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/control.h"
+#include "core/grid.h"
 #include "files/parameter_set.h"
 
 namespace korva {

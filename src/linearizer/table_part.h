@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/grid.h"
 #include "core/or_none.h"
 #include "files/parameter_page.h"
 #include "linearizer/csv_file.h"

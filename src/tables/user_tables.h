@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/grid.h"
 #include "linearizer/table_mover.h"
 #include "linearizer/table_part.h"
 #include "tables/user_table_section.h"

@@ -6,6 +6,7 @@
 
 #include "cli/script_dialogs.h"
 #include "cli/script_runner.h"
+#include "core/grid.h"
 #include "core/program.h"
 #include "link/serial_link.h"
 #include "platform/native/native_code_page.h"

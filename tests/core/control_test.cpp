@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "core/control_array.h"
+#include "core/grid.h"
+#include "core/tab_control.h"
 #include "platform/virtual/virtual_event_loop.h"
 
 namespace korva {
