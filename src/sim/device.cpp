@@ -108,6 +108,9 @@ Reply Device::Answer(std::string_view line) {
       reply.text != state_->Refusal(WriteResult::Refused)) {
     reply.text.resize(reply.text.find_last_of(' '));
   }
+  if (strikes(Fault::PairUnits) && state_->IsPair(line)) {
+    reply.text = state_->WithUnits(reply.text);
+  }
   if (strikes(Fault::OversizedTable) && line == "DP" && state_->AnswersInPairs(line)) {
     reply.text = "DSize " + std::to_string(CommandTable::kMostPoints + 1);
   }

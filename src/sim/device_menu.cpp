@@ -160,6 +160,24 @@ bool Device::State::AnswersInPairs(std::string_view line) const {
           selected->kind == Item::Kind::Pair || selected->kind == Item::Kind::Compensation);
 }
 
+/// Whether a command reads or writes an item that holds two numbers.
+bool Device::State::IsPair(std::string_view line) const {
+  return selected != nullptr && selected->kind == Item::Kind::Pair && line.starts_with('D');
+}
+
+/// A reply with the selected item's unit behind each of its two numbers; any other reply as it is.
+std::string Device::State::WithUnits(const std::string& reply) const {
+  const std::string_view held = selected->held;
+  if (held.empty() || !reply.ends_with(held)) {
+    return reply;
+  }
+  const std::string unit = outputs.UnitOfPair(*selected);
+  const std::size_t blank = held.find(' ');
+  const std::string shown =
+      std::string(held.substr(0, blank)) + unit + std::string(held.substr(blank)) + unit;
+  return "D" + RightAlign(shown, kDisplayWidth);
+}
+
 std::string Device::State::TakeParameter(std::string_view data) {
   if (selected->kind == Item::Kind::Restart) {
     return data == "R" ? Restart() : Refusal(WriteResult::Refused);

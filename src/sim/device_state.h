@@ -43,6 +43,8 @@ struct Device::State {
   bool IsKeyedRow(std::string_view line);
   bool TakesDataNow() const;
   bool AnswersInPairs(std::string_view line) const;
+  bool IsPair(std::string_view line) const;
+  std::string WithUnits(const std::string& reply) const;
   void EnterMode(std::string_view data);
   std::string Refusal(WriteResult result) const;
   bool InAccess(std::string_view line) const;

@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 24> kFaults{{
+constexpr std::array<FaultInfo, 25> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -50,6 +50,9 @@ constexpr std::array<FaultInfo, 24> kFaults{{
     {.fault = Fault::NoReturn, .name = "no-return", .what = "reset: the device never comes back"},
     {.fault = Fault::RefusedRow, .name = "refused-row", .what = "user table: \"invalid data\" to a row"},
     {.fault = Fault::NoUnit, .name = "no-unit", .what = "user table: no unit behind a row's value"},
+    {.fault = Fault::PairUnits,
+     .name = "pair-units",
+     .what = "an item of two numbers: a unit behind each, such as \"0.000mV 10.000mV\""},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

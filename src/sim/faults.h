@@ -44,6 +44,8 @@ enum class Fault {
   // Tables whose values have keys.
   RefusedRow,  ///< A row is answered with a refusal, neither given nor taken.
   NoUnit,      ///< The unit behind a row's value is missing.
+  // Items that hold two numbers.
+  PairUnits,  ///< A unit stands behind each number.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

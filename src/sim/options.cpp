@@ -116,6 +116,7 @@ std::string_view HelpText() {
                     access to the memory of the models that have one;
                     one-value and oversized-table strike answers of two
                     values and the size of a table that travels by commands;
+                    pair-units strikes items of two numbers;
                     no-return strikes the reset of the models that restart
   --trace           print the traffic
   --list            print the models and all faults, and end

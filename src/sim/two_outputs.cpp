@@ -112,6 +112,17 @@ std::string TwoOutputs::UnitOf(const Item& item) const {
   return found == types.end() ? std::string{} : Field(*found, kTypeUnitColumn);
 }
 
+std::string TwoOutputs::UnitOfPair(const Item& item) const {
+  if (item.item == "14" || item.item == "15") {
+    return item.unit == "$in" ? "deg C" : UnitOf(item);
+  }
+  if (item.item == "34") {
+    return {};
+  }
+  const auto type = ChoiceText(item.item.starts_with('4') ? "41" : "11");  // "4-20 mA"
+  return type.substr(std::min(type.rfind(' '), type.size() - 1) + 1);
+}
+
 Compensation::Circuit TwoOutputs::Circuit() const { return {.position = RawInput()}; }
 
 NumberPair TwoOutputs::Pair(std::string_view item) const {

@@ -36,6 +36,10 @@ class TwoOutputs {
   /// The unit that stands behind the number of a live item.
   std::string UnitOf(const Item& item) const;
 
+  /// The unit of the numbers of an item that holds two: the input's, which of a temperature is deg C, or that
+  /// of an output's type; a cold junction's have none.
+  std::string UnitOfPair(const Item& item) const;
+
   /// What compensation and calibration have to go by.
   Compensation::Circuit Circuit() const;
 

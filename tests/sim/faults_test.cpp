@@ -23,7 +23,7 @@ TEST(FaultsTest, EveryFaultHasANameThatItsRuleIsReadFrom) {
     EXPECT_EQ(ParseFault(info.name).fault, info.fault) << info.name;
     EXPECT_FALSE(info.what.empty());
   }
-  EXPECT_EQ(AllFaults().size(), static_cast<std::size_t>(Fault::NoUnit) + 1);
+  EXPECT_EQ(AllFaults().size(), static_cast<std::size_t>(Fault::PairUnits) + 1);
 }
 
 TEST(FaultsTest, SilentLosesTheCommand) {

@@ -80,6 +80,23 @@ TEST(PairTest, LacksItsSecondNumberUnderTheFault) {
   EXPECT_EQ(SentAt(device, "14", ""), "-100.000");
 }
 
+TEST(PairTest, HasAUnitBehindEachNumberUnderTheFault) {
+  auto device = ProgrammedDevice("Z8WV2");
+  device.AddFault(ParseFault("pair-units"));
+  EXPECT_EQ(SentAt(device, "14", ""), "-100.000mV 100.000mV");
+  EXPECT_EQ(SentAt(device, "14", "0 10"), "0.000mV 10.000mV") << "the echo of a write too";
+  EXPECT_EQ(SentAt(device, "14", "x"), "invalid data");
+  EXPECT_EQ(SentAt(device, "43", ""), "0.000mA 24.000mA");
+  EXPECT_EQ(SentAt(device, "11", "1"), "0-10 V");
+  EXPECT_EQ(SentAt(device, "12", ""), "0.000V 10.000V");
+  EXPECT_EQ(SentAt(device, "19", "0.5"), "0.500 %") << "one number";
+  auto thermocouple = Device::ForModel(kHome, "Z8WT2");
+  EXPECT_TRUE(thermocouple.Set("01", "21", "deg F"));
+  thermocouple.AddFault(ParseFault("pair-units"));
+  EXPECT_EQ(SentAt(thermocouple, "14", ""), "0.000deg C 1760.000deg C") << "on the wire it is deg C";
+  EXPECT_EQ(SentAt(thermocouple, "34", ""), "25.000 574.000");
+}
+
 TEST(TwoOutputsTest, FollowTheInputByTheirOwnRanges) {
   const auto device = Measuring("5");
   EXPECT_EQ(Told(device, "04"), 5);
