@@ -87,8 +87,11 @@ TEST(Z8KvConfigTable, OtherModelsHaveTheLinearizerWhileItem25IsOnOr1) {
     EXPECT_TRUE(TabOpen(bench.Page(), TextKey::Linearizer));
     EXPECT_EQ(bench.Page().Tabs.TabCaption(4), u"ﾘﾆｱﾗｲｻﾞ");
     EXPECT_EQ(bench.Tables().InUse(), UserTable::Linearizer);
+    bench.Show(25, u"OFF");
     bench.Show(25, u"1");
     EXPECT_EQ(bench.Tables().InUse(), UserTable::Linearizer);
+    EXPECT_TRUE(bench.Tables().Opt_Lnr[1].Value()) << "what is in use is shown";
+    EXPECT_EQ(bench.Page().Item(25), u"ON");
     bench.Show(25, u"OFF");
     EXPECT_EQ(bench.Tables().InUse(), UserTable::None);
   }
@@ -107,6 +110,46 @@ TEST(Z8KvConfigTable, RidesWithAnUploadBehindTheQuestionOfTheLinearizerAlone) {
   EXPECT_EQ(linearizer.BoxesOfUpload({Answer::Yes}),
             (Texts{Shown(BoxKey::UploadLinearizer), Shown(BoxKey::UploadDone)}));
   EXPECT_EQ(linearizer.Z8().tables.fields.txtSize.Text(), u"11");
+}
+
+TEST(Z8KvConfigTable, IsReadInMonitorModeAndWrittenInProgrammingModeThatEndsWithIt) {
+  Z8TableBench bench(u"Z8WR2", u"8 User's RTD");
+  const auto steps = [&](Button& button) {
+    bench.line.accesses.clear();
+    bench.Click(button);
+    Texts data;
+    for (const std::string& access : bench.line.accesses) {
+      if (access.size() > 5) {
+        data.push_back(access.substr(3));
+      }
+    }
+    return data;
+  };
+  bench.device.GetKeyedTable("61").SetSize(2);
+  EXPECT_EQ(steps(bench.Tables().buttons.cmdReadOutTable),
+            (Texts{"61 DR", "61 DC", "01 D0", "61 DP", "61 DS", "61 DZ", "61 DT0", "61 DT1"}));
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::TableRead));
+  bench.Fill({u"100", u"138.5"}, u"2");
+  EXPECT_EQ(steps(bench.Tables().buttons.cmdWriteInTable),
+            (Texts{"01 D1", "61 DR", "61 DC", "61 DT0D100.0000", "61 DT1D138.5000", "61 DP10", "61 DS-20",
+                   "61 DZ1", "61 DW", "61 DR", "61 DC", "01 D0"}));
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::TableWritten));
+  bench.ExpectAtRest();
+}
+
+TEST(Z8KvConfigTable, APressOnTheCloseBoxWhileItIsWrittenTellsThatTheProgramCannotEnd) {
+  Z8TableBench bench(u"Z8WT2", u"13 User's TC");
+  bench.Fill({u"1", u"2"}, u"2");
+  bool told = false;
+  bench.loop.After(std::chrono::milliseconds(300), [&] {
+    EXPECT_TRUE(bench.Page().OnUnload()) << "the window stays";
+    told = bench.Page().flaMsg_CannotEnd.Visible();
+  });
+  bench.Click(bench.Tables().buttons.cmdWriteInTable);
+  EXPECT_TRUE(told);
+  EXPECT_EQ(bench.Page().lblMsg_CannotEnd.Caption(), CannotEndText());
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::TableWritten));
+  EXPECT_EQ(bench.status, 0) << "and goes when the table has been written";
 }
 
 TEST(Z8KvConfigTable, TableAccessAnswersOkOnlyInOrder) {

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include "core/text_utilities.h"
@@ -143,6 +145,86 @@ TEST(Z8KvConfigPairs, AreTakenWholeEachNumberLosingItsOwnUnit) {
   }
 }
 
+class Z8PairUnitsTest : public testing::TestWithParam<const char16_t*> {};
+INSTANTIATE_TEST_SUITE_P(Model, Z8PairUnitsTest, testing::Values(u"Z8WV2", u"Z8WM2", u"Z8WT2", u"Z8WR2"),
+                         [](const auto& parameter) { return ToUtf8(parameter.param); });
+
+TEST_P(Z8PairUnitsTest, OfADeviceThatTellsAUnitBehindEachNumberArePassedOn) {
+  Z8Bench plain(GetParam());
+  plain.Read();
+  Z8Bench bench(GetParam());
+  bench.device.AddFault(sim::ParseFault("pair-units"));
+  EXPECT_EQ(bench.BoxesOfUpload().back(), Shown(BoxKey::UploadDone));
+  for (const int item : {12, 13, 14, 15, 42, 43}) {
+    EXPECT_EQ(bench.Page().Item(item), plain.Page().Item(item)) << item;
+    EXPECT_NE(bench.Page().Item(item), u"") << item;
+  }
+  EXPECT_EQ(bench.CheckResult(), Shown(BoxKey::CheckDone));
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
+  EXPECT_EQ(bench.device.Value("01", "14"), plain.device.Value("01", "14"));
+}
+
+class Z8PairSideTest : public testing::TestWithParam<const char16_t*> {};
+INSTANTIATE_TEST_SUITE_P(Key, Z8PairSideTest,
+                         testing::Values(u"14_0", u"14_100", u"15_Min", u"15_Max", u"12_0", u"12_100",
+                                         u"13_Min", u"13_Max", u"42_0", u"42_100", u"43_Min", u"43_Max"),
+                         [](const auto& parameter) { return "Item" + ToUtf8(parameter.param); });
+
+TEST_P(Z8PairSideTest, ThatIsEmptyIsBlankInTheCheckAndNothingIsSent) {
+  Z8Bench bench(u"Z8WM2");
+  bench.Read();
+  const String item = String(GetParam()).substr(0, 2);
+  const String before = bench.Page().GroupItem.At(u"01", item);
+  bench.Type(GetParam(), u"");
+  EXPECT_EQ(bench.CheckResult(), Shown(BoxKey::FieldBlank));
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::FieldBlank)});
+  EXPECT_EQ(bench.Accesses("01/01 D1"), Texts()) << "programming mode was not entered";
+  bench.Type(GetParam(), u"7");
+  const std::size_t blank = before.find(u' ');
+  const bool first = String(GetParam()).ends_with(u"_0") || String(GetParam()).ends_with(u"_Min");
+  EXPECT_EQ(bench.Page().GroupItem.At(u"01", item),
+            first ? u"7" + before.substr(blank) : before.substr(0, blank) + u" 7")
+      << "the other number stayed at its place";
+}
+
+TEST(Z8KvConfigPairs, AreOneRecordOfAFile) {
+  Z8Bench bench(u"Z8WV2");
+  bench.Read();
+  bench.Type(u"14_0", u"-50.5");
+  bench.Save(kFile);
+  const std::string text = ToUtf8(bench.TextOf(kFile));
+  for (const char* record :
+       {R"("1","12","4.000 20.000")", R"("1","13","0.000 24.000")", R"("1","14","-50.5 100.000")",
+        R"("1","15","-115.000 115.000")", R"("1","42","4.000 20.000")", R"("1","43","0.000 24.000")"}) {
+    EXPECT_NE(text.find(std::string(record) + "\r\n"), std::string::npos) << record;
+  }
+  EXPECT_EQ(text.find("_0"), std::string::npos) << "the parts have no records of their own";
+  bench.New();
+  bench.Open(kFile);
+  EXPECT_EQ(bench.Field(u"14_0").Text(), u"-50.50");
+  EXPECT_EQ(bench.Field(u"14_100").Text(), u"100.00");
+}
+
+TEST(Z8KvConfigPairs, TheFirstRowTellsForBothWhetherAndWhereTheItemIsReadAndWritten) {
+  Z8Bench bench(u"Z8WT2");
+  EXPECT_TRUE(bench.device.Set("01", "02", "PUMP 1") && bench.device.Set("01", "23", "ON") &&
+              bench.device.Set("01", "24", "DOWNSCALE"));
+  bench.BoxesOfUpload();
+  for (const char* item : {"12", "13", "14", "15", "42", "43"}) {
+    EXPECT_EQ(bench.Accesses(std::string("01/") + item + " D").size(), 1U) << item << " is read once";
+  }
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
+  Texts written;
+  for (const std::string& access : bench.Accesses("01/")) {
+    if (access.size() > 7 && access.substr(3, 2) != "01") {
+      written.push_back(access.substr(3));
+    }
+  }
+  EXPECT_EQ(written, (Texts{"02 DPUMP 1", "10 D0", "21 D0", "23 D1", "24 D2", "14 D0.000 1760.000",
+                            "15 D0.000 1760.000", "11 D0", "12 D4.000 20.000", "13 D0.000 24.000", "41 D0",
+                            "42 D4.000 20.000", "43 D0.000 24.000"}));
+}
+
 TEST(Z8KvConfigPairs, ShowAsManyDecimalsAsTheStepOfTheInputTypeAndThreeOtherwise) {
   Z8Bench bench(u"Z8WV2");
   bench.Read();
@@ -271,6 +353,24 @@ TEST(Z8KvConfigTemperatures, MonitoringOfANanoZ8WT2InDegFItem04Of100Point0Shows7
   EXPECT_EQ(bench.UnitOf(u"06"), u"mV");
 }
 
+TEST(Z8KvConfigMonitor, ReadsAnItemThenTheUnitAnewOnTheTwoModelsWithTemperatures) {
+  for (const char16_t* model : {u"Z8WT2", u"Z8WR2", u"Z8WV2", u"Z8WM2"}) {
+    Z8Bench bench(model);
+    bench.Read();
+    bench.PressAt(2s, bench.Z8().monitor.cmdMonitorOFF);
+    bench.Click(bench.Z8().monitor.cmdMonitorON);
+    const auto first = std::find(bench.line.accesses.begin(), bench.line.accesses.end(), "01/04 D");
+    const Texts cycle(first, bench.line.accesses.end());
+    const bool temperatures = String(model) == u"Z8WT2" || String(model) == u"Z8WR2";
+    EXPECT_EQ(cycle,
+              temperatures
+                  ? (Texts{"01/04 D", "01/21", "01/21 D", "01/05", "01/05 D", "01/21", "01/21 D", "01/06",
+                           "01/06 D", "01/21", "01/21 D", "01/07", "01/07 D", "01/21", "01/21 D"})
+                  : (Texts{"01/04 D", "01/05", "01/05 D", "01/06", "01/06 D", "01/07", "01/07 D"}))
+        << ToUtf8(model);
+  }
+}
+
 TEST(Z8KvConfigMonitor, TellsTheUnitsOfEachModel) {
   const std::vector<std::array<String, 3>> expected = {{u"Z8WV2", u"mV", u"mV"},
                                                        {u"Z8WM2", u"%", u"%"},
@@ -310,6 +410,41 @@ TEST(Z8KvConfigMonitor, TheUnitOfItem07IsLitWhileItIsLookedUpAndDoesNotBlink) {
 }
 
 // What a choice brings along.
+
+TEST(Z8KvConfigChoices, ListEveryRowThatHasATextAndAreOpen) {
+  Z8Bench bench(u"Z8WT2");
+  bench.Read();
+  EXPECT_EQ(bench.Page().Combo[0].Entries().size(), 14U);
+  EXPECT_EQ(bench.Page().Combo[0].Entries().back(), u"13 User's TC");
+  for (const int box : {1, 2}) {
+    EXPECT_EQ(bench.Page().Combo[box].Entries(), (std::vector<String>{u"4-20 mA", u"0-10 V", u"-10-10 V"}));
+  }
+  for (const int box : {0, 1, 2}) {
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Page().Combo[box]), "") << box;
+  }
+}
+
+TEST(Z8KvConfigChoices, OfAnOptionHoldTheTextAndMeanItsRowByTheCodeToo) {
+  const std::vector<std::tuple<int, String, String>> options = {
+      {21, u"1", u"deg F"}, {23, u"0", u"OFF"}, {24, u"2", u"DOWNSCALE"}};
+  for (const auto& [item, code, text] : options) {
+    Z8Bench bench(u"Z8WT2");
+    bench.Read();
+    bench.Show(item, code);
+    EXPECT_EQ(bench.Page().Item(item), text);
+    bench.device.ClearFaults();
+    bench.Page().DataChanged = false;
+  }
+  Z8Bench bench(u"Z8WT2");
+  bench.Read();
+  bench.Show(23, u"0");
+  bench.Show(24, u"2");
+  EXPECT_TRUE(bench.Z8().Opt_Cjc[0].Value());
+  EXPECT_TRUE(bench.Z8().optBurn[2].Value());
+  EXPECT_EQ(bench.BoxesOfDownload(), Texts{Shown(BoxKey::DownloadDone)});
+  EXPECT_EQ(bench.device.Value("01", "23"), "OFF");
+  EXPECT_EQ(bench.device.Value("01", "24"), "DOWNSCALE");
+}
 
 TEST(Z8KvConfigChoices, OfAnInputBringsItsRange) {
   Z8Bench bench(u"Z8WV2");

@@ -52,7 +52,8 @@ void z8KvConfig::AddAllOptions() {
                 .table = key,
                 .item = item,
                 .options = &options,
-                .captions_from_table = captions_from_table});
+                .captions_from_table = captions_from_table,
+                .reads_codes = true});
   };
   add(u"$I21", u"21", optTempUnit, false);
   add(u"$I23", u"23", Opt_Cjc, true);
