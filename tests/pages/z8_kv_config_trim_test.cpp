@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <utility>
 
 #include "core/text_utilities.h"
 #include "z8_kv_config_bench.h"
@@ -127,7 +128,9 @@ TEST_P(Z8TrimTest, KeepsThePageUsableButNothingThatStartsAnotherExchange) {
              &page.cmdUpload, &page.cmdDownload, &page.cmdOpen, &page.cmdNew, &page.lst_TypeSelect,
              &page.monitor.cmdMonitorON, &page.monitor.cmdMonitorOFF, &page.output.cmdSet,
              &page.output.cmdStatusMonOFF, &page.compensation.cmdReadOutComp,
-             &page.cold_junction.cmdChangeCJM}) {
+             &page.cold_junction.cmdChangeCJM, &page.cold_junction.cmdWriteInCJM,
+             &page.cold_junction.cmdDefaultCJM, &page.tables.buttons.cmdReadOutTable,
+             &page.tables.buttons.cmdWriteInTable}) {
       EXPECT_FALSE(control->Enabled()) << control->FullName();
     }
     EXPECT_TRUE(page.cmdSave.Enabled());
@@ -174,6 +177,26 @@ TEST_P(Z8TrimTest, TheBoxCanNotBeTypedIntoAndBlinksWhileTheTrimRuns) {
   });
   bench.Run(Trim(), {});
   EXPECT_EQ(looks, (std::vector<Look>{Look::Highlight, Look::Grey, Look::Highlight, Look::Grey}));
+}
+
+TEST_P(Z8TrimTest, ATurnShowsItsValueFor1000AndRestsFor300Milliseconds) {
+  std::vector<std::pair<std::string, Clock>> changes;  // of look and text
+  Trim().Box.Observe([&] {
+    const std::string seen =
+        (Trim().Box.ShownLook() == Look::Highlight ? "lit " : "at rest ") + ToUtf8(Trim().Box.Text());
+    if (changes.empty() || changes.back().first != seen) {
+      changes.emplace_back(seen, bench.loop.Now());
+    }
+  });
+  bench.Run(Trim(), {});
+  const std::string value = ToUtf8(Box(0)) + ".00";
+  ASSERT_GE(changes.size(), 4U);
+  EXPECT_EQ(changes.at(0).first, "lit ") << "while it is read";
+  EXPECT_EQ(changes.at(1).first, "lit " + value);
+  EXPECT_EQ(changes.at(2).first, "at rest " + value);
+  EXPECT_EQ(changes.at(2).second - changes.at(1).second, 1000ms);
+  EXPECT_EQ(changes.at(3).first, "lit " + value) << "the next reading";
+  EXPECT_EQ(changes.at(3).second - changes.at(2).second, 300ms);
 }
 
 TEST_P(Z8TrimTest, TheCloseBoxEndsTheProgramAtTheNextPause) {
@@ -345,6 +368,25 @@ TEST_P(Z8ActionTest, TheButtonsStayDisabledForTheWhole3Seconds) {
   for (const Button* button : buttons) {
     EXPECT_TRUE(button->Enabled()) << button->FullName();
   }
+}
+
+TEST_P(Z8ActionTest, TheButtonsAreDisabledForItsTwoExchangesAndThe3SecondsBetweenAndNoLonger) {
+  Z8Bench bench(GetParam().model);
+  SensorCompensation& compensation = bench.Z8().compensation;
+  Button& watched = compensation.cmdReadOutComp;
+  std::vector<Clock> changes;  // disabled, enabled, and so on
+  watched.Observe([&] {
+    if (watched.Enabled() == (changes.size() % 2 == 1)) {
+      changes.push_back(bench.loop.Now());
+    }
+  });
+  bench.Click(compensation.cmdReadOutComp);
+  bench.Click(compensation.*GetParam().button);
+  ASSERT_EQ(changes.size(), 4U);
+  // Both exchanges of an action take as long as the one of the read-out: lines and replies are as long.
+  const Clock exchange = changes.at(1) - changes.at(0);
+  EXPECT_GT(exchange, 0ms);
+  EXPECT_EQ(changes.at(3) - changes.at(2), 2 * exchange + 3000ms);
 }
 
 TEST_P(Z8ActionTest, ACloseRequestIsHeldToItsEnd) {
