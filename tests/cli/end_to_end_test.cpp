@@ -180,6 +180,68 @@ TEST_F(EndToEnd, WritesTheCurveOfAnotherSensorIntoATransmitter) {
   EXPECT_EQ(replies.at(8), "D05");
 }
 
+// The transmitters with two outputs.
+
+TEST_F(EndToEnd, ReadsEditsAndWritesATransmitterWithTwoOutputsItsCurveAndATrim) {
+  StartSim({"--fast", "--set", "01/10=13 User's TC"}, "Z8WT2");
+  const QString script = Write("script.txt",
+                               "choose Z8WT2\nclick cmdUpload\nshow Text(1) Text(2) txtSize\n"
+                               // one of two numbers
+                               "type Text(2) 500\nanswer ok\nclick cmdDownload\n"
+                               // the user's curve
+                               "cell TCFlexGrid 3 1\ntype txtLnrNewValue 1.25\nclick cmdLnrChangeOK\n"
+                               "type txtSize 4\nclick cmdWriteInTable\nclick cmdReadOutTable\n"
+                               "dump TCFlexGrid\n"
+                               // a step of a trim
+                               "after 1000 click cmdOut1ZeroP001\nafter 2500 click cmdOut1ZeroStart\n"
+                               "click cmdOut1ZeroStart\nshow txtOut1Zero\nclose\n");
+  ChildProgram cli("korva-cli", At({"--strict", script}));
+  const Lines printed = cli.ReadToEnd();
+  EXPECT_EQ(Of(printed, "refused "), Lines{});
+  EXPECT_EQ(cli.Complaints(), "");
+  EXPECT_EQ(Of(printed, "port ").back(), R"(port 1 "9600,n,8,1" open)");
+  EXPECT_EQ(
+      Of(printed, "box "),
+      (Lines{
+          kUploadDone, kMainJob.at(5), kMainJob.at(6),
+          R"(box plain "ﾃｰﾌﾞﾙ ﾁｪｯｸ" "Tableの値を書き込みました。" ok -> ok)",
+          R"(box plain "ﾃｰﾌﾞﾙ ﾁｪｯｸ" "Tableの値を読み出しました。" ok -> ok)",
+          R"(box question "ﾌｧｲﾙに保存" "データは変更されています。保存しますか。" yes,no,cancel -> cancel)"}));
+  EXPECT_EQ(Of(printed, "Text("), (Lines{R"(Text(1) shown enabled unlocked normal "0.0")",
+                                         R"(Text(2) shown enabled unlocked normal "1000.0")"}));
+  EXPECT_EQ(Of(printed, "txtSize"), Lines{R"(txtSize shown enabled unlocked normal "11")"});
+  EXPECT_EQ(Of(printed, "TCFlexGrid "),
+            (Lines{R"(TCFlexGrid 1 1 normal "0.000")", R"(TCFlexGrid 2 1 normal "0.500")",
+                   R"(TCFlexGrid 3 1 normal "1.250")", R"(TCFlexGrid 4 1 normal "1.500")"}));
+  EXPECT_EQ(Of(printed, "txtOut1Zero"), Lines{R"(txtOut1Zero shown enabled locked grey "0.01")"});
+  const Lines held = Ask({"G01", "I14", "D", "G01", "I19", "D", "G01", "I01", "D"});
+  EXPECT_TRUE(held.at(2).ends_with(" 0.000 500.000")) << held.at(2);
+  EXPECT_TRUE(held.at(5).ends_with(" 0.010 %")) << held.at(5);
+  EXPECT_TRUE(held.at(8).ends_with(" 0")) << "in monitor mode: " << held.at(8);
+}
+
+TEST_F(EndToEnd, LetsATransmitterCorrectTheCircuitOfItsSensorInThreeSeconds) {
+  const auto boxes_of = [this](const char* model, const std::string& actions) {
+    StartSim({"--fast", "--set", "01/04=85"}, model);
+    const QString script =
+        Write("script.txt", std::string("choose ") + model + "\nafter 2900 show cmdReadOutComp\n" + actions +
+                                "\nshow txtCompX txtCompY cmdReadOutComp\n");
+    ChildProgram cli("korva-cli", At({"--strict", script}));
+    const Lines printed = cli.ReadToEnd();
+    EXPECT_EQ(Of(printed, "box "), Lines{}) << model;
+    EXPECT_EQ(Of(printed, "cmdReadOutComp "),
+              (Lines{R"(cmdReadOutComp shown disabled unlocked normal "読み出し")",
+                     R"(cmdReadOutComp shown enabled unlocked normal "読み出し")"}))
+        << model;
+    return Of(printed, "txtComp");
+  };
+  EXPECT_EQ(boxes_of("Z8WR2", "click cmdLineSet"), (Lines{R"(txtCompX shown enabled locked grey "0.850")",
+                                                          R"(txtCompY hidden enabled locked grey "0.000")"}));
+  // 85 % is now 100 %: 15 / 85 of it more.
+  EXPECT_EQ(boxes_of("Z8WM2", "click cmd100Per"), (Lines{R"(txtCompX shown enabled locked grey "0.000")",
+                                                         R"(txtCompY shown enabled locked grey "17.647")"}));
+}
+
 TEST_F(EndToEnd, ReadsADeviceThatEndsItsRepliesWithTwoCarriageReturnsAt1200Baud) {
   StartSim();
   const QStringList upload = At({"--line", Write("script.txt", kUpload + "dump\n")});
