@@ -119,11 +119,13 @@ UserTableFields::Texts UserTableFields::Held() const {
   return {txtBase.Text(), txtStep.Text(), txtSize.Text(), cmbRange.Text()};
 }
 
-void UserTableFields::Take(const CsvHeads& heads) {
-  ShowText(txtBase, heads.base.value_or(txtBase.Text()));
-  ShowText(txtStep, heads.step.value_or(txtStep.Text()));
+void UserTableFields::Take(const CsvHeads& heads, UserTable table) {
+  if (HasScale(table)) {
+    ShowText(txtBase, heads.base.value_or(txtBase.Text()));
+    ShowText(txtStep, heads.step.value_or(txtStep.Text()));
+  }
   ShowText(txtSize, heads.size.value_or(txtSize.Text()));
-  if (heads.range && family_.ranged) {
+  if (heads.range && HasRange(table)) {
     ShowRange(RangeText(*heads.range));
   }
 }

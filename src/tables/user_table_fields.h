@@ -27,8 +27,9 @@ class UserTableFields {
   /// Shows texts that are no edit. A range that there is not is left empty.
   void Take(const Texts& texts);
   [[nodiscard]] Texts Held() const;
-  /// The same from and for a file of the table alone. What the file doesn't tell stays as it is.
-  void Take(const CsvHeads& heads);
+  /// The same from and for a file of this table alone. What the file doesn't tell stays as it is, and so does
+  /// what the table has not.
+  void Take(const CsvHeads& heads, UserTable table);
   [[nodiscard]] CsvHeads Heads(UserTable table) const;
 
   // What the device tells. Each shows its text.

@@ -89,7 +89,7 @@ class UserTables final : public TablePart {
 
   [[nodiscard]] LnrTable& InHand() override { return TableOf(shown_); }
   [[nodiscard]] bool IsOfSensor() const override { return shown_ != UserTable::Linearizer; }
-  void TakeHeads(const CsvHeads& heads) override { fields.Take(heads); }
+  void TakeHeads(const CsvHeads& heads) override { fields.Take(heads, shown_); }
   [[nodiscard]] CsvHeads HeadsToWrite() override;
 
   [[nodiscard]] const Kind& KindOf(UserTable table) const;

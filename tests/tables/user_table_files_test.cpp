@@ -67,6 +67,23 @@ TEST(UserTableCsv, WhereTablesHaveNoRangeAFilesRangeIsPassedOver) {
   EXPECT_EQ(bench.TextOf(kCfg).find("ohm"), std::string::npos);
 }
 
+TEST(UserTableCsv, AHeadThatTheTableInHandHasNotIsPassedOverAndHiddenFieldsKeepWhatTheyHold) {
+  struct Heads {
+    UserTable table;
+    std::string fields;
+  };
+  for (const Heads& one :
+       {Heads{UserTable::Thermocouple, "-100 10 2 "}, Heads{UserTable::Resistance, "-100 10 2 50 ohm"},
+        Heads{UserTable::Linearizer, "  2 "}}) {
+    UserTablesBench bench;
+    bench.Use(one.table);
+    bench.OpenCsv("Base, -100 \r\nStep, 10 \r\nSize, 2 \r\nRange, 50 ohm \r\n1,10\r\n2,20\r\n");
+    EXPECT_EQ(bench.FieldTexts(), one.fields);
+    EXPECT_EQ(bench.Cell(1), "1");
+    EXPECT_EQ(bench.Cell(2), "2") << "the lines of heads are no points";
+  }
+}
+
 TEST(UserTableCsv, ALinearizerHasTwoValuesALineAnd101Points) {
   UserTablesBench bench;
   bench.Use(UserTable::Linearizer);
