@@ -133,11 +133,31 @@ TEST_P(UnivInputTest, SendsTheItemsThatItsDeviceHasAUseForAndNoOther) {
   EXPECT_EQ(bench.device.Value("01", "10"), ToUtf8(bench.InputText(row.number)));
 }
 
-TEST_P(UnivInputTest, DimsTheRangeThatIsNotTheUsers) {
+TEST_P(UnivInputTest, ShowsTheRangeThatIsNotTheUsersAsAFixedOne) {
+  const InputRow& row = GetParam();
   UnivBench bench;
-  bench.PickInput(bench.InputText(GetParam().number));
-  EXPECT_EQ(bench.Field(u"14").Dimmed(), !GetParam().range);
-  EXPECT_EQ(bench.Field(u"15").Dimmed(), !GetParam().range);
+  bench.PickInput(bench.InputText(row.number));
+  for (const auto& [item, text] : {std::pair(u"14", row.low), std::pair(u"15", row.high)}) {
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Field(item)), row.range ? "" : "locked");
+    EXPECT_EQ(bench.LookOf(item), row.range ? Look::Normal : Look::Grey);
+    EXPECT_EQ(bench.Field(item).Text(), text) << "shown either way";
+  }
+}
+
+TEST_P(UnivInputTest, ClosesTheOptionsThatItsDeviceHasNoUseForAndNoOther) {
+  const InputRow& row = GetParam();
+  UnivBench bench;
+  bench.PickInput(bench.InputText(row.number));
+  const UnivConfig& page = bench.Univ();
+  const auto why = [&](const OptionGroup& options) { return page.WhyRefused(options[0]); };
+  EXPECT_EQ(why(page.optTempUnit), row.temperature ? "" : "disabled");
+  EXPECT_EQ(why(page.optBurn), row.temperature ? "" : "disabled");
+  EXPECT_EQ(why(page.linearizer.Opt_Lnr), row.linearizer ? "" : "disabled");
+  for (const OptionGroup* options :
+       {&page.optRelay_1, &page.optRelay_2, &page.optDirect, &page.setpoints.optSetpointUnit_1,
+        &page.setpoints.optSetpointUnit_2, &page.optExcitation_1, &page.optExcitation_2}) {
+    EXPECT_EQ(why(*options), "");
+  }
 }
 
 // --- outputs
@@ -169,7 +189,10 @@ TEST_P(UnivOutputTest, BringsItsUnitAndItsRangeAndIsSentWithItWhereThatIsTheUser
   EXPECT_EQ(bench.Field(u"13").Text(), row.high);
   EXPECT_EQ(bench.UnitOf(u"12"), row.unit);
   EXPECT_EQ(bench.UnitOf(u"13"), row.unit);
-  EXPECT_EQ(bench.Field(u"12").Dimmed(), !row.sent);
+  for (const char16_t* item : {u"12", u"13"}) {
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Field(item)), row.sent ? "" : "locked");
+    EXPECT_EQ(bench.LookOf(item), row.sent ? Look::Normal : Look::Grey);
+  }
   EXPECT_EQ(bench.BoxesOfDownload(), Texts{test::Shown(BoxKey::DownloadDone)});
   EXPECT_EQ(bench.Wrote("01/12"), row.sent);
   EXPECT_EQ(bench.Wrote("01/13"), row.sent);
@@ -182,7 +205,8 @@ TEST(UnivTableKind, NoneClosesTheTabWhateverTheSwitchSays) {
   UnivBench bench;
   bench.PickInput(u"Tc-2:K(CA)");
   EXPECT_FALSE(test::TabOpen(bench.Page(), TextKey::Linearizer));
-  bench.Press(bench.Univ().linearizer.Opt_Lnr, 1);
+  bench.Show(23, u"1");
+  EXPECT_EQ(bench.Univ().linearizer.Opt_Lnr.Selected(), 1);
   EXPECT_FALSE(test::TabOpen(bench.Page(), TextKey::Linearizer));
   EXPECT_FALSE(bench.Univ().rules.lbl_Tc99User.Visible());
 }
@@ -253,6 +277,66 @@ TEST(UnivTableKind, AChangeOfKindKeepsThePoints) {
   bench.PickInput(u"RB-98:USER");
   EXPECT_EQ(bench.Univ().linearizer.LnrFlexGrid.At(1, 2).text, u"-12.5");
   EXPECT_EQ(bench.Page().GroupItem.At(2, 1), u"-12.5");
+}
+
+// --- what follows a choice
+
+/// Which of the options of items 21, 24 and 23 are open, a letter each.
+std::string OpenOptions(UnivBench& bench) {
+  UnivConfig& page = bench.Univ();
+  std::string open;
+  for (const auto& [letter, options] :
+       {std::pair('U', &page.optTempUnit), {'B', &page.optBurn}, {'L', &page.linearizer.Opt_Lnr}}) {
+    open += page.WhyRefused((*options)[0]).empty() ? letter : '-';
+  }
+  return open;
+}
+
+TEST(UnivChoice, OpensAndClosesTheOptionsFromClassToClassAndTheyKeepWhatTheyHold) {
+  UnivBench bench;
+  EXPECT_EQ(OpenOptions(bench), "UBL") << "nothing is decided while no input is chosen";
+  bench.Press(bench.Page().optTempUnit, 1);
+  bench.Press(bench.Univ().linearizer.Opt_Lnr, 1);
+  bench.PickInput(u"mV-1:1-5 V");
+  EXPECT_EQ(OpenOptions(bench), "--L");
+  EXPECT_EQ(bench.Page().optTempUnit.Selected(), 1);
+  EXPECT_EQ(bench.Page().Item(21), u"1");
+  bench.PickInput(u"RB-98:USER");
+  EXPECT_EQ(OpenOptions(bench), "UB-");
+  EXPECT_EQ(bench.Page().optTempUnit.Selected(), 1);
+  bench.PickInput(u"POT:RATIO");
+  EXPECT_EQ(OpenOptions(bench), "--L");
+  EXPECT_EQ(bench.Page().Item(23), u"1");
+  bench.PickInput(u"Tc-99:USER");
+  EXPECT_EQ(OpenOptions(bench), "UB-");
+}
+
+TEST(UnivChoice, ThatAFileBringsOpensAndClosesTheOptionsToo) {
+  UnivBench bench;
+  bench.Show(10, u"POT:RATIO");
+  EXPECT_EQ(OpenOptions(bench), "--L");
+  bench.Show(10, u"Tc-2:K(CA)");
+  EXPECT_EQ(OpenOptions(bench), "UB-");
+  bench.Show(21, u"NEEDLESS");
+  EXPECT_EQ(OpenOptions(bench), "-B-") << "whatever the input, the device has none";
+  bench.Show(10, u"STRANGE");
+  EXPECT_EQ(OpenOptions(bench), "-BL");
+}
+
+TEST(UnivChoice, OfARangeThatIsTheUsersOpensItsFieldsAgain) {
+  UnivBench bench;
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Field(u"12")), "") << "no output is chosen";
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Field(u"14")), "") << "no input is chosen";
+  bench.Fill(u"mV-4:4-20 mA", u"mV-4:4-20 mA");
+  for (const char16_t* item : {u"12", u"13", u"14", u"15"}) {
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Field(item)), "locked") << ToUtf8(item);
+  }
+  bench.PickInput(u"mV-0:USER mA");
+  bench.PickOutput(u"mV-0:USER mA");
+  for (const char16_t* item : {u"12", u"13", u"14", u"15"}) {
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Field(item)), "") << ToUtf8(item);
+    EXPECT_EQ(bench.LookOf(item), Look::Normal);
+  }
 }
 
 // --- defaults

@@ -14,14 +14,9 @@ using test::UnivBench;
 struct WithValues : UnivBench {
   explicit WithValues(const String& input) {
     PickInput(input);
-    for (const auto& [item, text] :
-         std::initializer_list<std::pair<const char16_t*, const char16_t*>>{{u"14", u"0"},
-                                                                            {u"15", u"1000"},
-                                                                            {u"26", u"250"},
-                                                                            {u"27", u"10"},
-                                                                            {u"29", u"-50"},
-                                                                            {u"30", u"2"}}) {
-      Type(item, text);
+    for (const auto& [item, text] : std::initializer_list<std::pair<int, const char16_t*>>{
+             {14, u"0"}, {15, u"1000"}, {26, u"250"}, {27, u"10"}, {29, u"-50"}, {30, u"2"}}) {
+      Show(item, text);
     }
   }
   std::string Values() {
@@ -66,7 +61,8 @@ TEST(UnivTemperatureUnit, ConvertsNothingWithoutASensor) {
     SCOPED_TRACE(ToUtf8(input));
     WithValues bench(input);
     const String unit = bench.UnitOf(u"14");
-    bench.Press(bench.Page().optTempUnit, 1);
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Page().optTempUnit[1]), "disabled") << "no user can press it";
+    bench.Do([&] { bench.Page().optTempUnit[1].SetValue(true); });
     EXPECT_EQ(bench.Values(), "0 1000 250 10 -50 2");
     EXPECT_EQ(bench.UnitOf(u"14"), unit);
     EXPECT_EQ(bench.UnitOf(u"30"), unit);

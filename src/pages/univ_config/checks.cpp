@@ -29,11 +29,7 @@ bool UnivConfigCheck::Judges(int item) {
   if (field == nullptr || field->Locked() || page_.Item(item) == kNeedless) {
     return false;
   }
-  const bool of_use = form_.Applies(page_.FindDataRow(key));
-  if (!of_use) {
-    page_.SetFieldColor(key, Look::Normal);
-  }
-  return of_use;
+  return form_.Applies(page_.FindDataRow(key));
 }
 
 bool UnivConfigCheck::CheckNumbers() {

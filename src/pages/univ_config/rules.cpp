@@ -17,7 +17,20 @@ constexpr int kSwitchItem = 23;
 constexpr int kSwitchOn = 1;
 /// Options that some inputs have no use for: temperature unit, linearizer, burnout.
 constexpr std::array kSensorItems = {21, kSwitchItem, 24};
-constexpr std::array kRangeItems = {kOutputZeroItem, kOutputSpanItem, kZeroItem, kSpanItem};
+
+/// The item whose choice decides whether the user sets this end of a range; -1 for any other item.
+int ChoiceOfEnd(int item) {
+  switch (item) {
+    case kZeroItem:
+    case kSpanItem:
+      return kTypeItem;
+    case kOutputZeroItem:
+    case kOutputSpanItem:
+      return kRangeItem;
+    default:
+      return -1;
+  }
+}
 
 }  // namespace
 
@@ -25,6 +38,17 @@ UnivConfigRules::UnivConfigRules(UnivConfig& page) : page_(page) {
   page_.Add(*this);
   page_.Register(lbl_Tc99User);
   lbl_Tc99User.SetVisible(false);
+}
+
+void UnivConfigRules::RowShown(int row) {
+  const int item = page_.DataCell(row, kGroup) == u"01" ? LeadingInteger(page_.DataCell(row, kItem)) : -1;
+  const int choice = ChoiceOfEnd(item);
+  const bool fixed = choice >= 0 && !page_.Item(choice).empty() &&
+                     !IsOfUse(item, page_.Item(kTypeItem), page_.Item(kRangeItem));
+  if (TextField* field = fixed ? page_.FindField(page_.KeyOf(row)) : nullptr) {
+    field->SetLocked(true);
+    field->SetLook(Look::Grey);
+  }
 }
 
 void UnivConfigRules::ChoiceMade(const Choice& choice) {
@@ -98,16 +122,17 @@ void UnivConfigRules::ShowWhatApplies() {
   lbl_Tc99User.SetCaption(hint);
   lbl_Tc99User.SetVisible(!hint.empty());
   ShowSwitch();
-  CloseNeedless();
-  DimUseless();
+  SettleOptions();
 }
 
-void UnivConfigRules::CloseNeedless() {
+void UnivConfigRules::SettleOptions() {
+  const String& input = page_.Item(kTypeItem);
+  const bool undecided = ClassOfInput(input) == InputClass::None;
   for (const int item : kSensorItems) {
     const int row = page_.FindDataRow(FormatMask(item, u"00"));
     if (row >= 0 && !page_.DataCell(row, kFrameIndex).empty()) {
       Frame& frame = page_.Frames[page_.Place(row, kFrameIndex, page_.Frames.Count())];
-      frame.SetEnabled(page_.Item(item) != kNeedless);
+      frame.SetEnabled(page_.Item(item) != kNeedless && (undecided || IsOfUse(item, input, {})));
     }
   }
 }
@@ -124,14 +149,6 @@ void UnivConfigRules::ShowSwitch() {
     page_.ShowAgain(row);  // a user's curve had locked it
   } else if (row < 0) {
     options.Clear();
-  }
-}
-
-void UnivConfigRules::DimUseless() {
-  for (const int item : kRangeItems) {
-    if (TextField* field = page_.FindField(FormatMask(item, u"00"))) {
-      field->SetDimmed(!IsOfUse(item, page_.Item(kTypeItem), page_.Item(kRangeItem)));
-    }
   }
 }
 

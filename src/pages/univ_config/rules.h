@@ -7,7 +7,8 @@ namespace korva {
 class UnivConfig;
 
 /// What the choice of input and output means for the rest of the page of family QXI: the values that come
-/// with it, the kind of table, and what the device has no use for, whose fields are dimmed.
+/// with it, the kind of table, and what the device has no use for: options are closed then, and a range that
+/// is not the user's is shown as a fixed one.
 class UnivConfigRules final : public PagePart {
  public:
   /// Adds itself and its label to the page, which outlives this.
@@ -15,8 +16,8 @@ class UnivConfigRules final : public PagePart {
 
   void PageCleared() override { lbl_Tc99User.SetVisible(false); }
   void PageBuilt() override { ShowWhatApplies(); }
+  void RowShown(int row) override;
   void ChoiceMade(const Choice& choice) override;
-  void OutputForced(bool /*forced*/) override { DimUseless(); }
 
   /// Letter of the kind of table that the chosen input has: "N" none, "L" linear, "T" thermocouple, "R"
   /// resistance thermometer; empty without an input.
@@ -36,9 +37,9 @@ class UnivConfigRules final : public PagePart {
   [[nodiscard]] String InShownUnit(const String& preset, bool up) const;
   void ShowWhatApplies();
   void ShowSwitch();
-  /// Closes the frames of options that the device said it has no use for.
-  void CloseNeedless();
-  void DimUseless();
+  /// Opens the frames of options that follow the input, or closes them: of no use to it, or to the device as
+  /// it said.
+  void SettleOptions();
 
   UnivConfig& page_;
 };

@@ -29,7 +29,7 @@ class UnivConfig final : public ParameterPage {
   ColdJunction cold_junction;
   StatusMonitor monitor;
   OutputSetting output;
-  UnivConfigRules rules;  ///< behind the monitor, which takes the dimming away
+  UnivConfigRules rules;  ///< behind the parts whose controls it opens and closes
   UnivPictures pictures;
 
  private:
