@@ -1,8 +1,10 @@
 #include "app/list_view.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -50,6 +52,49 @@ void ListView::Fill() {
   clear();
   std::for_each(entries.begin(), entries.begin() + shown,
                 [this](const String& entry) { addItem(ToQt(entry)); });
+}
+
+QString ListView::Description(int position) {
+  if (!describe_) {
+    return {};
+  }
+  const auto [found, fresh] = descriptions_.try_emplace(position);
+  if (fresh) {
+    found->second = describe_(position);
+  }
+  return found->second;
+}
+
+void ListView::Narrow(const QString& words) {
+  const QScopedValueRollback following(following_, true);
+  const QStringList wanted = words.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+  for (int position = 0; position < count(); ++position) {
+    const bool fits = std::all_of(wanted.begin(), wanted.end(), [&](const QString& word) {
+      return item(position)->text().contains(word, Qt::CaseInsensitive) ||
+             Description(position).contains(word, Qt::CaseInsensitive);
+    });
+    setRowHidden(position, !fits);
+  }
+}
+
+std::vector<int> ListView::Shown() const {
+  std::vector<int> shown;
+  for (int position = 0; position < count(); ++position) {
+    if (!isRowHidden(position)) {
+      shown.push_back(position);
+    }
+  }
+  return shown;
+}
+
+bool ListView::viewportEvent(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int position = row(itemAt(help->pos()));
+    QToolTip::showText(help->globalPos(), position < 0 ? QString() : Description(position), this);
+    return true;
+  }
+  return QListWidget::viewportEvent(event);
 }
 
 // The keyboard's focus alone chooses nothing: a list without a choice would else take its first entry as soon

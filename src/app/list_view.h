@@ -2,6 +2,9 @@
 
 #include <QListWidget>
 #include <functional>
+#include <map>
+#include <utility>
+#include <vector>
 
 #include "core/control.h"
 
@@ -15,19 +18,29 @@ class ListView final : public QListWidget {
   ListView(ListBox& list, std::function<void(int position)> pick, QWidget* parent);
   /// Brings the widget to what the list holds; called after each change of it.
   void Show();
+  /// What a tooltip tells of the entry at a position, by which it can be found too.
+  void Describe(std::function<QString(int position)> describe) { describe_ = std::move(describe); }
+  /// Shows the entries alone of which each word of `words` stands in name or description, in capitals or not.
+  void Narrow(const QString& words);
+  /// Positions of the entries that are shown.
+  [[nodiscard]] std::vector<int> Shown() const;
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
   void Fill();
+  [[nodiscard]] QString Description(int position);
   [[nodiscard]] int TopRow() const { return row(itemAt(1, 1)); }
 
   ListBox& list_;
   std::function<void(int position)> pick_;
-  bool following_ = false;  ///< the page chooses or scrolls, not the user
-  int shown_top_ = -1;      ///< the list's top row when it was last brought to the top
+  std::function<QString(int position)> describe_;
+  std::map<int, QString> descriptions_;  ///< those that were asked for, by position
+  bool following_ = false;               ///< the page chooses or scrolls, not the user
+  int shown_top_ = -1;                   ///< the list's top row when it was last brought to the top
 };
 
 }  // namespace korva

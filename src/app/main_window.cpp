@@ -47,6 +47,9 @@ void MainWindow::ShowPage(Page& page) {
       setWindowTitle(model.isEmpty() ? QStringLiteral("KORVA") : model + QStringLiteral(" - KORVA"));
     });
   }
+  if (const PageView* former = Current(); former != view) {
+    view->TakeSearch(*former);
+  }
   const QWidget* focus = pages_->isAncestorOf(focusWidget()) ? focusWidget() : nullptr;
   pages_->setCurrentWidget(view);
   // The keyboard stays where it was on the former page.

@@ -13,10 +13,13 @@
 #include <array>
 
 #include "app/focus_keeper.h"
+#include "app/list_view.h"
 #include "app/looks.h"
+#include "app/model_finder.h"
 #include "app/tab_builder.h"
 #include "app/text.h"
 #include "app/wrap_layout.h"
+#include "files/model_kind.h"
 
 namespace korva {
 
@@ -80,9 +83,13 @@ QWidget* PageView::MakeModelList() {
   auto* layout = new QVBoxLayout(area);
   layout->setContentsMargins(0, 0, 0, 0);
   QWidget* caption = views_.Make(page_.lbl_TypeSelect, area);
-  QWidget* list = views_.Make(page_.lst_TypeSelect, area);
+  auto* list = static_cast<ListView*>(views_.Make(page_.lst_TypeSelect, area));
   list->setFixedWidth(Digits(list, kModelList));
+  list->Describe([this](int row) { return ToQt(KindOfModel(page_, row, page_.CaptionLanguage())); });
+  finder_ = new ModelFinder(*list, ToQt(page_.Words(TextKey::FindModel)), area);
+  finder_->setFixedWidth(list->width());
   layout->addWidget(caption);
+  layout->addWidget(finder_);
   layout->addWidget(list, 1);
   return area;
 }
@@ -237,6 +244,8 @@ QWidget* PageView::MakeStatus() {
   }
   return area;
 }
+
+void PageView::TakeSearch(const PageView& former) { finder_->setText(former.finder_->text()); }
 
 void PageView::SetPortTips(const std::function<QString(int)>& device_name) {
   for (int place = 0; place < page_.OptCom.Count(); ++place) {

@@ -8,6 +8,7 @@
 #include "app/control_views.h"
 #include "core/page.h"
 
+class QLineEdit;
 class QPushButton;
 
 namespace korva {
@@ -20,6 +21,8 @@ class PageView : public QWidget {
   [[nodiscard]] Page& Shown() const { return page_; }
   /// Brings tab `tab` to the front, if it is enabled.
   void ShowTab(int tab);
+  /// Narrows the list of models as on the page that showed before.
+  void TakeSearch(const PageView& former);
   /// Tells in tooltips which device each port choice stands for.
   void SetPortTips(const std::function<QString(int number)>& device_name);
 
@@ -38,6 +41,7 @@ class PageView : public QWidget {
   Page& page_;
   ControlViews views_;
   QTabWidget* tabs_ = nullptr;
+  QLineEdit* finder_ = nullptr;
 };
 
 }  // namespace korva

@@ -151,6 +151,7 @@ class Page {
 
   /// Sets every caption from the text table.
   void SetCaptions(Language language);
+  [[nodiscard]] Language CaptionLanguage() const { return language_; }
   /// A text of the table in the language of the captions.
   [[nodiscard]] const String& Words(TextKey key) const { return CaptionText(key, language_); }
 

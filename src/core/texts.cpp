@@ -33,6 +33,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::Port, .japanese = u"ﾎﾟｰﾄ", .english = u"Port"},
     {.key = TextKey::IoCheck, .japanese = u"I/O ﾁｪｯｸ", .english = u"I/O check"},
     {.key = TextKey::Model, .japanese = u"機種名", .english = u"Model"},
+    {.key = TextKey::FindModel, .japanese = u"機種・種類を検索", .english = u"Find model or kind"},
     {.key = TextKey::Author, .japanese = u"作者名", .english = u"Author"},
     {.key = TextKey::Directory, .japanese = u"ﾃﾞｨﾚｸﾄﾘ名", .english = u"Directory"},
     {.key = TextKey::FileName, .japanese = u"ファイル名", .english = u"File name"},

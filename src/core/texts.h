@@ -28,6 +28,7 @@ enum class TextKey {
   IoCheck,
   // Header of the page and its buttons.
   Model,
+  FindModel,  ///< in the empty field above the list of models
   Author,
   Directory,
   FileName,

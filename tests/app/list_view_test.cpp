@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include "window_bench.h"
 
@@ -106,6 +109,84 @@ TEST(ListViewTest, AnotherFamilysPageShowsTheListFromTheSameRow) {
   ASSERT_NE(bench.Shown(), former);
   EXPECT_GT(bench.TopRow(), 0);
   EXPECT_EQ(bench.TopRow(), former->row(former->itemAt(1, 1)));
+}
+
+/// Types into the field above the list; the names that are left.
+QStringList Narrowed(ListBench& bench, const QString& words) {
+  auto* finder = bench.window.Current()->findChild<QLineEdit*>(QStringLiteral("txtFindModel"));
+  finder->setFocus();
+  QTest::keyClick(finder, Qt::Key_Escape);
+  finder->insert(words);
+  QStringList left;
+  for (int row = 0; row < bench.Shown()->count(); ++row) {
+    if (!bench.Shown()->isRowHidden(row)) {
+      left += bench.Shown()->item(row)->text();
+    }
+  }
+  return left;
+}
+
+TEST(ModelFinderTest, TypingNarrowsTheListByNameInCapitalsOrNot) {
+  ListBench bench;
+  EXPECT_EQ(Narrowed(bench, "qhny"), QStringList({"QHNY1", "QHNY2"}));
+  EXPECT_EQ(Narrowed(bench, "2WPA"), QStringList({"Z2WPA"}));
+  EXPECT_EQ(Narrowed(bench, "no such model"), QStringList());
+  EXPECT_EQ(Narrowed(bench, "").size(), bench.Shown()->count());
+}
+
+TEST(ModelFinderTest, TypingFindsTheKindOfDeviceTooAndWordsAddUp) {
+  ListBench bench;
+  EXPECT_EQ(Narrowed(bench, "Z8 熱電対"), QStringList({"Z8WT", "Z8WT2"}));
+}
+
+TEST(ModelFinderTest, NarrowingChoosesNothingAndShowsThePageAsItWas) {
+  ListBench bench;
+  const int chosen = bench.Page().lst_TypeSelect.ListIndex();
+  const int top = bench.Page().lst_TypeSelect.TopIndex();
+  Narrowed(bench, "z2w");
+  EXPECT_EQ(bench.Page().lst_TypeSelect.ListIndex(), chosen);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.TopIndex(), top);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QN");
+}
+
+TEST(ModelFinderTest, EnterChoosesTheOneModelThatIsLeftAndTheSearchFollowsToItsPage) {
+  ListBench bench;
+  Narrowed(bench, "z2wp");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QN") << "of several none";
+  Narrowed(bench, "z2wpa");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"Z2WPA");
+  auto* finder = bench.window.Current()->findChild<QLineEdit*>(QStringLiteral("txtFindModel"));
+  EXPECT_EQ(finder->text(), QStringLiteral("z2wpa"));
+  EXPECT_TRUE(finder->hasFocus());
+}
+
+TEST(ModelFinderTest, EnterChoosesNothingWhileAnOperationLocksTheList) {
+  ListBench bench;
+  Narrowed(bench, "z2wpa");
+  bench.Page().lst_TypeSelect.SetEnabled(false);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QN");
+}
+
+TEST(ModelFinderTest, DownLeadsIntoTheListAmongTheModelsThatAreLeft) {
+  ListBench bench;
+  Narrowed(bench, "qhny");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  EXPECT_TRUE(bench.Shown()->hasFocus());
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QN") << "the focus alone chooses nothing";
+}
+
+TEST(ListViewTest, ATooltipTellsTheKindOfDevice) {
+  ListBench bench;
+  QListWidget* list = bench.Shown();
+  QListWidgetItem* item = list->findItems("QN", Qt::MatchExactly).constLast();
+  list->scrollToItem(item);
+  const QPoint at = list->visualItemRect(item).center();
+  QHelpEvent help(QEvent::ToolTip, at, list->viewport()->mapToGlobal(at));
+  QCoreApplication::sendEvent(list->viewport(), &help);
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("測温抵抗体入力"));
 }
 
 }  // namespace

@@ -9,6 +9,22 @@ namespace {
 
 class DefinitionFile : public DefinitionFixture {};
 
+/// True when the text has a character that ASCII lacks.
+bool HasJapanese(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), [](char byte) { return (byte & 0x80) != 0; });
+}
+
+TEST_P(DefinitionFile, BeginsWithTheKindOfDeviceInBothLanguages) {
+  const std::string file = GetParam().definition.substr(GetParam().definition.rfind('/') + 1);
+  const std::string head = file.substr(0, file.find('.')) + ": ";
+  ASSERT_GE(source.lines.size(), 2U);
+  for (const std::size_t line : {0U, 1U}) {
+    EXPECT_TRUE(source.lines[line].starts_with(head)) << source.lines[line];
+    EXPECT_GT(source.lines[line].size(), head.size());
+    EXPECT_EQ(HasJapanese(source.lines[line]), line == 1);
+  }
+}
+
 TEST_P(DefinitionFile, HoldsKnownKeysOnceEachAndEnds) {
   ASSERT_FALSE(source.sections.empty());
   std::set<std::string> keys;
