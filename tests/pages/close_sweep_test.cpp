@@ -58,11 +58,11 @@ class CloseBench : public PageBench {
   bool told = false;  ///< the frame that tells that the program can't end was seen
 };
 
-/// A model of each page, and one that is polled slowly.
+/// A model of each page, one that is polled slowly, and all that have two outputs.
 struct CloseSweepTest : testing::TestWithParam<String> {};
 INSTANTIATE_TEST_SUITE_P(Model, CloseSweepTest,
                          testing::Values(u"QL", u"QXI", u"QEY", u"QICE", u"QNA2", u"Z2WT", u"Z2WQ", u"Z2WPA",
-                                         u"Z2WPL", u"Z2WU", u"Z8WT2"),
+                                         u"Z2WPL", u"Z2WU", u"Z8WV2", u"Z8WM2", u"Z8WT2", u"Z8WR2"),
                          [](const auto& one) { return ToUtf8(one.param); });
 
 TEST_P(CloseSweepTest, ClosedAtAnyPumpAnUploadEndsTheProgramWithinOneExchange) {

@@ -261,13 +261,15 @@ TEST(FaultSweepTest, ADownloadBrokenAtAnyExchangeEndsAsItShould) {
 struct ModelSweepTest : testing::TestWithParam<const char*> {
   /// Breaks that are tried: fewer where the model's transfers have a sweep of their own as well.
   static std::vector<Break> Tried(std::size_t exchanges) {
-    return OneIn(GetParam() == std::string("Z2WU") ? 11 : 1, BreaksOf(exchanges));
+    const std::string model = GetParam();
+    return OneIn(model == "Z2WU" || model.starts_with("Z8") ? 11 : 1, BreaksOf(exchanges));
   }
 };
 
 INSTANTIATE_TEST_SUITE_P(Model, ModelSweepTest,
                          testing::Values("QHW", "QUO", "QHN1", "QXI", "QEI", "QEY", "QICE", "QNA2", "QEC2",
-                                         "QHC2", "Z2WV", "Z2WQ", "Z2WPR", "Z2WPL", "Z2WU"),
+                                         "QHC2", "Z2WV", "Z2WQ", "Z2WPR", "Z2WPL", "Z2WU", "Z8WV2", "Z8WM2",
+                                         "Z8WT2", "Z8WR2"),
                          [](const auto& one) { return std::string(one.param); });
 
 TEST_P(ModelSweepTest, ATransferBrokenAtAnyExchangeLeavesAPageThatCanBeUsed) {

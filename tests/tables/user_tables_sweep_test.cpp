@@ -31,6 +31,8 @@ const std::vector<TableCase>& Cases() {
       {"UniversalResistance", u"LiteUniv", u"Model.def", UserTable::Resistance},
       {"UniversalLinearizer", u"LiteUniv", u"Model.def", UserTable::Linearizer},
       {"TwoOutputsThermocouple", u"Nano", u"Z8WT2.def", UserTable::Thermocouple},
+      {"TwoOutputsResistance", u"Nano", u"Z8WR2.def", UserTable::Resistance},
+      {"TwoOutputsLinearizer", u"Nano", u"Z8WV2.def", UserTable::Linearizer},
   };
   return cases;
 }
