@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 
+#include "app/panel_view.h"
 #include "app/text.h"
 #include "core/text_utilities.h"
 
@@ -22,6 +23,15 @@ MainWindow::MainWindow(Application& application)
   application_.program.OnPageUnloaded([this](Page& page) { DropPage(page); });
   application_.program.Window().Observe(
       [this](const ModalWindow& window, bool open) { ShowModal(window, open); });
+  for (Panel* panel : application_.companions.Panels()) {
+    panel->Observe([this, panel] { ShowPanel(*panel); });
+  }
+}
+
+void MainWindow::ShowPanel(Panel& panel) {
+  if (panel.Visible() && findChild<PanelView*>(QString::fromStdString(panel.Name())) == nullptr) {
+    new PanelView(panel, application_.program.Loop().Gate(), this);
+  }
 }
 
 PageView* MainWindow::Current() const { return static_cast<PageView*>(pages_->currentWidget()); }

@@ -30,6 +30,8 @@ class MainWindow : public QMainWindow {
   void DropPage(Page& page);
   /// Shows or hides the small window over the page. Each is made once.
   void ShowModal(const ModalWindow& window, bool open);
+  /// Makes the panel's window when it opens for the first time; it follows the panel then.
+  void ShowPanel(Panel& panel);
   [[nodiscard]] PageView* ViewOf(const Page& page) const;
 
   Application& application_;

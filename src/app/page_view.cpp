@@ -234,8 +234,9 @@ QWidget* PageView::MakeStatus() {
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
   layout->setColumnStretch(column++, 100);
-  layout->addWidget(make("lbl_FrmVersion"), 0, column++);
-  int line = 1;
+  layout->setVerticalSpacing(layout->verticalSpacing() / 2);
+  layout->addWidget(MakeStatusButtons(area), 1, 0, 1, column);
+  int line = 2;
   for (const char* name : {"lbl_LnrUnsaved", "lblNotices"}) {
     if (auto* text = qobject_cast<QLabel*>(make(name))) {
       text->setWordWrap(true);
@@ -246,6 +247,18 @@ QWidget* PageView::MakeStatus() {
 }
 
 void PageView::TakeSearch(const PageView& former) { finder_->setText(former.finder_->text()); }
+
+QWidget* PageView::MakeStatusButtons(QWidget* parent) {
+  auto* area = new QWidget(parent);
+  auto* layout = new WrapLayout(area);
+  for (Button* button : page_.StatusButtons()) {
+    QWidget* widget = views_.Make(*button, area);
+    widget->setMaximumHeight(widget->fontMetrics().lineSpacing() * 5 / 4);
+    layout->addWidget(widget);
+  }
+  layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
+  return area;
+}
 
 void PageView::SetPortTips(const std::function<QString(int)>& device_name) {
   for (int place = 0; place < page_.OptCom.Count(); ++place) {

@@ -32,6 +32,8 @@ class PageView : public QWidget {
   QWidget* MakeButtons();
   void AddShortcut(const Button& button, QPushButton& widget);
   QWidget* MakeStatus();
+  /// What accompanies the page, and the version at the right end.
+  QWidget* MakeStatusButtons(QWidget* parent);
   QWidget* MakeBanner();
   QWidget* MakeNotice();
   QWidget* MakeHeldClose();

@@ -201,7 +201,7 @@ struct ActionRow {
   Parsed (*parse)(Words& words);
 };
 
-constexpr std::array<ActionRow, 15> kActions = {{
+constexpr std::array<ActionRow, 16> kActions = {{
     {.word = "start", .parse = Alone<StartProgram>},
     {.word = "choose", .parse = ParseChoose},
     {.word = "click", .parse = ParseClick},
@@ -217,6 +217,7 @@ constexpr std::array<ActionRow, 15> kActions = {{
     {.word = "close", .parse = Alone<PressClose>},
     {.word = "show", .parse = ParseShow},
     {.word = "dump", .parse = ParseDump},
+    {.word = "report", .parse = Alone<TellReport>},
 }};
 
 std::optional<Statement> ParseNested(int number, StringView text, int depth) {

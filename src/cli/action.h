@@ -65,10 +65,11 @@ struct DumpItems {};
 struct DumpGrid {
   std::string grid;
 };
+struct TellReport {};
 
-using Action =
-    std::variant<StartProgram, ChooseModel, ClickButton, TypeText, PickEntry, ClickCell, PressKey, ClickTab,
-                 QueueAnswers, QueueFile, Delay, Wait, PressClose, ShowControls, DumpItems, DumpGrid>;
+using Action = std::variant<StartProgram, ChooseModel, ClickButton, TypeText, PickEntry, ClickCell, PressKey,
+                            ClickTab, QueueAnswers, QueueFile, Delay, Wait, PressClose, ShowControls,
+                            DumpItems, DumpGrid, TellReport>;
 
 /// A line of a script that says what to do.
 struct Statement {

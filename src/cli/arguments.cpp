@@ -67,6 +67,7 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
   close                  press the close box
   show CONTROL ...       print the controls' states; KvCfg_Tab(N) is tab N, from 0
   dump [GRID]            print the items of the parameter set, or the cells of a grid
+  report                 print the report of the last transfer: item, name, sent, answered, proof
 
 What the screen would not let the user do prints "refused ACTION: REASON" and does nothing. So does a queued answer
 that its box does not offer ("refused answer yes: not offered"); the box then takes cancel, else no.

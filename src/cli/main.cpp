@@ -50,7 +50,7 @@ int RunScript(int script, const Arguments& arguments, const fs::path& home, Tran
       .loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
   Application application(platform, home.u16string());
   ScriptRunner runner(
-      application.program, application.link.line, dialogs, transcript,
+      application.program, application.link.line, application.companions, dialogs, transcript,
       {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});
   ScriptInput input(loop, script);
   const EndSignals end_signals([&runner] { runner.RequestEnd(); });

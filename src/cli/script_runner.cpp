@@ -9,6 +9,7 @@
 
 #include "cli/page_actions.h"
 #include "cli/page_report.h"
+#include "cli/print_report.h"
 #include "cli/script_lines.h"
 #include "core/text_utilities.h"
 
@@ -30,10 +31,11 @@ constexpr bool kIsQuestion =
 
 }  // namespace
 
-ScriptRunner::ScriptRunner(Program& program, SerialLink& link, ScriptDialogs& dialogs, Transcript& transcript,
-                           Options options)
+ScriptRunner::ScriptRunner(Program& program, SerialLink& link, const Companions& companions,
+                           ScriptDialogs& dialogs, Transcript& transcript, Options options)
     : program_(program),
       link_(link),
+      companions_(companions),
       dialogs_(dialogs),
       transcript_(transcript),
       keep_going_(options.keep_going),
@@ -238,6 +240,11 @@ Outcome ScriptRunner::Do(const Wait& action) {
 
 Outcome ScriptRunner::Do(const PressClose& /*action*/) {
   program_.PressClose();
+  return {};
+}
+
+Outcome ScriptRunner::Do(const TellReport& /*action*/) {
+  PrintReport(companions_.Report, transcript_);
   return {};
 }
 

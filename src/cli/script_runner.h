@@ -10,6 +10,7 @@
 #include "cli/outcome.h"
 #include "cli/script_dialogs.h"
 #include "cli/transcript.h"
+#include "companions/companions.h"
 #include "core/program.h"
 #include "link/serial_link.h"
 
@@ -38,8 +39,8 @@ class ScriptRunner {
 
   /// All of them outlive the runner; the program has not been started. The runner takes the program's end and
   /// the unloading of pages, and the link's traffic and openings, to itself.
-  ScriptRunner(Program& program, SerialLink& link, ScriptDialogs& dialogs, Transcript& transcript,
-               Options options);
+  ScriptRunner(Program& program, SerialLink& link, const Companions& companions, ScriptDialogs& dialogs,
+               Transcript& transcript, Options options);
   ScriptRunner(const ScriptRunner&) = delete;
   ScriptRunner& operator=(const ScriptRunner&) = delete;
   ~ScriptRunner();
@@ -73,11 +74,13 @@ class ScriptRunner {
   Outcome Do(const Delay& action);
   Outcome Do(const Wait& action);
   Outcome Do(const PressClose& action);
+  Outcome Do(const TellReport& action);
   template <typename PageAction>
   Outcome Do(const PageAction& action);
 
   Program& program_;
   SerialLink& link_;
+  const Companions& companions_;
   ScriptDialogs& dialogs_;
   Transcript& transcript_;
   bool keep_going_;

@@ -10,6 +10,7 @@ namespace korva {
 enum class Notice {
   Port,         ///< why the port did not open
   Stage,        ///< what a long operation is about, and how far it is
+  Transfer,     ///< the item at which the last transfer failed, and why
   Unfinished,   ///< what a download that broke off left undone in the device
   OpenEdit,     ///< an edit stands open that is not part of the set
   NotPlain,     ///< texts of number fields that are no plain numbers, as they would be sent

@@ -54,6 +54,16 @@ void Page::RegisterFrame() {
   Register(OptCom);
 }
 
+void Page::Adopt(std::unique_ptr<PagePart> companion) {
+  Add(*companion);
+  companions_.push_back(std::move(companion));
+}
+
+void Page::PutIntoStatus(Button& button) {
+  Register(button);
+  status_buttons_.push_back(&button);
+}
+
 void Page::Register(Control& control) {
   controls_.push_back(&control);
   by_name_.emplace(control.FullName(), &control);

@@ -3,6 +3,7 @@
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -90,6 +91,11 @@ class Page {
   /// Adds a part behind those added before. It lives as long as the page.
   void Add(PagePart& part) { parts_.push_back(&part); }
   [[nodiscard]] const std::vector<PagePart*>& Parts() const { return parts_; }
+  /// Adds a part that the page does not know, and keeps it as long as the page lives.
+  void Adopt(std::unique_ptr<PagePart> companion);
+  /// Makes a button one of the page's, and puts it into the status area behind those before it.
+  void PutIntoStatus(Button& button);
+  [[nodiscard]] const std::vector<Button*>& StatusButtons() const { return status_buttons_; }
   /// Makes a control one of the page's: it can be found by its name and placed by the design.
   void Register(Control& control);
   void Register(OptionGroup& options);
@@ -224,6 +230,8 @@ class Page {
   Language language_ = Language::Japanese;
   int accepted_model_ = -1;  ///< list position of the model that the page shows
   std::vector<PagePart*> parts_;
+  std::vector<std::unique_ptr<PagePart>> companions_;  ///< those of them that the page keeps
+  std::vector<Button*> status_buttons_;
   std::vector<Control*> controls_;
   std::map<std::string, Control*, std::less<>> by_name_;  ///< the same, by FullName()
   std::vector<OptionGroup*> option_groups_;

@@ -152,6 +152,47 @@ enum class TextKey {
   ModelTextUnfinished,  ///< (the model text as it should be)
   BlocksDone,           ///< (stage, blocks done, of blocks)
   TimeLeft,             ///< (minutes, seconds), behind BlocksDone
+  // The windows beside the page.
+  CopyRows,
+  ClosePanel,
+  // The report of a transfer.
+  Report,          ///< the button and its window
+  ReportOfUpload,  ///< (model) heads the report
+  ReportOfDownload,
+  ReportRuns,  ///< behind the head: how the transfer went
+  ReportDone,
+  ReportBroken,
+  ReportUnbegun,  ///< there was no transfer yet
+  ReportItem,     ///< heads of the columns
+  ReportCaption,
+  ReportSent,
+  ReportAnswered,
+  ReportProof,
+  LinkTest,  ///< what a step is that sends no item of the set
+  DeviceMode,
+  DeviceReset,
+  UnitCode,
+  ProofRead,  ///< how a step was proved
+  ProofCollated,
+  ProofCompared,
+  ProofReadBack,
+  ProofHeld,
+  ProofEchoed,
+  ProofSkipped,  ///< (why)
+  ProofNotReached,
+  ProofSilent,
+  ProofRefused,
+  ProofDiffers,
+  SkipNoValue,  ///< why nothing was sent
+  SkipNeedless,
+  SkipNotOfUse,
+  SkipNoCode,
+  StepSilent,   ///< (item, its name) the sentence of the status area
+  StepNotRead,  ///< (item, its name, answer)
+  StepRefused,  ///< (item, its name, sent, answer)
+  StepDiffers,  ///< (item, its name, sent, answer)
+  StepMisread,  ///< (item, its name, answer)
+  StepsMore,    ///< (how many) behind it
   // The same in both languages.
   Com1,
   Com2,

@@ -22,7 +22,10 @@ String DevicePage::ReadIdentity(const WireItem& item) const {
 bool DevicePage::LinkTest() {
   CommFailed = false;
   TransferBar.SetValue(5);
-  if (ReadIdentity({.group = u"00", .item = u"99"}).empty()) {
+  const WireItem item{.group = u"00", .item = u"99"};
+  const String text = ReadIdentity(item);
+  TellRead({.what = TextKey::LinkTest, .item = item}, text);
+  if (text.empty()) {
     CommFailed = true;
     Box().ShowCommFailure();
   }
@@ -48,7 +51,9 @@ bool DevicePage::EnterSpanTrimMode() { return EnterTrimMode(u"Ｓ", BoxKey::NotS
 
 bool DevicePage::EnterMode(const String& data, BoxKey failure) {
   const WireItem item{.group = u"01", .item = String(traits_.mode_item)};
-  if (Items().WriteModeRetry(traits_.mode_repeats, item, data).empty()) {
+  const String answer = Items().WriteModeRetry(traits_.mode_repeats, item, data);
+  TellSent({.what = TextKey::DeviceMode, .item = item, .sent = data}, answer);
+  if (answer.empty()) {
     Box().Show(failure);
     return false;
   }
@@ -61,6 +66,43 @@ bool DevicePage::EnterTrimMode(const String& data, BoxKey failure) {
     return false;
   }
   return true;
+}
+
+void DevicePage::TellBegan(Transfer transfer) const {
+  if (Transfers != nullptr) {
+    Transfers->TransferBegan(transfer);
+  }
+}
+
+void DevicePage::TellStep(const TransferStep& step) const {
+  if (Transfers != nullptr) {
+    Transfers->StepDone(step);
+  }
+}
+
+void DevicePage::TellRead(TransferStep step, const String& answer) const {
+  const bool none = answer.empty() || answer == u"ERROR" || answer == u"NEEDLESS";
+  step.answered = none ? Line().LastReply() : answer;
+  if (answer == u"NEEDLESS") {
+    step.evidence = Evidence::Skipped;
+    step.skip = Skip::Needless;
+  } else {
+    step.evidence = none || IsRefusedBy(answer) ? EvidenceOfFailure(step.answered) : Evidence::Read;
+  }
+  TellStep(step);
+}
+
+void DevicePage::TellSent(TransferStep step, const String& answer, Evidence evidence) const {
+  const bool failed = answer.empty() || IsRefusedBy(answer);
+  step.answered = answer.empty() ? Line().LastReply() : answer;
+  step.evidence = failed ? EvidenceOfFailure(step.answered) : evidence;
+  TellStep(step);
+}
+
+void DevicePage::TellEnded(bool good) const {
+  if (Transfers != nullptr) {
+    Transfers->TransferEnded(good);
+  }
 }
 
 void DevicePage::ReopenPort() {

@@ -3,6 +3,7 @@
 #include "core/page.h"
 #include "link/group_item.h"
 #include "link/serial_link.h"
+#include "link/transfer_observer.h"
 
 namespace korva {
 
@@ -53,6 +54,17 @@ class DevicePage : public Page {
   /// Closes the port and opens it anew at the family's speed, on COM 1 where that is chosen and on COM 2 for
   /// any other choice, which is then shown. A port that does not open ends the program (RuntimeFailure).
   void DemandPort();
+
+  /// Follows the transfers; nullptr: nobody does. It outlives the page, or is taken away before.
+  TransferObserver* Transfers = nullptr;
+  void TellBegan(Transfer transfer) const;
+  void TellStep(const TransferStep& step) const;
+  /// Tells of an item that was read: `step` lacks answer and proof. `answer` is what the dialect made of it.
+  void TellRead(TransferStep step, const String& answer) const;
+  /// Tells of something that was sent, and taken when there is an answer: `step` lacks the same.
+  /// `evidence` is that of an answer.
+  void TellSent(TransferStep step, const String& answer, Evidence evidence = Evidence::Echoed) const;
+  void TellEnded(bool good) const;
 
   [[nodiscard]] SerialLink& Line() const { return link_.line; }
   [[nodiscard]] CokDialect& Cok() const { return link_.cok; }

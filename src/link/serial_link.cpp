@@ -163,6 +163,7 @@ SerialLink::Result SerialLink::Exchange(const String& command) {
   }
   const Marked in_use(in_use_);
   Result result = SendAndAwait(command);
+  last_reply_ = result.reply;
   if (result.failure == Failure::None || result.failure == Failure::NoReply) {
     Report(false, result.failure == Failure::None, result.reply);
     EndIfQuitting();

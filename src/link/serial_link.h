@@ -73,6 +73,9 @@ class SerialLink {
   /// empty or "TAG not entered!". Empty for no reply.
   static String StrippedReply(const String& reply);
 
+  /// What came to the last command, as it came; empty for nothing.
+  [[nodiscard]] const String& LastReply() const { return last_reply_; }
+
   /// Tells that the last reply can't have been its command's own. What arrives is then drained before the
   /// next command goes out.
   void LoseStep() { SetStep(Step::Lost); }
@@ -175,6 +178,7 @@ class SerialLink {
   bool reply_timeout_ = false;
   bool wait_done_ = false;
   bool in_use_ = false;  ///< an exchange is under way, or the line is being drained
+  String last_reply_;
   Step step_ = Step::Sure;
   Clock quiet_since_{0};  ///< when step_ was set or something was drained last
   bool drained_ = false;  ///< something came since the line began to be drained

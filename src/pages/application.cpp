@@ -19,16 +19,23 @@ bool HoldsSlowDevice(const Program& program) {
 }
 
 /// nullptr for a family without a page.
-std::unique_ptr<Page> MakePage(Program& program, const Family& family, DeviceLink& link) {
+std::unique_ptr<Page> MakePage(Program& program, const Family& family, DeviceLink& link,
+                               Companions& companions) {
   const RegistryEntry& entry = EntryOf(family.word);
-  return entry.page.Has() ? entry.page.Value()(program, entry.record, link) : nullptr;
+  if (!entry.page.Has()) {
+    return nullptr;
+  }
+  std::unique_ptr<ParameterPage> page = entry.page.Value()(program, entry.record, link);
+  companions.Join(*page);
+  return page;
 }
 
 }  // namespace
 
 Application::Application(const Platform& platform, String folder)
-    : program(platform, std::move(folder), AllFamilies(),
-              [this](Program& owner, const Family& family) { return MakePage(owner, family, link); }),
+    : program(
+          platform, std::move(folder), AllFamilies(),
+          [this](Program& owner, const Family& family) { return MakePage(owner, family, link, companions); }),
       link(platform, program.Shared()) {
   link.line.OnWaiting = [this](const String& text) {
     if (Page* page = program.Showing()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "companions/companions.h"
 #include "core/program.h"
 #include "link/device_page.h"
 
@@ -11,6 +12,7 @@ struct Application {
   /// `folder` is the program's folder, in which system, data and ports lie.
   Application(const Platform& platform, String folder);
 
+  Companions companions;  ///< outlives the pages
   Program program;
   DeviceLink link;
 };

@@ -32,7 +32,7 @@ namespace korva {
 namespace {
 
 template <typename PageOfFamily>
-std::unique_ptr<Page> Make(Program& program, const FamilyRecord& record, DeviceLink& link) {
+std::unique_ptr<ParameterPage> Make(Program& program, const FamilyRecord& record, DeviceLink& link) {
   return std::make_unique<PageOfFamily>(program, record, link);
 }
 

@@ -9,7 +9,7 @@
 namespace korva {
 
 /// Makes the page of a family from its record.
-using PageMaker = std::unique_ptr<Page> (*)(Program&, const FamilyRecord&, DeviceLink&);
+using PageMaker = std::unique_ptr<ParameterPage> (*)(Program&, const FamilyRecord&, DeviceLink&);
 
 /// One family of the program.
 struct RegistryEntry {

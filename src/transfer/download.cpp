@@ -28,7 +28,10 @@ void Download::Run() {
   page_.BeginDownload();
   page_.LockFrame();
   numbers_.BeginSending();
-  if (DownloadValues()) {
+  page_.TellBegan(Transfer::Download);
+  const bool done = DownloadValues();
+  page_.TellEnded(done);
+  if (done) {
     page_.Box().Show(BoxKey::DownloadDone);
     page_.CheckPendingQuit();
   } else {
@@ -80,26 +83,41 @@ String InDevice(const ParameterPage& page, const FixedChoice& choice) {
   return Trimmed(page.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = String(choice.item)}));
 }
 
-/// `device_row` is that of `in_device`, the device's choice, in `device_list`.
-bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const String& in_device,
-                   const ChoiceList& device_list, int device_row) {
+/// Tells how the device's choice was collated; nothing was sent.
+void TellCollated(const ParameterPage& page, const FixedChoice& choice, const String& in_device, bool good) {
+  const Evidence fault = in_device.empty() ? EvidenceOfFailure(page.Line().LastReply()) : Evidence::Differs;
+  page.TellStep({.row = page.FindDataRow(choice.item),
+                 .item = {.group = u"01", .item = String(choice.item)},
+                 .sent = Trimmed(page.Item(LeadingInteger(choice.item))),
+                 .answered = in_device,
+                 .evidence = good ? Evidence::Collated : fault});
+}
+
+/// What speaks against the chosen one; nothing where nothing does. `device_row` is that of `in_device`, the
+/// device's choice, in `device_list`.
+std::optional<BoxKey> FaultOf(const ParameterPage& page, const FixedChoice& choice, const String& in_device,
+                              const ChoiceList& device_list, int device_row) {
   const String chosen = Trimmed(page.Item(LeadingInteger(choice.item)));
-  const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
-  const String caption = named ? page.CaptionLabels[device_row].Caption() : String();
   // A list without the column fixes nothing.
   if (device_list.Has(&ListColumns::settable) && !device_list.Settable(device_row)) {
-    if (chosen != in_device) {
-      page.Box().Show(choice.mismatch, {caption});
-    }
-    return chosen == in_device;
+    return chosen == in_device ? std::nullopt : std::optional(choice.mismatch);
   }
   const ChoiceList list = page.Def.ListOf(choice.list);
-  const int chosen_row = RowOf(list, chosen);
-  if (chosen_row >= 0 && list.Cell(chosen_row, &ListColumns::settable) == u"N") {
-    page.Box().Show(choice.not_settable, {caption});
-    return false;
+  const int row = RowOf(list, chosen);
+  return row >= 0 && list.Cell(row, &ListColumns::settable) == u"N" ? std::optional(choice.not_settable)
+                                                                    : std::nullopt;
+}
+
+/// Judges as FaultOf; false after its box.
+bool CollateChoice(const ParameterPage& page, const FixedChoice& choice, const String& in_device,
+                   const ChoiceList& device_list, int device_row) {
+  const std::optional<BoxKey> fault = FaultOf(page, choice, in_device, device_list, device_row);
+  TellCollated(page, choice, in_device, !fault);
+  if (fault) {
+    const bool named = page.CaptionLabels.Has(device_row) && page.CaptionLabels[device_row].Visible();
+    page.Box().Show(*fault, {named ? page.CaptionLabels[device_row].Caption() : String()});
   }
-  return true;
+  return !fault;
 }
 
 }  // namespace
@@ -122,6 +140,7 @@ bool CollateOutputType(const ParameterPage& page) {
   const ChoiceList list = page.Def.ListOf(kOutputType.list);
   const int row = RowOf(list, in_device);
   if (row < 0) {
+    TellCollated(page, kOutputType, in_device, false);
     page.Box().Show(BoxKey::OutputTypeUnknown);
     return false;
   }
@@ -163,16 +182,20 @@ WriteList Download::BuildWriteList() {
 WriteEntry Download::EntryOf(int row) const {
   WriteEntry entry{.row = row, .item = page_.WireOf(row), .prefix = form_.ReplyPrefix(row)};
   const String& cell = page_.SetCell(row);
-  if (cell.empty() || !form_.IsToBeWritten(row)) {
+  entry.skip = form_.IsToBeWritten(row) ? Skip::NoValue : Skip::NotOfUse;
+  if (cell.empty() || entry.skip == Skip::NotOfUse) {
     return entry;
   }
   entry.source = cell;
   if (cell == kNeedless) {
     entry.data = cell;
+    entry.skip = Skip::Needless;
   } else if (!form_.IsChoice(row)) {
     entry.data = form_.DataOf(row, cell);
   } else if (const std::optional<CodeTable> codes = form_.CodesToSend(row)) {
     entry.data = CodeOf(*codes, entry.item.item, cell);
+  } else {
+    entry.skip = Skip::NoCode;
   }
   return entry;
 }
@@ -195,17 +218,54 @@ String Download::DataToSend(int row) const {
   return entry.data.empty() || entry.data == kNeedless ? String() : steps_.FinalData(entry);
 }
 
+namespace {
+
+bool IsUnsent(const WriteEntry& entry) { return entry.data.empty() || entry.data == kNeedless; }
+
+/// True for zero and span, which the device moves within limits of its own: what it holds counts, and not its
+/// echo.
+bool IsReadAgain(const WriteEntry& entry) { return entry.item.item == u"14" || entry.item.item == u"15"; }
+
+}  // namespace
+
 bool Download::WriteVerifyList(WriteList& list) {
   const int last = steps_.LastPosition();
   int position = 0;
   for (WriteEntry& entry : list) {
-    if (!entry.data.empty() && entry.data != kNeedless && !WriteVerified(entry)) {
+    if (IsUnsent(entry)) {
+      TellUnwritten(entry, Evidence::Skipped);
+    } else if (!WriteVerified(entry)) {
+      std::for_each(list.begin() + position + 1, list.end(),
+                    [this](const WriteEntry& rest) { TellUnwritten(rest, Evidence::NotReached); });
       return false;
     }
     page_.TransferBar.SetValue(static_cast<float>(std::min(position, last) * 70.0 / last + 20));
     ++position;
   }
   return true;
+}
+
+void Download::TellUnwritten(const WriteEntry& entry, Evidence evidence) const {
+  if (entry.row < 0) {
+    return;
+  }
+  const bool unsent = IsUnsent(entry);
+  page_.TellStep({.row = entry.row,
+                  .item = entry.item,
+                  .sent = unsent ? String() : entry.data,
+                  .evidence = unsent ? Evidence::Skipped : evidence,
+                  .skip = unsent ? entry.skip : Skip::None});
+}
+
+void Download::TellWritten(const WriteEntry& entry, const String& reply, bool good) const {
+  const bool compared = good && steps_.ComparesReply(entry, reply);
+  Evidence evidence = compared ? Evidence::Compared : Evidence::Echoed;
+  if (!good) {
+    evidence = Evidence::Differs;
+  } else if (IsReadAgain(entry)) {
+    evidence = compared ? Evidence::ReadBack : Evidence::Held;
+  }
+  page_.TellSent({.row = entry.row, .item = entry.item, .sent = entry.data}, reply, evidence);
 }
 
 bool Download::WriteVerified(WriteEntry& entry) {
@@ -218,7 +278,9 @@ bool Download::WriteVerified(WriteEntry& entry) {
       numbers_.Sent(row, entry.data);
     }
   }
-  if (reply.empty() || !steps_.CompareReply(entry, reply)) {
+  const bool good = !reply.empty() && steps_.CompareReply(entry, reply);
+  TellWritten(entry, reply, good);
+  if (!good) {
     steps_.ShowWriteFailure(entry, reply);
     return false;
   }
@@ -235,10 +297,9 @@ String DownloadSteps::WriteChecked(const WriteEntry& entry) {
 }
 
 String DownloadSteps::Proof(const WriteEntry& entry, const String& echo) const {
-  if (entry.item.item != u"14" && entry.item.item != u"15") {
+  if (!IsReadAgain(entry)) {
     return echo;
   }
-  // The device moves zero and span within limits of its own, so what it holds counts and not its echo.
   const String held = page_.Items().ReadRetry(kItemRepeats, entry.item);
   return held == u"ERROR" || held == kNeedless ? String() : held;
 }

@@ -42,6 +42,11 @@ class DownloadSteps {
   [[nodiscard]] virtual bool CompareReply(const WriteEntry& entry, const String& reply) const {
     return ReplyProves(entry, reply);
   }
+  /// True when CompareReply looked at what `reply`, which it has found good, says, and not only whether there
+  /// is one.
+  [[nodiscard]] virtual bool ComparesReply(const WriteEntry& entry, const String& /*reply*/) const {
+    return ReplyIsCompared(entry);
+  }
   /// Tells that an entry could not be written, or that `reply` does not prove it.
   virtual void ShowWriteFailure(const WriteEntry& entry, const String& reply);
   /// The position in the order of writing at which the progress bar has reached 90.
@@ -79,6 +84,9 @@ class Download {
   [[nodiscard]] String CodeOf(const CodeTable& codes, const String& item, const String& text) const;
   bool WriteVerifyList(WriteList& list);
   bool WriteVerified(WriteEntry& entry);
+  /// Tells what became of an entry that was written, or should have been.
+  void TellWritten(const WriteEntry& entry, const String& reply, bool good) const;
+  void TellUnwritten(const WriteEntry& entry, Evidence evidence) const;
 
   ParameterPage& page_;
   const RowForm& form_;

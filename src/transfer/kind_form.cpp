@@ -60,6 +60,11 @@ void TransmitterUpload::AfterItemRead(int row) {
   }
 }
 
+bool KindDownload::ComparesReply(const WriteEntry& entry, const String& /*reply*/) const {
+  const String& kind = Page().DataCell(entry.row, kItemKind);
+  return kind.empty() || kind == kTagKind || IsFinePrefix(kind);
+}
+
 bool KindDownload::CompareReply(const WriteEntry& entry, const String& reply) const {
   const String& kind = Page().DataCell(entry.row, kItemKind);
   if (kind.empty()) {

@@ -44,6 +44,7 @@ class KindDownload : public DownloadSteps {
  public:
   using DownloadSteps::DownloadSteps;
   [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+  [[nodiscard]] bool ComparesReply(const WriteEntry& entry, const String& reply) const override;
 };
 
 }  // namespace korva

@@ -47,6 +47,7 @@ bool QuantityDownload::WriteUnitCode(int row, const String& unit) {
   }
   const WireItem item{.group = u"01", .item = units_.CodeItem(row)};
   const String reply = Page().Items().WriteRetry(kItemRepeats, item, *code);
+  Page().TellSent({.what = TextKey::UnitCode, .item = item, .sent = *code}, reply);
   AfterWrite();
   return !reply.empty();
 }

@@ -29,6 +29,9 @@ class QuantityDownload : public DownloadSteps {
   bool Collate() override { return true; }  // item 10 is no input type here
   String WriteData(const WriteEntry& entry) override;
   [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+  [[nodiscard]] bool ComparesReply(const WriteEntry& /*entry*/, const String& /*reply*/) const override {
+    return true;
+  }
 
  private:
   /// Tells the device the unit of the number that follows; false when it gives no answer. Nothing is sent for

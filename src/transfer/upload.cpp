@@ -32,9 +32,12 @@ void Upload::Run() {
   }
   page_.BeginOperation();
   page_.LockFrame();
+  page_.TellBegan(Transfer::Upload);
   const bool begun = page_.LinkTest() && steps_.ConfirmModel();
   const Values values = begun ? UploadValues() : Values{};
-  if (values.complete && ReadParts()) {
+  const bool done = values.complete && ReadParts();
+  page_.TellEnded(done);
+  if (done) {
     page_.Box().Show(BoxKey::UploadDone);
   }
   page_.EndOperation();
@@ -92,6 +95,7 @@ Upload::Values Upload::ReadAllItems() {
 
 RowRead Upload::ReadRow(int row) {
   const String answer = steps_.ReadItem(row);
+  page_.TellRead({.row = row, .item = page_.WireOf(row)}, answer);
   const RowRead read = steps_.Judge(answer);
   if (read == RowRead::Stop) {
     return read;

@@ -39,4 +39,8 @@ bool ReplyProves(const WriteEntry& entry, const String& reply) {
   return !reply.empty();
 }
 
+bool ReplyIsCompared(const WriteEntry& entry) {
+  return entry.prefix.empty() || entry.prefix == u"TG:" || IsFinePrefix(entry.prefix);
+}
+
 }  // namespace korva

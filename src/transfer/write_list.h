@@ -4,6 +4,7 @@
 
 #include "files/definition_form.h"
 #include "link/group_item.h"
+#include "link/transfer_observer.h"
 #include "platform/string.h"
 
 namespace korva {
@@ -16,6 +17,7 @@ struct WriteEntry {
   String data{};    ///< what is sent; empty or NEEDLESS: the item is not written
   String reply{};   ///< the device's reply after a good comparison
   String prefix{};  ///< what the device puts before a plain value; empty for a choice, which goes as its code
+  Skip skip = Skip::None;  ///< why there is nothing to send
 };
 
 /// The items of a download in the order of writing: as many positions as the family's $Data has rows.
@@ -32,6 +34,9 @@ struct CodeTable {
 /// choice and the tag ("TG:") must come back as they stand in the set, fine zero and fine span ("FINZER",
 /// "FINSPN") within 0.02, and any other plain value with whatever text.
 bool ReplyProves(const WriteEntry& entry, const String& reply);
+
+/// True when ReplyProves looks at what the device says, and not only whether it says something.
+bool ReplyIsCompared(const WriteEntry& entry);
 
 /// True for the prefixes of fine zero and fine span.
 bool IsFinePrefix(StringView prefix);

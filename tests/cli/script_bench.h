@@ -85,6 +85,7 @@ struct ScriptBench {
   Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
   Program program;
   SerialLink link;
+  Companions companions;
   ScriptRunner runner;
 };
 

@@ -47,7 +47,8 @@ class BuildFiles final : public FileStore {
 struct PagesBench {
   explicit PagesBench(ScriptRunner::Options options = {}, const std::string& model = "QHN")
       : device(sim::Device::ForModel(KORVA_HOME, model)),
-        runner(application.program, application.link.line, dialogs, transcript, options) {
+        runner(application.program, application.link.line, application.companions, dialogs, transcript,
+               options) {
     device.Set("01", "02", "BOILER-7");
     port.Connect(1, &line);
     Run("choose " + model);

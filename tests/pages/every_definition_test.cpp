@@ -199,7 +199,7 @@ class Examination {
   /// What the built page shows stands on a tab that can come to the front, and says what it is.
   void Places() {
     for (const Control* control : page_.Controls()) {
-      if (!control->Visible() || InView(*control) || page_.InWindow(*control)) {
+      if (!control->Visible() || InView(*control) || page_.InWindow(*control) || InStatus(*control)) {
         continue;
       }
       const int tab = page_.TabOf(*control);
@@ -227,6 +227,11 @@ class Examination {
   static bool IsToldByDevice(const Control& control) {
     static const std::set<std::string_view> names = {"lbl_unit", "lblThreshold", "unitMeasFreq"};
     return names.contains(control.Name());
+  }
+
+  [[nodiscard]] bool InStatus(const Control& control) const {
+    const auto& buttons = page_.StatusButtons();
+    return std::find(buttons.begin(), buttons.end(), &control) != buttons.end();
   }
 
   /// Above, beside and below the tabs.

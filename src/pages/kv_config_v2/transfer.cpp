@@ -25,9 +25,13 @@ bool KvConfigV2Download::ResetAllParams() {
     return false;
   }
   Page().Line().WaitFor(kSettling);
-  const String reply = Page().Items().WriteRetry(kItemRepeats, {.group = u"01", .item = u"34"}, u"1");
+  const WireItem item{.group = u"01", .item = u"34"};
+  const String reply = Page().Items().WriteRetry(kItemRepeats, item, u"1");
+  const bool reset = Trimmed(reply) == kAllReset;
+  Page().TellSent({.what = TextKey::DeviceReset, .item = item, .sent = u"1"}, reply,
+                  reset ? Evidence::Compared : Evidence::Differs);
   Page().Line().WaitFor(kSettling);
-  if (Trimmed(reply) != kAllReset) {
+  if (!reset) {
     Page().Box().Show(BoxKey::ParametersNotReset);
   }
   return true;

@@ -27,6 +27,10 @@ String ReadWhenReady(const ParameterPage& page, const WireItem& item) {
   return page.EnterItem().ReadParamRetry(kItemRepeats, item, MayBeLate(item) ? kNotReady : StringView());
 }
 
+bool TellsTagSet(const WriteEntry& entry, const String& reply) {
+  return LeadingInteger(entry.item.item) == kTagItem && Trimmed(reply) == kTagSet;
+}
+
 }  // namespace
 
 String Z2KvConfigV3Upload::ReadItem(int row) const { return ReadWhenReady(Page(), Page().WireOf(row)); }
@@ -43,8 +47,11 @@ String Z2KvConfigV3Download::WriteData(const WriteEntry& entry) {
 }
 
 bool Z2KvConfigV3Download::CompareReply(const WriteEntry& entry, const String& reply) const {
-  const bool tag_set = LeadingInteger(entry.item.item) == kTagItem && Trimmed(reply) == kTagSet;
-  return tag_set || QuantityDownload::CompareReply(entry, reply);
+  return TellsTagSet(entry, reply) || QuantityDownload::CompareReply(entry, reply);
+}
+
+bool Z2KvConfigV3Download::ComparesReply(const WriteEntry& entry, const String& reply) const {
+  return !TellsTagSet(entry, reply);
 }
 
 }  // namespace korva

@@ -24,6 +24,7 @@ class Z2KvConfigV3Download final : public QuantityDownload {
   /// Reads what the device doesn't have ready when it has taken it.
   String WriteData(const WriteEntry& entry) override;
   [[nodiscard]] bool CompareReply(const WriteEntry& entry, const String& reply) const override;
+  [[nodiscard]] bool ComparesReply(const WriteEntry& entry, const String& reply) const override;
 };
 
 }  // namespace korva

@@ -1,0 +1,229 @@
+#include "app/panel_view.h"
+
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/looks.h"
+#include "app/text.h"
+#include "core/texts.h"
+
+namespace korva {
+
+namespace {
+
+constexpr QSize kPanelSize(760, 420);
+constexpr int kColumn = 32;  ///< widest at first, in digits of the font
+
+}  // namespace
+
+/// The panel's table. It tells the view of each change by rows, so that what is selected stays.
+class PanelView::Model final : public QAbstractTableModel {
+ public:
+  Model(const Panel& panel, QObject* parent)
+      : QAbstractTableModel(parent),
+        panel_(panel),
+        first_(panel.FirstRow()),
+        end_(panel.EndRow()),
+        generation_(panel.Generation()) {}
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : end_ - first_;
+  }
+  [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(panel_.Heads().size());
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    if (role == Qt::DisplayRole) {
+      return ToQt(panel_.Cells(first_ + index.row()).at(static_cast<std::size_t>(index.column())));
+    }
+    if (role == Qt::BackgroundRole || role == Qt::ForegroundRole) {
+      const Look look = panel_.LookOf(first_ + index.row());
+      const QPalette palette = PaletteOf(look, QApplication::palette());
+      const auto part = role == Qt::BackgroundRole ? QPalette::Base : QPalette::Text;
+      return look == Look::Normal ? QVariant() : QVariant(palette.brush(part));
+    }
+    return {};
+  }
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    return orientation == Qt::Horizontal && role == Qt::DisplayRole
+               ? QVariant(ToQt(panel_.Heads().at(static_cast<std::size_t>(section))))
+               : QVariant();
+  }
+
+  /// Takes over what has changed.
+  void Follow() {
+    if (generation_ != panel_.Generation() || panel_.FirstRow() > end_ || panel_.EndRow() < end_) {
+      beginResetModel();
+      first_ = panel_.FirstRow();
+      end_ = panel_.EndRow();
+      generation_ = panel_.Generation();
+      endResetModel();
+      return;
+    }
+    if (panel_.FirstRow() > first_) {
+      beginRemoveRows({}, 0, panel_.FirstRow() - first_ - 1);
+      first_ = panel_.FirstRow();
+      endRemoveRows();
+    }
+    if (panel_.EndRow() > end_) {
+      beginInsertRows({}, end_ - first_, panel_.EndRow() - first_ - 1);
+      end_ = panel_.EndRow();
+      endInsertRows();
+    }
+  }
+
+  /// The rows of these places, tabs between the cells.
+  [[nodiscard]] QString TextOf(const QList<int>& places) const {
+    QStringList lines;
+    for (const int place : places) {
+      QStringList cells;
+      for (const String& cell : panel_.Cells(first_ + place)) {
+        cells += ToQt(cell);
+      }
+      lines += cells.join(QLatin1Char('\t'));
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+  }
+
+ private:
+  const Panel& panel_;
+  int first_;
+  int end_;
+  unsigned generation_;
+};
+
+PanelView::PanelView(Panel& panel, EventGate& gate, QWidget* parent)
+    : QDialog(parent),
+      panel_(panel),
+      views_(gate),
+      heading_(new QLabel(this)),
+      table_(new QTableView(this)),
+      model_(new Model(panel, this)) {
+  heading_->setWordWrap(true);
+  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(heading_);
+  layout->addWidget(MakeTable(), 1);
+  layout->addWidget(MakeButtons());
+  resize(kPanelSize);
+  Follow(panel_, this, [this] { Show(); });
+  panel_.ObserveFocus([this] {
+    raise();
+    activateWindow();
+    table_->setFocus();
+  });
+  connect(this, &QDialog::rejected, this, [this] { views_.Enter([this] { panel_.Close(); }); });
+}
+
+QWidget* PanelView::MakeTable() {
+  table_->setModel(model_);
+  table_->setObjectName(QStringLiteral("table"));
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setTabKeyNavigation(false);
+  table_->setWordWrap(false);
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().lineSpacing() * 5 / 4);
+  table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  table_->horizontalHeader()->setStretchLastSection(true);
+  table_->horizontalHeader()->setHighlightSections(false);
+  table_->installEventFilter(this);
+  return table_;
+}
+
+QWidget* PanelView::MakeButtons() {
+  auto* box = new QDialogButtonBox(this);
+  for (Button* button : panel_.Buttons()) {
+    auto* widget = static_cast<QPushButton*>(views_.Make(*button, box));
+    widget->setAutoDefault(false);
+    box->addButton(widget, QDialogButtonBox::ActionRole);
+  }
+  auto* copy = box->addButton(ToQt(CaptionText(TextKey::CopyRows)), QDialogButtonBox::ActionRole);
+  copy->setObjectName(QStringLiteral("copy"));
+  copy->setAutoDefault(false);
+  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
+  auto* close = box->addButton(ToQt(CaptionText(TextKey::ClosePanel)), QDialogButtonBox::RejectRole);
+  close->setObjectName(QStringLiteral("close"));
+  close->setAutoDefault(false);
+  connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  return box;
+}
+
+void PanelView::Show() {
+  if (!panel_.Visible()) {
+    return;
+  }
+  setWindowTitle(ToQt(panel_.Title()) + QStringLiteral(" - KORVA"));
+  setAccessibleName(ToQt(panel_.Title()));
+  table_->setAccessibleName(ToQt(panel_.Title()));
+  const QString heading = ToQt(panel_.Heading());
+  const bool other_heading = heading_->text() != heading;
+  if (other_heading) {
+    heading_->setText(heading);
+  }
+  heading_->setVisible(!heading.isEmpty());
+  ShowRows();
+  if (other_heading) {
+    FitColumns();
+  }
+}
+
+void PanelView::FitColumns() {
+  table_->resizeColumnsToContents();
+  for (int column = 0; column + 1 < model_->columnCount({}); ++column) {
+    table_->setColumnWidth(column, std::min(table_->columnWidth(column), Digits(table_, kColumn)));
+  }
+}
+
+void PanelView::ShowRows() {
+  const int before = model_->rowCount({});
+  const QScrollBar& bar = *table_->verticalScrollBar();
+  const bool at_end = bar.value() == bar.maximum();
+  model_->Follow();
+  if (before == 0 && model_->rowCount({}) > 0) {
+    FitColumns();
+  }
+  if (at_end) {
+    table_->scrollToBottom();
+  }
+}
+
+void PanelView::Copy() {
+  QList<int> places;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
+    places += index.row();
+  }
+  std::sort(places.begin(), places.end());
+  if (places.isEmpty()) {
+    for (int place = 0; place < model_->rowCount({}); ++place) {
+      places += place;
+    }
+  }
+  QApplication::clipboard()->setText(model_->TextOf(places));
+}
+
+bool PanelView::eventFilter(QObject* watched, QEvent* event) {
+  // The table would copy one cell.
+  if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+    Copy();
+    return true;
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+void PanelView::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+}  // namespace korva

@@ -1,0 +1,91 @@
+#include "cli/print_report.h"
+
+#include <string>
+#include <string_view>
+
+#include "core/text_utilities.h"
+
+namespace korva::cli {
+
+namespace {
+
+std::string_view WordOf(TransferReport::State state) {
+  switch (state) {
+    case TransferReport::State::Running:
+      return "running";
+    case TransferReport::State::Done:
+      return "done";
+    case TransferReport::State::Broken:
+      return "broken";
+    case TransferReport::State::Unbegun:
+      break;
+  }
+  return "none";
+}
+
+std::string_view WordOf(Evidence evidence) {
+  switch (evidence) {
+    case Evidence::Read:
+      return "read";
+    case Evidence::Collated:
+      return "collated";
+    case Evidence::Compared:
+      return "compared";
+    case Evidence::ReadBack:
+      return "read-back";
+    case Evidence::Held:
+      return "held";
+    case Evidence::Echoed:
+      return "echoed";
+    case Evidence::Skipped:
+      return "skipped";
+    case Evidence::NotReached:
+      return "not-reached";
+    case Evidence::Silent:
+      return "silent";
+    case Evidence::Refused:
+      return "refused";
+    case Evidence::Differs:
+      break;
+  }
+  return "differs";
+}
+
+std::string_view WordOf(Skip skip) {
+  switch (skip) {
+    case Skip::NoValue:
+      return " no-value";
+    case Skip::Needless:
+      return " needless";
+    case Skip::NotOfUse:
+      return " not-of-use";
+    case Skip::NoCode:
+      return " no-code";
+    case Skip::None:
+      break;
+  }
+  return {};
+}
+
+std::string LineOf(const ReportRow& row) {
+  return "report " + ToUtf8(row.item) + " " + Quoted(row.caption) + " sent " + Quoted(row.sent) +
+         " answered " + Quoted(row.answered) + " " + std::string(WordOf(row.evidence)) +
+         std::string(WordOf(row.skip));
+}
+
+}  // namespace
+
+void PrintReport(const TransferReport& report, Transcript& transcript) {
+  const std::string state(WordOf(report.Now()));
+  if (report.Now() == TransferReport::State::Unbegun) {
+    transcript.Tell("report " + state);
+    return;
+  }
+  const std::string_view kind = report.Kind() == Transfer::Upload ? "upload " : "download ";
+  transcript.Tell("report " + std::string(kind) + Quoted(report.Model()) + " " + state);
+  for (const ReportRow& row : report.Rows()) {
+    transcript.Tell(LineOf(row));
+  }
+}
+
+}  // namespace korva::cli

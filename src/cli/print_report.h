@@ -1,0 +1,16 @@
+#pragma once
+
+#include "cli/transcript.h"
+#include "companions/transfer_report.h"
+
+namespace korva::cli {
+
+/// Prints the report of the last transfer: a line that tells how it went, and one for each step. Nothing but
+/// `report none` before the first transfer.
+///
+///     report download "QHW" done
+///     report 01/10 "入力ﾀｲﾌﾟ" sent "07" answered "Tc-2:K(CA)" compared
+///     report 01/21 "温度単位" sent "" answered "" skipped needless
+void PrintReport(const TransferReport& report, Transcript& transcript);
+
+}  // namespace korva::cli

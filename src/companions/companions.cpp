@@ -1,0 +1,13 @@
+#include "companions/companions.h"
+
+#include <memory>
+
+#include "companions/report_writer.h"
+
+namespace korva {
+
+void Companions::Join(ParameterPage& page) {
+  page.Adopt(std::make_unique<ReportWriter>(page, Report, report_panel_));
+}
+
+}  // namespace korva

@@ -1,0 +1,58 @@
+#include "companions/report_panel.h"
+
+#include "core/text_utilities.h"
+
+namespace korva {
+
+namespace {
+
+TextKey TextOf(TransferReport::State state) {
+  switch (state) {
+    case TransferReport::State::Running:
+      return TextKey::ReportRuns;
+    case TransferReport::State::Done:
+      return TextKey::ReportDone;
+    case TransferReport::State::Broken:
+      return TextKey::ReportBroken;
+    case TransferReport::State::Unbegun:
+      break;
+  }
+  return TextKey::ReportUnbegun;
+}
+
+}  // namespace
+
+ReportPanel::ReportPanel(TransferReport& report) : Panel("pnlReport"), report_(report) {
+  report.Observe([this] { Changed(); });
+}
+
+String ReportPanel::Heading() const {
+  const String& state = CaptionText(TextOf(report_.Now()), language_);
+  if (report_.Now() == TransferReport::State::Unbegun) {
+    return state;
+  }
+  const bool upload = report_.Kind() == Transfer::Upload;
+  const String head =
+      Filled(CaptionText(upload ? TextKey::ReportOfUpload : TextKey::ReportOfDownload, language_),
+             {report_.Model()});
+  const String fault = report_.FaultSentence(language_);
+  return head + state + (fault.empty() ? u"" : u"\n") + fault;
+}
+
+std::vector<String> ReportPanel::Heads() const {
+  return {CaptionText(TextKey::ReportItem, language_), CaptionText(TextKey::ReportCaption, language_),
+          CaptionText(TextKey::ReportSent, language_), CaptionText(TextKey::ReportAnswered, language_),
+          CaptionText(TextKey::ReportProof, language_)};
+}
+
+std::vector<String> ReportPanel::Cells(int row) const {
+  const ReportRow& line = report_.Rows().at(static_cast<std::size_t>(row));
+  return {line.item, line.caption, line.sent, line.answered, EvidenceText(line, language_)};
+}
+
+Look ReportPanel::LookOf(int row) const {
+  return IsFailure(report_.Rows().at(static_cast<std::size_t>(row)).evidence) ? Look::Highlight
+                                                                              : Look::Normal;
+}
+
+}  // namespace korva

@@ -1,0 +1,85 @@
+#include "app/panel_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <QTableView>
+
+#include "window_bench.h"
+
+namespace korva::test {
+namespace {
+
+QString CellOf(const QTableView& table, int row, int column) {
+  return table.model()->index(row, column).data().toString();
+}
+
+TEST(PanelViewTest, IsMadeWhenItsButtonIsPressedAndShowsTheReportAsItGrows) {
+  WindowBench bench("QHW");
+  EXPECT_EQ(bench.window.findChild<PanelView*>(), nullptr);
+  bench.Press("cmdReport");
+  auto* panel = bench.Find<PanelView>("pnlReport");
+  auto* table = panel->findChild<QTableView*>("table");
+  EXPECT_TRUE(panel->isVisible());
+  EXPECT_FALSE(panel->isModal());
+  EXPECT_EQ(table->model()->rowCount(), 0);
+  bench.device.device.AddFault(sim::ParseFault("silent=I14"));
+  bench.Upload();
+  const auto& rows = bench.application.companions.Report.Rows();
+  ASSERT_EQ(table->model()->rowCount(), static_cast<int>(rows.size()));
+  EXPECT_EQ(CellOf(*table, 3, 0), QStringLiteral("01/14"));
+  EXPECT_EQ(CellOf(*table, 3, 1), QStringLiteral("入力ｾﾞﾛ (0%)"));
+  EXPECT_EQ(CellOf(*table, 3, 4), QStringLiteral("応答なし"));
+  EXPECT_TRUE(table->model()->index(3, 0).data(Qt::BackgroundRole).isValid());
+  EXPECT_FALSE(table->model()->index(4, 0).data(Qt::BackgroundRole).isValid());
+}
+
+TEST(PanelViewTest, CopiesTheSelectedRowsAndAllOfThemWithoutASelection) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Press("cmdReport");
+  auto* panel = bench.Find<PanelView>("pnlReport");
+  auto* table = panel->findChild<QTableView*>("table");
+  table->selectRow(1);
+  QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("01/01\tﾓｰﾄﾞ\t0\t0\t応答あり\n"));
+  table->clearSelection();
+  QTest::mouseClick(panel->findChild<QPushButton*>("copy"), Qt::LeftButton);
+  EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), table->model()->rowCount());
+}
+
+TEST(PanelViewTest, ClosesByEscapeAndItsButtonAndOpensAgain) {
+  WindowBench bench("QHW");
+  bench.Press("cmdReport");
+  auto* panel = bench.Find<PanelView>("pnlReport");
+  QTest::keyClick(panel, Qt::Key_Escape);
+  EXPECT_FALSE(panel->isVisible());
+  EXPECT_TRUE(bench.window.isVisible());
+  bench.Upload();
+  bench.Press("cmdReport");
+  EXPECT_TRUE(panel->isVisible());
+  EXPECT_GT(panel->findChild<QTableView*>("table")->model()->rowCount(), 0);
+  QTest::mouseClick(panel->findChild<QPushButton*>("close"), Qt::LeftButton);
+  EXPECT_FALSE(panel->isVisible());
+  EXPECT_EQ(bench.window.findChildren<PanelView*>().size(), 1);
+}
+
+TEST(PanelViewTest, TellsItsNameToThoseWhoCantSeeIt) {
+  WindowBench bench("QHW");
+  bench.Press("cmdReport");
+  auto* panel = bench.Find<PanelView>("pnlReport");
+  EXPECT_EQ(panel->accessibleName(), QStringLiteral("転送ﾚﾎﾟｰﾄ"));
+  EXPECT_EQ(panel->findChild<QTableView*>("table")->accessibleName(), QStringLiteral("転送ﾚﾎﾟｰﾄ"));
+  if (const char* folder = std::getenv("PANEL_PICTURES")) {
+    bench.device.device.AddFault(sim::ParseFault("silent=I14"));
+    bench.Upload();
+    QCoreApplication::processEvents();
+    panel->grab().save(QString::fromUtf8(folder) + "/panel.png");
+    bench.window.grab().save(QString::fromUtf8(folder) + "/window.png");
+  }
+}
+
+}  // namespace
+}  // namespace korva::test

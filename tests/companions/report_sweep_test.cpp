@@ -1,0 +1,87 @@
+// What the reports of all models tell is what went over the line.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/text_utilities.h"
+#include "pages/page_bench.h"
+
+namespace korva::test {
+namespace {
+
+class ReportOfModel : public testing::TestWithParam<String> {
+ protected:
+  ReportOfModel() {
+    bench.Connect(GetParam());
+    bench.Choose(GetParam());
+    bench.TakeTables();
+    bench.app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
+      (traffic.sent ? sent : answered).push_back(traffic.text);
+    };
+  }
+
+  [[nodiscard]] const TransferReport& Report() const { return bench.app.companions.Report; }
+  [[nodiscard]] int CountOf(const WireItem& item) const {
+    const auto& rows = Report().Rows();
+    const String name = item.group + u"/" + item.item;
+    return static_cast<int>(std::count_if(rows.begin(), rows.end(), [&](const ReportRow& row) {
+      return row.item == name && row.evidence != Evidence::Collated && row.caption != u"ﾓｰﾄﾞ" &&
+             row.caption != u"通信ﾃｽﾄ";
+    }));
+  }
+  /// Each answer of the report came over the line, and all that it tells as sent went out as data.
+  void ExpectTruth() const {
+    EXPECT_EQ(Report().Now(), TransferReport::State::Done);
+    EXPECT_EQ(Report().FaultSentence(), u"");
+    for (const ReportRow& row : Report().Rows()) {
+      SCOPED_TRACE(ToUtf8(row.item));
+      EXPECT_TRUE(row.answered.empty() || Came(row.answered)) << ToUtf8(row.answered);
+      const bool told_sent = row.evidence != Evidence::Collated && !row.sent.empty();
+      EXPECT_TRUE(!told_sent || std::find(sent.begin(), sent.end(), u"D" + row.sent) != sent.end())
+          << ToUtf8(row.sent);
+    }
+  }
+  [[nodiscard]] bool Came(const String& text) const {
+    return std::any_of(answered.begin(), answered.end(), [&](const String& reply) {
+      return reply.find(Trimmed(text)) != String::npos || Trimmed(text).empty();
+    });
+  }
+
+  PageBench bench;
+  std::vector<String> sent;
+  std::vector<String> answered;
+};
+
+TEST_P(ReportOfModel, TellsEachItemOfAnUploadOnceAndAsItCame) {
+  bench.Upload();
+  const ParameterPage& page = bench.Page();
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.DataCell(row, kUploaded) == u"Y") {
+      EXPECT_EQ(CountOf(page.WireOf(row)), 1) << ToUtf8(page.DataCell(row, kItem));
+    }
+  }
+  ExpectTruth();
+}
+
+TEST_P(ReportOfModel, TellsEachItemOfADownloadOnceAndAsItWasSent) {
+  bench.Upload();
+  sent.clear();
+  answered.clear();
+  bench.Download();
+  const ParameterPage& page = bench.Page();
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.IsWritten(row)) {
+      EXPECT_EQ(CountOf(page.WireOf(row)), 1) << ToUtf8(page.DataCell(row, kItem));
+    }
+  }
+  ExpectTruth();
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ReportOfModel, testing::ValuesIn(AllModels()),
+                         [](const testing::TestParamInfo<String>& parameter) {
+                           return "Model_" + ToUtf8(parameter.param);
+                         });
+
+}  // namespace
+}  // namespace korva::test

@@ -1,0 +1,287 @@
+// What the report of a transfer tells of each item, in all families.
+
+#include "companions/transfer_report.h"
+
+#include <gtest/gtest.h>
+
+#include "core/text_utilities.h"
+#include "pages/page_bench.h"
+#include "tables/eeprom_stage.h"
+
+namespace korva::test {
+namespace {
+
+using State = TransferReport::State;
+
+/// A program with a device of a model, which is chosen, and its report.
+class ReportBench : public PageBench {
+ public:
+  explicit ReportBench(const String& model) : device(Connect(model)) {
+    app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
+      (traffic.sent ? sent : answered).push_back(traffic.text);
+    };
+    Choose(model);
+    TakeTables();
+  }
+
+  [[nodiscard]] const TransferReport& Report() const { return app.companions.Report; }
+  void Break(const char* fault) { device.AddFault(sim::ParseFault(fault)); }
+  /// What the report tells of an item, "01/14", behind the questions that come before the items.
+  [[nodiscard]] ReportRow RowOf(const String& item) const {
+    const auto& rows = Report().Rows();
+    const auto found =
+        std::find_if(rows.rbegin(), rows.rend(), [&](const ReportRow& row) { return row.item == item; });
+    return found == rows.rend() ? ReportRow{.item = u"no such row"} : *found;
+  }
+  [[nodiscard]] std::vector<String> Items() const {
+    std::vector<String> items;
+    for (const ReportRow& row : Report().Rows()) {
+      items.push_back(row.item);
+    }
+    return items;
+  }
+  [[nodiscard]] String Told() { return Page().Notes.Told(Notice::Transfer); }
+
+  sim::Device& device;
+  std::vector<String> sent;
+  std::vector<String> answered;
+};
+
+TEST(TransferReportTest, IsUnbegunBeforeTheFirstTransfer) {
+  ReportBench bench(u"QZ");
+  EXPECT_EQ(bench.Report().Now(), State::Unbegun);
+  EXPECT_TRUE(bench.Report().Rows().empty());
+  EXPECT_EQ(bench.Report().FaultSentence(), u"");
+}
+
+TEST(TransferReportTest, TellsOfAnUploadEachItemInItsOrderWithItsCaptionAndTheWholeAnswer) {
+  ReportBench bench(u"QHW");
+  bench.device.Set("01", "14", "1.5");
+  bench.Upload();
+  EXPECT_EQ(bench.Report().Now(), State::Done);
+  EXPECT_EQ(bench.Report().Kind(), Transfer::Upload);
+  EXPECT_EQ(bench.Report().Model(), u"QHW");
+  const std::vector<String> items = bench.Items();
+  EXPECT_EQ(std::vector(items.begin(), items.begin() + 11),
+            (std::vector<String>{u"00/99", u"01/01", u"01/02", u"01/14", u"01/15", u"01/16", u"01/17",
+                                 u"01/19", u"01/20", u"01/10", u"01/11"}));
+  const ReportRow row = bench.RowOf(u"01/14");
+  EXPECT_EQ(row.caption, u"入力ｾﾞﾛ (0%)");
+  EXPECT_EQ(row.sent, u"");
+  EXPECT_EQ(u"D" + row.answered,
+            bench.answered.at(8));  // behind two of the test, three of the mode, two of the tag
+  EXPECT_EQ(row.evidence, Evidence::Read);
+  EXPECT_EQ(bench.Told(), u"");
+}
+
+TEST(TransferReportTest, TellsWhatDidNotAnswerAnUploadThatGoesOn) {
+  ReportBench bench(u"QHW");
+  bench.Break("silent=I14");
+  bench.Break("refused=I16");
+  bench.Break("not-usable=I17");
+  bench.Upload();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
+  EXPECT_EQ(bench.Report().Now(), State::Done);
+  EXPECT_EQ(bench.RowOf(u"01/14"), (ReportRow{.item = u"01/14",
+                                              .caption = u"入力ｾﾞﾛ (0%)",
+                                              .sent = u"",
+                                              .answered = u"",
+                                              .evidence = Evidence::Silent}));
+  EXPECT_EQ(bench.RowOf(u"01/16").evidence, Evidence::Refused);
+  EXPECT_EQ(bench.RowOf(u"01/16").answered, u"CNG");
+  EXPECT_EQ(bench.RowOf(u"01/17").evidence, Evidence::Skipped);
+  EXPECT_EQ(bench.RowOf(u"01/17").skip, Skip::Needless);
+  EXPECT_EQ(bench.RowOf(u"01/17").answered, u"CNU");
+  EXPECT_EQ(bench.Told(), u"Item 01/14 入力ｾﾞﾛ (0%): 変換器の応答がありませんでした。 ほか 1 項目。");
+  EXPECT_EQ(bench.Report().FaultSentence(Language::English),
+            u"Item 01/14 入力ｾﾞﾛ (0%): the device gave no answer. So did 1 more.");
+}
+
+TEST(TransferReportTest, TellsOfADownloadWhatWasSentWhatWasAnsweredAndHowThatProvesIt) {
+  ReportBench bench(u"QHW");
+  bench.Upload();
+  bench.Type(u"02", u"TANK-3");
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+  EXPECT_EQ(bench.Report().Now(), State::Done);
+  EXPECT_EQ(bench.Report().Kind(), Transfer::Download);
+  EXPECT_EQ(bench.RowOf(u"01/02"), (ReportRow{.item = u"01/02",
+                                              .caption = u"ﾀｸﾞ名",
+                                              .sent = u"TANK-3",
+                                              .answered = u"TG:TANK-3",
+                                              .evidence = Evidence::Compared}));
+  // Choices go as their codes and come back as their texts, zero and span are what the device makes of them.
+  EXPECT_EQ(bench.RowOf(u"01/10").sent, u"1");
+  EXPECT_EQ(bench.RowOf(u"01/10").answered, u"1:DC V");
+  EXPECT_EQ(bench.RowOf(u"01/10").evidence, Evidence::Compared);
+  EXPECT_EQ(bench.RowOf(u"01/14").evidence, Evidence::Held);
+  EXPECT_EQ(bench.RowOf(u"01/15").evidence, Evidence::Held);
+  EXPECT_EQ(bench.RowOf(u"01/16").evidence, Evidence::Compared);
+  EXPECT_EQ(bench.RowOf(u"01/17").evidence, Evidence::Compared);
+  EXPECT_EQ(bench.RowOf(u"01/19").evidence, Evidence::Echoed);
+}
+
+TEST(TransferReportTest, TellsTheItemAtWhichADownloadFailedAndWhatWasNotReached) {
+  ReportBench bench(u"QHW");
+  bench.Upload();
+  bench.Type(u"02", u"TANK-3");
+  bench.Type(u"20", u"99.5");
+  bench.Break("wrong-echo=DTANK-3");
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDataMismatch));
+  EXPECT_EQ(bench.Report().Now(), State::Broken);
+  const ReportRow row = bench.RowOf(u"01/02");
+  EXPECT_EQ(row.sent, u"TANK-3");
+  EXPECT_NE(row.answered, u"TG:TANK-3");
+  EXPECT_TRUE(row.answered.starts_with(u"TG:")) << ToUtf8(row.answered);
+  EXPECT_EQ(row.evidence, Evidence::Differs);
+  EXPECT_EQ(bench.RowOf(u"01/20").evidence, Evidence::NotReached);
+  EXPECT_EQ(bench.RowOf(u"01/20").sent, u"99.5");
+  EXPECT_EQ(bench.Told(),
+            u"Item 01/02 ﾀｸﾞ名: 「TANK-3」に対し、変換器は「" + row.answered + u"」と応答しました。");
+}
+
+TEST(TransferReportTest, TellsARefusedWriteWithTheDevicesAnswerInBothDialects) {
+  for (const StringView model : {u"QHW", u"Z2WQ"}) {
+    SCOPED_TRACE(ToUtf8(model));
+    ReportBench bench{String(model)};
+    bench.Upload();
+    bench.Type(u"02", u"TANK-3");
+    bench.Break("refused=DTANK-3");
+    bench.Download();
+    EXPECT_EQ(bench.Report().Now(), State::Broken);
+    EXPECT_EQ(bench.RowOf(u"01/02").sent, u"TANK-3");
+    EXPECT_EQ(bench.RowOf(u"01/02").evidence, Evidence::Refused);
+    EXPECT_NE(bench.RowOf(u"01/02").answered, u"");
+    EXPECT_NE(bench.Told().find(u"「TANK-3」を拒否しました"), String::npos) << ToUtf8(bench.Told());
+  }
+}
+
+TEST(TransferReportTest, TellsALinkTestWithoutAnswerAndBreaksOff) {
+  ReportBench bench(u"QHW");
+  bench.Break("silent");
+  bench.Upload();
+  EXPECT_EQ(bench.Report().Now(), State::Broken);
+  EXPECT_EQ(bench.Items(), std::vector<String>{u"00/99"});
+  EXPECT_EQ(bench.RowOf(u"00/99").evidence, Evidence::Silent);
+  EXPECT_EQ(bench.Told(), u"Item 00/99 通信ﾃｽﾄ: 変換器の応答がありませんでした。");
+}
+
+TEST(TransferReportTest, TellsWhyAnItemWasNotSent) {
+  ReportBench bench(u"QHW");
+  bench.Break("not-usable=I17");
+  bench.Upload();
+  bench.device.ClearFaults();
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+  EXPECT_EQ(bench.RowOf(u"01/17").evidence, Evidence::Skipped);
+  EXPECT_EQ(bench.RowOf(u"01/17").skip, Skip::Needless);
+  EXPECT_EQ(EvidenceText(bench.RowOf(u"01/17")), u"送信なし: 変換器で使用しない");
+}
+
+TEST(TransferReportTest, ANewTransferClearsItAndAnotherModelTheSentence) {
+  ReportBench bench(u"QHW");
+  bench.Break("silent=I14");
+  bench.Upload();
+  EXPECT_NE(bench.Told(), u"");
+  bench.device.ClearFaults();
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  EXPECT_EQ(bench.Told(), u"");
+  EXPECT_EQ(bench.RowOf(u"01/14").evidence, Evidence::Read);
+  bench.Break("silent=I14");
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  const auto rows = bench.Report().Rows();
+  bench.Page().DataChanged = false;
+  bench.Choose(u"QZ");
+  EXPECT_EQ(bench.Told(), u"");
+  EXPECT_EQ(bench.Report().Rows(), rows);
+}
+
+TEST(TransferReportTest, StaysAsItIsWhenTheUserDoesNotBegin) {
+  ReportBench bench(u"QHW");
+  bench.Upload();
+  const auto rows = bench.Report().Rows();
+  bench.dialogs.QueueAnswer(Answer::Cancel);
+  bench.Click(bench.Page().cmdDownload);
+  EXPECT_EQ(bench.Report().Rows(), rows);
+  EXPECT_EQ(bench.Report().Kind(), Transfer::Upload);
+}
+
+TEST(TransferReportTest, TellsTheResetAndTheUnitsOfAPulseConverter) {
+  ReportBench bench(u"QEY");
+  bench.Upload();
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+  EXPECT_EQ(bench.RowOf(u"01/34"), (ReportRow{.item = u"01/34",
+                                              .caption = u"ﾃﾞﾌｫﾙﾄ値に設定",
+                                              .sent = u"1",
+                                              .answered = u"all prms default",
+                                              .evidence = Evidence::Compared}));
+}
+
+TEST(TransferReportTest, TellsTheTypesThatAreCollatedBeforeAnythingIsSent) {
+  ReportBench bench(u"Z2WV");
+  bench.Upload();
+  const String type = bench.Page().Item(10);
+  bench.Download();
+  const auto& rows = bench.Report().Rows();
+  const auto collated = std::find_if(rows.begin(), rows.end(),
+                                     [](const ReportRow& row) { return row.evidence == Evidence::Collated; });
+  ASSERT_NE(collated, rows.end());
+  EXPECT_EQ(*collated, (ReportRow{.item = u"01/10",
+                                  .caption = u"入力種類",
+                                  .sent = type,
+                                  .answered = type,
+                                  .evidence = Evidence::Collated}));
+  EXPECT_EQ((collated + 1)->item, u"01/11");
+  EXPECT_EQ((collated + 1)->evidence, Evidence::Collated);
+}
+
+TEST(TransferReportTest, TellsATypeThatIsFixedInTheDeviceAndDiffers) {
+  ReportBench bench(u"QHW");
+  bench.device.Set("01", "10", "5:mA SHUNT");
+  bench.Choose(u"QHW");
+  bench.Page().SetItem(10, u"1:DC V");
+  bench.Download();
+  EXPECT_EQ(bench.Report().Now(), State::Broken);
+  EXPECT_EQ(bench.RowOf(u"01/10").sent, u"1:DC V");
+  EXPECT_EQ(bench.RowOf(u"01/10").answered, u"5:mA SHUNT");
+  EXPECT_EQ(bench.RowOf(u"01/10").evidence, Evidence::Differs);
+  EXPECT_EQ(bench.Told(), u"Item 01/10 入力種類: 「1:DC V」に対し、変換器は「5:mA SHUNT」と応答しました。");
+}
+
+TEST(TransferReportTest, TellsTwoNumbersThatAreOneItemOnOneLine) {
+  ReportBench bench(u"Z8WV2");
+  bench.device.Set("01", "14", "2 12");
+  bench.Upload();
+  const auto read = bench.Report().Rows();
+  EXPECT_EQ(
+      std::count_if(read.begin(), read.end(), [](const ReportRow& row) { return row.item == u"01/14"; }), 1);
+  EXPECT_NE(bench.RowOf(u"01/14").answered.find(u' '), String::npos);
+  bench.Type(u"14_0", u"0.5");
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+  const auto sent_rows = bench.Report().Rows();
+  EXPECT_EQ(std::count_if(sent_rows.begin(), sent_rows.end(),
+                          [](const ReportRow& row) { return row.item == u"01/14"; }),
+            1);
+  EXPECT_EQ(bench.RowOf(u"01/14").sent, u"0.500 12.000");
+  EXPECT_EQ(bench.RowOf(u"01/14").evidence, Evidence::Held);
+}
+
+TEST(TransferReportTest, TellsOfAUniversalDeviceWhatItsBoxHasNoRoomFor) {
+  ReportBench bench(u"QXI");
+  bench.Upload();
+  bench.Type(u"02", u"TANK-3");
+  bench.Break("refused=DTANK-3");
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::ItemDownloadError, {u"Group=01 Item=02", u"NG"}));
+  EXPECT_EQ(bench.RowOf(u"01/02").sent, u"TANK-3");
+  EXPECT_EQ(bench.RowOf(u"01/02").answered, u"CNG");
+  EXPECT_EQ(bench.RowOf(u"01/02").evidence, Evidence::Refused);
+}
+
+}  // namespace
+}  // namespace korva::test
