@@ -66,8 +66,7 @@ class CfgReader {
 
   /// Passes over the lines up to the next key.
   void SkipSection() {
-    String line;
-    while (NextRecord(line)) {
+    while (NextLineOfSection(lines_, kCfgHandle)) {
     }
   }
 
@@ -112,27 +111,20 @@ class CfgReader {
 
   CfgModel ReadModel() {
     String def_file;
-    String line;
-    while (NextRecord(line)) {
-      def_file = line;
+    while (const std::optional<String> line = NextLineOfSection(lines_, kCfgHandle)) {
+      def_file = *line;
     }
     return ModelOf(def_file, models_);
   }
 
   void ReadData() {
-    String line;
-    while (NextRecord(line)) {
-      int position = lines_.NextField(1, line);
-      const int group = LeadingInteger(lines_.Field());
-      position = lines_.NextField(position, line);
-      const int item = LeadingInteger(lines_.Field());
-      position = lines_.NextField(position, line);
-      if (!set_.Has(group, item)) {
-        reading_.outside = Ascii("Group ") + Number(group) + Ascii(", Item ") + Number(item);
+    while (const std::optional<SectionRecord> record = NextRecord(lines_, kCfgHandle)) {
+      if (!set_.Has(record->group, record->item)) {
+        reading_.outside = Ascii("Group ") + Number(record->group) + Ascii(", Item ") + Number(record->item);
         return;
       }
-      set_.Set(group, item, lines_.Field());
-      if (position != -1) {
+      set_.Set(record->group, record->item, record->text);
+      if (!record->whole) {
         reading_.faults.push_back(BoxKey::CfgDataFormat);
         return;
       }
@@ -140,33 +132,20 @@ class CfgReader {
   }
 
   void ReadMemo() {
-    String line;
-    while (NextRecord(line)) {
-      const int position = lines_.NextField(1, line);
+    while (const std::optional<String> line = NextLineOfSection(lines_, kCfgHandle)) {
+      const int position = lines_.NextField(1, *line);
       if (position == -1) {
-        set_.Memo.append(kLineEnd).append(line);
+        set_.Memo.append(kLineEnd).append(*line);
         continue;
       }
       const int entry = LeadingInteger(lines_.Field());
-      lines_.NextField(position, line);
+      lines_.NextField(position, *line);
       if (entry == 0) {
         set_.Author = lines_.Field();
       } else if (entry == 1) {
         set_.Memo = lines_.Field();
       }
     }
-  }
-
-  bool NextRecord(String& line) {
-    if (AtEnd()) {
-      return false;
-    }
-    line = lines_.ReadLine(kCfgHandle);
-    if (!IsKeyLine(line)) {
-      return true;
-    }
-    lines_.UnreadLine(line);
-    return false;
   }
 
   LineReader& lines_;

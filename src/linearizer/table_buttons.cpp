@@ -69,19 +69,12 @@ SectionRead TableButtons::ReadCfgSection(StringView key, LineReader& lines, int 
   if (!form_.sized || key != kSizeKey) {
     return SectionRead::NotMine;
   }
-  while (!lines.AtEnd(handle)) {
-    const String line = lines.ReadLine(handle);
-    if (IsKeyLine(line)) {
-      lines.UnreadLine(line);
-      break;
+  while (const std::optional<SectionRecord> record = NextRecord(lines, handle)) {
+    if (record->group == kSizeGroup && record->item == kSizeItem) {
+      page_.GroupItem.TableSize = record->text;
     }
-    int position = lines.NextField(1, line);
-    const int group = LeadingInteger(lines.Field());
-    position = lines.NextField(position, line);
-    const int item = LeadingInteger(lines.Field());
-    lines.NextField(position, line);
-    if (group == kSizeGroup && item == kSizeItem) {
-      page_.GroupItem.TableSize = lines.Field();
+    if (!record->whole) {
+      return SectionRead::Faulty;
     }
   }
   return SectionRead::Whole;

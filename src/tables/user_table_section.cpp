@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "files/section_lines.h"
 
@@ -31,11 +30,12 @@ String CellRecords(const LnrTable& table) {
   return records;
 }
 
-void TakeRecord(int group, int place, const String& text, SavedTable& saved) {
-  if (group == kFieldGroup && place >= 0 && place < static_cast<int>(saved.fields.size())) {
-    saved.fields.at(static_cast<std::size_t>(place)) = text;
-  } else if (group == kCellGroup) {
-    saved.cells.emplace_back(place, text);
+void TakeRecord(const SectionRecord& record, SavedTable& saved) {
+  const int fields = static_cast<int>(saved.fields.size());
+  if (record.group == kFieldGroup && record.item >= 0 && record.item < fields) {
+    saved.fields.at(static_cast<std::size_t>(record.item)) = record.text;
+  } else if (record.group == kCellGroup) {
+    saved.cells.emplace_back(record.item, record.text);
   }
 }
 
@@ -52,19 +52,9 @@ String TableSection(const UserTableFields::Texts& fields, const LnrTable* table)
 }
 
 SectionRead ReadTableSection(LineReader& lines, int handle, SavedTable& saved) {
-  while (!lines.AtEnd(handle)) {
-    const String line = lines.ReadLine(handle);
-    if (IsKeyLine(line)) {
-      lines.UnreadLine(line);
-      break;
-    }
-    int position = lines.NextField(1, line);
-    const int group = LeadingInteger(lines.Field());
-    position = lines.NextField(position, line);
-    const int place = LeadingInteger(lines.Field());
-    position = lines.NextField(position, line);
-    TakeRecord(group, place, lines.Field(), saved);
-    if (position != -1) {
+  while (const std::optional<SectionRecord> record = NextRecord(lines, handle)) {
+    TakeRecord(*record, saved);
+    if (!record->whole) {
       return SectionRead::Faulty;
     }
   }

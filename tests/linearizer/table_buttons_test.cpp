@@ -414,6 +414,21 @@ TEST(TableSizeTest, OtherRecordsOfTheSectionAreIgnored) {
   EXPECT_EQ(bench.buttons.txtSize.Text(), u"9");
 }
 
+TEST(TableSizeTest, ARecordWithMoreFieldsIsTold) {
+  CommandBench bench;
+  bench.Type(bench.buttons.txtSize, u"16");
+  bench.Save(kFile);
+  String text = bench.TextOf(kFile);
+  const String record = u"\"5\",\"0\",\"16\"\r\n";
+  text.replace(text.find(record), record.size(), u"\"5\",\"0\",\"9,5\"\r\n");
+  bench.files.Put(kFile, bench.code_page.Encode(text).value());
+  bench.Page().DataChanged = false;
+  bench.TakeBoxes();
+  bench.Open(kFile);
+  EXPECT_EQ(bench.TakeBoxes(), std::vector<std::string>{Shown(BoxKey::CfgDataFormat)});
+  EXPECT_EQ(bench.buttons.txtSize.Text(), u"9");
+}
+
 TEST(TableSizeTest, ATableFileWithAHeadLineTellsItAndOneWithoutLeavesIt) {
   CommandBench bench;
   bench.PutText(u"/korva/data/table.csv", u"Size, 2 \n0,0\n100,100\n");
