@@ -211,5 +211,10 @@ struct FieldForm {
 
 /// The text of the families that have only the tag.
 inline constexpr std::array<StringView, 1> kTagAlone = {u"02"};
+/// The data of a cold junction, which are checked where they are changed.
+inline constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
+/// The input, and the output or both outputs.
+inline constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
+inline constexpr std::array<StringView, 3> kTypesOfTwoOutputs = {u"10", u"11", u"41"};
 
 }  // namespace korva

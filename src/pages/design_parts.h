@@ -231,11 +231,38 @@ constexpr std::array<DesignRow, 2> ThresholdRows(const ItemPlace& place) {
            {.label = "lblMeasFreq", .field = "txtMeasFreq", .unit = "unitMeasFreq"}}};
 }
 
+/// The options of a transmitter with user tables and their frames.
+inline constexpr std::array kSensorOptions = {
+    DesignOptions{.options = "optTempUnit", .frame = "Frame(0)"},
+    DesignOptions{.options = "Opt_Cjc", .frame = "Frame(1)"},
+    DesignOptions{.options = "optBurn", .frame = "Frame(2)"},
+    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(3)"},
+};
+
 /// The switches of a linearizer and their frames.
 inline constexpr std::array kTableOptions = {
     DesignOptions{.options = "Opt_Table", .frame = "Frame(0)"},
     DesignOptions{.options = "Opt_Lnr", .frame = "Frame(1)"},
 };
+
+/// The exchange of the cold junction module, whose frame is opened by a button beside it.
+inline constexpr std::array kCjmRows = {DesignRow{.field = "cmdChangeCJM"}};
+/// Its two values, the first at this place and the second at the next.
+constexpr std::array<DesignRow, 5> CjmExchangeRows(const ItemPlace& first) {
+  return {{{.field = "lbl_CJMmsg"},
+           FieldRow(first),
+           FieldRow({.item = u"35", .label = first.label + 1, .field = first.field + 1}),
+           {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
+           {.label = "lblPrg", .field = "CJM_ProgressBar"}}};
+}
+constexpr std::array<DesignGroup, 2> CjmGroups(std::span<const DesignRow> exchange) {
+  return {{{.heading = TextKey::Cjm, .rows = kCjmRows},
+           {.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = exchange}}};
+}
+/// The tab with these boxes.
+constexpr DesignTab CjmTab(std::span<const DesignGroup> groups) {
+  return {.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = groups};
+}
 
 /// Live values under their heading, with the buttons of the monitor.
 template <std::size_t count>

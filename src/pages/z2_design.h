@@ -11,21 +11,9 @@ inline constexpr std::array kSettingRows = OutputRows(std::array{
     LiveRow({.item = u"03_mon", .label = 1, .field = 21}),
 });
 
-/// The exchange of the cold junction module, whose frame is opened by a button beside it.
-inline constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
-inline constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
-    {.field = "lbl_CJMmsg"},
-    FieldRow({.item = u"34", .label = 20, .field = 7}),
-    FieldRow({.item = u"35", .label = 21, .field = 8}),
-    {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
-    {.label = "lblPrg", .field = "CJM_ProgressBar"},
-});
-inline constexpr std::array kCjmGroups = {
-    DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
-    DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
-};
-inline constexpr DesignTab kCjmTab = {
-    .caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups};
+inline constexpr std::array kCjmExchangeRows = CjmExchangeRows({.item = u"34", .label = 20, .field = 7});
+inline constexpr std::array kCjmGroups = CjmGroups(kCjmExchangeRows);
+inline constexpr DesignTab kCjmTab = CjmTab(kCjmGroups);
 
 /// The boxes of the input's tab.
 constexpr std::array<DesignGroup, 2> InputGroups(std::span<const DesignRow> input,

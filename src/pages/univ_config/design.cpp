@@ -61,14 +61,7 @@ constexpr std::array kFreeRows =
 
 constexpr std::array kPointRows = PointRows("cmd_csvFileOpen");
 
-constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
-constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
-    {.field = "lbl_CJMmsg"},
-    FieldRow({.item = u"34", .label = 21, .field = 11}),
-    FieldRow({.item = u"35", .label = 22, .field = 12}),
-    {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
-    {.label = "lblPrg", .field = "CJM_ProgressBar"},
-});
+constexpr std::array kCjmExchangeRows = CjmExchangeRows({.item = u"34", .label = 21, .field = 11});
 
 constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"04", .label = 2, .field = 22}),
@@ -93,10 +86,7 @@ constexpr std::array kOutputGroups = {
     DesignGroup{.heading = TextKey::Details, .rows = kFreeRows},
 };
 constexpr std::array kTableGroups = TableGroups(kPointRows);
-constexpr std::array kCjmGroups = {
-    DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
-    DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
-};
+constexpr std::array kCjmGroups = CjmGroups(kCjmExchangeRows);
 constexpr auto kInputPictureRows = std::to_array<DesignRow>({{.field = "ImgInput"}});
 constexpr auto kOutputPictureRows = std::to_array<DesignRow>({{.field = "ImgOutput"}});
 constexpr std::array kDipSwitchGroups = {
@@ -110,7 +100,7 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::Input, .groups = kInputGroups},
     DesignTab{.caption = TextKey::Output, .groups = kOutputGroups},
     TableTab(kTableGroups),
-    DesignTab{.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups},
+    CjmTab(kCjmGroups),
     DesignTab{.caption = TextKey::DipSwitch, .groups = kDipSwitchGroups},
     kPortTab,
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},

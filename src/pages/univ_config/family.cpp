@@ -36,8 +36,6 @@ constexpr std::array kLists = {
     ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Texts},
 };
 constexpr std::array<StringView, 6> kLiveItems = {u"03_set", u"03_mon", u"04", u"05", u"06", u"07"};
-constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
-constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
 
 /// The device tells its temperature unit by its text or its code.
 constexpr UnitSource kTemperatureUnit = {

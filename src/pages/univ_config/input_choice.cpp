@@ -1,5 +1,7 @@
 #include "pages/univ_config/input_choice.h"
 
+#include "core/numbers.h"
+
 namespace korva {
 
 InputClass ClassOfInput(StringView input) {
@@ -20,6 +22,10 @@ bool IsTemperature(InputClass input_class) {
 }
 
 bool HasUsersRange(StringView type) { return type.starts_with(u"mV-Z:") || type.starts_with(u"mV-0:"); }
+
+int ItemOf(const ParameterPage& page, int row) {
+  return page.DataCell(row, kGroup) == u"01" ? LeadingInteger(page.DataCell(row, kItem)) : -1;
+}
 
 bool IsOfUse(int item, StringView input, StringView output) {
   const InputClass input_class = ClassOfInput(input);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/string.h"
+#include "files/parameter_page.h"
 
 namespace korva {
 
@@ -26,6 +26,9 @@ enum class InputClass {
 
 /// True for the inputs in mV and mA, and the outputs, whose range the user sets: "mV-Z:" and "mV-0:".
 [[nodiscard]] bool HasUsersRange(StringView type);
+
+/// The number of a row's item of group "01"; -1 for a row of any other group.
+[[nodiscard]] int ItemOf(const ParameterPage& page, int row);
 
 /// False for an item of group "01" that a device with this input and output has no use for: it is neither
 /// checked nor sent.

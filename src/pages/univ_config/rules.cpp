@@ -41,7 +41,7 @@ UnivConfigRules::UnivConfigRules(UnivConfig& page) : page_(page) {
 }
 
 void UnivConfigRules::RowShown(int row) {
-  const int item = page_.DataCell(row, kGroup) == u"01" ? LeadingInteger(page_.DataCell(row, kItem)) : -1;
+  const int item = ItemOf(page_, row);
   const int choice = ChoiceOfEnd(item);
   const bool fixed = choice >= 0 && !page_.Item(choice).empty() &&
                      !IsOfUse(item, page_.Item(kTypeItem), page_.Item(kRangeItem));

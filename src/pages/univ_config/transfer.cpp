@@ -16,8 +16,7 @@ constexpr int kLastRow = 36;
 }  // namespace
 
 bool UnivConfigForm::Applies(int row) const {
-  return Page().DataCell(row, kGroup) != u"01" || IsOfUse(LeadingInteger(Page().DataCell(row, kItem)),
-                                                          Page().Item(kTypeItem), Page().Item(kRangeItem));
+  return IsOfUse(ItemOf(Page(), row), Page().Item(kTypeItem), Page().Item(kRangeItem));
 }
 
 std::optional<CodeTable> UnivConfigForm::CodesOf(int item) const {

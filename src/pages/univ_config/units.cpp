@@ -37,10 +37,6 @@ bool IsOfRange(int item) { return item == kZeroItem || item == kSpanItem; }
 
 bool IsLiveTemperature(int item) { return item == 4 || item == 6 || item == 7; }
 
-int ItemOf(const ParameterPage& page, int row) {
-  return page.DataCell(row, kGroup) == u"01" ? LeadingInteger(page.DataCell(row, kItem)) : -1;
-}
-
 }  // namespace
 
 // What an optTempUnit converts is shown as a whole number within the limits of its input.

@@ -39,8 +39,6 @@ constexpr std::array kLists = {
     ListRule{.key = u"$I11", .table = u"$I11", .fill = ListFill::Coded},
 };
 constexpr std::array<StringView, 6> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"06", u"07"};
-constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
-constexpr std::array<StringView, 2> kTypes10And11 = {u"10", u"11"};
 
 constexpr std::array kCycle = {CycleItem{.key = u"04"}, CycleItem{.key = u"03"}, CycleItem{.key = u"06"},
                                CycleItem{.key = u"07"}};

@@ -93,15 +93,8 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
 };
 
-constexpr std::array kOptions = {
-    DesignOptions{.options = "optTempUnit", .frame = "Frame(0)"},
-    DesignOptions{.options = "Opt_Cjc", .frame = "Frame(1)"},
-    DesignOptions{.options = "optBurn", .frame = "Frame(2)"},
-    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(3)"},
-};
-
 }  // namespace
 
-const Design kZ2UnivConfigDesign = {.tabs = kTabs, .options = kOptions};
+const Design kZ2UnivConfigDesign = {.tabs = kTabs, .options = kSensorOptions};
 
 }  // namespace korva

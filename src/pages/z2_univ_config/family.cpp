@@ -45,7 +45,6 @@ constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"03", u
 /// The address of the plant network is of two hexadecimal digits.
 constexpr std::array<StringView, 2> kTextItems = {u"02", u"81"};
 constexpr std::array<StringView, 3> kBlankItems = {u"34", u"35", u"81"};
-constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
 
 constexpr UnitSource kUnitOfInput = {.kind = UnitKind::Input};
 /// An input that the device does not tell has no unit: that of the set may be another one's.
@@ -113,7 +112,7 @@ constexpr FamilyRecord kZ2UnivConfigRecord = {
                         .live_items = kLiveItems,
                         .text_items = kTextItems,
                         .blank_items = kBlankItems,
-                        .needed_choices = kNeededChoices},
+                        .needed_choices = kTypesOfTwoOutputs},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = live::kCycle04To07,
                 .clean = TrimNumericTail,

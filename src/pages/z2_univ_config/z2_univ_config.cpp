@@ -1,5 +1,6 @@
 #include "pages/z2_univ_config/z2_univ_config.h"
 
+#include "pages/sensor_options.h"
 #include "pages/z2_univ_config/design.h"
 
 namespace korva {
@@ -28,23 +29,8 @@ z2UnivConfig::z2UnivConfig(Program& program, const FamilyRecord& record, DeviceL
       upload_(*this, form_, upload_steps_),
       check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
-  AddAllOptions();
+  AddSensorOptions(*this, Opt_Cjc, optBurn, tables.Opt_Lnr);
   ApplyDesign();
-}
-
-void z2UnivConfig::AddAllOptions() {
-  const auto add = [this](StringView key, StringView item, OptionGroup& options, bool captions) {
-    AddOptions({.key = key,
-                .table = key,
-                .item = item,
-                .options = &options,
-                .captions_from_table = captions,
-                .reads_codes = true});
-  };
-  add(u"$I21", u"21", optTempUnit, false);
-  add(u"$I23", u"23", Opt_Cjc, true);
-  add(u"$I24", u"24", optBurn, true);
-  add(u"$I25", u"25", tables.Opt_Lnr, false);
 }
 
 }  // namespace korva

@@ -32,8 +32,6 @@ class z2UnivConfig final : public ParameterPage {
   OutputSetting output;
 
  private:
-  void AddAllOptions();
-
   Z2UnivConfigForm form_;
   Z2UnivConfigUpload upload_steps_;
   Z2UnivConfigCheck check_steps_;

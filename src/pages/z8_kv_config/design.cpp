@@ -67,14 +67,7 @@ constexpr std::array kFreeRows = FreeRows(
 constexpr std::array kPointRows = Joined(kUserGridRows, std::array{DesignRow{.field = "lblLnrLimits"}},
                                          UserMoveRows("cmd_csvFileOpen cmd_csvFileSave"));
 
-constexpr auto kCjmRows = std::to_array<DesignRow>({{.field = "cmdChangeCJM"}});
-constexpr auto kCjmExchangeRows = std::to_array<DesignRow>({
-    {.field = "lbl_CJMmsg"},
-    FieldRow({.item = u"34", .label = 26, .field = 13}),
-    FieldRow({.item = u"35", .label = 27, .field = 14}),
-    {.field = "cmdCJMcheck cmdWriteInCJM cmdDefaultCJM cmdCancelCJM"},
-    {.label = "lblPrg", .field = "CJM_ProgressBar"},
-});
+constexpr std::array kCjmExchangeRows = CjmExchangeRows({.item = u"34", .label = 26, .field = 13});
 
 constexpr std::array kMonitorRows = MonitorRows(std::array{
     LiveRow({.item = u"04", .label = 2, .field = 23}),
@@ -132,10 +125,7 @@ constexpr std::array kSecondOutputGroups = {
     DesignGroup{.column = 1, .heading = TextKey::Details, .rows = kFreeRows},
 };
 constexpr std::array kTableGroups = UserTableGroups(kPointRows, kUserFieldRows);
-constexpr std::array kCjmGroups = {
-    DesignGroup{.heading = TextKey::Cjm, .rows = kCjmRows},
-    DesignGroup{.heading = TextKey::ChangeCjm, .frame = "fraCJM", .rows = kCjmExchangeRows},
-};
+constexpr std::array kCjmGroups = CjmGroups(kCjmExchangeRows);
 constexpr std::array kIoCheckGroups = {
     DesignGroup{.heading = TextKey::Monitoring, .frame = "fraMonitoring", .rows = kMonitorRows},
     DesignGroup{.heading = TextKey::Output, .rows = kSettingRows},
@@ -148,20 +138,13 @@ constexpr std::array kTabs = {
     DesignTab{.caption = TextKey::Output1, .groups = kFirstOutputGroups},
     DesignTab{.caption = TextKey::Output2, .groups = kSecondOutputGroups},
     TableTab(kTableGroups),
-    DesignTab{.caption = TextKey::Cjm, .rule = TabRule::BySwitch, .groups = kCjmGroups},
+    CjmTab(kCjmGroups),
     kPortTab,
     DesignTab{.caption = TextKey::IoCheck, .groups = kIoCheckGroups},
 };
 
-constexpr std::array kOptions = {
-    DesignOptions{.options = "optTempUnit", .frame = "Frame(0)"},
-    DesignOptions{.options = "Opt_Cjc", .frame = "Frame(1)"},
-    DesignOptions{.options = "optBurn", .frame = "Frame(2)"},
-    DesignOptions{.options = "Opt_Lnr", .frame = "Frame(3)"},
-};
-
 }  // namespace
 
-const Design kZ8KvConfigDesign = {.tabs = kTabs, .options = kOptions};
+const Design kZ8KvConfigDesign = {.tabs = kTabs, .options = kSensorOptions};
 
 }  // namespace korva

@@ -36,8 +36,6 @@ constexpr std::array kLists = {
     ListRule{.key = u"$I41", .table = u"$I41", .fill = ListFill::Texts},
 };
 constexpr std::array<StringView, 7> kLiveItems = {u"03_set", u"03_mon", u"03", u"04", u"05", u"06", u"07"};
-constexpr std::array<StringView, 2> kColdJunctionItems = {u"34", u"35"};
-constexpr std::array<StringView, 3> kNeededChoices = {u"10", u"11", u"41"};
 
 constexpr std::array<StringView, 1> kVoltage = {u"Z8WV2.def"};
 constexpr std::array<StringView, 1> kPotentiometer = {u"Z8WM2.def"};
@@ -124,7 +122,7 @@ constexpr FamilyRecord kZ8KvConfigRecord = {
                         .live_items = kLiveItems,
                         .text_items = kTagAlone,
                         .blank_items = kColdJunctionItems,
-                        .needed_choices = kNeededChoices},
+                        .needed_choices = kTypesOfTwoOutputs},
     .monitor = {.presence = live::kItems03To07,
                 .cycle = live::kCycle04To07,
                 .clean = TrimNumericTail,

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "pages/sensor_options.h"
 #include "pages/z8_kv_config/design.h"
 
 namespace korva {
@@ -42,23 +43,8 @@ z8KvConfig::z8KvConfig(Program& program, const FamilyRecord& record, DeviceLink&
       upload_(*this, form_, upload_steps_),
       check_(*this, form_, check_steps_),
       download_(*this, form_, check_, download_steps_) {
-  AddAllOptions();
+  AddSensorOptions(*this, Opt_Cjc, optBurn, tables.Opt_Lnr);
   ApplyDesign();
-}
-
-void z8KvConfig::AddAllOptions() {
-  const auto add = [this](StringView key, StringView item, OptionGroup& options, bool captions_from_table) {
-    AddOptions({.key = key,
-                .table = key,
-                .item = item,
-                .options = &options,
-                .captions_from_table = captions_from_table,
-                .reads_codes = true});
-  };
-  add(u"$I21", u"21", optTempUnit, false);
-  add(u"$I23", u"23", Opt_Cjc, true);
-  add(u"$I24", u"24", optBurn, true);
-  add(u"$I25", u"25", tables.Opt_Lnr, false);
 }
 
 }  // namespace korva

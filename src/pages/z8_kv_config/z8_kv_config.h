@@ -36,8 +36,6 @@ class z8KvConfig final : public ParameterPage {
   FineTrim second_span;
 
  private:
-  void AddAllOptions();
-
   TemperatureUnits units_;
   Z8KvConfigForm form_;
   Z8KvConfigUpload upload_steps_;
