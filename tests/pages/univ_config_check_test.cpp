@@ -72,6 +72,35 @@ TEST(UnivCheck, TestsNothingThatIsNeedless) {
   EXPECT_TRUE(bench.Passes());
 }
 
+TEST(UnivCheck, TestsNothingThatIsLocked) {
+  UnivBench bench;
+  String text = bench.TextOf(test::DefPath(u"QXI"));
+  const String row = u"$in, ,       Item21, ,    ,   ,    Y,    , AL1SET REAL,";
+  const std::size_t at = text.find(row);
+  ASSERT_NE(at, String::npos);
+  text.replace(at, row.size(), u"$in, ,       Item21, ,    ,   Y, Y,    , AL1SET REAL,");
+  bench.files.Put(test::DefPath(u"QXI"), bench.code_page.Encode(text).value());
+  bench.Choose(u"QXI2");
+  bench.PickInput(u"Tc-2:K(CA)");
+  bench.PickOutput(u"mV-1:1-5 V");
+  for (const auto& [item, value] : {std::pair(19, u"0"),
+                                    {20, u"100"},
+                                    {27, u"5"},
+                                    {29, u"20"},
+                                    {30, u"5"},
+                                    {80, u"0"},
+                                    {81, u"0"},
+                                    {82, u"0"},
+                                    {83, u"0"},
+                                    {26, u"x"}}) {
+    bench.Show(item, value);
+  }
+  ASSERT_TRUE(bench.Field(u"26").Locked());
+  EXPECT_TRUE(bench.Passes());
+  bench.Show(27, u"x");
+  EXPECT_FALSE(bench.Passes());
+}
+
 /// Item 14 and 15 of an input.
 struct RangeCase {
   String input;

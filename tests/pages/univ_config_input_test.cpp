@@ -431,6 +431,21 @@ TEST(UnivOptions, ATextOfTheDeviceOrAFileBecomesTheCode) {
   EXPECT_EQ(bench.Univ().optBurn.Selected(), -1);
 }
 
+TEST(UnivBoxes, AreLockedWhereTheDefinitionSaysSo) {
+  for (const auto& [row, box] : {std::pair(u"01, 10,     11,", 0), {u"01, 11,     14,", 1}}) {
+    UnivBench bench;
+    String text = bench.TextOf(test::DefPath(u"QXI"));
+    const String open = u",   ,    Y,";  // the rule of change, and that it is written
+    text.replace(text.find(open, text.find(row)), open.size(), u",   Y, Y,");
+    bench.files.Put(test::DefPath(u"QXI"), bench.code_page.Encode(text).value());
+    bench.Choose(u"QXI2");
+    for (const int one : {0, 1}) {
+      EXPECT_EQ(bench.Page().Combo[one].Locked(), one == box) << one;
+      EXPECT_EQ(bench.Page().Combo[one].ShownLook(), one == box ? Look::Grey : Look::Normal) << one;
+    }
+  }
+}
+
 TEST(UnivBoxes, ListEveryRowWithATextAndAreOpenUnlessTheRowIsFixed) {
   UnivBench bench;
   String text = bench.TextOf(test::DefPath(u"QXI"));

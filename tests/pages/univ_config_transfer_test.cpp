@@ -82,8 +82,12 @@ TEST(UnivUpload, AsksForTheTableOfEachKindButNone) {
     String input;
     bool asked;
   };
-  for (const Kind& one : std::vector<Kind>{
-           {u"Tc-2:K(CA)", false}, {u"POT:RATIO", true}, {u"Tc-99:USER", true}, {u"RB-98:USER", true}}) {
+  for (const Kind& one : std::vector<Kind>{{u"Tc-2:K(CA)", false},
+                                           {u"POT:RATIO", true},
+                                           {u"mV-1:1-5 V", true},
+                                           {u"Tc-99:USER", true},
+                                           {u"RB-98:USER", true},
+                                           {u"RB-97:USER 2W", true}}) {
     SCOPED_TRACE(ToUtf8(one.input));
     UnivBench bench;
     ASSERT_TRUE(bench.device.Set("01", "10", ToUtf8(one.input)));

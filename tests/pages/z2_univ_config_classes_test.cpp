@@ -257,11 +257,52 @@ TEST_F(ClassesTest, EachOutputTypeBringsItsOwnPair) {
   EXPECT_EQ(bench.Page().Item(12), u"-10.00");
 }
 
-TEST_F(ClassesTest, ABoxIsLockedWhereTheDefinitionSaysSo) {
-  bench.Redefine(u"01,  11, ", u",    ,     Y,", u",   Y,     Y,");
-  EXPECT_TRUE(bench.Page().Combo[2].Locked());
-  EXPECT_EQ(bench.Page().Combo[2].ShownLook(), Look::Grey);
-  EXPECT_FALSE(bench.Page().Combo[3].Locked());
+/// A combo box, its row in the definition with a rule of change, and the entry of a row of its list.
+struct BoxRow {
+  const char* name;
+  int box;
+  String row, open, locked;
+  String list, entry, without;
+};
+const std::vector<BoxRow> kBoxes = {
+    {"Class", 0, u"01,  00,", u",    ,     ,", u",   Y,     ,", u"$I00\n", u"2, 測温抵抗体,", u"2, ,"},
+    {"Input", 1, u"01,  10,", u",    ,     Y,", u",   Y,     Y,", u"$I10TC\n", u"11, TC K (CA),", u"11, ,"},
+    {"Output1", 2, u"01,  11,", u",    ,     Y,", u",   Y,     Y,", u"$I11\n", u"1, -2.5-2.5 V,", u"1, ,"},
+    {"Output2", 3, u"01,  41,", u",    ,     Y,", u",   Y,     Y,", u"$I41\n", u"1, -2.5-2.5 V,", u"1, ,"},
+    {"Speed", 4, u"01,  82,", u",    ,     ,", u",   Y,     ,", u"$I82\n", u"1, 19200 bps", u"1,"},
+    {"Parity", 5, u"01,  83,", u",    ,     ,", u",   Y,     ,", u"$I83\n", u"1, ODD", u"1,"},
+    {"StopBits", 6, u"01,  84,", u",    ,     ,", u",   Y,     ,", u"$I84\n", u"0, 1 BIT", u"0,"},
+};
+void PrintTo(const BoxRow& row, std::ostream* out) { *out << row.name; }
+struct BoxesTest : testing::TestWithParam<BoxRow> {
+  Z2UnivBench bench;
+};
+INSTANTIATE_TEST_SUITE_P(Box, BoxesTest, testing::ValuesIn(kBoxes),
+                         [](const auto& one) { return one.param.name; });
+
+TEST_P(BoxesTest, IsOpenAndLockedWhereTheDefinitionSaysSo) {
+  const BoxRow& row = GetParam();
+  EXPECT_FALSE(bench.Page().Combo[row.box].Locked());
+  bench.Redefine(row.row, row.open, row.locked);
+  for (int box = 0; box <= 6; ++box) {
+    EXPECT_EQ(bench.Page().Combo[box].Locked(), box == row.box) << box;
+    EXPECT_EQ(bench.Page().Combo[box].ShownLook(), box == row.box ? Look::Grey : Look::Normal) << box;
+  }
+}
+
+TEST_P(BoxesTest, ListsEveryRowThatHasATextAndNoOther) {
+  const BoxRow& row = GetParam();
+  const auto entries = [&] {
+    bench.Pick(bench.ClassBox(), u"熱電対");
+    bench.Page().DataChanged = false;
+    return bench.Page().Combo[row.box].Entries();
+  };
+  std::vector<String> expected = entries();
+  const std::size_t begin = row.entry.find(u' ') + 1;
+  const String text = row.entry.substr(begin, row.entry.find(u',', begin) - begin);
+  EXPECT_EQ(std::erase(expected, text), 1U);
+  bench.Redefine(row.list, row.entry, row.without);
+  EXPECT_EQ(entries(), expected);
 }
 
 }  // namespace

@@ -205,6 +205,45 @@ TEST_F(ModbusTest, WithAnEmptyItem84ListRowTheWriteFailsAndItems81To83StayWritte
   bench.ExpectAtRest();
 }
 
+TEST_F(ModbusTest, AChoiceIsSentAsItsPlaceWhateverItsCode) {
+  bench.Redefine(u"$I82\n", u"0, 9600 bps\n1, 19200 bps\n2, 38400 bps",
+                 u"7, 9600 bps\n8, 19200 bps\n9, 38400 bps");
+  ReadOut();
+  bench.Pick(Speed(), u"38400 bps");
+  EXPECT_EQ(BoxesOf(Modbus().cmdWriteInModbus), Texts{Shown(BoxKey::ModbusChanged)});
+  EXPECT_EQ(bench.Written().at(1), "82 D2");
+}
+
+TEST_F(ModbusTest, OfADefinitionWithoutAnAddressTheOthersAreWritten) {
+  bench.Redefine(u"01,  81,", u"01,  81,", u"01,  86,");
+  ReadOut();
+  EXPECT_EQ(BoxesOf(Modbus().cmdWriteInModbus), Texts{Shown(BoxKey::ModbusChanged)});
+  EXPECT_EQ(bench.Written(), (Texts{"82 D0", "83 D0", "84 D0"}));
+}
+
+TEST_F(ModbusTest, HasTheJapaneseCaptionsAndTellsWhileItTransmits) {
+  bench.Page().SetCaptions(Language::Japanese);
+  EXPECT_EQ(Modbus().cmdReadOutModbus.Caption(), u"読み出し");
+  EXPECT_EQ(Modbus().cmdWriteInModbus.Caption(), u"書込み");
+  EXPECT_EQ(Modbus().cmdResetModbus.Caption(), u"ｼｽﾃﾑ ﾘｾｯﾄ");
+  EXPECT_EQ(Modbus().lblPrg2.Caption(), u"転送中");
+  EXPECT_FALSE(Modbus().lblPrg2.Visible());
+  bench.loop.After(50ms, [&] {
+    EXPECT_TRUE(Modbus().lblPrg2.Visible());
+    EXPECT_TRUE(bench.app.program.Shared().CommBusy);
+    EXPECT_FALSE(bench.app.program.Shared().DownloadBusy) << "a read writes nothing";
+  });
+  ReadOut();
+  EXPECT_FALSE(Modbus().lblPrg2.Visible());
+  bench.loop.After(50ms, [&] {
+    EXPECT_TRUE(Modbus().lblPrg2.Visible());
+    EXPECT_TRUE(bench.app.program.Shared().CommBusy);
+    EXPECT_TRUE(bench.app.program.Shared().DownloadBusy);
+  });
+  BoxesOf(Modbus().cmdWriteInModbus);
+  EXPECT_FALSE(Modbus().lblPrg2.Visible());
+}
+
 TEST_F(ModbusTest, ARefusedWriteStopsThereAndIsNoSuccess) {
   ReadOut();
   bench.line.replies["01/82 D0"] = "D    invalid data";

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "z2_univ_config_bench.h"
 
@@ -206,6 +207,21 @@ TEST_F(Z2UnivTransferTest, AFixedOutputThatDiffersAndOneOfNoListEndTheDownload) 
 }
 
 // --- monitor
+
+TEST_F(Z2UnivTransferTest, TheOutputIsForcedFromMinus15To115) {
+  OutputSetting& output = bench.Univ().output;
+  for (const char16_t* text : {u"115.01", u"-15.01"}) {
+    bench.Type(u"03_set", text);
+    bench.Click(output.cmdSet);
+    EXPECT_EQ(bench.TakeBoxes(), Texts{Shown(BoxKey::OutputOutOfRange, {u"-15.00", u"115.00"})});
+  }
+  for (const char16_t* text : {u"115", u"-15"}) {
+    bench.ForceOutput(text);
+    EXPECT_EQ(bench.TakeBoxes(), Texts());
+    EXPECT_EQ(std::stod(bench.device.Value("01", "03")), LeadingNumber(text));
+    bench.Click(output.cmdStatusMonOFF);
+  }
+}
 
 struct UnitsCase {
   const char* name;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -310,6 +311,56 @@ TEST(UserTableWriteIn, ABadCellEndsItBeforeAnythingIsSent) {
   bench.ExpectAtRest();
 }
 
+/// The modes that were asked for, and "T" where the exchanges of a table stand between them.
+std::string ModesAndTable(const UserTablesBench& bench) {
+  std::string story;
+  std::string item;
+  for (const CommandLine::Command& command : bench.line.Commands()) {
+    if (command.text.starts_with('I')) {
+      item = command.text.substr(1);
+    } else if (command.text.starts_with('D') && item == "01") {
+      story += command.text.substr(1);
+    } else if (command.text.starts_with('D') && item.starts_with('6') && !story.ends_with('T')) {
+      story += 'T';
+    }
+  }
+  return story;
+}
+
+TEST(UserTableWriteIn, EntersProgrammingModeAheadOfTheTableAndLeavesItWhateverHappened) {
+  const auto story = [](UserTablesBench& bench, const std::string& refused) {
+    bench.Fields(u"0", u"5", u"2");
+    bench.Fill({u"1", u"2"});
+    if (!refused.empty()) {
+      bench.device.AddFault(Always(sim::Fault::Refused, refused));
+    }
+    bench.line.ForgetCommands();
+    bench.WriteIn();
+    return ModesAndTable(bench);
+  };
+  for (const std::string refused : {"", "DT1D2.0000", "DZ1"}) {
+    UserTablesBench bench;
+    bench.Use(UserTable::Thermocouple);
+    EXPECT_EQ(story(bench, refused), "1T0") << refused;
+  }
+  for (const std::string refused : {"", "DR", "DT0D1.0000", "DW"}) {
+    NanoBench bench;
+    EXPECT_EQ(story(bench, refused), "1T0") << refused;
+  }
+}
+
+TEST(UserTableReadOut, GoesToMonitorModeBehindTheCommandsThatOpenTheTable) {
+  UserTablesBench univ;
+  univ.Use(UserTable::Thermocouple);
+  univ.line.ForgetCommands();
+  univ.ReadOut();
+  EXPECT_EQ(ModesAndTable(univ), "0T");
+  NanoBench nano;
+  nano.line.ForgetCommands();
+  nano.ReadOut();
+  EXPECT_EQ(ModesAndTable(nano), "T0T");
+}
+
 TEST(UserTableWriteIn, AnEmptyAnswerAtAnyStepEndsItAndWhatWasSentStays) {
   for (const std::string command : {"DT1D2.0000", "DP10", "DS0", "DZ2"}) {
     UserTablesBench bench;
@@ -362,6 +413,25 @@ TEST(UserTableUpload, ReadsAUsersCurveWithoutAQuestion) {
   EXPECT_EQ(bench.Cells(), (Texts{"0.0000", "2.0000", "4.0000"}));
   EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::UploadDone));
   bench.ExpectAtRest();
+}
+
+TEST(UserTableUpload, AndADownloadTellNothingOfTheTableAloneWhenAllWentWell) {
+  for (const UserTable table : {UserTable::Thermocouple, UserTable::Resistance, UserTable::Linearizer}) {
+    UserTablesBench bench;
+    bench.Use(table);
+    const bool asks = table == UserTable::Linearizer;
+    const std::vector<korva::Answer> answers(asks ? 1 : 0, korva::Answer::Yes);
+    bench.Upload(answers);
+    Texts boxes = bench.TakeBoxes();
+    EXPECT_EQ(boxes.back(), Shown(BoxKey::UploadDone));
+    EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::TableRead)), 0);
+    EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::UploadLinearizer)), asks ? 1 : 0);
+    bench.Download(answers);
+    boxes = bench.TakeBoxes();
+    EXPECT_EQ(boxes.back(), Shown(BoxKey::DownloadDone));
+    EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::TableWritten)), 0);
+    EXPECT_EQ(std::count(boxes.begin(), boxes.end(), Shown(BoxKey::DownloadLinearizer)), asks ? 1 : 0);
+  }
 }
 
 TEST(UserTableUpload, ShowsTheTableOfTheDevicesInput) {

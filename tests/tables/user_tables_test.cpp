@@ -68,6 +68,18 @@ TEST(UserTables, ANewPageShowsZeroInEachCellAndNothingInTheFields) {
   EXPECT_EQ(bench.FieldTexts(), "   ");
 }
 
+TEST(UserTables, ItsFieldsHaveTheirCaptionsAndTheUnitOfTheirTemperatures) {
+  UserTablesBench bench;
+  static_cast<Page&>(*bench.page).SetCaptions(Language::Japanese);
+  const UserTableFields& fields = bench.page->tables.fields;
+  EXPECT_EQ(fields.lblStep.Caption(), u"ﾃｰﾌﾞﾙﾋﾟｯﾁ");
+  EXPECT_EQ(fields.lblBase.Caption(), u"ﾃｰﾌﾞﾙ最小温度");
+  EXPECT_EQ(fields.lblSize.Caption(), u"ﾃｰﾌﾞﾙｻｲｽﾞ");
+  EXPECT_EQ(fields.lblRange.Caption(), u"ﾚﾝｼﾞ");
+  EXPECT_EQ(fields.lblStepUnit.Caption(), u"deg C");
+  EXPECT_EQ(fields.lblBaseUnit.Caption(), u"deg C");
+}
+
 TEST(UserTables, TheInputTypeTellsWhichIsInUseAndCaptionsTheTab) {
   UserTablesBench bench;
   EXPECT_EQ(bench.page->tables.InUse(), UserTable::None);
