@@ -232,6 +232,11 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
       ShowLook(widget, field.ShownLook(), field.Dimmed());
     }
   });
+  widget->OnPaste = [this, &field](const QString& text) {
+    bool taken = false;
+    Enter([&] { taken = field.UserPastes(FromQt(text)); });
+    return taken;
+  };
   QObject::connect(widget, &QLineEdit::textEdited, widget, [this, &field, widget](const QString& edited) {
     const QString text = widget->Typing() ? edited : ToQt(field.AsPasted(FromQt(edited)));
     if (text != edited) {
@@ -304,7 +309,10 @@ QWidget* ControlViews::MakeGrid(Grid& grid, QWidget* parent) {
   const auto click = [this, &grid](int row, int column) {
     Enter([&grid, row, column] { grid.UserClicks(row, column); });
   };
-  auto* widget = new GridView(grid, click, parent);
+  const auto paste = [this, &grid](int row, int column, const QString& text) {
+    Enter([&grid, row, column, &text] { grid.UserPastes(row, column, FromQt(text)); });
+  };
+  auto* widget = new GridView(grid, {.click = click, .paste = paste}, parent);
   Follow(grid, widget, [widget] { widget->Show(); });
   return widget;
 }

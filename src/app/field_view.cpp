@@ -1,5 +1,7 @@
 #include "app/field_view.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -24,7 +26,11 @@ void FieldView::ShowMark(bool marked) {
 }
 
 void FieldView::keyPressEvent(QKeyEvent* event) {
-  const QScopedValueRollback typing(typing_, !event->matches(QKeySequence::Paste));
+  const bool pastes = event->matches(QKeySequence::Paste);
+  if (pastes && !isReadOnly() && OnPaste && OnPaste(QGuiApplication::clipboard()->text())) {
+    return;
+  }
+  const QScopedValueRollback typing(typing_, !pastes);
   QLineEdit::keyPressEvent(event);
 }
 

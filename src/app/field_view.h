@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <functional>
 
 namespace korva {
 
@@ -9,6 +10,8 @@ namespace korva {
 class FieldView final : public QLineEdit {
  public:
   explicit FieldView(QWidget* parent) : QLineEdit(parent) {}
+  /// Is asked for a pasted text first; true when it went elsewhere.
+  std::function<bool(const QString& text)> OnPaste;
 
   /// True while a key or an input method changes the text.
   [[nodiscard]] bool Typing() const { return typing_; }

@@ -1,6 +1,7 @@
 #include "app/grid_view.h"
 
-#include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -33,8 +34,8 @@ class MarkDelegate final : public QStyledItemDelegate {
 
 }  // namespace
 
-GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent)
-    : QTableView(parent), grid_(grid), model_(grid, *this), click_(std::move(click)) {
+GridView::GridView(Grid& grid, Actions actions, QWidget* parent)
+    : QTableView(parent), grid_(grid), model_(grid, *this), actions_(std::move(actions)) {
   setModel(&model_);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::NoSelection);
@@ -48,9 +49,9 @@ GridView::GridView(Grid& grid, std::function<void(int row, int column)> click, Q
   // A press on the head would move the frame of the keyboard into the column.
   disconnect(head, &QHeaderView::sectionPressed, this, nullptr);
   disconnect(head, &QHeaderView::sectionEntered, this, nullptr);
-  connect(head, &QHeaderView::sectionClicked, this, [this](int column) { click_(0, column); });
+  connect(head, &QHeaderView::sectionClicked, this, [this](int column) { actions_.click(0, column); });
   connect(this, &QTableView::clicked, this,
-          [this](const QModelIndex& cell) { click_(cell.row(), cell.column()); });
+          [this](const QModelIndex& cell) { actions_.click(cell.row(), cell.column()); });
   FollowScrolling();
 }
 
@@ -115,9 +116,14 @@ void GridView::keyboardSearch(const QString& /*search*/) {}
 
 void GridView::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
+  if (event->matches(QKeySequence::Paste)) {
+    actions_.paste(std::max(1, currentIndex().row()), std::max(1, currentIndex().column()),
+                   QGuiApplication::clipboard()->text());
+    return;
+  }
   const bool press = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
   if (press && currentIndex().row() > 0) {
-    click_(currentIndex().row(), currentIndex().column());
+    actions_.click(currentIndex().row(), currentIndex().column());
     return;
   }
   QTableView::keyPressEvent(event);

@@ -17,8 +17,12 @@ namespace korva {
 /// cell is under edit is the page's to say.
 class GridView final : public QTableView {
  public:
-  /// `click` carries out the user's click on a cell.
-  GridView(Grid& grid, std::function<void(int row, int column)> click, QWidget* parent);
+  /// What the user can do with a cell.
+  struct Actions {
+    std::function<void(int row, int column)> click;
+    std::function<void(int row, int column, const QString& text)> paste;
+  };
+  GridView(Grid& grid, Actions actions, QWidget* parent);
   /// Brings the widget to what the grid holds; called after each change of it.
   void Show();
   /// The letters and digits of the keyboard choose no cell.
@@ -36,7 +40,7 @@ class GridView final : public QTableView {
 
   Grid& grid_;
   GridModel model_;
-  std::function<void(int row, int column)> click_;
+  Actions actions_;
   std::optional<unsigned> seen_;  ///< how many changes of the grid it shows
   bool following_ = false;        ///< the page scrolls, not the user
   bool user_scrolls_ = false;     ///< the next change of the scroll bar is the user's

@@ -2,6 +2,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
 
 #include "app/panel_view.h"
 #include "app/text.h"
@@ -13,12 +17,19 @@ namespace {
 
 constexpr int kEndRequestPeriod = 100;  // ms
 
+/// The one file of this machine that is dragged; empty for anything else.
+QString DroppedFile(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+
 }  // namespace
 
 MainWindow::MainWindow(Application& application)
     : application_(application), pages_(new QStackedWidget(this)) {
   setWindowTitle(QStringLiteral("KORVA"));
   setCentralWidget(pages_);
+  setAcceptDrops(true);
   application_.program.OnPageShown([this](Page& page) { ShowPage(page); });
   application_.program.OnPageUnloaded([this](Page& page) { DropPage(page); });
   application_.program.Window().Observe(
@@ -80,6 +91,33 @@ void MainWindow::ShowModal(const ModalWindow& window, bool open) {
     view = new ModalView(window, application_.program, this);
   }
   view->setVisible(open);
+}
+
+const Button* MainWindow::OpenerOf(const QString& path) const {
+  const Page* page = application_.program.Showing();
+  const QString suffix = QFileInfo(path).suffix().toLower();
+  const char* name = suffix == QLatin1String("cfg")   ? "cmdOpen"
+                     : suffix == QLatin1String("csv") ? "cmd_csvFileOpen"
+                                                      : nullptr;
+  if (page == nullptr || name == nullptr) {
+    return nullptr;
+  }
+  const auto* button = dynamic_cast<const Button*>(page->FindControl(name));
+  return button != nullptr && page->WhyRefused(*button).empty() ? button : nullptr;
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (OpenerOf(DroppedFile(*event->mimeData())) != nullptr) {
+    event->acceptProposedAction();
+  }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = DroppedFile(*event->mimeData());
+  if (const Button* button = OpenerOf(path); button != nullptr && open_dropped_) {
+    event->acceptProposedAction();
+    open_dropped_(path, *button);
+  }
 }
 
 void MainWindow::RequestEnd() { end_request_.start(0, this); }

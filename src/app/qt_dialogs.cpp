@@ -80,7 +80,16 @@ Answer QtDialogs::ShowBox(const Box& box) {
   return pressed == answers.end() ? LeastAnswer(box) : pressed->second;
 }
 
+void QtDialogs::WithFile(const String& path, const std::function<void()>& action) {
+  file_ = path;
+  action();
+  file_.reset();
+}
+
 std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {
+  if (file_ && !dialog.save) {
+    return std::exchange(file_, std::nullopt);
+  }
   QFileDialog chooser(parent_);
   chooser.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   chooser.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

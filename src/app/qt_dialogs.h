@@ -2,6 +2,8 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
+#include <optional>
 
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
@@ -16,6 +18,10 @@ class QtDialogs : public Dialogs {
   /// The window that boxes stand over.
   void SetParent(QWidget* parent) { parent_ = parent; }
 
+  /// Carries out `action` with `path` for the answer to the first file that it asks to open: a file that was
+  /// dropped on the window is opened as if it had been chosen.
+  void WithFile(const String& path, const std::function<void()>& action);
+
   Answer ShowBox(const Box& box) override;
   std::optional<String> ChooseFile(const FileDialog& dialog) override;
   void ShowFailure(const String& text) override;
@@ -23,6 +29,7 @@ class QtDialogs : public Dialogs {
  private:
   const EventGate& gate_;
   QPointer<QWidget> parent_;
+  std::optional<String> file_;  ///< the answer to the next file to open
 };
 
 }  // namespace korva

@@ -65,6 +65,10 @@ WindowHost::WindowHost(const std::filesystem::path& folder, Dialogs* dialogs)
                    folder.u16string()),
       window_(application_) {
   dialogs_.SetParent(&window_);
+  window_.OnFileDropped([this](const QString& path, const Button& button) {
+    loop_.Gate().Enter(
+        [&] { dialogs_.WithFile(FromQt(QDir::toNativeSeparators(path)), [&button] { button.Click(); }); });
+  });
 }
 
 bool WindowHost::Start() {

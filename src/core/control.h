@@ -144,6 +144,8 @@ class TextField : public Control {
   std::function<void()> OnChange;
   /// A key that the field handles itself; false when it means nothing to it.
   std::function<bool(Key)> OnKey;
+  /// A pasted text that goes elsewhere; false when the field is to take it.
+  std::function<bool(const String&)> OnPaste;
 
   [[nodiscard]] const String& Text() const { return text_; }
   void SetText(const String& text);
@@ -170,6 +172,8 @@ class TextField : public Control {
 
   /// The user's typing: the whole new text.
   void UserTypes(const String& text) { SetText(text); }
+  /// True when what the user pasted is taken; else the field takes it.
+  bool UserPastes(const String& text) const { return OnPaste && OnPaste(text); }
   /// What becomes of a text that the user pasted: a number in full-width characters is meant as a number.
   [[nodiscard]] String AsPasted(const String& text) const;
   /// True when the key was taken; else it does what it does in any field.

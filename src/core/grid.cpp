@@ -3,9 +3,27 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/text_utilities.h"
 #include "platform/event_gate.h"
 
 namespace korva {
+
+TextBlock BlockOf(StringView text) {
+  TextBlock block;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
+    StringView line = text.substr(0, end);
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with(u"\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+    std::vector<String>& row = block.emplace_back();
+    for (std::size_t tab = 0; tab != StringView::npos;) {
+      tab = line.find(u'\t');
+      row.push_back(Trimmed(line.substr(0, tab)));
+      line.remove_prefix(tab == StringView::npos ? line.size() : tab + 1);
+    }
+  }
+  return block;
+}
 
 std::size_t Grid::Place(int row, int column) const {
   if (row < 0 || row >= rows_ || column < 0 || column >= columns_) {

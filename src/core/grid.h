@@ -11,6 +11,12 @@
 
 namespace korva {
 
+/// Texts in rows and columns.
+using TextBlock = std::vector<std::vector<String>>;
+/// The cells of a text as spreadsheets copy it: a line for a row, TABs between columns. A line end behind the
+/// last row is none of its own.
+TextBlock BlockOf(StringView text);
+
 /// A grid of text cells; row 0 and column 0 are its head.
 class Grid : public Control {
  public:
@@ -22,6 +28,8 @@ class Grid : public Control {
   };
   using Control::Control;
   std::function<void(int row, int column)> OnCellClick;
+  /// A block of texts is pasted, whose first goes into the cell.
+  std::function<void(int row, int column, const TextBlock& block)> OnPaste;
   /// The user moved other rows into view.
   std::function<void()> OnScroll;
 
@@ -64,6 +72,12 @@ class Grid : public Control {
   void UserClicks(int row, int column) const {
     if (OnCellClick) {
       OnCellClick(row, column);
+    }
+  }
+  /// The user's paste of a text as spreadsheets copy it, from a cell on (row and column from 1).
+  void UserPastes(int row, int column, StringView text) const {
+    if (OnPaste) {
+      OnPaste(row, column, BlockOf(text));
     }
   }
 

@@ -12,6 +12,7 @@ enum class Notice {
   Stage,        ///< what a long operation is about, and how far it is
   Transfer,     ///< the item at which the last transfer failed, and why
   Unfinished,   ///< what a download that broke off left undone in the device
+  NotPasted,    ///< what of a paste has no place in the table
   OpenEdit,     ///< an edit stands open that is not part of the set
   NotPlain,     ///< texts of number fields that are no plain numbers, as they would be sent
   SentAsTyped,  ///< those of them that the last download sent

@@ -59,6 +59,7 @@ enum class TextKey {
   EditNotTaken,        ///< before the open cell
   NotPlain,            ///< before the items whose texts are no plain numbers
   SentAsTyped,         ///< the same of those that were sent
+  NotPasted,           ///< (number of values) beyond the last row or column of a table
   NotKept,             ///< before what a saved file will not give back
   MemoLine,            ///< before the number of a line
   NoTable,             ///< the device has no linearizer stored

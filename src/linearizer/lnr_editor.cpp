@@ -22,6 +22,15 @@ LnrEditor::LnrEditor(Page& page, LnrTable& table, std::function<bool()> refused)
   }
   txtLnrNewValue.OnChange = [this] { MarkOpenEdit(); };
   txtLnrNewValue.OnKey = [this](Key key) { return Press(key); };
+  // One text is typed faster; several can't be meant for one cell.
+  txtLnrNewValue.OnPaste = [this](const String& text) {
+    const TextBlock block = BlockOf(text);
+    const bool several = block.size() > 1 || (block.size() == 1 && block.front().size() > 1);
+    if (several && LnrPrevRow > 0 && LnrPrevCol > 0 && !refused_()) {
+      Paste(LnrPrevRow, LnrPrevCol, block);
+    }
+    return several;
+  };
   cmdLnrChangeOK.OnClick = [this] { Change(0); };
   cmdLnrChangeCancel.OnClick = [this] { CancelChange(); };
 }
@@ -30,6 +39,11 @@ void LnrEditor::Listen(Grid& grid) {
   grid.OnCellClick = [this](int row, int column) {
     if (!refused_()) {
       Select(row, column);
+    }
+  };
+  grid.OnPaste = [this](int row, int column, const TextBlock& block) {
+    if (!refused_()) {
+      Paste(row, column, block);
     }
   };
   grid.OnScroll = [this] { HideForScroll(); };
@@ -114,6 +128,29 @@ void LnrEditor::Select(int row, int column) {
   txtLnrRow.SetText(Ascii(std::to_string(row)));
   txtLnrCol.SetText(Ascii(std::to_string(column)));
   txtLnrNewValue.SetFocus();
+}
+
+void LnrEditor::Paste(int row, int column, const TextBlock& block) {
+  Cancel();
+  const Grid& grid = table_->Shown();
+  const int last_row = std::min(table_->Points(), grid.Rows() - 1);
+  int left_out = 0;
+  for (int line = 0; line < static_cast<int>(block.size()); ++line) {
+    const std::vector<String>& texts = block[static_cast<std::size_t>(line)];
+    for (int place = 0; place < static_cast<int>(texts.size()); ++place) {
+      if (row + line > last_row || column + place >= grid.Columns()) {
+        ++left_out;
+        continue;
+      }
+      table_->Store(row + line, column + place, HalfWidthNumber(texts[static_cast<std::size_t>(place)]));
+      table_->SetLook(row + line, column + place, Look::Normal);
+    }
+  }
+  page_.DataChanged = true;
+  const String number = Ascii(std::to_string(left_out));
+  page_.Notes.Tell(Notice::NotPasted,
+                   left_out == 0 ? String() : Filled(page_.Words(TextKey::NotPasted), {number}));
+  table_->GoTo(row, column);
 }
 
 void LnrEditor::Ok() {

@@ -38,6 +38,10 @@ class LnrEditor {
 
   /// A click on a cell of the grid, its head and point numbers included.
   void Select(int row, int column);
+  /// Puts a block of texts into the table, from a cell on, as if each had been confirmed there; an open edit
+  /// is dropped. What lies beyond the rows or columns that are shown is left out, which the status area
+  /// tells.
+  void Paste(int row, int column, const TextBlock& block);
   /// cmdLnrChangeOK: the cell takes the text as it stands. Head and point numbers stay as they are.
   void Ok();
   /// Leaves the keyboard in the table, `rows` below the cell selected last, or in its last row.

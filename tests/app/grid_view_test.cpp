@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -255,6 +256,38 @@ TEST(GridViewTest, AModelWithFewerPointsHasAShorterTable) {
   EXPECT_EQ(bench.table->model()->rowCount(), 101);
   EXPECT_EQ(bench.table->model()->index(100, 0).data().toString(), QStringLiteral("100"));
   EXPECT_EQ(bench.table->rowAt(0), 1);
+}
+
+TEST(GridViewTest, ThePasteKeyPutsTheClipboardFromTheFramedCellOn) {
+  GridBench bench;
+  int row = 0;
+  int column = 0;
+  TextBlock pasted;
+  bench.grid.OnPaste = [&](int at_row, int at_column, const TextBlock& block) {
+    row = at_row;
+    column = at_column;
+    pasted = block;
+  };
+  QApplication::clipboard()->setText("1\t2\n3\t4");
+  bench.table->setFocus();
+  bench.table->setCurrentIndex(bench.table->model()->index(5, 2));
+  QTest::keySequence(bench.table, QKeySequence::Paste);
+  EXPECT_EQ((Cell{row, column}), (Cell{5, 2}));
+  EXPECT_EQ(pasted, (TextBlock{{u"1", u"2"}, {u"3", u"4"}}));
+}
+
+TEST(GridViewTest, ColumnsPastedIntoTheOpenEditGoIntoTheTable) {
+  test::WindowBench bench("QHW1");
+  bench.device.loop.Gate().Enter([&] { test::Part<Linearizer>(bench.Page()).Opt_Lnr[1].Click(); });
+  bench.Show(3);
+  const Grid& grid = test::Part<Linearizer>(bench.Page()).LnrFlexGrid;
+  auto* table = bench.Find<QTableView>("LnrFlexGrid");
+  QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                    table->visualRect(table->model()->index(2, 1)).center());
+  QApplication::clipboard()->setText("1.5\t2.5\n3.5\t4.5\n");
+  QTest::keySequence(bench.Find<QLineEdit>("txtLnrNewValue"), QKeySequence::Paste);
+  EXPECT_EQ(grid.At(2, 1).text, u"1.5");
+  EXPECT_EQ(grid.At(3, 2).text, u"4.5");
 }
 
 }  // namespace

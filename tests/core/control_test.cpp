@@ -452,6 +452,14 @@ TEST_F(GridTest, TheFrameOfTheKeyboardGoesToANewlySelectedValueCell) {
   EXPECT_EQ(grid_.CurrentCell(), std::pair(0, 0));
 }
 
+TEST(TextBlock, IsALineForARowWithTabsBetweenItsColumns) {
+  EXPECT_EQ(BlockOf(u"1\t2\r\n3\t4\r\n"), (TextBlock{{u"1", u"2"}, {u"3", u"4"}}));
+  EXPECT_EQ(BlockOf(u"1\n2\r3"), (TextBlock{{u"1"}, {u"2"}, {u"3"}}));
+  EXPECT_EQ(BlockOf(u" 1.5 \t\t 2"), (TextBlock{{u"1.5", u"", u"2"}}));
+  EXPECT_EQ(BlockOf(u"1\n\n2"), (TextBlock{{u"1"}, {u""}, {u"2"}}));
+  EXPECT_EQ(BlockOf(u""), TextBlock());
+}
+
 TEST(TabControl, HasACaptionAndAStateForEachTab) {
   TabControl tabs("KvCfg_Tab", 7);
   ChangeCounter changes(tabs);

@@ -383,5 +383,65 @@ TEST_F(OpenEditTest, GoesWithItsMarkWhenTheTableIsReplaced) {
   EXPECT_FALSE(Value().Marked());
 }
 
+/// A paste from a spreadsheet into the table, from a cell on.
+void PasteAt(EditorBench& bench, int row, int column, StringView text) {
+  bench.Do([&] { test::Part<Linearizer>(bench.Page()).LnrFlexGrid.UserPastes(row, column, text); });
+}
+
+TEST(LnrEditorPasteTest, PutsColumnsOfASpreadsheetIntoTheTableAndTheSet) {
+  EditorBench bench;
+  PasteAt(bench, 2, 1, u"1.5\t2.5\r\n-3\t4\r\n");
+  EXPECT_EQ(bench.Cell(2, 1).text, u"1.5");
+  EXPECT_EQ(bench.Cell(2, 2).text, u"2.5");
+  EXPECT_EQ(bench.Cell(3, 1).text, u"-3");
+  EXPECT_EQ(bench.Cell(3, 2).text, u"4");
+  EXPECT_EQ(bench.Cell(1, 1).text, u"0.00");
+  EXPECT_EQ(bench.Cell(4, 1).text, u"20.00");
+  // Item 60 of group 1 is X(1), 61 Y(1), 62 X(2).
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 62), u"1.5");
+  EXPECT_EQ(bench.Page().GroupItem.At(1, 65), u"4");
+  EXPECT_TRUE(bench.Page().DataChanged);
+}
+
+TEST(LnrEditorPasteTest, TakesFullWidthNumbersAsNumbers) {
+  EditorBench bench;
+  PasteAt(bench, 1, 2, u"１２．５");
+  EXPECT_EQ(bench.Cell(1, 2).text, u"12.5");
+}
+
+TEST(LnrEditorPasteTest, TellsHowManyValuesLieBeyondTheTable) {
+  EditorBench bench;
+  PasteAt(bench, 16, 2, u"1\t2\n3\t4\n");
+  EXPECT_EQ(bench.Cell(16, 2).text, u"1");
+  EXPECT_EQ(bench.Page().Notes.Told(Notice::NotPasted),
+            u"貼り付けた値のうち3個は、表の範囲外のため取り込んでいません");
+  PasteAt(bench, 1, 1, u"1");
+  EXPECT_EQ(bench.Page().Notes.Told(Notice::NotPasted), u"");
+}
+
+TEST(LnrEditorPasteTest, SeveralTextsPastedIntoTheOpenEditGoIntoTheTable) {
+  EditorBench bench;
+  bench.ClickCell(5, 1);
+  const TextField& field = test::Part<Linearizer>(bench.Page()).Editor().txtLnrNewValue;
+  bool taken = true;
+  bench.Do([&] { taken = field.UserPastes(u"7"); });
+  EXPECT_FALSE(taken) << "the field takes one text itself";
+  bench.Do([&] { taken = field.UserPastes(u"7\n8"); });
+  EXPECT_TRUE(taken);
+  EXPECT_EQ(bench.Cell(5, 1), (Grid::Cell{.text = u"7", .look = Look::Normal}));
+  EXPECT_EQ(bench.Cell(6, 1).text, u"8");
+  EXPECT_EQ(bench.Editor(), Texts());
+}
+
+TEST(LnrEditorPasteTest, ATableThatIsSwitchedOffTakesNone) {
+  EditorBench bench;
+  bench.Do([&] { test::Part<Linearizer>(bench.First()).Opt_Table[0].Click(); });
+  bench.Page().DataChanged = false;
+  PasteAt(bench, 1, 1, u"9\t9");
+  EXPECT_EQ(bench.Cell(1, 1).text, u"0.00");
+  EXPECT_FALSE(bench.Page().DataChanged);
+  EXPECT_EQ(bench.TakeBoxes().size(), 1U);
+}
+
 }  // namespace
 }  // namespace korva
