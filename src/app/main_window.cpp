@@ -34,6 +34,7 @@ MainWindow::MainWindow(Application& application)
   application_.program.OnPageUnloaded([this](Page& page) { DropPage(page); });
   application_.program.Window().Observe(
       [this](const ModalWindow& window, bool open) { ShowModal(window, open); });
+  application_.companions.FollowLine(application_.link.line);
   for (Panel* panel : application_.companions.Panels()) {
     panel->Observe([this, panel] { ShowPanel(*panel); });
   }

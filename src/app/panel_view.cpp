@@ -109,7 +109,8 @@ PanelView::PanelView(Panel& panel, EventGate& gate, QWidget* parent)
       views_(gate),
       heading_(new QLabel(this)),
       table_(new QTableView(this)),
-      model_(new Model(panel, this)) {
+      model_(new Model(panel, this)),
+      at_end_(panel.BeginsAtEnd()) {
   heading_->setWordWrap(true);
   heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* layout = new QVBoxLayout(this);
@@ -138,6 +139,14 @@ QWidget* PanelView::MakeTable() {
   table_->horizontalHeader()->setStretchLastSection(true);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->installEventFilter(this);
+  // The end stays in view as long as the user does not scroll away from it.
+  QScrollBar* bar = table_->verticalScrollBar();
+  connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { at_end_ = value == bar->maximum(); });
+  connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int /*least*/, int most) {
+    if (at_end_) {
+      bar->setValue(most);
+    }
+  });
   return table_;
 }
 
@@ -163,9 +172,12 @@ void PanelView::Show() {
   if (!panel_.Visible()) {
     return;
   }
-  setWindowTitle(ToQt(panel_.Title()) + QStringLiteral(" - KORVA"));
-  setAccessibleName(ToQt(panel_.Title()));
-  table_->setAccessibleName(ToQt(panel_.Title()));
+  const QString title = ToQt(panel_.Title());
+  if (accessibleName() != title) {
+    setWindowTitle(title + QStringLiteral(" - KORVA"));
+    setAccessibleName(title);
+    table_->setAccessibleName(title);
+  }
   const QString heading = ToQt(panel_.Heading());
   const bool other_heading = heading_->text() != heading;
   if (other_heading) {
@@ -187,14 +199,9 @@ void PanelView::FitColumns() {
 
 void PanelView::ShowRows() {
   const int before = model_->rowCount({});
-  const QScrollBar& bar = *table_->verticalScrollBar();
-  const bool at_end = bar.value() == bar.maximum();
   model_->Follow();
   if (before == 0 && model_->rowCount({}) > 0) {
     FitColumns();
-  }
-  if (at_end) {
-    table_->scrollToBottom();
   }
 }
 

@@ -9,6 +9,20 @@ namespace korva::cli {
 
 namespace {
 
+std::string_view WordOf(Transfer transfer) {
+  switch (transfer) {
+    case Transfer::Upload:
+      return "upload";
+    case Transfer::Download:
+      return "download";
+    case Transfer::TableRead:
+      return "table-read";
+    case Transfer::TableWrite:
+      break;
+  }
+  return "table-write";
+}
+
 std::string_view WordOf(TransferReport::State state) {
   switch (state) {
     case TransferReport::State::Running:
@@ -81,8 +95,8 @@ void PrintReport(const TransferReport& report, Transcript& transcript) {
     transcript.Tell("report " + state);
     return;
   }
-  const std::string_view kind = report.Kind() == Transfer::Upload ? "upload " : "download ";
-  transcript.Tell("report " + std::string(kind) + Quoted(report.Model()) + " " + state);
+  transcript.Tell("report " + std::string(WordOf(report.Kind())) + " " + Quoted(report.Model()) + " " +
+                  state);
   for (const ReportRow& row : report.Rows()) {
     transcript.Tell(LineOf(row));
   }

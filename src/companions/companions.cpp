@@ -2,12 +2,14 @@
 
 #include <memory>
 
+#include "companions/line_button.h"
 #include "companions/report_writer.h"
 
 namespace korva {
 
 void Companions::Join(ParameterPage& page) {
   page.Adopt(std::make_unique<ReportWriter>(page, Report, report_panel_));
+  page.Adopt(std::make_unique<LineButton>(page, line_panel_));
 }
 
 }  // namespace korva

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "companions/line_panel.h"
 #include "companions/report_panel.h"
 #include "companions/transfer_report.h"
 #include "files/parameter_page.h"
@@ -11,7 +12,8 @@ namespace korva {
 /// What accompanies every page without its knowledge, and the windows of it that stand beside any page.
 class Companions {
  public:
-  Companions() = default;
+  /// `folder` is where dialogs begin. The platform outlives this.
+  Companions(const Platform& platform, const String& folder) : line_panel_(platform, folder) {}
   Companions(const Companions&) = delete;
   Companions& operator=(const Companions&) = delete;
   ~Companions() = default;
@@ -19,12 +21,15 @@ class Companions {
   /// Adds to a page, which does not show yet, what accompanies it. The page lives no longer than this.
   void Join(ParameterPage& page);
   /// The windows, each of which a button of the status area opens.
-  [[nodiscard]] std::array<Panel*, 1> Panels() { return {&report_panel_}; }
+  [[nodiscard]] std::array<Panel*, 2> Panels() { return {&report_panel_, &line_panel_}; }
+  /// Shows the traffic of the line from now on, which is taken to the window of the line.
+  void FollowLine(SerialLink& line) { line_panel_.Follow(line); }
 
   TransferReport Report;
 
  private:
   ReportPanel report_panel_{Report};
+  LinePanel line_panel_;
 };
 
 }  // namespace korva

@@ -20,6 +20,20 @@ TextKey TextOf(TransferReport::State state) {
   return TextKey::ReportUnbegun;
 }
 
+TextKey HeadOf(Transfer transfer) {
+  switch (transfer) {
+    case Transfer::Upload:
+      return TextKey::ReportOfUpload;
+    case Transfer::Download:
+      return TextKey::ReportOfDownload;
+    case Transfer::TableRead:
+      return TextKey::ReportOfTableRead;
+    case Transfer::TableWrite:
+      break;
+  }
+  return TextKey::ReportOfTableWrite;
+}
+
 }  // namespace
 
 ReportPanel::ReportPanel(TransferReport& report) : Panel("pnlReport"), report_(report) {
@@ -31,10 +45,7 @@ String ReportPanel::Heading() const {
   if (report_.Now() == TransferReport::State::Unbegun) {
     return state;
   }
-  const bool upload = report_.Kind() == Transfer::Upload;
-  const String head =
-      Filled(CaptionText(upload ? TextKey::ReportOfUpload : TextKey::ReportOfDownload, language_),
-             {report_.Model()});
+  const String head = Filled(CaptionText(HeadOf(report_.Kind()), language_), {report_.Model()});
   const String fault = report_.FaultSentence(language_);
   return head + state + (fault.empty() ? u"" : u"\n") + fault;
 }

@@ -33,6 +33,8 @@ class Panel : public Control {
   [[nodiscard]] virtual std::vector<String> Cells(int row) const = 0;
   /// Highlight for a row that the user should look at.
   [[nodiscard]] virtual Look LookOf(int /*row*/) const { return Look::Normal; }
+  /// True when the last row is what the user looks for first.
+  [[nodiscard]] virtual bool BeginsAtEnd() const { return false; }
   [[nodiscard]] virtual unsigned Generation() const { return 0; }
   /// What stands below the table, beside the buttons to copy and to close.
   [[nodiscard]] virtual std::vector<Button*> Buttons() { return {}; }

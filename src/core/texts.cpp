@@ -228,9 +228,24 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::TimeLeft, .japanese = u"、残り {1} 分 {2} 秒", .english = u", {1} min {2} s left"},
     {.key = TextKey::CopyRows, .japanese = u"ｺﾋﾟｰ", .english = u"COPY"},
     {.key = TextKey::ClosePanel, .japanese = u"閉じる", .english = u"CLOSE"},
+    {.key = TextKey::LineView, .japanese = u"通信ﾓﾆﾀ", .english = u"Line view"},
+    {.key = TextKey::LineTime, .japanese = u"時間 (秒)", .english = u"Time (s)"},
+    {.key = TextKey::LineKind, .japanese = u"方向", .english = u"Direction"},
+    {.key = TextKey::LineText, .japanese = u"内容", .english = u"Text"},
+    {.key = TextKey::LineSent, .japanese = u"送信", .english = u"sent"},
+    {.key = TextKey::LineReceived, .japanese = u"受信", .english = u"received"},
+    {.key = TextKey::LineNotSent, .japanese = u"送信不可", .english = u"not sent"},
+    {.key = TextKey::LineSilent, .japanese = u"応答なし", .english = u"no reply"},
+    {.key = TextKey::SaveLine, .japanese = u"ﾌｧｲﾙに保存", .english = u"SAVE"},
     {.key = TextKey::Report, .japanese = u"転送ﾚﾎﾟｰﾄ", .english = u"Transfer report"},
     {.key = TextKey::ReportOfUpload, .japanese = u"ｱｯﾌﾟﾛｰﾄﾞ {1}: ", .english = u"Upload, {1}: "},
     {.key = TextKey::ReportOfDownload, .japanese = u"ﾀﾞｳﾝﾛｰﾄﾞ {1}: ", .english = u"Download, {1}: "},
+    {.key = TextKey::ReportOfTableRead,
+     .japanese = u"ﾃｰﾌﾞﾙの読み出し {1}: ",
+     .english = u"Table read out, {1}: "},
+    {.key = TextKey::ReportOfTableWrite,
+     .japanese = u"ﾃｰﾌﾞﾙの書込み {1}: ",
+     .english = u"Table written in, {1}: "},
     {.key = TextKey::ReportRuns, .japanese = u"転送中", .english = u"running"},
     {.key = TextKey::ReportDone, .japanese = u"完了", .english = u"done"},
     {.key = TextKey::ReportBroken, .japanese = u"中止", .english = u"broken off"},
@@ -246,6 +261,8 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::DeviceMode, .japanese = u"ﾓｰﾄﾞ", .english = u"Mode"},
     {.key = TextKey::DeviceReset, .japanese = u"ﾃﾞﾌｫﾙﾄ値に設定", .english = u"Set to default"},
     {.key = TextKey::UnitCode, .japanese = u"単位", .english = u"Unit"},
+    {.key = TextKey::DeviceMemory, .japanese = u"EEPROM", .english = u"EEPROM"},
+    {.key = TextKey::DeviceType, .japanese = u"変換器の現在値", .english = u"Present in the device"},
     {.key = TextKey::ProofRead, .japanese = u"読出し", .english = u"read"},
     {.key = TextKey::ProofCollated, .japanese = u"照合（送信なし）", .english = u"collated, nothing sent"},
     {.key = TextKey::ProofCompared, .japanese = u"応答と照合", .english = u"answer compared"},
@@ -329,6 +346,7 @@ constexpr std::array kReasons = {
 };
 
 constexpr StringView kCfgFilter = u"KORVAで作成されたテキストファイル (*.cfg)|*.cfg|";
+constexpr StringView kTextFilter = u"テキストファイル (*.txt)|*.txt|";
 constexpr StringView kDefFilter = u"プログラム管理ファイル (*.def)|*.def";
 constexpr StringView kAllFilter = u"すべてのファイル (*.*)|*.*|";
 
@@ -373,6 +391,11 @@ const String& CsvFilter() {
 
 const String& CfgFilter() {
   static const String filter(kCfgFilter);
+  return filter;
+}
+
+const String& TextFilter() {
+  static const String filter(kTextFilter);
   return filter;
 }
 

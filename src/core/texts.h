@@ -156,10 +156,22 @@ enum class TextKey {
   // The windows beside the page.
   CopyRows,
   ClosePanel,
+  // The window of the line.
+  LineView,  ///< the button and the window
+  LineTime,  ///< heads of the columns
+  LineKind,
+  LineText,
+  LineSent,  ///< what a line is
+  LineReceived,
+  LineNotSent,
+  LineSilent,
+  SaveLine,
   // The report of a transfer.
   Report,          ///< the button and its window
   ReportOfUpload,  ///< (model) heads the report
   ReportOfDownload,
+  ReportOfTableRead,
+  ReportOfTableWrite,
   ReportRuns,  ///< behind the head: how the transfer went
   ReportDone,
   ReportBroken,
@@ -173,7 +185,9 @@ enum class TextKey {
   DeviceMode,
   DeviceReset,
   UnitCode,
-  ProofRead,  ///< how a step was proved
+  DeviceMemory,
+  DeviceType,  ///< what the device holds of a type before it is rewritten
+  ProofRead,   ///< how a step was proved
   ProofCollated,
   ProofCompared,
   ProofReadBack,
@@ -230,6 +244,7 @@ const String& TableHintText(StringView kind);
 const String& CsvFilter();
 const String& CfgFilter();
 const String& DefFilter();
+const String& TextFilter();
 /// Of the dialog that opens a configuration: definition files, configurations, all files. Shown first is
 /// number 2, the configurations (kOpenCfgFilterIndex).
 const String& OpenCfgFilter();

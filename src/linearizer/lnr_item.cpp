@@ -49,10 +49,15 @@ bool WriteLnrValue(const ParameterPage& page, const PointPlace& place) {
   const String cell = ValueFromLnrCell(page.GroupItem.At(place.group, place.item));
   const String data = cell.empty() ? String(u"0") : cell;
   String reply = WriteLnrItem(page, wire, data);
-  if (reply.empty()) {
+  const bool echoed = !reply.empty();
+  if (!echoed) {
     reply = page.Items().ReadRetry(kItemRepeats, wire);
   }
-  return LnrReplyMatches(data, reply);
+  const bool good = LnrReplyMatches(data, reply);
+  const Evidence proved = echoed ? Evidence::Compared : Evidence::ReadBack;
+  page.TellSent({.what = TextKey::Linearizer, .item = wire, .sent = data}, reply,
+                good ? proved : Evidence::Differs);
+  return good;
 }
 
 }  // namespace korva

@@ -84,8 +84,9 @@ bool LnrTransfer::DownloadToStore() {
 
 void LnrTransfer::UploadBlock(const Block& block) {
   for (int item = block.first; item <= block.last; ++item) {
-    const String reply =
-        page_.Items().ReadRetry(kItemRepeats, WireOfPoint({.group = block.group, .item = item}));
+    const WireItem wire = WireOfPoint({.group = block.group, .item = item});
+    const String reply = page_.Items().ReadRetry(kItemRepeats, wire);
+    page_.TellRead({.what = TextKey::Linearizer, .item = wire}, reply);
     page_.GroupItem.Set(block.group, item, LnrValueOf(reply));
     bar_.SetValue(block.Share(item) * 100);
   }

@@ -62,10 +62,14 @@ class CommandExchange final : public TableExchange {
   static WireItem Item() { return {.group = u"01", .item = u"62"}; }
 
   [[nodiscard]] String Send(const String& data) const {
-    return Page().EnterItem().WriteParamRetry(kItemRepeats, Item(), data);
+    String answer = Page().EnterItem().WriteParamRetry(kItemRepeats, Item(), data);
+    Page().TellSent({.what = TextKey::Linearizer, .item = Item(), .sent = data}, answer);
+    return answer;
   }
   [[nodiscard]] bool SendPair(const String& head, const String& tail) const {
-    return IsTaken(Page().EnterItem().WriteParamPairRetry(kItemRepeats, Item(), tail, head));
+    const String answer = Page().EnterItem().WriteParamPairRetry(kItemRepeats, Item(), tail, head);
+    Page().TellSent({.what = TextKey::Linearizer, .item = Item(), .sent = head + tail}, answer);
+    return IsTaken(answer);
   }
   [[nodiscard]] String Fraction(int point, int column) const {
     return FormatMask(LeadingNumber(ValueFromLnrCell(Table().Value(point, column))) / 100, kFractionMask);
@@ -88,7 +92,9 @@ class ItemExchange final : public TableExchange {
     return PointItem(Table().Points(), point, column).value();
   }
   [[nodiscard]] bool ReadValue(int point, int column) const {
-    const String reply = Page().Items().ReadRetry(kItemRepeats, WireOfPoint(PlaceOf(point, column)));
+    const WireItem wire = WireOfPoint(PlaceOf(point, column));
+    const String reply = Page().Items().ReadRetry(kItemRepeats, wire);
+    Page().TellRead({.what = TextKey::Linearizer, .item = wire}, reply);
     const String value = LnrValueOf(reply);
     Table().Store(point, column, IsNumeric(value) ? FormatMask(LeadingNumber(value), kShownMask) : value);
     return !reply.empty();

@@ -29,7 +29,9 @@ void TableMover::Exchange(const Run& run) {
     page_.BeginOperation();
   }
   page_.LockFrame();
+  page_.TellBegan(run.report == BoxKey::TableRead ? Transfer::TableRead : Transfer::TableWrite);
   const bool done = run.move();
+  page_.TellEnded(done);
   if (done) {
     Table_ProgressBar.SetValue(100);
     page_.Box().Show(run.report);

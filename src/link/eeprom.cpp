@@ -121,6 +121,7 @@ bool Eeprom::SetAddress(int address, int count) {
 
 std::string Eeprom::Fetch(int address, int count) {
   if (!SetAddress(address, count)) {
+    Told(address, {}, false);
     return {};
   }
   const String reply = link_.SendCommandUntrimmed(u"D\r");
@@ -128,6 +129,7 @@ std::string Eeprom::Fetch(int address, int count) {
   if (digits.empty() && !reply.empty()) {
     link_.LoseStep();
   }
+  Told(address, {}, !digits.empty());
   return digits;
 }
 
@@ -212,9 +214,17 @@ bool Eeprom::WriteChunk(int address, const std::string& hex) {
 
 bool Eeprom::WritePart(int address, const std::string& hex) {
   const std::string data = "D" + hex;
-  return SetAddress(address, static_cast<int>(hex.size() / 2)) &&
-         Expect(link_.SendCommandUntrimmed(FromUtf8(data + "\r")), "COK") &&
-         Expect(link_.SendCommandUntrimmed(u"D\r"), data);
+  const bool good = SetAddress(address, static_cast<int>(hex.size() / 2)) &&
+                    Expect(link_.SendCommandUntrimmed(FromUtf8(data + "\r")), "COK") &&
+                    Expect(link_.SendCommandUntrimmed(u"D\r"), data);
+  return Told(address, hex, good);
+}
+
+bool Eeprom::Told(int address, const std::string& sent, bool good) const {
+  if (OnBlock) {
+    OnBlock(address, sent, good);
+  }
+  return good;
 }
 
 }  // namespace korva

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -65,6 +66,10 @@ class Eeprom {
   /// Writes 1 to 8 bytes, given as hexadecimal text, at most up to a page's end at a time. 0, or kFailed.
   int EepWriteChunk(int address, const std::string& hex);
 
+  /// Called behind each block that was read, or written and read back: `sent` are the digits of a write,
+  /// empty for a read. What the device gave is the link's last reply.
+  std::function<void(int address, const std::string& sent, bool good)> OnBlock;
+
   /// True when the last of these accesses failed.
   [[nodiscard]] bool Failed() const { return failed_; }
 
@@ -77,6 +82,8 @@ class Eeprom {
   bool WriteText(int address, int length, const String& text);
   bool WriteChunk(int address, const std::string& hex);
   bool WritePart(int address, const std::string& hex);
+  /// Tells of a block; `good`.
+  bool Told(int address, const std::string& sent, bool good) const;
   /// True when `reply` is `expected`; another text shows that the line is out of step.
   bool Expect(const String& reply, const std::string& expected);
 

@@ -7,7 +7,8 @@
 
 namespace korva {
 
-enum class Transfer { Upload, Download };
+/// The last two are those of a table by its own buttons.
+enum class Transfer { Upload, Download, TableRead, TableWrite };
 
 /// What proves a step of a transfer, or why nothing does.
 enum class Evidence {

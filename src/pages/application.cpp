@@ -33,7 +33,8 @@ std::unique_ptr<Page> MakePage(Program& program, const Family& family, DeviceLin
 }  // namespace
 
 Application::Application(const Platform& platform, String folder)
-    : program(
+    : companions(platform, folder),
+      program(
           platform, std::move(folder), AllFamilies(),
           [this](Program& owner, const Family& family) { return MakePage(owner, family, link, companions); }),
       link(platform, program.Shared()) {

@@ -149,6 +149,26 @@ EepromStage::EepromStage(ParameterPage& page)
       unfinished_(page),
       curves_(page, eeprom_, notice_) {
   page_.Add(*this);
+  eeprom_.OnBlock = [this](int address, const std::string& sent, bool good) {
+    TellBlock(address, FromUtf8(sent), good);
+  };
+}
+
+void EepromStage::TellBlock(int address, const String& sent, bool good) const {
+  const String& reply = page_.Line().LastReply();
+  const Evidence proved = sent.empty() ? Evidence::Read : Evidence::ReadBack;
+  page_.TellStep({.what = TextKey::DeviceMemory,
+                  .item = memory::AccessItem(),
+                  .part = Ascii(std::to_string(address)),
+                  .sent = sent,
+                  .answered = reply.starts_with(u"D") ? reply.substr(1) : reply,
+                  .evidence = good ? proved : EvidenceOfFailure(reply)});
+}
+
+bool EepromStage::EnterMemory() {
+  const String answer = eeprom_.SelectEepromRetry(kItemRepeats, memory::AccessItem());
+  page_.TellRead({.what = TextKey::DeviceMemory, .item = memory::AccessItem()}, answer);
+  return !answer.empty();
 }
 
 String EepromStage::MissingCurve() const {
@@ -179,8 +199,8 @@ bool EepromStage::ReadDevice() {
 }
 
 int EepromStage::ReadAdcType() {
-  const bool entered = !eeprom_.SelectEepromRetry(kItemRepeats, memory::AccessItem()).empty();
-  const int type = entered ? LeadingInteger(eeprom_.EepReadNumber(memory::kAdcType, 1)) : Eeprom::kFailed;
+  const int type =
+      EnterMemory() ? LeadingInteger(eeprom_.EepReadNumber(memory::kAdcType, 1)) : Eeprom::kFailed;
   if (type == Eeprom::kFailed) {
     page_.Box().Show(BoxKey::AdcTypeUnreadable);
   }
@@ -198,7 +218,7 @@ bool EepromStage::CheckItem11Changed() {
 
 bool EepromStage::DownloadEepromStage(int adc_before, const String& item10_before) {
   page_.TransferBar.SetValue(0);
-  if (eeprom_.SelectEepromRetry(kItemRepeats, memory::AccessItem()).empty()) {
+  if (!EnterMemory()) {
     page_.Box().Show(BoxKey::EepromModeNotEntered);
     return false;
   }
@@ -379,7 +399,10 @@ bool EepromStage::StoreText(int address, const String& text) {
 }
 
 String EepromStage::ReadItem(StringView item) const {
-  return Trimmed(page_.Items().ReadRetry(kItemRepeats, {.group = u"01", .item = String(item)}));
+  const WireItem wire{.group = u"01", .item = String(item)};
+  const String answer = page_.Items().ReadRetry(kItemRepeats, wire);
+  page_.TellRead({.what = TextKey::DeviceType, .item = wire}, answer);
+  return Trimmed(answer);
 }
 
 }  // namespace korva

@@ -59,6 +59,9 @@ class EepromStage final : public PagePart {
   struct Step;
   static std::span<const Step> Steps();
 
+  /// Enters the mode of memory access; false when the device doesn't take it.
+  bool EnterMemory();
+  void TellBlock(int address, const String& sent, bool good) const;
   Outcome RunSteps(Change& change);
   bool Finish(Outcome outcome);
   /// A step's way to tell whether it succeeded, where it can fail in one way only.

@@ -64,11 +64,10 @@ class UserTableTransfer::Journey {
         item_(transfer.page_.EnterItem(), {.group = u"01", .item = String(wire_.item)}) {}
 
   [[nodiscard]] bool Open() const {
-    return !to_.family_.opened_by_commands ||
-           (item_.Command(String(kOpen)) && item_.Command(String(kConfirm)));
+    return !to_.family_.opened_by_commands || (Command(String(kOpen)) && Command(String(kConfirm)));
   }
   [[nodiscard]] bool Keep() const {
-    return !to_.family_.opened_by_commands || (item_.Command(String(kKeep)) && Open());
+    return !to_.family_.opened_by_commands || (Command(String(kKeep)) && Open());
   }
 
   bool ReadFields() {
@@ -80,10 +79,10 @@ class UserTableTransfer::Journey {
   }
   [[nodiscard]] bool WriteFields() const {
     const UserTableFields& fields = to_.fields_;
-    const bool scaled = !wire_.has_scale || (item_.Write(String(kStep), Trimmed(fields.txtStep.Text())) &&
-                                             item_.Write(String(kBase), Trimmed(fields.txtBase.Text())));
-    return scaled && item_.Write(String(kLast), Digits(fields.Size() - 1)) &&
-           (!HasRange() || item_.Write(String(kRange), fields.RangeCode()));
+    const bool scaled = !wire_.has_scale || (Write(String(kStep), Trimmed(fields.txtStep.Text())) &&
+                                             Write(String(kBase), Trimmed(fields.txtBase.Text())));
+    return scaled && Write(String(kLast), Digits(fields.Size() - 1)) &&
+           (!HasRange() || Write(String(kRange), fields.RangeCode()));
   }
   bool WriteRows() {
     return ForEachValue([this](int row, int column) { return WriteValue(row, column); });
@@ -95,32 +94,55 @@ class UserTableTransfer::Journey {
     return String(1, wire_.keys[static_cast<std::size_t>(column - 1)]) + Digits(row);
   }
 
+  // Each access is told the report of the transfer.
+  [[nodiscard]] bool Told(const String& key, const String& sent, bool good, Evidence evidence) const {
+    const String& reply = to_.page_.Line().LastReply();
+    to_.page_.TellStep({.what = TextKey::UserTable,
+                        .item = {.group = u"01", .item = String(wire_.item)},
+                        .part = key,
+                        .sent = sent,
+                        .answered = Trimmed(SerialLink::StrippedReply(reply)),
+                        .evidence = good ? evidence : EvidenceOfFailure(reply)});
+    return good;
+  }
+  [[nodiscard]] String Read(const String& key) const {
+    String answer = item_.Read(key);
+    (void)Told(key, {}, !answer.empty(), Evidence::Read);
+    return answer;
+  }
+  [[nodiscard]] bool Write(const String& key, const String& value) const {
+    return Told(key, value, item_.Write(key, value), Evidence::Echoed);
+  }
+  [[nodiscard]] bool Command(const String& command) const {
+    return Told(command, command, item_.Command(command), Evidence::Compared);
+  }
+
   bool ReadScale() {
-    const String step = item_.Read(String(kStep));
+    const String step = Read(String(kStep));
     if (step.empty()) {
       return false;
     }
     to_.fields_.TakeStep(step);
-    const String base = item_.Read(String(kBase));
+    const String base = Read(String(kBase));
     if (!base.empty()) {
       to_.fields_.TakeBase(base);
     }
     return !base.empty();
   }
   bool ReadSize() {
-    const std::optional<int> last = PointCount(item_.Read(String(kLast)));
+    const std::optional<int> last = PointCount(Read(String(kLast)));
     if (last) {
       to_.fields_.TakeSize(Digits(*last + 1));
     }
     return last.has_value();
   }
   bool ReadRange() {
-    const String code = item_.Read(String(kRange));
+    const String code = Read(String(kRange));
     to_.fields_.TakeRange(code);
     return !code.empty();
   }
   bool ReadValue(int row, int column) {
-    const String answer = item_.Read(KeyOf(row, column));
+    const String answer = Read(KeyOf(row, column));
     const String value = WithoutUnit(answer, wire_.unit);
     const StringView mask = to_.family_.shown_mask;
     const bool formatted = !mask.empty() && IsNumeric(value);
@@ -129,7 +151,9 @@ class UserTableTransfer::Journey {
   }
   [[nodiscard]] bool WriteValue(int row, int column) const {
     const String cell = ValueFromLnrCell(table_.points.NumberText(row + 1, column));
-    return item_.WriteRow(KeyOf(row, column), FormatMask(LeadingNumber(cell), table_.form.sent_mask));
+    const String key = KeyOf(row, column);
+    const String value = FormatMask(LeadingNumber(cell), table_.form.sent_mask);
+    return Told(key, value, item_.WriteRow(key, value), Evidence::Echoed);
   }
 
   /// One value of all rows, then the next, until one fails.

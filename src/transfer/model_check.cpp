@@ -32,10 +32,16 @@ bool SameModel(StringView def_file, StringView model) {
 }
 
 bool ConfirmModelOfDevice(DevicePage& page) {
-  const String model = page.ReadIdentity({.group = u"00", .item = u"01"});
+  TransferStep step{.what = TextKey::Model, .item = {.group = u"00", .item = u"01"}};
+  const String model = page.ReadIdentity(step.item);
   if (!model.empty() && SameModel(page.DefFile, model)) {
+    step.answered = model;
+    step.evidence = Evidence::Collated;
+    page.TellStep(step);
     return true;
   }
+  step.sent = page.DefFile.substr(0, page.DefFile.find(u'.'));
+  page.TellSent(step, model, Evidence::Differs);
   page.CommFailed = true;
   page.Box().Show(model.empty() ? BoxKey::CommFailure : BoxKey::ModelMismatch);
   return false;

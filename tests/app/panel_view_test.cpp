@@ -81,5 +81,27 @@ TEST(PanelViewTest, TellsItsNameToThoseWhoCantSeeIt) {
   }
 }
 
+TEST(PanelViewTest, ShowsTheTrafficBeforeAndAfterItOpensAndDropsWhatIsTooOld) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Press("cmdLine");
+  auto* table = bench.Find<PanelView>("pnlLine")->findChild<QTableView*>("table");
+  const int before = table->model()->rowCount();
+  EXPECT_GT(before, 20);
+  EXPECT_EQ(CellOf(*table, 0, 2), QStringLiteral("G00"));
+  bench.application.program.Loop().Gate().Enter([&] {
+    for (int i = 0; i < 1300; ++i) {
+      bench.Page().LinkTest();
+    }
+  });
+  QCoreApplication::processEvents();
+  EXPECT_EQ(table->model()->rowCount(), 5000);
+  EXPECT_EQ(CellOf(*table, 4998, 2), QStringLiteral("I99"));
+  EXPECT_EQ(table->indexAt({0, table->viewport()->height() - 2}).row(), 4999);
+  if (const char* folder = std::getenv("PANEL_PICTURES")) {
+    bench.Find<PanelView>("pnlLine")->grab().save(QString::fromUtf8(folder) + "/line.png");
+  }
+}
+
 }  // namespace
 }  // namespace korva::test

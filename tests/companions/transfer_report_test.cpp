@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/text_utilities.h"
+#include "linearizer/linearizer.h"
 #include "pages/page_bench.h"
-#include "tables/eeprom_stage.h"
+#include "support/page_parts.h"
 
 namespace korva::test {
 namespace {
@@ -227,8 +230,10 @@ TEST(TransferReportTest, TellsTheTypesThatAreCollatedBeforeAnythingIsSent) {
   const String type = bench.Page().Item(10);
   bench.Download();
   const auto& rows = bench.Report().Rows();
-  const auto collated = std::find_if(rows.begin(), rows.end(),
-                                     [](const ReportRow& row) { return row.evidence == Evidence::Collated; });
+  EXPECT_EQ(bench.RowOf(u"00/01").evidence, Evidence::Collated);  // the model
+  const auto collated = std::find_if(rows.begin(), rows.end(), [](const ReportRow& row) {
+    return row.item == u"01/10" && row.evidence == Evidence::Collated;
+  });
   ASSERT_NE(collated, rows.end());
   EXPECT_EQ(*collated, (ReportRow{.item = u"01/10",
                                   .caption = u"入力種類",
@@ -281,6 +286,73 @@ TEST(TransferReportTest, TellsOfAUniversalDeviceWhatItsBoxHasNoRoomFor) {
   EXPECT_EQ(bench.RowOf(u"01/02").sent, u"TANK-3");
   EXPECT_EQ(bench.RowOf(u"01/02").answered, u"CNG");
   EXPECT_EQ(bench.RowOf(u"01/02").evidence, Evidence::Refused);
+}
+
+TEST(TransferReportTest, TellsEachValueOfATableWithItsItem) {
+  ReportBench bench(u"QHW");
+  bench.device.Set("01", "60", "12.5");
+  bench.Upload();
+  EXPECT_EQ(bench.RowOf(u"01/60").caption, u"ﾘﾆｱﾗｲｻﾞ");
+  EXPECT_EQ(bench.RowOf(u"01/60").answered, u"X(01):   12.50");
+  EXPECT_EQ(bench.RowOf(u"01/91").evidence, Evidence::Read);
+}
+
+TEST(TransferReportTest, TellsTheBytesThatGoIntoADevicesMemoryAndHowTheyWereReadBack) {
+  ReportBench bench(u"Z2WV");
+  bench.Upload();
+  bench.Download();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::DownloadDone));
+  const auto& rows = bench.Report().Rows();
+  const auto stamped = std::find_if(rows.begin(), rows.end(), [](const ReportRow& row) {
+    return row.item == u"99/10 74" && !row.sent.empty();
+  });
+  ASSERT_NE(stamped, rows.end());
+  EXPECT_EQ(stamped->caption, u"EEPROM");
+  EXPECT_EQ(stamped->sent.size(), 4U);  // the year in two bytes
+  EXPECT_EQ(stamped->answered, stamped->sent);
+  EXPECT_EQ(stamped->evidence, Evidence::ReadBack);
+}
+
+TEST(TransferReportTest, TellsTheByteAtWhichTheWorkOnADevicesMemoryFailed) {
+  ReportBench bench(u"Z2WV");
+  bench.Upload();
+  bench.Break("stuck-byte");
+  bench.Download();
+  EXPECT_EQ(bench.Report().Now(), State::Broken);
+  // The high byte of the year stays what it was, the month doesn't.
+  EXPECT_TRUE(bench.Told().starts_with(u"Item 99/10 73 EEPROM: 「")) << ToUtf8(bench.Told());
+}
+
+TEST(TransferReportTest, TellsADeviceOfAnotherModel) {
+  ReportBench bench(u"Z2WV");
+  bench.Choose(u"Z2WT");
+  bench.Upload();
+  EXPECT_EQ(bench.TakeBoxes().back(), Shown(BoxKey::ModelMismatch));
+  EXPECT_EQ(bench.RowOf(u"00/01").sent, u"Z2WT");
+  EXPECT_TRUE(bench.RowOf(u"00/01").answered.starts_with(u"Z2WV"));
+  EXPECT_EQ(bench.RowOf(u"00/01").evidence, Evidence::Differs);
+}
+
+TEST(TransferReportTest, TellsATableThatTravelsByItsOwnButtons) {
+  ReportBench bench(u"Z2WPR");
+  bench.Upload();
+  auto& linearizer = Part<Linearizer>(bench.Page());
+  bench.Press(linearizer.Opt_Lnr, 1);
+  bench.Click(ButtonOf(bench.Page(), "cmdReadOutTable"));
+  EXPECT_EQ(bench.Report().Kind(), Transfer::TableRead);
+  EXPECT_EQ(bench.Report().Now(), State::Done);
+  EXPECT_EQ(bench.RowOf(u"01/60").evidence, Evidence::Read);
+  EXPECT_EQ(bench.RowOf(u"01/91").evidence, Evidence::Read);
+}
+
+TEST(TransferReportTest, TellsTheKeysOfAUsersTable) {
+  ReportBench bench(u"Z8WT2");
+  bench.device.Set("01", "10", "13 User's TC");
+  bench.Upload();
+  bench.Click(ButtonOf(bench.Page(), "cmdReadOutTable"));
+  EXPECT_EQ(bench.Report().Kind(), Transfer::TableRead);
+  EXPECT_EQ(bench.RowOf(u"01/60 P").evidence, Evidence::Read);
+  EXPECT_EQ(bench.RowOf(u"01/60 T0").evidence, Evidence::Read);
 }
 
 }  // namespace

@@ -29,13 +29,23 @@ bool TakePoint(const String& answer, PointTexts& texts) {
   return good;
 }
 
+String LastWord(const String& answer) {
+  const String text = Trimmed(answer);
+  return text.substr(text.rfind(u' ') + 1);
+}
+
+/// A step of the dialogue, for the report of the transfer.
+TransferStep StepOf(const String& data) {
+  return {.what = TextKey::Linearizer, .item = {.group = u"01", .item = u"42"}, .sent = data};
+}
+
 /// True when the device's answer to a point tells of no other value.
 bool IsTaken(const String& answer, const String& y) {
   const String text = Trimmed(answer);
   if (text.empty() || TellsRefusal(text)) {
     return false;
   }
-  const String last = text.substr(text.rfind(u' ') + 1);
+  const String last = LastWord(text);
   return !IsNumeric(last) || LnrValueMatches(y, last);
 }
 
@@ -70,7 +80,9 @@ PointDialogue::Answer PointDialogue::ReadPoint(int point, PointTexts& texts) {
       continue;
     }
     answered = true;
-    const String answer = Send(Digits(static_cast<std::size_t>(point)));
+    const String number = Digits(static_cast<std::size_t>(point));
+    const String answer = Send(number);
+    page_.TellSent(StepOf(number), answer);
     if (!answer.empty() && Trimmed(answer).empty()) {
       return Answer::End;
     }
@@ -113,7 +125,12 @@ bool PointDialogue::WriteAll(std::span<const PointTexts> points, ProgressBar& ba
 }
 
 bool PointDialogue::WritePoint(std::size_t number, const PointTexts& point) const {
-  return IsTaken(Send(Digits(number) + u" " + point.x + u" " + point.y), point.y);
+  const String data = Digits(number) + u" " + point.x + u" " + point.y;
+  const String answer = Send(data);
+  const bool taken = IsTaken(answer, point.y);
+  const Evidence proved = IsNumeric(LastWord(answer)) ? Evidence::Compared : Evidence::Echoed;
+  page_.TellSent(StepOf(data), answer, taken ? proved : Evidence::Differs);
+  return taken;
 }
 
 }  // namespace korva
