@@ -59,6 +59,9 @@ QPalette DarkPalette() {
   palette.setColor(QPalette::Base, QColor(35, 35, 35));
   palette.setColor(QPalette::ToolTipBase, QColor(90, 80, 30));
   palette.setColor(QPalette::ToolTipText, Qt::white);
+  for (const QPalette::ColorRole text : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+    palette.setColor(QPalette::Disabled, text, QColor(127, 127, 127));
+  }
   return palette;
 }
 
