@@ -187,6 +187,21 @@ TEST_P(Z8PairSideTest, ThatIsEmptyIsBlankInTheCheckAndNothingIsSent) {
       << "the other number stayed at its place";
 }
 
+TEST(Z8KvConfigPairs, ABlankThatWasTypedIntoANumberLeavesTheOtherOneAlone) {
+  Z8Bench bench(u"Z8WV2");
+  bench.Read();
+  for (const auto& [key, mended] : {std::pair(u"14_0", u"5 100.000"), std::pair(u"14_100", u"-100.000 5")}) {
+    bench.Read();
+    bench.Type(key, u"5 6");
+    EXPECT_EQ(bench.CheckResult(), kBadValue) << "it is no number";
+    EXPECT_EQ(bench.LookOf(key), Look::Bad);
+    EXPECT_EQ(bench.LookOf(String(key) == u"14_0" ? u"14_100" : u"14_0"), Look::Normal);
+    EXPECT_EQ(bench.BoxesOfDownload(), Texts{kBadValue});
+    bench.Type(key, u"5");
+    EXPECT_EQ(bench.Page().Item(14), mended);
+  }
+}
+
 TEST(Z8KvConfigPairs, AreOneRecordOfAFile) {
   Z8Bench bench(u"Z8WV2");
   bench.Read();

@@ -53,6 +53,14 @@ std::vector<StringView> WordsOf(StringView text) {
   return words;
 }
 
+/// What was typed for one number, less the blanks around it. A blank within it becomes a wide one: the other
+/// number begins behind the first blank of the cell.
+String AsOneWord(const String& typed) {
+  String word = Trimmed(typed);
+  std::replace(word.begin(), word.end(), u' ', u'\u3000');
+  return word;
+}
+
 String Converted(StringView from, StringView to, const String& text) {
   return IsNumeric(text) && from != to && IsTemperatureUnit(from) && IsTemperatureUnit(to)
              ? ShortestText(ConvertTemperature(from, to, LeadingNumber(text)))
@@ -163,7 +171,7 @@ std::optional<String> ItemPairs::CellOf(int row, const String& text) const {
     return cell;  // the digits that the field doesn't show stay
   }
   PairTexts texts = cell == kNeedless ? PairTexts() : SplitPair(cell);
-  (PlaceOf(row).second ? texts.second : texts.first) = Trimmed(text);
+  (PlaceOf(row).second ? texts.second : texts.first) = AsOneWord(text);
   return JoinPair(texts);
 }
 

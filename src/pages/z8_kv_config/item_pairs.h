@@ -26,7 +26,7 @@ PairTexts PairOfAnswer(StringView answer);
 /// in files and on the wire both are one text.
 ///
 /// The set keeps the device's digits, and a field shows them by the mask of its row. An edit takes the text
-/// that was typed, and leaves the other number as it is.
+/// that was typed, and leaves the other number as it is, even when a blank was typed into the one.
 ///
 /// Temperatures are in deg C on the wire, whatever the page shows. So a number that was read is kept beside
 /// the set: as long as nobody has edited it, it goes out as it was read, and another unit is converted from
