@@ -313,6 +313,10 @@ TEST(CurveViewTest, AGridWithoutRowsOrColumnsHasNoPoints) {
   view.render(&image);
   EXPECT_TRUE(view.Points().empty());
   EXPECT_EQ(view.accessibleDescription(), QStringLiteral("0 点、不適当 0 点"));
+  grid.Resize(3, 1);
+  grid.SetText(1, 0, u"01");
+  view.render(&image);
+  EXPECT_TRUE(view.Points().empty()) << "the points' numbers alone";
 }
 
 TEST(CurveViewTest, TheAxesAreNamedByTheHeadWithItsUnit) {

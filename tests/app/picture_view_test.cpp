@@ -77,9 +77,15 @@ TEST(PictureViewTest, IsAsLargeAsTheFileSaysWhateverTheNumberOfItsDots) {
 TEST(PictureViewTest, OnALightWindowADrawingHasItsOwnColours) {
   PictureBench bench;
   bench.picture.Show(u"In_tc.bmp", BytesOf(Drawing()));
-  EXPECT_EQ(bench.view.Shown().pixel(0, 0), qRgb(255, 255, 255));
-  EXPECT_EQ(bench.view.Shown().pixel(1, 0), qRgb(0, 0, 0));
-  EXPECT_EQ(bench.view.Shown().pixel(2, 0), qRgb(160, 0, 0));
+  QPalette cream = bench.view.palette();
+  cream.setColor(QPalette::Base, QColor(250, 250, 230));
+  cream.setColor(QPalette::Text, QColor(60, 60, 60));
+  for (const QPalette& light : {bench.view.palette(), cream}) {
+    bench.view.setPalette(light);
+    EXPECT_EQ(bench.view.Shown().pixel(0, 0), qRgb(255, 255, 255));
+    EXPECT_EQ(bench.view.Shown().pixel(1, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(bench.view.Shown().pixel(2, 0), qRgb(160, 0, 0));
+  }
 }
 
 TEST(PictureViewTest, OnADarkWindowItsPaperIsDarkItsInkLightAndRedStaysRed) {

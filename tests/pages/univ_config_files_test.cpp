@@ -180,6 +180,23 @@ TEST(UnivColdJunction, WritesBothItemsAndNothingElse) {
   EXPECT_EQ(bench.device.Mode(), '0');
 }
 
+TEST(UnivColdJunction, IsADownloadToWhoeverAsksWhileItWrites) {
+  CjmPage bench;
+  bench.OpenFrame();
+  int writes = 0;
+  bench.line.on_access = [&](const std::string& access) {
+    if (access.starts_with("01/3") && access.find(" D") != std::string::npos) {
+      ++writes;
+      EXPECT_TRUE(bench.app.program.Shared().CommBusy);
+      EXPECT_TRUE(bench.app.program.Shared().DownloadBusy);
+      EXPECT_EQ(bench.Page().WhyRefused(bench.Page().cmdUpload), "disabled");
+    }
+  };
+  bench.dialogs.QueueAnswer(Answer::Yes);
+  bench.Click(bench.Cjm().cmdDefaultCJM);
+  EXPECT_EQ(writes, 2);
+}
+
 TEST(UnivColdJunction, IsSilentAboutARefusedWriteAndGoesBackToMonitorMode) {
   CjmPage bench;
   bench.OpenFrame();

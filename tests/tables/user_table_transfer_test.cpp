@@ -403,6 +403,27 @@ TEST(UserTableButtons, AreRefusedWhileNoTableIsInUse) {
   EXPECT_EQ(bench.line.Sent(), "");
 }
 
+TEST(UserTableButtons, AreBusyWhileATableTravelsAndAWriteIsADownload) {
+  for (const bool writes : {false, true}) {
+    UserTablesBench bench;
+    bench.Use(UserTable::Thermocouple);
+    bench.Fields(u"0", u"10", u"2");
+    bench.Fill({u"1", u"2"});
+    bench.line.ForgetCommands();
+    int rows = 0;
+    bench.loop.OnPump([&] {
+      if (!bench.line.Commands().empty() && bench.line.Commands().back().text.starts_with("DT")) {
+        ++rows;
+        EXPECT_TRUE(bench.program.Shared().CommBusy);
+        EXPECT_EQ(bench.program.Shared().DownloadBusy, writes);
+      }
+    });
+    bench.Click(writes ? bench.page->tables.buttons.cmdWriteInTable
+                       : bench.page->tables.buttons.cmdReadOutTable);
+    EXPECT_GT(rows, 1);
+  }
+}
+
 // In transfers.
 
 TEST(UserTableUpload, ReadsAUsersCurveWithoutAQuestion) {
