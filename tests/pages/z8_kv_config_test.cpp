@@ -71,6 +71,40 @@ TEST(Z8KvConfig, EveryControlStandsOnATab) {
   }
 }
 
+TEST(Z8KvConfig, HasItsCaptionsInTheOtherSetOfTextsToo) {
+  Z8Bench bench(u"Z8WV2");
+  bench.Do([&] { bench.Page().SetCaptions(Language::English); });
+  Texts captions;
+  for (int tab = 0; tab < bench.Page().Tabs.Count(); ++tab) {
+    captions.push_back(ToUtf8(bench.Page().Tabs.TabCaption(tab)));
+  }
+  EXPECT_EQ(captions,
+            (Texts{"File", "Input", "Output(1)", "Output(2)", "Linearizer", "CJM", "Port", "I/O check"}));
+  const auto caption = [&](const char* name) { return ToUtf8(bench.Page().FindControl(name)->ShownText()); };
+  EXPECT_EQ(caption("IO_lblShowOut1"), "Monitor");
+  EXPECT_EQ(caption("IO_lblShowOut2"), "Monitor");
+  EXPECT_EQ(caption("cmdUpload"), "UPLOAD");
+  EXPECT_EQ(caption("cmdChangeCJM"), "Change CJM");
+  EXPECT_EQ(caption("cmd_csvFileSave"), "Save *.csv");
+}
+
+TEST(Z8KvConfig, ListsOfADefinitionThatTheModelsDoNotHaveAreReadAndMeanNothing) {
+  test::PageBench bench;
+  const String text = bench.TextOf(DefPath(u"Z8WV2"));
+  const std::size_t tabs = text.find(u"\n$SSTab") + 1;
+  const String lists =
+      u"$I00\r\n0, DC, $I10\r\n$I82\r\n0, NONE\r\n1, ODD\r\n$I83\r\n0, 1\r\n$I84\r\n0, 9600\r\n";
+  bench.files.Put(DefPath(u"Z8WV2"),
+                  bench.code_page.Encode(text.substr(0, tabs) + lists + text.substr(tabs)).value());
+  bench.Choose(u"Z8WV2");
+  EXPECT_EQ(bench.TakeBoxes(), Texts());
+  EXPECT_EQ(bench.Page().Def[u"$I82"].At(1, 1), u"ODD");
+  EXPECT_EQ(bench.Page().Def[u"$I00"].At(0, 2), u"$I10");
+  EXPECT_EQ(bench.Page().Combo[0].Entries().size(), 4U);
+  EXPECT_EQ(bench.Page().Combo[2].Entries().size(), 3U);
+  EXPECT_TRUE(bench.Page().Tabs.TabEnabled(7)) << "the list of the tabs stands behind them";
+}
+
 TEST(Z8KvConfig, TheLimitsReadMaximumAndMinimum) {
   Z8Bench bench(u"Z8WV2");
   const auto caption = [&](const char* name) { return ToUtf8(bench.Page().FindControl(name)->ShownText()); };
