@@ -24,6 +24,7 @@
 #include "app/memo_view.h"
 #include "app/picture_view.h"
 #include "app/text.h"
+#include "core/texts.h"
 
 namespace korva {
 
@@ -113,6 +114,44 @@ constexpr int kShortestBar = 14;
 
 QString ShownBreaks(const String& text) { return ToQt(text).remove(QLatin1Char('\r')); }
 
+/// A bar at the left edge of a widget, for a value that differs from what the page was compared with.
+class DifferenceMark final : public QWidget {
+ public:
+  explicit DifferenceMark(QWidget* marked) : QWidget(marked) {
+    setObjectName(QStringLiteral("difference"));
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Highlight);
+    marked->installEventFilter(this);
+    Place();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Resize) {
+      Place();
+    }
+    return QWidget::eventFilter(watched, event);
+  }
+
+ private:
+  void Place() { setGeometry(0, 0, kMark, parentWidget()->height()); }
+
+  static constexpr int kMark = 4;  // pixels
+};
+
+/// Shows or takes away the mark of a difference, which is made when it is needed.
+void ShowDifference(QWidget* widget, bool differs) {
+  auto* mark = widget->findChild<QWidget*>(QStringLiteral("difference"), Qt::FindDirectChildrenOnly);
+  if (differs && mark == nullptr) {
+    mark = new DifferenceMark(widget);
+  }
+  if (mark != nullptr) {
+    mark->setVisible(differs);
+    widget->setAccessibleDescription(differs ? ToQt(CaptionText(TextKey::CompareMark)) : QString());
+  }
+}
+
 }  // namespace
 
 void Follow(Control& control, QWidget* widget, std::function<void()> update) {
@@ -122,6 +161,9 @@ void Follow(Control& control, QWidget* widget, std::function<void()> update) {
     widget->setVisible(control.Visible());
     widget->setEnabled(control.Enabled() && !IsLockedList(control));
     update();
+    if (control.Differs() == widget->accessibleDescription().isEmpty()) {
+      ShowDifference(widget, control.Differs());
+    }
   };
   all();
   control.Observe([guard = QPointer<QWidget>(widget), all] {

@@ -196,12 +196,21 @@ Parsed ParseDump(Words& words) {
   return words.Empty() ? Parsed(DumpItems{}) : DumpGrid{.grid = ToUtf8(words.Rest())};
 }
 
+Parsed ParseCompare(Words& words) {
+  const std::string with = words.Next();
+  if (with == "device") {
+    return words.Empty() ? Parsed(Compare{}) : std::nullopt;
+  }
+  const String path = TextOf(words.Rest());
+  return with == "file" && !path.empty() ? Parsed(Compare{.file = path}) : std::nullopt;
+}
+
 struct ActionRow {
   std::string_view word;
   Parsed (*parse)(Words& words);
 };
 
-constexpr std::array<ActionRow, 16> kActions = {{
+constexpr std::array<ActionRow, 17> kActions = {{
     {.word = "start", .parse = Alone<StartProgram>},
     {.word = "choose", .parse = ParseChoose},
     {.word = "click", .parse = ParseClick},
@@ -218,6 +227,7 @@ constexpr std::array<ActionRow, 16> kActions = {{
     {.word = "show", .parse = ParseShow},
     {.word = "dump", .parse = ParseDump},
     {.word = "report", .parse = Alone<TellReport>},
+    {.word = "compare", .parse = ParseCompare},
 }};
 
 std::optional<Statement> ParseNested(int number, StringView text, int depth) {

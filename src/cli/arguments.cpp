@@ -67,6 +67,8 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
   close                  press the close box
   show CONTROL ...       print the controls' states; KvCfg_Tab(N) is tab N, from 0
   dump [GRID]            print the items of the parameter set, or the cells of a grid
+  compare device         list what differs between the page and the device, which is read; the page stays as it is
+  compare file PATH      the same with a configuration file
   report                 print the report of the last transfer: item, name, sent, answered, proof
 
 What the screen would not let the user do prints "refused ACTION: REASON" and does nothing. So does a queued answer

@@ -81,6 +81,18 @@ std::string_view WordOf(Skip skip) {
   return {};
 }
 
+std::string_view WordOf(Comparison::Outcome outcome) {
+  switch (outcome) {
+    case Comparison::Outcome::Complete:
+      return "complete";
+    case Comparison::Outcome::OtherModel:
+      return "other-model";
+    case Comparison::Outcome::Broken:
+      break;
+  }
+  return "broken";
+}
+
 std::string LineOf(const ReportRow& row) {
   return "report " + ToUtf8(row.item) + " " + Quoted(row.caption) + " sent " + Quoted(row.sent) +
          " answered " + Quoted(row.answered) + " " + std::string(WordOf(row.evidence)) +
@@ -99,6 +111,17 @@ void PrintReport(const TransferReport& report, Transcript& transcript) {
                   state);
   for (const ReportRow& row : report.Rows()) {
     transcript.Tell(LineOf(row));
+  }
+}
+
+void PrintComparison(const Comparison& comparison, Transcript& transcript) {
+  const std::string with = comparison.What() == Comparison::With::File ? "file " : "device ";
+  transcript.Tell("compare " + with + Quoted(comparison.Model()) + " " +
+                  std::string(WordOf(comparison.Result())) + " " +
+                  std::to_string(comparison.Differences().size()));
+  for (const Difference& one : comparison.Differences()) {
+    transcript.Tell("compare " + ToUtf8(one.item) + " " + Quoted(one.caption) + " page " + Quoted(one.page) +
+                    " other " + Quoted(one.other) + (one.silent ? " silent" : ""));
   }
 }
 

@@ -21,8 +21,9 @@ constexpr Milliseconds kShortestTimer{1};
 
 /// Actions whose beginning lets the delays of the actions to come (`after`) run.
 template <typename T>
-constexpr bool kLetsDelaysBegin = std::is_same_v<T, StartProgram> || std::is_same_v<T, ClickButton> ||
-                                  std::is_same_v<T, ChooseModel> || std::is_same_v<T, Wait>;
+constexpr bool kLetsDelaysBegin =
+    std::is_same_v<T, StartProgram> || std::is_same_v<T, ClickButton> || std::is_same_v<T, ChooseModel> ||
+    std::is_same_v<T, Wait> || std::is_same_v<T, Compare>;
 
 /// Actions that only ask what the page shows.
 template <typename T>
@@ -246,6 +247,29 @@ Outcome ScriptRunner::Do(const PressClose& /*action*/) {
 Outcome ScriptRunner::Do(const TellReport& /*action*/) {
   PrintReport(companions_.Report, transcript_);
   return {};
+}
+
+Outcome ScriptRunner::Do(const Compare& action) {
+  Outcome outcome;
+  program_.Loop().Gate().Enter([&] {
+    Comparer* const comparer = ComparerOf(*program_.Showing());
+    const std::string_view why =
+        comparer == nullptr ? "no parameters" : program_.Showing()->WhyRefused(comparer->cmdCompare);
+    if (!why.empty()) {
+      outcome = Refused(why);
+      return;
+    }
+    const unsigned before = companions_.Compared.Number();
+    if (action.file) {
+      comparer->CompareFile(*action.file);
+    } else {
+      comparer->CompareDevice();
+    }
+    if (companions_.Compared.Number() != before) {
+      PrintComparison(companions_.Compared, transcript_);
+    }
+  });
+  return outcome;
 }
 
 template <typename PageAction>

@@ -9,6 +9,7 @@ namespace korva {
 
 void Companions::Join(ParameterPage& page) {
   page.Adopt(std::make_unique<ReportWriter>(page, Report, report_panel_));
+  page.Adopt(std::make_unique<Comparer>(page, families_, make_, Compared, compare_panel_));
   page.Adopt(std::make_unique<LineButton>(page, line_panel_));
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <utility>
 
+#include "companions/comparer.h"
 #include "companions/line_panel.h"
 #include "companions/report_panel.h"
 #include "companions/transfer_report.h"
@@ -13,7 +15,9 @@ namespace korva {
 class Companions {
  public:
   /// `folder` is where dialogs begin. The platform outlives this.
-  Companions(const Platform& platform, const String& folder) : line_panel_(platform, folder) {}
+  /// `families` outlive it too; `make` makes a page of theirs on the program's line.
+  Companions(const Platform& platform, const String& folder, const Families& families, BarePageMaker make)
+      : families_(families), make_(std::move(make)), line_panel_(platform, folder) {}
   Companions(const Companions&) = delete;
   Companions& operator=(const Companions&) = delete;
   ~Companions() = default;
@@ -21,14 +25,18 @@ class Companions {
   /// Adds to a page, which does not show yet, what accompanies it. The page lives no longer than this.
   void Join(ParameterPage& page);
   /// The windows, each of which a button of the status area opens.
-  [[nodiscard]] std::array<Panel*, 2> Panels() { return {&report_panel_, &line_panel_}; }
+  [[nodiscard]] std::array<Panel*, 3> Panels() { return {&report_panel_, &compare_panel_, &line_panel_}; }
   /// Shows the traffic of the line from now on, which is taken to the window of the line.
   void FollowLine(SerialLink& line) { line_panel_.Follow(line); }
 
   TransferReport Report;
+  Comparison Compared;
 
  private:
+  const Families& families_;
+  BarePageMaker make_;
   ReportPanel report_panel_{Report};
+  ComparisonPanel compare_panel_{Compared};
   LinePanel line_panel_;
 };
 

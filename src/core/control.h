@@ -56,6 +56,9 @@ class Control {
   [[nodiscard]] virtual Look ShownLook() const { return Look::Normal; }
   /// True while something on it is marked as a bad value.
   [[nodiscard]] virtual bool IsBad() const { return ShownLook() == Look::Bad; }
+  /// True for a value that differs from what the page was compared with.
+  [[nodiscard]] bool Differs() const { return differs_; }
+  void SetDiffers(bool differs) { Assign(differs_, differs); }
   /// What a user reads on it: text, caption or the chosen entry.
   [[nodiscard]] virtual String ShownText() const { return {}; }
 
@@ -84,6 +87,7 @@ class Control {
   int index_;
   bool visible_ = true;
   bool enabled_ = true;
+  bool differs_ = false;
   const Control* container_ = nullptr;
   std::vector<std::function<void()>> observers_;
   std::vector<std::function<void()>> focus_observers_;

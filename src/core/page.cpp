@@ -84,6 +84,11 @@ void Page::Register(const ModalWindow& window) {
 }
 
 void Page::OnLoad() {
+  Load();
+  PreparePort();
+}
+
+void Page::Load() {
   const Platform& platform = program_.Surroundings();
   AppPath = program_.Folder();
   DataPath = program_.Join(AppPath, u"data");
@@ -91,7 +96,6 @@ void Page::OnLoad() {
   const String system = program_.Join(AppPath, u"system");
   ReadModelCatalogue(program_.Lines(), system + platform.files.Separator() + u"MdlVTRMFx.jpn", Models);
   FillModelList();
-  PreparePort();
   SetCaptions(Language::Japanese);
   PrepareFamilyTabs();
   DataChanged = false;

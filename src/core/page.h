@@ -50,6 +50,7 @@ class Page {
 
   // Events.
   void OnLoad();      ///< before the page shows for the first time
+  void Load();        ///< the same, but the port is left as it is: for a page that will not show
   void OnActivate();  ///< whenever the page comes to the front
   /// The page is to be closed; true (cancel) when the window must stay.
   bool OnUnload();

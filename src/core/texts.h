@@ -166,6 +166,19 @@ enum class TextKey {
   LineNotSent,
   LineSilent,
   SaveLine,
+  // The comparison.
+  Comparison,      ///< the window
+  Compare,         ///< the button that compares with the device
+  CompareFile,     ///< the button that compares with a file
+  CompareUnbegun,  ///< (model, number of differences) heads of the window
+  CompareBroken,
+  CompareOtherModel,
+  CompareSame,
+  CompareDiffers,
+  ComparePage,  ///< heads of the columns
+  CompareInDevice,
+  CompareInFile,
+  CompareMark,  ///< of a field that differs
   // The report of a transfer.
   Report,          ///< the button and its window
   ReportOfUpload,  ///< (model) heads the report

@@ -15,7 +15,6 @@ namespace korva {
 
 namespace {
 
-constexpr int kCfgHandle = 2;
 constexpr StringView kDefFileKey = u"$DefFile";
 constexpr StringView kDataKey = u"$Data";
 constexpr StringView kMemoKey = u"$Memo";

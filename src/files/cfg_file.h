@@ -26,6 +26,9 @@ struct CfgModel {
 String CfgText(const String& def_file, const ParameterSet& set, std::span<PagePart* const> parts,
                int first_group = 0);
 
+/// Under which a configuration file is open.
+inline constexpr int kCfgHandle = 2;
+
 /// More bytes than this no configuration has; such a file is another kind of file.
 inline constexpr std::size_t kMostCfgBytes = std::size_t{1} << 20;
 

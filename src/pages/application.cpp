@@ -19,24 +19,24 @@ bool HoldsSlowDevice(const Program& program) {
 }
 
 /// nullptr for a family without a page.
-std::unique_ptr<Page> MakePage(Program& program, const Family& family, DeviceLink& link,
-                               Companions& companions) {
+std::unique_ptr<ParameterPage> MakeBarePage(Program& program, const Family& family, DeviceLink& link) {
   const RegistryEntry& entry = EntryOf(family.word);
-  if (!entry.page.Has()) {
-    return nullptr;
-  }
-  std::unique_ptr<ParameterPage> page = entry.page.Value()(program, entry.record, link);
-  companions.Join(*page);
-  return page;
+  return entry.page.Has() ? entry.page.Value()(program, entry.record, link) : nullptr;
 }
 
 }  // namespace
 
 Application::Application(const Platform& platform, String folder)
-    : companions(platform, folder),
-      program(
-          platform, std::move(folder), AllFamilies(),
-          [this](Program& owner, const Family& family) { return MakePage(owner, family, link, companions); }),
+    : companions(platform, folder, AllFamilies(),
+                 [this](Program& owner, const Family& family) { return MakeBarePage(owner, family, link); }),
+      program(platform, std::move(folder), AllFamilies(),
+              [this](Program& owner, const Family& family) {
+                std::unique_ptr<ParameterPage> page = MakeBarePage(owner, family, link);
+                if (page != nullptr) {
+                  companions.Join(*page);
+                }
+                return page;
+              }),
       link(platform, program.Shared()) {
   link.line.OnWaiting = [this](const String& text) {
     if (Page* page = program.Showing()) {

@@ -103,5 +103,32 @@ TEST(PanelViewTest, ShowsTheTrafficBeforeAndAfterItOpensAndDropsWhatIsTooOld) {
   }
 }
 
+TEST(PanelViewTest, ListsWhatDiffersAndMarksItsFieldUntilTheNextEdit) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.device.device.Set("01", "14", "2.5");
+  bench.Press("cmdCompare");
+  auto* panel = bench.Find<PanelView>("pnlCompare");
+  auto* table = panel->findChild<QTableView*>("table");
+  ASSERT_EQ(table->model()->rowCount(), 1);
+  EXPECT_EQ(CellOf(*table, 0, 2), QStringLiteral("0 V"));
+  EXPECT_EQ(CellOf(*table, 0, 3), QStringLiteral("2.5 V"));
+  bench.Show(1);
+  auto* field = bench.Find<QWidget>("Text(9)");
+  auto* mark = field->findChild<QWidget*>("difference");
+  ASSERT_NE(mark, nullptr);
+  EXPECT_TRUE(mark->isVisible());
+  EXPECT_EQ(mark->height(), field->height());
+  EXPECT_FALSE(field->accessibleDescription().isEmpty());
+  EXPECT_EQ(bench.Find<QWidget>("Text(10)")->findChild<QWidget*>("difference"), nullptr);
+  if (const char* folder = std::getenv("PANEL_PICTURES")) {
+    panel->grab().save(QString::fromUtf8(folder) + "/compare.png");
+    bench.window.grab().save(QString::fromUtf8(folder) + "/marked.png");
+  }
+  bench.application.program.Loop().Gate().Enter([&] { bench.Page().Text[10].UserTypes(u"9"); });
+  EXPECT_FALSE(mark->isVisible());
+  EXPECT_TRUE(field->accessibleDescription().isEmpty());
+}
+
 }  // namespace
 }  // namespace korva::test

@@ -40,5 +40,21 @@ TEST(PrintReportTest, TellsEachStepOnALineOfItsOwn) {
                                     "report 01/19 \"a \\\"b\\\"\" sent \"5\" answered \"\" silent"}));
 }
 
+TEST(PrintComparisonTest, TellsWithWhatAndHowItWentAndEachDifference) {
+  Comparison comparison;
+  comparison.Take(Comparison::With::Device, u"QHW", Comparison::Outcome::Complete,
+                  {{.item = u"01/14", .caption = u"入力ｾﾞﾛ (0%)", .page = u"1 V", .other = u"2 V"},
+                   {.item = u"01/15", .caption = u"b", .page = u"5", .other = u"", .silent = true}});
+  std::ostringstream printed;
+  Transcript transcript(printed, printed);
+  PrintComparison(comparison, transcript);
+  EXPECT_EQ(TakeLines(printed), (Lines{"compare device \"QHW\" complete 2",
+                                       "compare 01/14 \"入力ｾﾞﾛ (0%)\" page \"1 V\" other \"2 V\"",
+                                       "compare 01/15 \"b\" page \"5\" other \"\" silent"}));
+  comparison.Take(Comparison::With::File, u"QHW", Comparison::Outcome::OtherModel, {});
+  PrintComparison(comparison, transcript);
+  EXPECT_EQ(TakeLines(printed), Lines{"compare file \"QHW\" other-model 0"});
+}
+
 }  // namespace
 }  // namespace korva::cli::test

@@ -61,6 +61,7 @@ ScriptBench::ScriptBench(ScriptRunner::Options options)
                 return std::make_unique<BenchPage>(owner, family, link);
               }),
       link(platform, program.Shared()),
+      companions(platform, u"/k", AllFamilies(), nullptr),
       runner(program, link, companions, dialogs, transcript, options) {
   files.Put(u"/k/system/MdlVTRMFx.jpn", kCatalogue);
   port.Connect(1, &line);

@@ -85,7 +85,7 @@ struct ScriptBench {
   Platform platform{.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
   Program program;
   SerialLink link;
-  Companions companions{platform, u"/k"};
+  Companions companions;
   ScriptRunner runner;
 };
 

@@ -95,6 +95,20 @@ const std::string kModelMatches =
 const std::string kStartUpload = R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞを開始します。" ok,cancel -> )";
 const std::string kUploadDone = R"(box plain "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞ完了。" ok -> ok)";
 
+TEST(ScriptOnPages, ComparesThePageWithTheDeviceAndReportsTheLastTransfer) {
+  PagesBench bench;
+  bench.Run("answer yes ok\nclick cmdUpload");
+  const Lines report = bench.Run("report");
+  EXPECT_EQ(report.front(), "report upload \"QHN\" done");
+  EXPECT_TRUE(Holds(report, "report 01/02 \"ﾀｸﾞ名\" sent \"\" answered \"TG:BOILER-7\" read"));
+  bench.device.Set("01", "02", "BOILER-8");
+  const Lines compared = Of(bench.Run("compare device"), "compare");
+  EXPECT_EQ(compared, (Lines{"compare device \"QHN\" complete 1",
+                             "compare 01/02 \"ﾀｸﾞ名\" page \"BOILER-7\" other \"BOILER-8\""}));
+  EXPECT_TRUE(Holds(bench.Run("compare file /no/such.cfg"), "compare file \"QHN\" broken 0"));
+  EXPECT_EQ(bench.Run("report"), report);
+}
+
 TEST(ScriptOnPages, DumpsNothingOfAnEmptyParameterSet) {
   PagesBench bench;
   EXPECT_EQ(bench.Run("dump"), Lines{});

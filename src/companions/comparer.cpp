@@ -1,0 +1,240 @@
+#include "companions/comparer.h"
+
+#include <algorithm>
+#include <string>
+
+#include "core/numbers.h"
+#include "core/text_utilities.h"
+#include "linearizer/lnr_check.h"
+#include "transfer/upload.h"
+
+namespace korva {
+
+namespace {
+
+String Number(int number) { return Ascii(std::to_string(number)); }
+
+/// The control that shows the value of a row: a field, a box, or the frame of options; nullptr for none.
+Control* ControlOf(ParameterPage& page, int row) {
+  if (!page.DataCell(row, kTextIndex).empty()) {
+    return &page.Text[page.Place(row, kTextIndex, page.Text.Count())];
+  }
+  if (!page.DataCell(row, kComboIndex).empty()) {
+    return &page.Combo[page.Place(row, kComboIndex, page.Combo.Count())];
+  }
+  return nullptr;
+}
+
+OptionGroup* OptionsOf(const ParameterPage& page, int row) {
+  const OptionRule* rule = page.FindOptionRule(page.DataCell(row, kChoiceKey));
+  return page.DataCell(row, kFrameIndex).empty() || rule == nullptr ? nullptr : rule->options;
+}
+
+/// What the page shows of a row.
+String ShownOf(ParameterPage& page, int row) {
+  if (const Control* control = ControlOf(page, row)) {
+    return Trimmed(control->ShownText());
+  }
+  const OptionGroup* options = OptionsOf(page, row);
+  if (options == nullptr) {
+    return Trimmed(page.SetCell(row));
+  }
+  return options->Selected() < 0 ? String() : (*options)[options->Selected()].Caption();
+}
+
+String WithUnit(ParameterPage& page, int row, const String& text) {
+  const Label* unit = page.UnitLabelOf(row);
+  return text.empty() || unit == nullptr || unit->Caption().empty() ? text : text + u" " + unit->Caption();
+}
+
+/// True for texts that read the same, or are the same number.
+bool Same(const String& one, const String& other) {
+  return one == other || (IsNumeric(one) && IsNumeric(other) && LeadingNumber(one) == LeadingNumber(other));
+}
+
+bool SameCell(const String& one, const String& other) {
+  return Same(ValueFromLnrCell(one), ValueFromLnrCell(other));
+}
+
+}  // namespace
+
+Comparer::Comparer(ParameterPage& page, const Families& families, const BarePageMaker& make,
+                   Comparison& comparison, ComparisonPanel& panel)
+    : page_(page), families_(families), make_(make), comparison_(comparison), panel_(panel) {
+  page_.PutIntoStatus(cmdCompare);
+  page_.PutIntoStatus(cmdCompareFile);
+  cmdCompare.OnClick = [this] {
+    CompareDevice();
+    panel_.Open();
+  };
+  cmdCompareFile.OnClick = [this] { CompareChosenFile(); };
+}
+
+void Comparer::SetCaptions(Language language) {
+  cmdCompare.SetCaption(CaptionText(TextKey::Compare, language));
+  cmdCompareFile.SetCaption(CaptionText(TextKey::CompareFile, language));
+  panel_.SetLanguage(language);
+}
+
+void Comparer::SetExchangesBarred(bool barred) {
+  cmdCompare.SetEnabled(!barred);
+  cmdCompareFile.SetEnabled(!barred);
+}
+
+void Comparer::FieldChanged(int row) {
+  // A live value is no edit.
+  if (const Control* control = ControlOf(page_, row); control != nullptr && !control->Locked()) {
+    Unmark();
+  }
+}
+
+void Comparer::CompareDevice() {
+  if (page_.OperationRuns() || !ModelChosen(page_)) {
+    return;
+  }
+  page_.BeginOperation();
+  page_.LockFrame();
+  SecondPage other(page_, families_, make_);
+  const Comparison::Outcome outcome = other.ReadDevice();
+  page_.EndOperation();
+  page_.UnlockFrame();
+  Take(Comparison::With::Device, other, outcome);
+}
+
+void Comparer::CompareChosenFile() {
+  if (page_.OperationRuns()) {
+    return;
+  }
+  const std::optional<String> path = page_.ItsProgram().Surroundings().dialogs.ChooseFile(
+      {.start_folder = page_.DataPath, .filter = OpenCfgFilter(), .filter_index = kOpenCfgFilterIndex});
+  if (path) {
+    CompareFile(*path);
+    panel_.Open();
+  }
+}
+
+void Comparer::CompareFile(const String& path) {
+  if (page_.OperationRuns() || !ModelChosen(page_)) {
+    return;
+  }
+  SecondPage other(page_, families_, make_);
+  const Comparison::Outcome outcome = other.ReadFile(path);
+  Take(Comparison::With::File, other, outcome);
+}
+
+void Comparer::Take(Comparison::With with, SecondPage& other, Comparison::Outcome outcome) {
+  Unmark();
+  const bool complete = outcome == Comparison::Outcome::Complete;
+  comparison_.Take(with, page_.lst_TypeSelect.Text(), outcome,
+                   complete ? DifferencesFrom(other) : std::vector<Difference>());
+}
+
+std::vector<Difference> Comparer::DifferencesFrom(SecondPage& other) {
+  std::vector<Difference> found;
+  CompareRows(other, found);
+  if (other.TableRead()) {
+    CompareGrids(other, found);
+  }
+  return found;
+}
+
+bool Comparer::IsCompared(int row) const {
+  if (page_.DataCell(row, kOnPage) != u"Y" || page_.IsLive(row)) {
+    return false;
+  }
+  // Several rows may show parts of one item, of which one travels.
+  const StringTable& data = page_.Def.Data();
+  for (int one = 0; one < data.Rows(); ++one) {
+    if (page_.DataCell(one, kUploaded) == u"Y" &&
+        page_.DataCell(one, kGroup) == page_.DataCell(row, kGroup) &&
+        LeadingInteger(page_.DataCell(one, kItem)) == LeadingInteger(page_.DataCell(row, kItem))) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void Comparer::AlignUnits(ParameterPage& other) const {
+  const int unit = page_.optTempUnit.Selected();
+  if (unit >= 0 && other.optTempUnit.Selected() >= 0 && other.optTempUnit.Selected() != unit) {
+    other.optTempUnit[unit].Click();
+  }
+}
+
+void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
+  const int rows = page_.Def.Data().Rows();
+  std::vector<String> chosen(static_cast<std::size_t>(rows));
+  for (int row = 0; row < rows; ++row) {
+    chosen[static_cast<std::size_t>(row)] = IsCompared(row) ? ShownOf(other.Page(), row) : String();
+  }
+  AlignUnits(other.Page());
+  for (int row = 0; row < rows; ++row) {
+    if (!IsCompared(row)) {
+      continue;
+    }
+    const String here = ShownOf(page_, row);
+    const bool choice = OptionsOf(page_, row) != nullptr;
+    const String there = choice ? chosen[static_cast<std::size_t>(row)] : ShownOf(other.Page(), row);
+    if (other.Silent(row) || !Same(here, there)) {
+      found.push_back({.item = page_.DataCell(row, kGroup) + u"/" + page_.DataCell(row, kItem),
+                       .caption = page_.DataCell(row, kCaption),
+                       .page = WithUnit(page_, row, here),
+                       .other = WithUnit(other.Page(), row, there),
+                       .silent = other.Silent(row)});
+      Mark(row);
+    }
+  }
+}
+
+void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) const {
+  for (const Control* control : page_.Controls()) {
+    const auto* const here = dynamic_cast<const Grid*>(control);
+    const auto* const there =
+        here == nullptr ? nullptr : dynamic_cast<const Grid*>(other.Page().FindControl(here->FullName()));
+    const int rows = there == nullptr ? 0 : std::min(here->Rows(), there->Rows());
+    for (int row = 1; row < rows; ++row) {
+      for (int column = 1; column < std::min(here->Columns(), there->Columns()); ++column) {
+        const String& one = here->At(row, column).text;
+        const String& another = there->At(row, column).text;
+        if (!SameCell(one, another)) {
+          found.push_back({.item = Number(row) + u"," + Number(column),
+                           .caption = CaptionText(TextKey::UserTable) + here->At(0, column).text,
+                           .page = one,
+                           .other = another});
+        }
+      }
+    }
+  }
+}
+
+void Comparer::Mark(int row) {
+  const auto mark = [this](Control& control) {
+    control.SetDiffers(true);
+    marked_.push_back(&control);
+  };
+  if (Control* control = ControlOf(page_, row)) {
+    mark(*control);
+  } else if (OptionGroup* options = OptionsOf(page_, row)) {
+    for (int place = 0; place < options->Count(); ++place) {
+      mark((*options)[place]);
+    }
+  }
+}
+
+void Comparer::Unmark() {
+  for (Control* control : marked_) {
+    control->SetDiffers(false);
+  }
+  marked_.clear();
+}
+
+Comparer* ComparerOf(const Page& page) {
+  for (PagePart* part : page.Parts()) {
+    if (auto* found = dynamic_cast<Comparer*>(part)) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace korva

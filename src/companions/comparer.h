@@ -1,0 +1,58 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "companions/comparison.h"
+#include "companions/second_page.h"
+
+namespace korva {
+
+/// Compares the page with the device or with a configuration file, and marks the fields that differ until the
+/// next edit. Page and set stay as they are.
+class Comparer final : public PagePart {
+ public:
+  /// All outlive this, but for the page, which keeps it.
+  Comparer(ParameterPage& page, const Families& families, const BarePageMaker& make, Comparison& comparison,
+           ComparisonPanel& panel);
+
+  void SetCaptions(Language language) override;
+  void SetExchangesBarred(bool barred) override;
+  void FieldChanged(int row) override;
+  void ChoiceMade(const Choice& /*choice*/) override { Unmark(); }
+  void PageCleared() override { Unmark(); }
+  void PageBuilt() override { Unmark(); }
+
+  /// Reads the device as an upload does, without its questions, and lists what differs. Does nothing while an
+  /// operation runs.
+  void CompareDevice();
+  /// The same with a file; the first lets the user choose it.
+  void CompareChosenFile();
+  void CompareFile(const String& path);
+
+  Button cmdCompare{"cmdCompare"};
+  Button cmdCompareFile{"cmdCompareFile"};
+
+ private:
+  void Take(Comparison::With with, SecondPage& other, Comparison::Outcome outcome);
+  std::vector<Difference> DifferencesFrom(SecondPage& other);
+  void CompareRows(SecondPage& other, std::vector<Difference>& found);
+  void CompareGrids(SecondPage& other, std::vector<Difference>& found) const;
+  [[nodiscard]] bool IsCompared(int row) const;
+  /// Lets the other page show its temperatures in this page's unit.
+  void AlignUnits(ParameterPage& other) const;
+  void Mark(int row);
+  void Unmark();
+
+  ParameterPage& page_;
+  const Families& families_;
+  const BarePageMaker& make_;
+  Comparison& comparison_;
+  ComparisonPanel& panel_;
+  std::vector<Control*> marked_;
+};
+
+/// The page's own; nullptr for a page without one.
+Comparer* ComparerOf(const Page& page);
+
+}  // namespace korva

@@ -1,0 +1,181 @@
+// What a comparison of the page with a device or a file finds, and that it touches neither page nor set.
+
+#include "companions/comparison.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "companions/comparer.h"
+#include "core/text_utilities.h"
+#include "pages/page_bench.h"
+
+namespace korva::test {
+namespace {
+
+using Found = std::vector<Difference>;
+using Outcome = Comparison::Outcome;
+
+class CompareBench : public PageBench {
+ public:
+  explicit CompareBench(const String& model) : device(PageBench::Connect(model)) {
+    Choose(model);
+    TakeTables();
+    Upload();
+    TakeBoxes();
+  }
+  [[nodiscard]] const Comparison& Compared() const { return app.companions.Compared; }
+  Comparer& Part() { return *ComparerOf(Page()); }
+  const Found& Compare() {
+    Click(Part().cmdCompare);
+    return Compared().Differences();
+  }
+  const Found& CompareWith(const String& path) {
+    Do([&] { Part().CompareFile(path); });
+    return Compared().Differences();
+  }
+
+  sim::Device& device;
+};
+
+TEST(ComparisonTest, FindsNothingWhereNothingWasChangedAndAsksNothing) {
+  CompareBench bench(u"QHW");
+  EXPECT_EQ(bench.Compare(), Found());
+  EXPECT_EQ(bench.Compared().Result(), Outcome::Complete);
+  EXPECT_EQ(bench.Compared().What(), Comparison::With::Device);
+  EXPECT_TRUE(bench.TakeBoxes().empty());
+}
+
+TEST(ComparisonTest, ListsWhatSomeoneChangedAndMarksItsFieldUntilTheNextEdit) {
+  CompareBench bench(u"QHW");
+  bench.device.Set("01", "14", "2.5");
+  EXPECT_EQ(bench.Compare(),
+            (Found{{.item = u"01/14", .caption = u"入力ｾﾞﾛ (0%)", .page = u"0 V", .other = u"2.5 V"}}));
+  EXPECT_TRUE(bench.Field(u"14").Differs());
+  EXPECT_FALSE(bench.Field(u"15").Differs());
+  EXPECT_EQ(bench.LookOf(u"14"), Look::Normal);
+  EXPECT_EQ(bench.Field(u"14").Text(), u"0");
+  bench.Type(u"02", u"X");
+  EXPECT_FALSE(bench.Field(u"14").Differs());
+}
+
+TEST(ComparisonTest, TakesTheSameNumberForTheSame) {
+  CompareBench bench(u"QHW");
+  bench.Type(u"14", u"0.0");
+  EXPECT_EQ(bench.Compare(), Found());
+}
+
+TEST(ComparisonTest, FindsAChoice) {
+  CompareBench bench(u"QHW");
+  bench.device.Set("01", "10", "3:DC mA");
+  const Found& found = bench.Compare();
+  const auto type =
+      std::find_if(found.begin(), found.end(), [](const Difference& one) { return one.item == u"01/10"; });
+  ASSERT_NE(type, found.end());
+  EXPECT_EQ(type->page, u"1:DC V");
+  EXPECT_EQ(type->other, u"3:DC mA");
+  EXPECT_TRUE(bench.Page().Combo[0].Differs());
+}
+
+TEST(ComparisonTest, ComparesTemperaturesInTheUnitOfThePage) {
+  CompareBench bench(u"Z8WT2");
+  bench.Press(bench.Page().optTempUnit, 1);
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U) << ToUtf8(found.empty() ? String() : found.back().item);
+  EXPECT_EQ(found.front().item, u"01/21");
+}
+
+TEST(ComparisonTest, ComparesThePointsOfATable) {
+  CompareBench bench(u"QHW");
+  bench.device.Set("01", "60", "12.5");
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"1,1");
+  EXPECT_EQ(found.front().other, u"12.50");
+}
+
+TEST(ComparisonTest, TellsWhatDidNotAnswer) {
+  CompareBench bench(u"QHW");
+  bench.device.AddFault(sim::ParseFault("silent=I15"));
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"01/15");
+  EXPECT_TRUE(found.front().silent);
+}
+
+TEST(ComparisonTest, TellsNoDifferencesOfADeviceThatIsNotReadToItsEnd) {
+  CompareBench bench(u"QHW");
+  bench.device.AddFault(sim::ParseFault("silent"));
+  EXPECT_EQ(bench.Compare(), Found());
+  EXPECT_EQ(bench.Compared().Result(), Outcome::Broken);
+  EXPECT_EQ(bench.TakeBoxes(), std::vector{Shown(BoxKey::CommFailure)});
+  EXPECT_EQ(bench.Page().WhyRefused(bench.Page().cmdUpload), "");
+}
+
+TEST(ComparisonTest, ComparesWithAFileAndNotWithOneOfAnotherModel) {
+  CompareBench bench(u"QHW");
+  bench.Save(kFile);
+  bench.TakeBoxes();
+  EXPECT_EQ(bench.CompareWith(kFile), Found());
+  bench.Type(u"14", u"2");
+  EXPECT_EQ(bench.CompareWith(kFile),
+            (Found{{.item = u"01/14", .caption = u"入力ｾﾞﾛ (0%)", .page = u"2 V", .other = u"0 V"}}));
+  EXPECT_EQ(bench.Page().txtFileTitle.Text(), u"kept.cfg");
+  bench.Page().DataChanged = false;
+  bench.Choose(u"QZ");
+  EXPECT_EQ(bench.CompareWith(kFile), Found());
+  EXPECT_EQ(bench.Compared().Result(), Outcome::OtherModel);
+  EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QZ");
+}
+
+TEST(ComparisonTest, LetsTheUserChooseTheFile) {
+  CompareBench bench(u"QHW");
+  bench.Save(kFile);
+  bench.TakeBoxes();
+  bench.Type(u"14", u"2");
+  bench.Click(bench.Part().cmdCompareFile);  // the dialog is cancelled
+  EXPECT_EQ(bench.Compared().What(), Comparison::With::Nothing);
+  bench.dialogs.QueueFile(kFile);
+  bench.Click(bench.Part().cmdCompareFile);
+  EXPECT_EQ(bench.Compared().What(), Comparison::With::File);
+  EXPECT_EQ(bench.Compared().Differences().size(), 1U);
+  EXPECT_TRUE(bench.Page().DataChanged);
+}
+
+TEST(ComparisonTest, LeavesTheReportOfTheLastTransfer) {
+  CompareBench bench(u"QHW");
+  const auto rows = bench.app.companions.Report.Rows();
+  bench.Compare();
+  EXPECT_EQ(bench.app.companions.Report.Rows(), rows);
+}
+
+TEST(ComparisonTest, LetsAForcedOutputGoAsAnUploadDoes) {
+  CompareBench bench(u"QHW");
+  bench.Do([&] { bench.Page().TellForced(u"50 %"); });
+  bench.Compare();
+  EXPECT_FALSE(bench.Page().lblForced.Visible());
+}
+
+TEST(ComparisonTest, HoldsACloseRequestLikeAnUpload) {
+  CompareBench bench(u"QHW");
+  bench.loop.After(Milliseconds(500), [&] { bench.app.program.PressClose(); });
+  bench.Click(bench.Part().cmdCompare);
+  EXPECT_EQ(bench.status, 0);
+}
+
+TEST(ComparisonTest, IsBarredWhileAnOperationRuns) {
+  CompareBench bench(u"QHW");
+  bool seen = false;
+  bench.loop.After(Milliseconds(500), [&] {
+    seen = true;
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Part().cmdCompare), "disabled");
+    EXPECT_EQ(bench.Page().WhyRefused(bench.Page().cmdUpload), "disabled");
+    EXPECT_TRUE(bench.Page().OperationRuns());
+  });
+  bench.Compare();
+  EXPECT_TRUE(seen);
+  EXPECT_FALSE(bench.Page().OperationRuns());
+}
+
+}  // namespace
+}  // namespace korva::test
