@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <utility>
+
 #include "core/text_utilities.h"
 #include "support/page_parts.h"
 #include "univ_config_bench.h"
@@ -71,6 +74,26 @@ TEST(UnivMonitor, TakesTheUnitsFromTheDevice) {
     EXPECT_EQ(bench.UnitOf(u"07"), one.unit07);
     EXPECT_EQ(bench.Field(u"06").Text().empty(), one.unit06.empty()) << "without a unit it isn't read";
     EXPECT_FALSE(bench.Field(u"05").Text().empty());
+  }
+}
+
+TEST(UnivMonitor, ALabelBlinksWhileItsUnitIsLookedUpThatOfItem07Too) {
+  UnivBench bench;
+  ASSERT_TRUE(bench.device.Set("01", "10", "Tc-2:K(CA)"));
+  bench.line.replies["01/21"] = std::nullopt;  // each look-up waits in vain
+  std::map<std::string, int> changes;
+  for (const char16_t* item : {u"04", u"06", u"07"}) {
+    Label* label = bench.Page().UnitLabelOf(bench.Page().FindDataRow(item));
+    label->Observe([&changes, label, name = ToUtf8(item), last = Look::Normal]() mutable {
+      changes[name] += std::exchange(last, label->ShownLook()) != label->ShownLook() ? 1 : 0;
+    });
+  }
+  Watch(bench, 90s);
+  EXPECT_GT(changes["04"], 10);
+  EXPECT_GT(changes["07"], 10);
+  EXPECT_LT(changes["06"], 10) << "the input answers at once";
+  for (const char16_t* item : {u"04", u"06", u"07"}) {
+    EXPECT_EQ(bench.Page().UnitLabelOf(bench.Page().FindDataRow(item))->ShownLook(), Look::Normal);
   }
 }
 
