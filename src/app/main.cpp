@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QMessageBox>
 #include <iostream>
 
@@ -11,7 +12,7 @@
 #include "app/window_host.h"
 #include "platform/native/process.h"
 #include "platform/qt/end_signals.h"
-#include "platform/qt/program_folder.h"
+#include "platform/qt/program_home.h"
 
 namespace {
 
@@ -27,7 +28,8 @@ struct CommandLine {
   }
   QCommandLineOption home{QStringLiteral("home"),
                           QStringLiteral("The program's folder, in which system, data and ports lie "
-                                         "(default: the folder of the executable)."),
+                                         "(default: the folder of the executable; where KORVA is installed, "
+                                         "korva in $XDG_DATA_HOME, which is ~/.local/share unless set)."),
                           QStringLiteral("DIR")};
   QCommandLineParser parser;
 };
@@ -71,10 +73,11 @@ int main(int argc, char** argv) {
     std::cerr << "korva: only one file can be opened\n";
     return 2;
   }
+  // By these the desktop knows whose window it is, and draws the icon that is installed.
+  QGuiApplication::setDesktopFileName(QStringLiteral("korva"));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("korva")));
   korva::PrepareLook();
-  const QString home = arguments.parser.value(arguments.home);
-  korva::WindowHost host(home.isEmpty() ? korva::ProgramFolder()
-                                        : std::filesystem::path(korva::FromQt(home)));
+  korva::WindowHost host(korva::TakeHome(korva::FromQt(arguments.parser.value(arguments.home))));
   const korva::EndSignals end_signals([&host] { host.Window().RequestEnd(); });
   if (host.Start()) {
     TellMissingFont(&host.Window());

@@ -20,7 +20,6 @@
 #include "app/window_host.h"
 #include "core/texts.h"
 #include "platform/native/process.h"
-#include "platform/qt/program_folder.h"
 
 namespace {
 
@@ -322,11 +321,9 @@ int main(int argc, char** argv) {
   if (arguments.isSet(options.dark)) {
     QApplication::setPalette(DarkPalette());
   }
-  const QString home = arguments.value(options.home);
   PictureDialogs dialogs(arguments.value(options.open), arguments.value(options.csv),
                          arguments.isSet(options.yes));
-  korva::WindowHost host(home.isEmpty() ? korva::ProgramFolder() : std::filesystem::path(korva::FromQt(home)),
-                         &dialogs);
+  korva::WindowHost host(korva::TakeHome(korva::FromQt(arguments.value(options.home))), &dialogs);
   const auto size = Pair(arguments.value(options.size), QLatin1Char('x'));
   if (!size) {
     Complain(QStringLiteral("--size needs a width and a height, such as 1180x740"));

@@ -54,15 +54,15 @@ QString MissingFontText(const QStringList& japanese_families) {
              : QString();
 }
 
-WindowHost::WindowHost(const std::filesystem::path& folder, Dialogs* dialogs)
-    : port_(loop_.Gate(), folder),
+WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
+    : port_(loop_.Gate(), home.own),
       dialogs_(loop_.Gate()),
       application_({.loop = loop_,
                     .port = port_,
                     .dialogs = dialogs != nullptr ? *dialogs : dialogs_,
                     .files = files_,
                     .code_page = code_page_},
-                   folder.u16string()),
+                   {.installed = home.installed.u16string(), .own = home.own.u16string()}),
       window_(application_) {
   dialogs_.SetParent(&window_);
   window_.OnFileDropped([this](const QString& path, const Button& button) {

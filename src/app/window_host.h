@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QString>
-#include <filesystem>
 
 #include "app/main_window.h"
 #include "app/qt_dialogs.h"
 #include "pages/application.h"
 #include "platform/native/native_code_page.h"
 #include "platform/native/native_file_store.h"
+#include "platform/qt/program_home.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_port.h"
 
@@ -25,8 +25,8 @@ QString MissingFontText(const QStringList& japanese_families);
 /// The program with its window, on the Qt host. The application object must exist.
 class WindowHost {
  public:
-  /// `folder` is the program's folder; `dialogs` take the place of boxes and dialogs on the screen.
-  explicit WindowHost(const std::filesystem::path& folder, Dialogs* dialogs = nullptr);
+  /// `dialogs` take the place of boxes and dialogs on the screen.
+  explicit WindowHost(const ProgramHome& home, Dialogs* dialogs = nullptr);
 
   /// Starts the program and shows its window, which takes the whole screen where that is too small for its
   /// usual size. False when that ended the program.

@@ -44,7 +44,8 @@ std::string_view HelpText() {
 
   korva-cli [--home DIR] [--line] [--keep-going] [--strict] [SCRIPT]
 
-  --home DIR     the program's folder with system/, data/ and ports/; default: that of the executable
+  --home DIR     the program's folder with system/, data/ and ports/; default: that of the executable;
+                 where KORVA is installed, korva in $XDG_DATA_HOME, which is ~/.local/share unless set
   --line         print the traffic with the device as well
   --keep-going   go on behind a line that is no action or names no control
   --strict       end with status 4 when an action or an answer was refused

@@ -21,7 +21,7 @@
 #include "platform/native/native_file_store.h"
 #include "platform/native/process.h"
 #include "platform/qt/end_signals.h"
-#include "platform/qt/program_folder.h"
+#include "platform/qt/program_home.h"
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_port.h"
 
@@ -40,15 +40,15 @@ int OpenScript(const Arguments& arguments) {
 
 std::string Words(int error) { return std::generic_category().message(error); }
 
-int RunScript(int script, const Arguments& arguments, const fs::path& home, Transcript& transcript) {
+int RunScript(int script, const Arguments& arguments, const ProgramHome& home, Transcript& transcript) {
   QtEventLoop loop;
-  QtPort port(loop.Gate(), home);
+  QtPort port(loop.Gate(), home.own);
   ScriptDialogs dialogs(transcript);
   NativeFileStore files;
   NativeCodePage code_page;
   const Platform platform{
       .loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
-  Application application(platform, home.u16string());
+  Application application(platform, {.installed = home.installed.u16string(), .own = home.own.u16string()});
   ScriptRunner runner(
       application.program, application.link.line, application.companions, dialogs, transcript,
       {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});
@@ -87,13 +87,12 @@ int Main(int argc, char** argv) {
   }
   QtEventLoop::ChooseDispatcher();
   const QCoreApplication application(argc, argv);
-  const fs::path home = arguments->home ? fs::path(*arguments->home) : ProgramFolder();
   std::error_code error;
-  if (!fs::is_directory(home, error)) {
-    transcript.Complain("--home: there is no folder " + home.string());
+  if (arguments->home && !fs::is_directory(*arguments->home, error)) {
+    transcript.Complain("--home: there is no folder " + *arguments->home);
     return kNoSuchHome;
   }
-  return RunScript(script, *arguments, fs::absolute(home, error).lexically_normal(), transcript);
+  return RunScript(script, *arguments, TakeHome(arguments->home.value_or("")), transcript);
 }
 
 }  // namespace

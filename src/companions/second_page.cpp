@@ -20,7 +20,7 @@ SecondPage::SecondPage(ParameterPage& first, const Families& families, const Bar
     : first_(first),
       loop_(first.ItsProgram().Loop()),
       dialogs_(first.ItsProgram().Surroundings().dialogs),
-      program_(WithOwn(first.ItsProgram().Surroundings(), loop_, dialogs_), first.ItsProgram().Folder(),
+      program_(WithOwn(first.ItsProgram().Surroundings(), loop_, dialogs_), first.ItsProgram().Folders(),
                families, [](Program&, const Family&) { return nullptr; }),
       page_(make(program_, first.ItsFamily())) {
   page_->Transfers = this;

@@ -90,8 +90,8 @@ void Page::OnLoad() {
 
 void Page::Load() {
   const Platform& platform = program_.Surroundings();
-  AppPath = program_.Folder();
-  DataPath = program_.Join(AppPath, u"data");
+  AppPath = program_.Folders().installed;
+  DataPath = program_.Join(program_.Folders().own, u"data");
   txtDirName.SetText(DataPath);
   const String system = program_.Join(AppPath, u"system");
   ReadModelCatalogue(program_.Lines(), system + platform.files.Separator() + u"MdlVTRMFx.jpn", Models);

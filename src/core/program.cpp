@@ -8,9 +8,10 @@
 
 namespace korva {
 
-Program::Program(const Platform& platform, String folder, const Families& families, PageFactory factory)
+Program::Program(const Platform& platform, ProgramFolders folders, const Families& families,
+                 PageFactory factory)
     : platform_(platform),
-      folder_(std::move(folder)),
+      folders_(std::move(folders)),
       families_(families),
       factory_(std::move(factory)),
       boxes_(platform.dialogs),

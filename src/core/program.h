@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "core/boxes.h"
@@ -14,6 +15,12 @@
 
 namespace korva {
 
+/// The folders in which the program finds its files; all may lie in one.
+struct ProgramFolders {
+  String installed;  ///< holds system
+  String own;        ///< holds data
+};
+
 /// The running program: its surroundings, the state that all pages share, and the pages.
 ///
 /// Started by Start(), it runs on the events that come through the platform's gate, and ends for good when
@@ -24,8 +31,11 @@ class Program {
   /// Makes the page of a family.
   using PageFactory = std::function<std::unique_ptr<Page>(Program&, const Family&)>;
 
-  /// `folder` is the program's folder, in which system, data and ports lie. The families outlive the program.
-  Program(const Platform& platform, String folder, const Families& families, PageFactory factory);
+  /// The families outlive the program.
+  Program(const Platform& platform, ProgramFolders folders, const Families& families, PageFactory factory);
+  /// The same with system and data in one folder.
+  Program(const Platform& platform, const String& folder, const Families& families, PageFactory factory)
+      : Program(platform, ProgramFolders{.installed = folder, .own = folder}, families, std::move(factory)) {}
 
   /// Shows the root page, through the gate.
   void Start();
@@ -62,7 +72,7 @@ class Program {
   [[nodiscard]] SharedState& Shared() { return shared_; }
   [[nodiscard]] const Boxes& Box() const { return boxes_; }
   [[nodiscard]] LineReader& Lines() { return lines_; }
-  [[nodiscard]] const String& Folder() const { return folder_; }
+  [[nodiscard]] const ProgramFolders& Folders() const { return folders_; }
   /// `folder`, one separator unless it ends in one, `name`.
   [[nodiscard]] String Join(const String& folder, StringView name) const;
 
@@ -72,7 +82,7 @@ class Program {
   String RescueUnsaved();
 
   Platform platform_;
-  String folder_;
+  ProgramFolders folders_;
   Families families_;
   PageFactory factory_;
   SharedState shared_;

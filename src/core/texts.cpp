@@ -328,7 +328,7 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::Start, .japanese = u"START"},
     {.key = TextKey::Stop, .japanese = u"STOP"},
     {.key = TextKey::Ok, .japanese = u"OK"},
-    {.key = TextKey::Version, .japanese = u"KORVA Ver12.09"},
+    {.key = TextKey::Version, .japanese = u"KORVA Ver" KORVA_VERSION},
 }};
 
 constexpr bool TextsStandInKeyOrder() {

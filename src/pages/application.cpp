@@ -26,10 +26,10 @@ std::unique_ptr<ParameterPage> MakeBarePage(Program& program, const Family& fami
 
 }  // namespace
 
-Application::Application(const Platform& platform, String folder)
-    : companions(platform, folder, AllFamilies(),
+Application::Application(const Platform& platform, ProgramFolders folders)
+    : companions(platform, folders.own, AllFamilies(),
                  [this](Program& owner, const Family& family) { return MakeBarePage(owner, family, link); }),
-      program(platform, std::move(folder), AllFamilies(),
+      program(platform, std::move(folders), AllFamilies(),
               [this](Program& owner, const Family& family) {
                 std::unique_ptr<ParameterPage> page = MakeBarePage(owner, family, link);
                 if (page != nullptr) {

@@ -9,8 +9,10 @@ namespace korva {
 /// The whole program without a window: the shared state, the line to the device, and the pages of all
 /// families. Runs on any platform; a window or a script drives it through the pages' controls.
 struct Application {
-  /// `folder` is the program's folder, in which system, data and ports lie.
-  Application(const Platform& platform, String folder);
+  Application(const Platform& platform, ProgramFolders folders);
+  /// The same with system and data in one folder.
+  Application(const Platform& platform, const String& folder)
+      : Application(platform, ProgramFolders{.installed = folder, .own = folder}) {}
 
   Companions companions;  ///< outlives the pages
   Program program;

@@ -71,7 +71,7 @@ Device MakeDevice(const Options& options) {
   DeviceOptions device_options;
   device_options.latency = options.latency;
   device_options.system_text = options.system_text.value_or(device_options.system_text);
-  auto device = Device::ForModel(options.home, options.model, device_options);
+  auto device = Device::ForModel(options.home.installed, options.model, device_options);
   for (const auto& preset : options.presets) {
     if (!device.Set(preset.group, preset.item, preset.value)) {
       throw SetupError("--set " + preset.group + "/" + preset.item + "=" + preset.value + ": model " +
@@ -163,12 +163,12 @@ void PrepareProcess() {
 int Main(std::span<const char* const> arguments) {
   PrepareProcess();
   try {
-    const auto home = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    const auto options = ParseOptions(arguments, home);
+    const auto executable = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const auto options = ParseOptions(arguments, executable);
     if (options.help) {
       std::fputs(HelpText().data(), stdout);
     } else if (options.list) {
-      PrintList(options.home);
+      PrintList(options.home.installed);
     } else {
       Run(options);
     }

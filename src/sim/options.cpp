@@ -54,14 +54,14 @@ class Arguments {
 
 }  // namespace
 
-Options ParseOptions(std::span<const char* const> arguments, const std::filesystem::path& default_home) {
+Options ParseOptions(std::span<const char* const> arguments, const std::filesystem::path& executable) {
   Options options;
-  options.home = default_home;
+  std::filesystem::path named;
   Arguments rest(arguments);
   while (!rest.Done()) {
     const auto option = rest.Next();
     if (option == "--home") {
-      options.home = rest.Value(option);
+      named = rest.Value(option);
     } else if (option == "--model") {
       options.model = rest.Value(option);
     } else if (option == "--link") {
@@ -86,8 +86,9 @@ Options ParseOptions(std::span<const char* const> arguments, const std::filesyst
       throw SetupError("unknown argument \"" + std::string(option) + "\"");
     }
   }
+  options.home = FindSimHome(executable, named);
   if (options.link.empty()) {
-    options.link = options.home / "ports" / "COM1";
+    options.link = options.home.own / "ports" / "COM1";
   }
   if (options.fast && !options.latency) {
     options.latency = std::chrono::milliseconds(0);
@@ -100,7 +101,8 @@ std::string_view HelpText() {
 
   korva-sim [options]
 
-  --home DIR        folder with system/ and ports/; default: the program's own folder
+  --home DIR        folder with system/ and ports/; default: the program's own folder; where KORVA is
+                    installed, korva in $XDG_DATA_HOME, which is ~/.local/share unless set
   --model NAME      model of the catalogue; default: its first
   --link PATH       link to make to the terminal; default: DIR/ports/COM1; what korva-sim did
                     not make stays, and it ends

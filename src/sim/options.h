@@ -10,6 +10,7 @@
 
 #include "sim/faults.h"
 #include "sim/setup_error.h"
+#include "sim/sim_home.h"
 
 namespace korva::sim {
 
@@ -22,7 +23,7 @@ struct Preset {
 
 /// What the command line of korva-sim asks for.
 struct Options {
-  std::filesystem::path home;
+  SimHome home;
   std::string model;  ///< Empty: the catalogue's first.
   std::filesystem::path link;
   bool fast = false;
@@ -37,9 +38,9 @@ struct Options {
 
 /// Reads the arguments.
 /// \param arguments     Without the program's name.
-/// \param default_home  Folder of the executable.
+/// \param executable  Folder of the executable.
 /// \throws SetupError with a text for the user when an argument is unknown, lacks its value or has a bad one.
-Options ParseOptions(std::span<const char* const> arguments, const std::filesystem::path& default_home);
+Options ParseOptions(std::span<const char* const> arguments, const std::filesystem::path& executable);
 
 /// What --help prints.
 std::string_view HelpText();

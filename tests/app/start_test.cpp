@@ -41,7 +41,7 @@ TEST(StartTest, AFileOfTheCommandLineIsOpened) {
     ASSERT_TRUE(QFile::exists(path));
   }
   VirtualDialogs dialogs;
-  WindowHost host(std::filesystem::path(KORVA_HOME), &dialogs);
+  WindowHost host({.installed = KORVA_HOME, .own = KORVA_HOME}, &dialogs);
   ASSERT_TRUE(host.Start());
   host.Open(path);
   const Page& page = *host.Running().Showing();
@@ -66,7 +66,7 @@ TEST(StartTest, ASaveDialogProposesTheTagOrTheModelAsAName) {
 
 TEST(StartTest, AFileThatIsMissingIsToldInItsBox) {
   VirtualDialogs dialogs;
-  WindowHost host(std::filesystem::path(KORVA_HOME), &dialogs);
+  WindowHost host({.installed = KORVA_HOME, .own = KORVA_HOME}, &dialogs);
   ASSERT_TRUE(host.Start());
   host.Open(QStringLiteral("/nowhere/pump.cfg"));
   ASSERT_EQ(dialogs.Boxes().size(), 1U);

@@ -15,7 +15,7 @@ namespace {
 
 TEST(WindowSizeTest, StartsWithinAScreenThatIsTooSmallForItsUsualSize) {
   VirtualDialogs dialogs;
-  WindowHost host(std::filesystem::path(KORVA_HOME), &dialogs);
+  WindowHost host({.installed = KORVA_HOME, .own = KORVA_HOME}, &dialogs);
   ASSERT_TRUE(host.Start());
   const QRect room = host.Window().screen()->availableGeometry();
   ASSERT_LT(room.width(), 1180);

@@ -9,7 +9,8 @@ Options Parse(const std::vector<const char*>& arguments) { return ParseOptions(a
 
 TEST(OptionsTest, WithoutArgumentsTheProgramsFolderAndItsFirstPort) {
   const auto options = Parse({});
-  EXPECT_EQ(options.home, "/opt/korva");
+  EXPECT_EQ(options.home.installed, "/opt/korva");
+  EXPECT_EQ(options.home.own, "/opt/korva");
   EXPECT_EQ(options.link, "/opt/korva/ports/COM1");
   EXPECT_EQ(options.model, "");
   EXPECT_FALSE(options.latency) << "the device's own";
