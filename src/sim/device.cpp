@@ -98,8 +98,9 @@ Reply Device::Answer(std::string_view line) {
   } else if (strikes(Fault::NotUsable)) {
     reply.text = state_->RefusalOf(line, WriteResult::NotUsable);
   } else {
-    reply.text =
-        state_->Execute(line, {.stuck = strikes(Fault::StuckByte), .wrong = strikes(Fault::WrongReadBack)});
+    reply.text = strikes(Fault::NotKept) ? state_->ExecuteInVain(line)
+                                         : state_->Execute(line, {.stuck = strikes(Fault::StuckByte),
+                                                                  .wrong = strikes(Fault::WrongReadBack)});
     if (strikes(Fault::WrongEcho) && state_->IsEcho(line, reply.text)) {
       reply.text = OtherValue(reply.text, state_->EchoedValue(reply.text));
     }

@@ -36,6 +36,16 @@ std::string Device::State::Execute(std::string_view line, MemoryAccess::Trouble 
   }
 }
 
+std::string Device::State::ExecuteInVain(std::string_view line) {
+  const auto had = selected == nullptr ? Item() : *selected;
+  auto reply = Execute(line);
+  if (selected != nullptr && IsEcho(line, reply)) {
+    selected->held = had.held;
+    selected->row = had.row;
+  }
+  return reply;
+}
+
 std::string Device::State::SelectGroup(std::string_view text) {
   selected = nullptr;
   point.reset();

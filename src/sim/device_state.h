@@ -30,6 +30,8 @@ struct Device::State {
   State(Model of_model, Definition definition, DeviceOptions with);
 
   std::string Execute(std::string_view line, MemoryAccess::Trouble trouble = {});
+  /// The same answer, but the value that is written is not kept.
+  std::string ExecuteInVain(std::string_view line);
   std::string SelectGroup(std::string_view text);
   std::string SelectItem(std::string_view text);
   std::string ReplyValue();

@@ -11,7 +11,7 @@ namespace korva::sim {
 
 namespace {
 
-constexpr std::array<FaultInfo, 25> kFaults{{
+constexpr std::array<FaultInfo, 26> kFaults{{
     {.fault = Fault::Silent, .name = "silent", .what = "no reply, the command is lost"},
     {.fault = Fault::SecondTryOnly,
      .name = "second-try-only",
@@ -53,6 +53,7 @@ constexpr std::array<FaultInfo, 25> kFaults{{
     {.fault = Fault::PairUnits,
      .name = "pair-units",
      .what = "an item of two numbers: a unit behind each, such as \"0.000mV 10.000mV\""},
+    {.fault = Fault::NotKept, .name = "not-kept", .what = "a write is answered well and changes nothing"},
 }};
 
 std::optional<int> ParseCount(std::string_view text) {

@@ -46,6 +46,8 @@ enum class Fault {
   NoUnit,      ///< The unit behind a row's value is missing.
   // Items that hold two numbers.
   PairUnits,  ///< A unit stands behind each number.
+  // A lie that only reading the item again shows.
+  NotKept,  ///< A write of a number, a text or a choice is answered well, but the item keeps what it had.
 };
 
 /// A fault's name on the command line and what it does, in a few words.

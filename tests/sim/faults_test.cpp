@@ -23,7 +23,7 @@ TEST(FaultsTest, EveryFaultHasANameThatItsRuleIsReadFrom) {
     EXPECT_EQ(ParseFault(info.name).fault, info.fault) << info.name;
     EXPECT_FALSE(info.what.empty());
   }
-  EXPECT_EQ(AllFaults().size(), static_cast<std::size_t>(Fault::PairUnits) + 1);
+  EXPECT_EQ(AllFaults().size(), static_cast<std::size_t>(Fault::NotKept) + 1);
 }
 
 TEST(FaultsTest, SilentLosesTheCommand) {
@@ -99,6 +99,21 @@ TEST(FaultsTest, WrongEchoShowsAnotherValueThanTheOneHeld) {
   EXPECT_EQ(Write(device, "01", "60", "5"), "DX(01):6.00");
 }
 
+TEST(FaultsTest, NotKeptAnswersAWriteWellAndChangesNothing) {
+  auto device = StruckDevice("not-kept=D5.25");
+  EXPECT_EQ(device.Answer("D5.25").text, "DZERO:5.25");
+  EXPECT_EQ(device.Value("01", "14"), "-200");
+  EXPECT_EQ(device.Answer("D6").text, "DZERO:6");
+  EXPECT_EQ(device.Value("01", "14"), "6") << "another command is not struck";
+
+  auto choosing = StruckDevice("not-kept");
+  const auto before = choosing.Value("01", "21");
+  EXPECT_NE(Write(choosing, "01", "21", "1"), "D" + before);
+  EXPECT_EQ(choosing.Value("01", "21"), before);
+  EXPECT_EQ(Write(choosing, "01", "02", "FIC"), "DTG:FIC       ");
+  EXPECT_EQ(Read(choosing, "01", "02"), "DTG:TAG-1     ");
+}
+
 // --- every fault on the commands of live values and of a forced output
 
 constexpr std::string_view kNoise = "\x01\x80\xFE";
@@ -113,6 +128,7 @@ struct StruckCommand {
   Device (*make)() = [] { return SampleDevice("QHW.def"); };
   std::string refused = "CNG";
   std::string not_usable = "CNU";
+  bool keeps = false;  ///< it gives an item a value that stays
 };
 
 struct FaultOnCommand {
@@ -142,6 +158,8 @@ FaultOnCommand Expected(Fault fault, const StruckCommand& command) {
       return {.fault = fault, .carried_out = true, .text = ""};
     case Fault::WrongEcho:
       return {.fault = fault, .carried_out = true, .text = command.wrong_echo};
+    case Fault::NotKept:
+      return {.fault = fault, .carried_out = !command.keeps, .text = command.good};
     case Fault::TwoLineEnds:
     case Fault::LateSecondLineEnd:
       return {.fault = fault, .carried_out = true, .text = command.good, .line_ends = 2};
@@ -233,7 +251,8 @@ TEST(FaultsTest, EachDoesWhatItsNameSaysOnAValueWithAUnit) {
        .wrong_echo = "D        13.50 Hz",
        .make = [] { return Device::ForModel(kHome, "QEY"); },
        .refused = "D    invalid data",
-       .not_usable = "D      not usable"},
+       .not_usable = "D      not usable",
+       .keeps = true},
       [](Device& device) {
         EnterProgramming(device);
         Read(device, "01", "10");
@@ -250,7 +269,8 @@ TEST(FaultsTest, EachDoesWhatItsNameSaysOnACount) {
                 std::string(kNoise) + "      250",
        .half = "DCOUNTA  ",
        .wrong_echo = "DCOUNTA       251",
-       .make = [] { return Device::ForModel(kHome, "QEC2"); }},
+       .make = [] { return Device::ForModel(kHome, "QEC2"); },
+       .keeps = true},
       [](Device& device) {
         EnterProgramming(device);
         Read(device, "01", "03");
