@@ -336,6 +336,27 @@ TEST(Z8KvConfigTemperatures, AreInDegCOnTheWireWhateverThePageShows) {
   EXPECT_EQ(bench.device.Value("01", "15"), "0.000 1760.000");
 }
 
+TEST(Z8KvConfigTemperatures, AreInTheUnitThatStandsBesideThemThoughTheUploadEndsEarly) {
+  Z8Bench bench(u"Z8WT2");
+  EXPECT_TRUE(bench.device.Set("01", "21", "deg F") && bench.device.Set("01", "14", "0 100"));
+  bench.line.replies["01/24 D"] = "CNG";  // behind the range and the unit
+  EXPECT_EQ(bench.BoxesOfUpload(), Texts{Shown(BoxKey::UploadAgain)});
+  EXPECT_EQ(bench.UnitOf(u"14_100"), u"deg F");
+  EXPECT_EQ(bench.Field(u"14_0").Text(), u"32.0");
+  EXPECT_EQ(bench.Field(u"14_100").Text(), u"212.0");
+  EXPECT_EQ(bench.Field(u"15_Max").Text(), u"3200.000");
+}
+
+TEST(Z8KvConfigTemperatures, AreInTheUnitThatTheDeviceTellsByItsCode) {
+  Z8Bench bench(u"Z8WT2");
+  EXPECT_TRUE(bench.device.Set("01", "14", "0 100"));
+  bench.line.replies["01/21 D"] = "D               2";
+  bench.Read();
+  EXPECT_EQ(bench.Page().Item(21), u"K");
+  EXPECT_EQ(bench.UnitOf(u"14_100"), u"K");
+  EXPECT_EQ(bench.Field(u"14_100").Text(), u"373.2");
+}
+
 TEST(Z8KvConfigTemperatures, AnotherUnitAndBackLeavesWhatWasReadAsItWas) {
   Z8Bench bench(u"Z8WR2");
   EXPECT_TRUE(bench.device.Set("01", "14", "12.345 99.96"));

@@ -15,6 +15,7 @@ namespace {
 
 constexpr StringView kSentMask = u"#0.000";
 constexpr StringView kTypes = u"$I10";
+constexpr StringView kUnits = u"$I21";
 constexpr int kUnitItem = 21;
 /// The range of the input, whose decimals are those of its type.
 constexpr int kInputRange = 0;
@@ -197,8 +198,15 @@ void ItemPairs::TakeAnswer(int row) {
   }
 }
 
-void ItemPairs::ShowInUnit() {
+String ItemPairs::UnitOfSet() const {
   const String& unit = page_.Item(kUnitItem);
+  const ChoiceList units = page_.Def.ListOf(kUnits);
+  const int coded = units.FindText(unit) < 0 && !unit.empty() ? units.FindCode(unit) : -1;
+  return coded < 0 ? unit : units.Text(coded);
+}
+
+void ItemPairs::ShowInUnit() {
+  const String unit = UnitOfSet();
   for (int row = 0; IsTemperatureUnit(unit) && row < page_.Def.Data().Rows(); ++row) {
     if (Has(row) && page_.DataCell(row, kTemperature) == u"Item21") {
       ChangeUnit(row, unit);

@@ -52,7 +52,7 @@ class ItemPairs final : public PagePart {
   [[nodiscard]] int CarrierOf(int row) const;
   /// Takes what an upload has put into the cell of a row.
   void TakeAnswer(int row);
-  /// Brings what was read, in deg C, into the unit of the set.
+  /// Brings what was read, in deg C, into the unit of the set, as far as that was read. May be repeated.
   void ShowInUnit();
   /// What goes out for the cell of a row: in deg C, and by the device's mask what was not read so. Empty
   /// while a number is missing.
@@ -75,6 +75,8 @@ class ItemPairs final : public PagePart {
   [[nodiscard]] Place PlaceOf(int row) const;
   /// The row of the first, or second, number of the pair to which a row belongs; -1 for none.
   [[nodiscard]] int RowOf(int row, bool second) const;
+  /// The temperature unit that the set tells by its text or, as its options do, by its code.
+  [[nodiscard]] String UnitOfSet() const;
   /// The number of a row as the set has it.
   [[nodiscard]] String TextOf(int row) const;
   [[nodiscard]] String MaskOf(int row) const;

@@ -40,6 +40,8 @@ void Z8KvConfigUpload::AfterItemRead(int row) {
   } else {
     TransmitterUpload::AfterItemRead(row);
   }
+  // With each item, since an upload that ends early shows what it has read beside the unit that it has read.
+  pairs_.ShowInUnit();
 }
 
 bool Z8KvConfigCheck::CheckValues() {

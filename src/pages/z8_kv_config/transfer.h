@@ -25,7 +25,6 @@ class Z8KvConfigUpload final : public TransmitterUpload {
   Z8KvConfigUpload(ParameterPage& page, ItemPairs& pairs) : TransmitterUpload(page), pairs_(pairs) {}
   bool ConfirmModel() override;
   void AfterItemRead(int row) override;
-  void AfterAllRead() override { pairs_.ShowInUnit(); }
 
  private:
   ItemPairs& pairs_;
