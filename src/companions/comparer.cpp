@@ -1,7 +1,10 @@
 #include "companions/comparer.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "core/numbers.h"
 #include "core/text_utilities.h"
@@ -11,6 +14,14 @@
 namespace korva {
 
 namespace {
+
+/// The fields beside a table, which travel with it.
+constexpr std::array<std::pair<std::string_view, TextKey>, 4> kTableFields = {
+    {{"txtSize", TextKey::TableSize},
+     {"txtStep", TextKey::TablePitch},
+     {"txtBase", TextKey::TableBase},
+     {"cmbRange", TextKey::Range}}};
+constexpr StringView kTableItem = u"table";
 
 String Number(int number) { return Ascii(std::to_string(number)); }
 
@@ -134,6 +145,7 @@ std::vector<Difference> Comparer::DifferencesFrom(SecondPage& other) {
   CompareRows(other, found);
   if (other.TableRead()) {
     CompareGrids(other, found);
+    CompareTableFields(other, found);
   }
   return found;
 }
@@ -197,12 +209,28 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) c
         const String& one = here->At(row, column).text;
         const String& another = there->At(row, column).text;
         if (!SameCell(one, another)) {
-          found.push_back({.item = Number(row) + u"," + Number(column),
+          found.push_back({.item = String(kTableItem) + u" " + Number(row) + u"," + Number(column),
                            .caption = CaptionText(TextKey::UserTable) + here->At(0, column).text,
                            .page = one,
                            .other = another});
         }
       }
+    }
+  }
+}
+
+void Comparer::CompareTableFields(SecondPage& other, std::vector<Difference>& found) const {
+  for (const auto& [name, caption] : kTableFields) {
+    const Control* here = page_.FindControl(name);
+    const Control* there = other.Page().FindControl(name);
+    if (here == nullptr || there == nullptr || !here->Visible()) {
+      continue;
+    }
+    const String one = Trimmed(here->ShownText());
+    const String another = Trimmed(there->ShownText());
+    if (!Same(one, another)) {
+      found.push_back(
+          {.item = String(kTableItem), .caption = CaptionText(caption), .page = one, .other = another});
     }
   }
 }

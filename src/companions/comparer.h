@@ -38,6 +38,7 @@ class Comparer final : public PagePart {
   std::vector<Difference> DifferencesFrom(SecondPage& other);
   void CompareRows(SecondPage& other, std::vector<Difference>& found);
   void CompareGrids(SecondPage& other, std::vector<Difference>& found) const;
+  void CompareTableFields(SecondPage& other, std::vector<Difference>& found) const;
   [[nodiscard]] bool IsCompared(int row) const;
   /// Lets the other page show its temperatures in this page's unit.
   void AlignUnits(ParameterPage& other) const;

@@ -11,7 +11,7 @@ namespace korva {
 
 /// One value that is not the same on the page and in what it is compared with.
 struct Difference {
-  String item;          ///< "01/14_0" as the definition names it; of a table its row and column
+  String item;  ///< "01/14_0" as the definition names it; of a table "table", with row and column of a point
   String caption;       ///< what the definition calls it
   String page;          ///< as the page shows it, with its unit
   String other;         ///< the same of the device or the file

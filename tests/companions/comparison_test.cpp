@@ -90,8 +90,24 @@ TEST(ComparisonTest, ComparesThePointsOfATable) {
   bench.device.Set("01", "60", "12.5");
   const Found& found = bench.Compare();
   ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(found.front().item, u"1,1");
+  EXPECT_EQ(found.front().item, u"table 1,1");
   EXPECT_EQ(found.front().other, u"12.50");
+}
+
+TEST(ComparisonTest, ComparesWhatTravelsWithAUsersTable) {
+  CompareBench bench(u"Z8WT2");
+  bench.device.Set("01", "10", "13 User's TC");
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  bench.TakeBoxes();
+  ASSERT_EQ(bench.Compare(), Found());
+  auto& step = dynamic_cast<TextField&>(*bench.Page().FindControl("txtStep"));
+  const String there = step.Text();
+  bench.Type(step, there + u"1");
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front(),
+            (Difference{.item = u"table", .caption = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ", .page = there + u"1", .other = there}));
 }
 
 TEST(ComparisonTest, TellsWhatDidNotAnswer) {
