@@ -15,7 +15,7 @@ namespace {
 
 constexpr StringView kSentMask = u"#0.000";
 constexpr StringView kTypes = u"$I10";
-constexpr StringView kUnits = u"$I21";
+constexpr StringView kUnitList = u"$I21";
 constexpr int kUnitItem = 21;
 /// The range of the input, whose decimals are those of its type.
 constexpr int kInputRange = 0;
@@ -200,7 +200,7 @@ void ItemPairs::TakeAnswer(int row) {
 
 String ItemPairs::UnitOfSet() const {
   const String& unit = page_.Item(kUnitItem);
-  const ChoiceList units = page_.Def.ListOf(kUnits);
+  const ChoiceList units = page_.Def.ListOf(kUnitList);
   const int coded = units.FindText(unit) < 0 && !unit.empty() ? units.FindCode(unit) : -1;
   return coded < 0 ? unit : units.Text(coded);
 }
