@@ -13,6 +13,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 
 #include "app/looks.h"
 #include "app/text.h"
@@ -109,8 +110,7 @@ PanelView::PanelView(Panel& panel, EventGate& gate, QWidget* parent)
       views_(gate),
       heading_(new QLabel(this)),
       table_(new QTableView(this)),
-      model_(new Model(panel, this)),
-      at_end_(panel.BeginsAtEnd()) {
+      model_(new Model(panel, this)) {
   heading_->setWordWrap(true);
   heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* layout = new QVBoxLayout(this);
@@ -139,11 +139,14 @@ QWidget* PanelView::MakeTable() {
   table_->horizontalHeader()->setStretchLastSection(true);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->installEventFilter(this);
-  // The end stays in view as long as the user does not scroll away from it.
+  // The end stays in view as long as the user does not scroll away from it. The bar moves once more when the
+  // window goes, whose members are gone by then.
   QScrollBar* bar = table_->verticalScrollBar();
-  connect(bar, &QScrollBar::valueChanged, this, [this, bar](int value) { at_end_ = value == bar->maximum(); });
-  connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int /*least*/, int most) {
-    if (at_end_) {
+  const auto at_end = std::make_shared<bool>(panel_.BeginsAtEnd());
+  connect(bar, &QScrollBar::valueChanged, bar,
+          [bar, at_end](int value) { *at_end = value == bar->maximum(); });
+  connect(bar, &QScrollBar::rangeChanged, bar, [bar, at_end](int /*least*/, int most) {
+    if (*at_end) {
       bar->setValue(most);
     }
   });

@@ -36,7 +36,6 @@ class PanelView final : public QDialog {
   QLabel* heading_;
   QTableView* table_;
   Model* model_;
-  bool at_end_;  ///< the last row is in view
 };
 
 }  // namespace korva

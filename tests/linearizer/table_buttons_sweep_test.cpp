@@ -187,7 +187,7 @@ TEST_P(ButtonSweepTest, PressedAtAnyPumpTheDeviceIsAskedNothingElse) {
         Page& page = bench.Page();
         for (Control* control : page.Controls()) {
           auto* const button = dynamic_cast<Button*>(control);
-          if (button != nullptr && page.WhyRefused(*button).empty()) {
+          if (button != nullptr && !OpensWindow(*button) && page.WhyRefused(*button).empty()) {
             ADD_FAILURE() << button->FullName() << " is in reach";
           }
         }

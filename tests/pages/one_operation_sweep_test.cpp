@@ -152,14 +152,11 @@ void PressAllBeginners(const SweepBench& bench, std::string_view stop) {
   EXPECT_EQ(bench.app.program.Showing(), &page);
 }
 
-/// Buttons that open a window beside the page, which asks the device nothing.
-constexpr std::array<std::string_view, 2> kWindows = {"cmdLine", "cmdReport"};
-
 /// Names of the buttons, options and lists that a user could act on, but for those that show what goes on.
 Texts InReach(const Page& page) {
   Texts names;
   for (const Control* control : page.Controls()) {
-    if (std::find(kWindows.begin(), kWindows.end(), control->Name()) != kWindows.end()) {
+    if (OpensWindow(*control)) {
       continue;
     }
     const bool acts = dynamic_cast<const Button*>(control) != nullptr ||

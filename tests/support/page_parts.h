@@ -27,4 +27,10 @@ inline Button& ButtonOf(const Page& page, std::string_view name) {
   throw std::logic_error("the page has no button " + std::string(name));
 }
 
+/// True for a button that opens a window beside the page, which asks the device nothing and may be opened
+/// while an operation runs.
+inline bool OpensWindow(const Control& control) {
+  return control.Name() == "cmdLine" || control.Name() == "cmdReport";
+}
+
 }  // namespace korva::test
