@@ -253,9 +253,11 @@ Outcome ScriptRunner::Do(const Compare& action) {
   Outcome outcome;
   program_.Loop().Gate().Enter([&] {
     Comparer* const comparer = ComparerOf(*program_.Showing());
-    const std::string_view why =
-        comparer == nullptr ? "no parameters" : program_.Showing()->WhyRefused(comparer->cmdCompare);
-    if (!why.empty()) {
+    if (comparer == nullptr) {
+      outcome = Refused("no parameters");
+      return;
+    }
+    if (const std::string_view why = program_.Showing()->WhyRefused(comparer->cmdCompare); !why.empty()) {
       outcome = Refused(why);
       return;
     }

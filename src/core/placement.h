@@ -22,6 +22,7 @@ class Placement {
   explicit Placement(TabControl& tabs) : tabs_(tabs) {}
   Placement(const Placement&) = delete;
   Placement& operator=(const Placement&) = delete;
+  ~Placement() = default;
 
   /// Places the page's controls by its design, once. Throws RuntimeFailure for a name that the page has not.
   void Apply(const Design& design, const Page& page);

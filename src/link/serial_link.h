@@ -165,6 +165,7 @@ class SerialLink {
   Platform platform_;
   SharedState& shared_;
   int comm_port_ = 1;
+  String last_reply_;
   String settings_;
   bool opened_ = false;  ///< by its last choice or reopening; a port that has broken since counts as opened
   bool not_opened_ = false;  ///< the last attempt to open the port failed
@@ -178,7 +179,6 @@ class SerialLink {
   bool reply_timeout_ = false;
   bool wait_done_ = false;
   bool in_use_ = false;  ///< an exchange is under way, or the line is being drained
-  String last_reply_;
   Step step_ = Step::Sure;
   Clock quiet_since_{0};  ///< when step_ was set or something was drained last
   bool drained_ = false;  ///< something came since the line began to be drained

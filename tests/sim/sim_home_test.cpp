@@ -16,7 +16,7 @@ class SimHomeTest : public testing::Test {
     setenv("HOME", (root_ / "me").c_str(), 1);
     unsetenv("XDG_DATA_HOME");
   }
-  ~SimHomeTest() override { fs::remove_all(root_); }
+  void TearDown() override { fs::remove_all(root_); }
   static void Lay(const fs::path& folder) { fs::create_directories(folder / "system"); }
 
   fs::path root_ = fs::path(testing::TempDir()) /
