@@ -2,15 +2,16 @@
 // real pseudo-terminal, and the pages without a window, or with it on no screen. The same parts stand in the
 // table of docs/architecture.md, with the tests that show them in detail.
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "end_to_end.h"
@@ -302,24 +303,33 @@ TEST_F(EndToEnd, RefusesADefinitionThatIsFaultyAndGoesOn) {
   EXPECT_EQ(cli.Status(), 0);
 }
 
-/// True when a process has the terminal of the simulated device open.
-bool HoldsTerminal(pid_t process, const std::filesystem::path& port) {
-  std::error_code gone;
-  const std::filesystem::path terminal = std::filesystem::canonical(port, gone);
-  const auto streams = std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/fd", gone);
-  return std::any_of(begin(streams), end(streams), [&](const auto& stream) {
-    return std::filesystem::read_symlink(stream.path(), gone) == terminal;
-  });
-}
+/// Tells when a file is opened that nobody opened since this was made.
+class OpenWatch {
+ public:
+  explicit OpenWatch(const std::filesystem::path& file) : queue_(inotify_init1(IN_CLOEXEC)) {
+    inotify_add_watch(queue_, file.c_str(), IN_OPEN);
+  }
+  OpenWatch(const OpenWatch&) = delete;
+  OpenWatch& operator=(const OpenWatch&) = delete;
+  ~OpenWatch() { close(queue_); }
+
+  /// Waits for it, half a minute at most; true when it was opened.
+  [[nodiscard]] bool Await() const {
+    constexpr int limit = 30'000;  // ms
+    pollfd opened{.fd = queue_, .events = POLLIN, .revents = 0};
+    return poll(&opened, 1, limit) == 1;
+  }
+
+ private:
+  int queue_;
+};
 
 TEST_F(EndToEnd, ShowsItsWindowWithADeviceAndEndsWithIt) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   StartSim({"--fast"}, "QN");
+  const OpenWatch port(std::filesystem::canonical(home / "ports" / "COM1"));
   ChildProgram window("korva", At());
-  for (int tries = 0; tries < 600 && !HoldsTerminal(window.Process(), home / "ports" / "COM1"); ++tries) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  }
-  EXPECT_TRUE(HoldsTerminal(window.Process(), home / "ports" / "COM1")) << "it has not opened its port";
+  EXPECT_TRUE(port.Await()) << "it has not opened its port";
   window.Terminate();
   EXPECT_EQ(window.Status(), 0);
 }
