@@ -59,6 +59,9 @@ class Control {
   /// True for a value that differs from what the page was compared with.
   [[nodiscard]] bool Differs() const { return differs_; }
   void SetDiffers(bool differs) { Assign(differs_, differs); }
+  /// What the screen tells about the control while the pointer rests on it; empty for nothing. It is asked
+  /// for only then, so that what it tells is never old. Unset: nothing.
+  std::function<String()> Help;
   /// What a user reads on it: text, caption or the chosen entry.
   [[nodiscard]] virtual String ShownText() const { return {}; }
 
@@ -173,6 +176,9 @@ class TextField : public Control {
   /// True for a text that the user should look at, though it is taken as it stands.
   [[nodiscard]] bool Marked() const { return marked_; }
   void SetMarked(bool marked) { Assign(marked_, marked); }
+  /// True for a number that lies outside its limits. The check has not judged it yet.
+  [[nodiscard]] bool Outside() const { return outside_; }
+  void SetOutside(bool outside) { Assign(outside_, outside); }
 
   /// The user's typing: the whole new text.
   void UserTypes(const String& text) { SetText(text); }
@@ -190,6 +196,7 @@ class TextField : public Control {
   bool multiline_ = false;
   bool numeric_ = false;
   bool marked_ = false;
+  bool outside_ = false;
   Look look_ = Look::Normal;
 };
 

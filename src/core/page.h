@@ -121,6 +121,8 @@ class Page {
   [[nodiscard]] int TabWith(TextKey caption) const;
   /// Tab on which the control stands, -1 for a control that is always in view.
   [[nodiscard]] int TabOf(const Control& control) const { return placement_.TabOf(control); }
+  /// The line of the design in which the control stands; nullptr for a control that is always in view.
+  [[nodiscard]] const DesignRow* RowOf(const Control& control) const { return placement_.RowOf(control); }
   /// The first control that is shown and `wanted`, in the order of tabs, boxes and lines; nullptr for none.
   [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const {
     return placement_.FirstShown(wanted);

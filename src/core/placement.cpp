@@ -32,6 +32,15 @@ int Placement::TabOf(const Control& control) const {
   return -1;
 }
 
+const DesignRow* Placement::RowOf(const Control& control) const {
+  for (const Control* at = &control; at != nullptr; at = at->Container()) {
+    if (const auto found = rows_of_.find(at); found != rows_of_.end()) {
+      return found->second;
+    }
+  }
+  return nullptr;
+}
+
 Control* Placement::FirstShown(const std::function<bool(const Control&)>& wanted) const {
   const auto found = std::find_if(placed_.begin(), placed_.end(), [&](const Control* control) {
     return control->Refused() != Refusal::Hidden && wanted(*control);
@@ -51,6 +60,7 @@ void Placement::PlaceGroup(const DesignGroup& group, const Page& page, int tab) 
       while (!names.empty()) {
         const std::size_t end = std::min(names.find(' '), names.size());
         PlaceControl(names.substr(0, end), group, page, tab);
+        rows_of_.emplace(page.FindControl(names.substr(0, end)), &row);
         names.remove_prefix(std::min(end + 1, names.size()));
       }
     }

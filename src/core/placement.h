@@ -28,6 +28,9 @@ class Placement {
   void Apply(const Design& design, const Page& page);
   /// Tab on which the control stands, -1 for a control that is always in view.
   [[nodiscard]] int TabOf(const Control& control) const;
+  /// The line of the design in which the control stands, in whose place soever; nullptr for a control that is
+  /// always in view. An option button has the line of its frame.
+  [[nodiscard]] const DesignRow* RowOf(const Control& control) const;
   /// The first control that is shown and `wanted`, in the order of tabs, boxes and lines; nullptr for none.
   [[nodiscard]] Control* FirstShown(const std::function<bool(const Control&)>& wanted) const;
 
@@ -39,6 +42,7 @@ class Placement {
 
   TabControl& tabs_;
   std::map<const Control*, int> tabs_of_;
+  std::map<const Control*, const DesignRow*> rows_of_;
   std::vector<Control*> placed_;  ///< by the design, in its order
   std::set<const Control*> bad_;  ///< of these, the shown ones with a bad value
 };

@@ -221,6 +221,37 @@ enum class TextKey {
   StepDiffers,  ///< (item, its name, sent, answer)
   StepMisread,  ///< (item, its name, answer)
   StepsMore,    ///< (how many) behind it
+  // Undo and redo.
+  Undo,  ///< the button
+  Redo,
+  // The report of settings.
+  SettingsReport,  ///< heads the document
+  SavePdf,         ///< the buttons
+  Print,
+  SettingsValue,  ///< heads of the columns, beside those of the report of a transfer
+  SettingsUnit,
+  SettingsDate,
+  SettingsPage,
+  PdfSaved,     ///< (path)
+  PdfNotSaved,  ///< (why)
+  // What the screen tells of a field.
+  HelpRange,   ///< (low, high, each with the unit)
+  HelpLength,  ///< (number)
+  HelpFixed,
+  HelpLive,
+  HelpOutside,
+  // The live values in large.
+  Watch,  ///< the button and the window
+  WatchMinimum,
+  WatchMaximum,
+  WatchAge,     ///< (seconds) since the value was read that is shown
+  WatchSilent,  ///< (seconds)
+  WatchNothing,
+  WatchAnew,  ///< the buttons
+  RecordStart,
+  RecordStop,
+  RecordRuns,    ///< (path)
+  RecordFailed,  ///< (why)
   // The same in both languages.
   Com1,
   Com2,
