@@ -9,6 +9,8 @@
 
 #include "app/main_window.h"
 #include "bench_host.h"
+#include "families.h"
+#include "files/definition.h"
 #include "files/parameter_page.h"
 #include "platform/pseudo_terminal.h"
 
@@ -44,6 +46,11 @@ void ChooseModel(benchmark::State& state) {
 }
 BENCHMARK(ChooseModel)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
 
+void Paint(MainWindow& window) {
+  QCoreApplication::sendPostedEvents();  // the layout's
+  window.repaint();
+}
+
 void ChooseModelInWindow(benchmark::State& state) {
   const PseudoTerminal device;
   BenchHost host(device.Device());
@@ -51,24 +58,24 @@ void ChooseModelInWindow(benchmark::State& state) {
   host.application.program.Start();
   window.show();
   QCoreApplication::processEvents();
-  ChooseModels(state, host, [&] {
-    QCoreApplication::sendPostedEvents();  // the layout's
-    window.repaint();
-  });
+  ChooseModels(state, host, [&] { Paint(window); });
 }
 BENCHMARK(ChooseModelInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-// The row of the family's first model.
-int RowOf(const Page& page, StringView family) {
+// The row of the model that stands for the family.
+int RowOf(const Page& page, const FamilyModel& one) {
   int row = 0;
-  while (FamilyOfRow(page.Models, row) != family) {
+  while (FamilyOfRow(page.Models, row) != one.family || page.Models.At(row, ModelTable::kName) != one.model) {
     ++row;
   }
   return row;
 }
 
-// From the click on a model of `family` until its page is painted, which has not been shown before.
-void FirstVisit(benchmark::State& state, StringView family) {
+using Clock = std::chrono::steady_clock;
+
+// From the click on a model until its page is painted, which has not been shown before. The first page of all
+// shows with the start: of its family it is the click on another model.
+void FirstVisit(benchmark::State& state, const FamilyModel& one) {
   const PseudoTerminal device;
   while (state.KeepRunning()) {
     BenchHost host(device.Device());
@@ -78,25 +85,54 @@ void FirstVisit(benchmark::State& state, StringView family) {
     window.show();
     QCoreApplication::processEvents();
     Page& page = *host.application.program.Showing();
-    const int row = RowOf(page, family);
-    const auto start = std::chrono::steady_clock::now();
+    const int row = RowOf(page, one);
+    const auto start = Clock::now();
     host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
-    QCoreApplication::sendPostedEvents();
-    window.repaint();
-    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-    state.SetIterationTime(took.count());
-    if (host.application.program.Showing()->ItsFamily().word != family) {
+    Paint(window);
+    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+    if (host.application.program.Showing()->ItsFamily().word != one.family) {
       state.SkipWithError("the page does not show");
     }
   }
 }
-const bool kFirstVisits = [] {
-  for (const char16_t* family : {u"Second", u"Third", u"QXI", u"Lite", u"LiteUniv", u"LiteSecond",
-                                 u"LiteThird", u"LiteForth", u"LiteFifth", u"Nano"}) {
-    benchmark::RegisterBenchmark(("FirstVisitOf" + ToUtf8(family)).c_str(), FirstVisit, StringView(family))
+
+// A model that is chosen on a page of its family which shows, until it is painted. Counter "definition": what
+// reading its definition takes of that, in ms.
+void ChooseFamilysModel(benchmark::State& state, const FamilyModel& one) {
+  const PseudoTerminal device;
+  BenchHost host(device.Device());
+  MainWindow window(host.application);
+  host.StartWith(one.model);
+  window.show();
+  QCoreApplication::processEvents();
+  auto& page = dynamic_cast<ParameterPage&>(*host.application.program.Showing());
+  const int row = RowOf(page, one);
+  while (state.KeepRunning()) {
+    host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
+    Paint(window);
+  }
+  const String path =
+      DefFilePath(page.AppPath, page.ItsFamily(), page.Def.Form(), page.DefFile, host.files.Separator());
+  constexpr int times = 20;
+  const auto start = Clock::now();
+  for (int time = 0; time < times; ++time) {
+    ReadDefFile(host.application.program.Lines(), page.Box(), path, page.Def);
+  }
+  const std::chrono::duration<double, std::milli> took = Clock::now() - start;
+  state.counters["definition"] = took.count() / times;
+}
+
+const bool kFamilyPages = [] {
+  for (const FamilyModel& one : kFamilyModels) {
+    benchmark::RegisterBenchmark(("FirstVisitOf" + ToUtf8(one.family)).c_str(), FirstVisit, one)
         ->Iterations(1)
-        ->Repetitions(9)
+        ->Repetitions(kRepetitions)
         ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark(("ModelOf" + ToUtf8(one.family)).c_str(), ChooseFamilysModel, one)
+        ->Iterations(10)
+        ->Repetitions(kRepetitions)
+        ->UseRealTime()
         ->Unit(benchmark::kMillisecond);
   }
   return true;
@@ -110,15 +146,14 @@ void SwitchPagesInWindow(benchmark::State& state) {
   host.application.program.Start();
   window.show();
   QCoreApplication::processEvents();
-  constexpr std::array<StringView, 3> families = {u"Second", u"Third", u"First"};
+  constexpr std::array<FamilyModel, 3> families = {kFamilyModels[1], kFamilyModels[2], kFamilyModels[0]};
   std::size_t next = 0;
   while (state.KeepRunning()) {
     Page& page = *host.application.program.Showing();
     const int row = RowOf(page, families.at(next));
     next = (next + 1) % families.size();
     host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
-    QCoreApplication::sendPostedEvents();
-    window.repaint();
+    Paint(window);
   }
 }
 BENCHMARK(SwitchPagesInWindow)->Repetitions(kRepetitions)->UseRealTime()->Unit(benchmark::kMillisecond);

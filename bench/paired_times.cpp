@@ -44,15 +44,18 @@ void PairedTimes::TellRatios(benchmark::State& state) const {
   state.counters["processor"] = program_.processor / raw_.processor;
 }
 
-void ComparePair(benchmark::State& state, int turns, const PairedTimes::Side& raw,
-                 const PairedTimes::Side& program) {
+std::chrono::duration<double> ComparePair(benchmark::State& state, int turns, const PairedTimes::Side& raw,
+                                          const PairedTimes::Side& program) {
+  std::chrono::duration<double> took{0};
   while (state.KeepRunning()) {
     PairedTimes pair;
     if (!pair.Run(turns, raw, program)) {
       state.SkipWithError("an exchange failed");
     }
     pair.TellRatios(state);
+    took = pair.Program().wall;
   }
+  return took;
 }
 
 }  // namespace korva::bench

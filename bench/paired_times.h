@@ -40,7 +40,8 @@ class PairedTimes {
 };
 
 /// A benchmark's one iteration: both sides take their turns, and its counters tell the ratios.
-void ComparePair(benchmark::State& state, int turns, const PairedTimes::Side& raw,
-                 const PairedTimes::Side& program);
+/// Returns the program's time for all its turns.
+std::chrono::duration<double> ComparePair(benchmark::State& state, int turns, const PairedTimes::Side& raw,
+                                          const PairedTimes::Side& program);
 
 }  // namespace korva::bench

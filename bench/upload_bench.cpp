@@ -11,6 +11,7 @@
 
 #include "bench_host.h"
 #include "core/text_utilities.h"
+#include "families.h"
 #include "far_end.h"
 #include "paired_times.h"
 #include "raw_line.h"
@@ -57,7 +58,10 @@ void CompareUpload(benchmark::State& state, sim::Device simulated, const Questio
     return std::all_of(commands.begin(), commands.end(),
                        [&](const std::string& command) { return line.Exchange(command); });
   };
-  ComparePair(state, turns, raw, [&] { return Upload(host, answers); });
+  const std::chrono::duration<double, std::milli> took =
+      ComparePair(state, turns, raw, [&] { return Upload(host, answers); });
+  state.counters["ms"] = took.count() / turns;
+  state.counters["exchanges"] = static_cast<double>(commands.size());
 }
 
 void UploadItems(benchmark::State& state) {
@@ -71,6 +75,22 @@ void UploadTable(benchmark::State& state) {
   CompareUpload(state, std::move(device), {Answer::Yes, Answer::Ok, Answer::Yes}, 6);
 }
 BENCHMARK(UploadTable)->Iterations(1)->Repetitions(kUploadRepetitions)->UseManualTime();
+
+// The same of each family.
+void UploadFamily(benchmark::State& state, const FamilyModel& one) {
+  CompareUpload(state, sim::Device::ForModel(KORVA_BENCH_HOME, ToUtf8(one.model)),
+                one.asks ? Questions{Answer::Yes, Answer::Ok} : Questions{}, 10);
+}
+const bool kFamilyUploads = [] {
+  for (const FamilyModel& one : kFamilyModels) {
+    benchmark::RegisterBenchmark(("UploadOf" + ToUtf8(one.family)).c_str(), UploadFamily, one)
+        ->Iterations(1)
+        ->Repetitions(kRepetitions)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+  }
+  return true;
+}();
 
 // Bytes of the commands and of what comes back to them.
 double BytesOf(const Answers& answers, const std::vector<std::string>& commands) {

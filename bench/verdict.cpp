@@ -58,6 +58,19 @@ std::string MiddleHalf(const std::vector<double>& sorted, const char* unit) {
   return Number(Quantile(sorted, 0.25), "") + " to " + Number(Quantile(sorted, 0.75), unit);
 }
 
+/// The row of one line's benchmark, whose name outlives it.
+Row At(Row column, const std::string& benchmark) {
+  column.benchmark = benchmark.c_str();
+  return column;
+}
+
+std::string CellOf(const Row& row, const Measurements& measurements) {
+  const std::vector<double> values = Sorted(row, measurements);
+  const Verdict verdict = Judge(row, measurements);
+  const std::string median = values.empty() ? "" : Number(Median(values), row.unit);
+  return verdict == Verdict::Held ? median : median + (values.empty() ? "" : ", ") + WordOf(verdict);
+}
+
 }  // namespace
 
 Verdict Judge(const Row& row, const Measurements& measurements) {
@@ -88,6 +101,39 @@ std::string TableOf(std::span<const Row> rows, const Measurements& measurements)
 bool AllHeld(std::span<const Row> rows, const Measurements& measurements) {
   return std::all_of(rows.begin(), rows.end(),
                      [&](const Row& row) { return Judge(row, measurements) == Verdict::Held; });
+}
+
+std::string TableOf(const Matrix& matrix, const Measurements& measurements) {
+  std::ostringstream table;
+  table << "| " << matrix.head << " |";
+  std::string rule = "\n|---|";
+  for (const Row& column : matrix.columns) {
+    table << ' ' << column.what;
+    if (std::isfinite(column.limit)) {
+      table << " (" << Number(column.limit, column.unit) << ")";
+    }
+    table << " |";
+    rule += "---|";
+  }
+  table << rule << '\n';
+  for (const Matrix::Line& line : matrix.lines) {
+    table << "| " << line.label << " |";
+    for (const Row& column : matrix.columns) {
+      const std::string name = column.benchmark + line.end;
+      table << ' ' << CellOf(At(column, name), measurements) << " |";
+    }
+    table << '\n';
+  }
+  return table.str();
+}
+
+bool AllHeld(const Matrix& matrix, const Measurements& measurements) {
+  return std::all_of(matrix.lines.begin(), matrix.lines.end(), [&](const Matrix::Line& line) {
+    return std::all_of(matrix.columns.begin(), matrix.columns.end(), [&](const Row& column) {
+      const std::string name = column.benchmark + line.end;
+      return Judge(At(column, name), measurements) == Verdict::Held;
+    });
+  });
 }
 
 }  // namespace korva::bench

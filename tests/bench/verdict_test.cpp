@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 
 namespace korva::bench {
 namespace {
@@ -54,6 +55,36 @@ TEST(Report, TellsLimitMedianMiddleHalfAndVerdict) {
             "| What | At most | Median | Middle half | |\n|---|---|---|---|---|\n"
             "| Reading | 1.250 | 1.200 | 1.100 to 1.300 | held |\n"
             "| Start | 60 ms |  |  | not measured |\n");
+}
+
+const Matrix kMatrix = {
+    .head = "Family",
+    .columns = {{.what = "Reading", .benchmark = "ReadOf", .value = "wall", .limit = 1.25, .unit = " ms"},
+                {.what = "Exchanges",
+                 .benchmark = "ReadOf",
+                 .value = "count",
+                 .limit = std::numeric_limits<double>::infinity(),
+                 .unit = ""}},
+    .lines = {{.label = "First, QHN", .end = "First"}, {.label = "Nano, Z8WT2", .end = "Nano"}}};
+
+TEST(MatrixTable, HasTheMedianOfEachCellAndTheVerdictOfWhatIsNotHeld) {
+  const Measurements measurements = {
+      {"ReadOfFirst", {.values = {{"wall", {1.0, 1.25, 9.0}}, {"count", {27.0}}}}},
+      {"ReadOfNano", {.values = {{"wall", {1.5}}}}}};
+  EXPECT_EQ(TableOf(kMatrix, measurements),
+            "| Family | Reading (1.250 ms) | Exchanges |\n|---|---|---|\n"
+            "| First, QHN | 1.250 ms | 27 |\n"
+            "| Nano, Z8WT2 | 1.500 ms, missed | not measured |\n");
+}
+
+TEST(MatrixTable, IsHeldOnlyWhenEachCellIs) {
+  Measurements measurements = {{"ReadOfFirst", {.values = {{"wall", {1.0}}, {"count", {27.0}}}}},
+                               {"ReadOfNano", {.values = {{"wall", {1.0}}, {"count", {27.0}}}}}};
+  EXPECT_TRUE(AllHeld(kMatrix, measurements));
+  measurements["ReadOfNano"].values["wall"] = {1.5};
+  EXPECT_FALSE(AllHeld(kMatrix, measurements));
+  measurements["ReadOfNano"].values = {{"wall", {1.0}}};
+  EXPECT_FALSE(AllHeld(kMatrix, measurements));
 }
 
 }  // namespace
