@@ -160,13 +160,13 @@ QWidget* PanelView::MakeButtons() {
     widget->setAutoDefault(false);
     box->addButton(widget, QDialogButtonBox::ActionRole);
   }
-  auto* copy = box->addButton(ToQt(CaptionText(TextKey::CopyRows)), QDialogButtonBox::ActionRole);
-  copy->setObjectName(QStringLiteral("copy"));
-  copy->setAutoDefault(false);
-  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
-  auto* close = box->addButton(ToQt(CaptionText(TextKey::ClosePanel)), QDialogButtonBox::RejectRole);
-  close->setObjectName(QStringLiteral("close"));
-  close->setAutoDefault(false);
+  copy_ = box->addButton(QString(), QDialogButtonBox::ActionRole);
+  copy_->setObjectName(QStringLiteral("copy"));
+  copy_->setAutoDefault(false);
+  connect(copy_, &QPushButton::clicked, this, [this] { Copy(); });
+  close_ = box->addButton(QString(), QDialogButtonBox::RejectRole);
+  close_->setObjectName(QStringLiteral("close"));
+  close_->setAutoDefault(false);
   connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
   return box;
 }
@@ -180,6 +180,8 @@ void PanelView::Show() {
     setWindowTitle(title + QStringLiteral(" - KORVA"));
     setAccessibleName(title);
     table_->setAccessibleName(title);
+    copy_->setText(ToQt(panel_.Words(TextKey::CopyRows)));
+    close_->setText(ToQt(panel_.Words(TextKey::ClosePanel)));
   }
   const QString heading = ToQt(panel_.Heading());
   const bool other_heading = heading_->text() != heading;

@@ -7,6 +7,7 @@
 
 class QAbstractTableModel;
 class QLabel;
+class QPushButton;
 class QTableView;
 
 namespace korva {
@@ -36,6 +37,8 @@ class PanelView final : public QDialog {
   QLabel* heading_;
   QTableView* table_;
   Model* model_;
+  QPushButton* copy_ = nullptr;
+  QPushButton* close_ = nullptr;
 };
 
 }  // namespace korva

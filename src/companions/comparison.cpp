@@ -28,21 +28,19 @@ ComparisonPanel::ComparisonPanel(Comparison& comparison) : Panel("pnlCompare"), 
 }
 
 String ComparisonPanel::Heading() const {
-  return Filled(CaptionText(TextOf(comparison_), language_),
+  return Filled(Words(TextOf(comparison_)),
                 {comparison_.Model(), Ascii(std::to_string(comparison_.Differences().size()))});
 }
 
 std::vector<String> ComparisonPanel::Heads() const {
   const bool file = comparison_.What() == Comparison::With::File;
-  return {CaptionText(TextKey::ReportItem, language_), CaptionText(TextKey::ReportCaption, language_),
-          CaptionText(TextKey::ComparePage, language_),
-          CaptionText(file ? TextKey::CompareInFile : TextKey::CompareInDevice, language_)};
+  return {Words(TextKey::ReportItem), Words(TextKey::ReportCaption), Words(TextKey::ComparePage),
+          Words(file ? TextKey::CompareInFile : TextKey::CompareInDevice)};
 }
 
 std::vector<String> ComparisonPanel::Cells(int row) const {
   const Difference& line = comparison_.Differences().at(static_cast<std::size_t>(row));
-  return {line.item, line.caption, line.page,
-          line.silent ? CaptionText(TextKey::ProofSilent, language_) : line.other};
+  return {line.item, line.caption, line.page, line.silent ? Words(TextKey::ProofSilent) : line.other};
 }
 
 }  // namespace korva

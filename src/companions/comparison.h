@@ -61,9 +61,7 @@ class ComparisonPanel final : public Panel {
   /// The comparison outlives this.
   explicit ComparisonPanel(Comparison& comparison);
 
-  void SetLanguage(Language language) { Assign(language_, language); }
-
-  [[nodiscard]] String Title() const override { return CaptionText(TextKey::Comparison, language_); }
+  [[nodiscard]] String Title() const override { return Words(TextKey::Comparison); }
   [[nodiscard]] String Heading() const override;
   [[nodiscard]] std::vector<String> Heads() const override;
   [[nodiscard]] int EndRow() const override { return static_cast<int>(comparison_.Differences().size()); }
@@ -72,7 +70,6 @@ class ComparisonPanel final : public Panel {
 
  private:
   const Comparison& comparison_;
-  Language language_ = Language::Japanese;
 };
 
 }  // namespace korva

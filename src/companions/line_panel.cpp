@@ -25,7 +25,7 @@ String Seconds(Clock time) { return FormatMask(std::chrono::duration<double>(tim
 
 LinePanel::LinePanel(const Platform& platform, String folder)
     : Panel("pnlLine"), platform_(platform), folder_(std::move(folder)) {
-  SetLanguage(language_);
+  SetLanguage(Language::Japanese);
   cmdSaveLine.OnClick = [this] { Save(); };
 }
 
@@ -40,18 +40,16 @@ void LinePanel::Follow(SerialLink& line) {
 
 void LinePanel::SetLanguage(Language language) {
   cmdSaveLine.SetCaption(CaptionText(TextKey::SaveLine, language));
-  Assign(language_, language);
+  Panel::SetLanguage(language);
 }
 
 std::vector<String> LinePanel::Heads() const {
-  return {CaptionText(TextKey::LineTime, language_), CaptionText(TextKey::LineKind, language_),
-          CaptionText(TextKey::LineText, language_)};
+  return {Words(TextKey::LineTime), Words(TextKey::LineKind), Words(TextKey::LineText)};
 }
 
 std::vector<String> LinePanel::Cells(int row) const {
   const LineLog::Line& line = log_.At(row);
-  return {Seconds(line.time), CaptionText(TextOf(line.traffic), language_),
-          WithVisibleControls(line.traffic.text)};
+  return {Seconds(line.time), Words(TextOf(line.traffic)), WithVisibleControls(line.traffic.text)};
 }
 
 Look LinePanel::LookOf(int row) const { return log_.At(row).traffic.ok ? Look::Normal : Look::Highlight; }

@@ -17,11 +17,11 @@ class LinePanel final : public Panel {
 
   /// Takes the line's traffic to itself. The line outlives this, or lets go of it.
   void Follow(SerialLink& line);
-  void SetLanguage(Language language);
+  void SetLanguage(Language language) override;
   /// The user can't save while an operation runs: its waits would go on behind the dialog.
   void SetLocked(bool locked) { cmdSaveLine.SetEnabled(!locked); }
 
-  [[nodiscard]] String Title() const override { return CaptionText(TextKey::LineView, language_); }
+  [[nodiscard]] String Title() const override { return Words(TextKey::LineView); }
   [[nodiscard]] std::vector<String> Heads() const override;
   [[nodiscard]] int FirstRow() const override { return log_.First(); }
   [[nodiscard]] int EndRow() const override { return log_.End(); }
@@ -38,7 +38,6 @@ class LinePanel final : public Panel {
 
   Platform platform_;
   String folder_;
-  Language language_ = Language::Japanese;
   LineLog log_;
 };
 

@@ -41,24 +41,23 @@ ReportPanel::ReportPanel(TransferReport& report) : Panel("pnlReport"), report_(r
 }
 
 String ReportPanel::Heading() const {
-  const String& state = CaptionText(TextOf(report_.Now()), language_);
+  const String& state = CaptionText(TextOf(report_.Now()), ItsLanguage());
   if (report_.Now() == TransferReport::State::Unbegun) {
     return state;
   }
-  const String head = Filled(CaptionText(HeadOf(report_.Kind()), language_), {report_.Model()});
-  const String fault = report_.FaultSentence(language_);
+  const String head = Filled(CaptionText(HeadOf(report_.Kind()), ItsLanguage()), {report_.Model()});
+  const String fault = report_.FaultSentence(ItsLanguage());
   return head + state + (fault.empty() ? u"" : u"\n") + fault;
 }
 
 std::vector<String> ReportPanel::Heads() const {
-  return {CaptionText(TextKey::ReportItem, language_), CaptionText(TextKey::ReportCaption, language_),
-          CaptionText(TextKey::ReportSent, language_), CaptionText(TextKey::ReportAnswered, language_),
-          CaptionText(TextKey::ReportProof, language_)};
+  return {Words(TextKey::ReportItem), Words(TextKey::ReportCaption), Words(TextKey::ReportSent),
+          Words(TextKey::ReportAnswered), Words(TextKey::ReportProof)};
 }
 
 std::vector<String> ReportPanel::Cells(int row) const {
   const ReportRow& line = report_.Rows().at(static_cast<std::size_t>(row));
-  return {line.item, line.caption, line.sent, line.answered, EvidenceText(line, language_)};
+  return {line.item, line.caption, line.sent, line.answered, EvidenceText(line, ItsLanguage())};
 }
 
 Look ReportPanel::LookOf(int row) const {

@@ -11,9 +11,7 @@ class ReportPanel final : public Panel {
   /// The report outlives this.
   explicit ReportPanel(TransferReport& report);
 
-  void SetLanguage(Language language) { Assign(language_, language); }
-
-  [[nodiscard]] String Title() const override { return CaptionText(TextKey::Report, language_); }
+  [[nodiscard]] String Title() const override { return Words(TextKey::Report); }
   [[nodiscard]] String Heading() const override;
   [[nodiscard]] std::vector<String> Heads() const override;
   [[nodiscard]] int EndRow() const override { return static_cast<int>(report_.Rows().size()); }
@@ -23,7 +21,6 @@ class ReportPanel final : public Panel {
 
  private:
   const TransferReport& report_;
-  Language language_ = Language::Japanese;
 };
 
 }  // namespace korva

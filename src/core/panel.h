@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/control.h"
+#include "core/texts.h"
 
 namespace korva {
 
@@ -22,6 +23,10 @@ class Panel : public Control {
     SetFocus();
   }
   void Close() { SetVisible(false); }
+  /// The language of all that stands in the window.
+  virtual void SetLanguage(Language language) { Assign(language_, language); }
+  /// A text of the table in that language.
+  [[nodiscard]] const String& Words(TextKey key) const { return CaptionText(key, language_); }
 
   [[nodiscard]] virtual String Title() const = 0;
   /// What stands above the table; empty for nothing.
@@ -38,6 +43,12 @@ class Panel : public Control {
   [[nodiscard]] virtual unsigned Generation() const { return 0; }
   /// What stands below the table, beside the buttons to copy and to close.
   [[nodiscard]] virtual std::vector<Button*> Buttons() { return {}; }
+
+ protected:
+  [[nodiscard]] Language ItsLanguage() const { return language_; }
+
+ private:
+  Language language_ = Language::Japanese;
 };
 
 }  // namespace korva

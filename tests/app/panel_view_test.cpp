@@ -50,6 +50,17 @@ TEST(PanelViewTest, CopiesTheSelectedRowsAndAllOfThemWithoutASelection) {
   EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), table->model()->rowCount());
 }
 
+TEST(PanelViewTest, HasItsButtonsInTheLanguageOfThePage) {
+  WindowBench bench("QHW");
+  bench.Press("cmdReport");
+  auto* panel = bench.Find<PanelView>("pnlReport");
+  EXPECT_EQ(panel->findChild<QPushButton*>("copy")->text(), QStringLiteral("ｺﾋﾟｰ"));
+  EXPECT_EQ(panel->findChild<QPushButton*>("close")->text(), QStringLiteral("閉じる"));
+  bench.Page().SetCaptions(Language::English);
+  EXPECT_EQ(panel->findChild<QPushButton*>("copy")->text(), QStringLiteral("COPY"));
+  EXPECT_EQ(panel->findChild<QPushButton*>("close")->text(), QStringLiteral("CLOSE"));
+}
+
 TEST(PanelViewTest, ClosesByEscapeAndItsButtonAndOpensAgain) {
   WindowBench bench("QHW");
   bench.Press("cmdReport");
