@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "linearizer/lnr_check.h"
+#include "transfer/known_items.h"
 #include "transfer/upload.h"
 
 namespace korva {
@@ -173,6 +174,12 @@ void Comparer::AlignUnits(ParameterPage& other) const {
   }
 }
 
+bool Comparer::IsSameType(int row, const ParameterPage& other) const {
+  const int type = page_.InputTypeRow();
+  return type >= 0 && type == other.InputTypeRow() && page_.DataCell(row, kGroup) == u"01" &&
+         LeadingInteger(page_.DataCell(row, kItem)) == kTypeItem;
+}
+
 void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
   const int rows = page_.Def.Data().Rows();
   std::vector<String> chosen(static_cast<std::size_t>(rows));
@@ -187,7 +194,7 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
     const String here = ShownOf(page_, row);
     const bool choice = OptionsOf(page_, row) != nullptr;
     const String there = choice ? chosen[static_cast<std::size_t>(row)] : ShownOf(other.Page(), row);
-    if (other.Silent(row) || !Same(here, there)) {
+    if (other.Silent(row) || !(Same(here, there) || IsSameType(row, other.Page()))) {
       found.push_back({.item = page_.DataCell(row, kGroup) + u"/" + page_.DataCell(row, kItem),
                        .caption = page_.DataCell(row, kCaption),
                        .page = WithUnit(page_, row, here),

@@ -40,6 +40,9 @@ class Comparer final : public PagePart {
   void CompareGrids(SecondPage& other, std::vector<Difference>& found) const;
   void CompareTableFields(SecondPage& other, std::vector<Difference>& found) const;
   [[nodiscard]] bool IsCompared(int row) const;
+  /// True for the row of the input type, where both pages have the same one, which devices of another version
+  /// may spell in another way.
+  [[nodiscard]] bool IsSameType(int row, const ParameterPage& other) const;
   /// Lets the other page show its temperatures in this page's unit.
   void AlignUnits(ParameterPage& other) const;
   void Mark(int row);

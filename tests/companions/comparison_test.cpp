@@ -18,7 +18,8 @@ using Outcome = Comparison::Outcome;
 
 class CompareBench : public PageBench {
  public:
-  explicit CompareBench(const String& model) : device(PageBench::Connect(model)) {
+  explicit CompareBench(const String& model, const sim::DeviceOptions& options = {})
+      : device(PageBench::Connect(model, options)) {
     Choose(model);
     TakeTables();
     Upload();
@@ -142,6 +143,21 @@ TEST(ComparisonTest, ComparesWithAFileAndNotWithOneOfAnotherModel) {
   EXPECT_EQ(bench.CompareWith(kFile), Found());
   EXPECT_EQ(bench.Compared().Result(), Outcome::OtherModel);
   EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QZ");
+}
+
+TEST(ComparisonTest, TakesAnInputTypeThatADeviceOfAnotherVersionSpellsInItsOwnWayForTheSame) {
+  CompareBench older(u"QUO");
+  older.Save(kFile);
+  const String kept = older.TextOf(kFile);
+  ASSERT_NE(kept.find(u"Tc-1: (PR)"), String::npos);
+  CompareBench bench(u"QUO", {.system_text = "SYSVER   2.00"});
+  ASSERT_EQ(bench.Page().Item(10), u"Tc-1:  (PR)");
+  bench.files.Put(kFile, older.files.Bytes(kFile).value());
+  EXPECT_EQ(bench.CompareWith(kFile), Found());
+  bench.Pick(bench.Page().Combo[0], u"Tc-2: K(CA)");
+  bench.CompareWith(kFile);
+  EXPECT_TRUE(std::any_of(bench.Compared().Differences().begin(), bench.Compared().Differences().end(),
+                          [](const Difference& one) { return one.other == u"Tc-1: (PR)"; }));
 }
 
 TEST(ComparisonTest, LetsTheUserChooseTheFile) {
