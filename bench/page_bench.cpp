@@ -71,8 +71,6 @@ int RowOf(const Page& page, const FamilyModel& one) {
   return row;
 }
 
-using Clock = std::chrono::steady_clock;
-
 // From the click on a model until its page is painted, which has not been shown before. The first page of all
 // shows with the start: of its family it is the click on another model.
 void FirstVisit(benchmark::State& state, const FamilyModel& one) {
@@ -86,10 +84,10 @@ void FirstVisit(benchmark::State& state, const FamilyModel& one) {
     QCoreApplication::processEvents();
     Page& page = *host.application.program.Showing();
     const int row = RowOf(page, one);
-    const auto start = Clock::now();
+    const auto start = std::chrono::steady_clock::now();
     host.Act([&] { page.lst_TypeSelect.UserPicks(row); });
     Paint(window);
-    state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count());
+    state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     if (host.application.program.Showing()->ItsFamily().word != one.family) {
       state.SkipWithError("the page does not show");
     }
@@ -114,11 +112,11 @@ void ChooseFamilysModel(benchmark::State& state, const FamilyModel& one) {
   const String path =
       DefFilePath(page.AppPath, page.ItsFamily(), page.Def.Form(), page.DefFile, host.files.Separator());
   constexpr int times = 20;
-  const auto start = Clock::now();
+  const auto start = std::chrono::steady_clock::now();
   for (int time = 0; time < times; ++time) {
     ReadDefFile(host.application.program.Lines(), page.Box(), path, page.Def);
   }
-  const std::chrono::duration<double, std::milli> took = Clock::now() - start;
+  const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
   state.counters["definition"] = took.count() / times;
 }
 
