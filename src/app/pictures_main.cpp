@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QImage>
+#include <QPainter>
 #include <QPixmap>
 #include <QRawFont>
 #include <QTimer>
@@ -82,6 +83,10 @@ struct Options {
   QCommandLineOption out{"out", "Folder for the pictures.", "DIR", "."};
   QCommandLineOption tab{"tab", "Only this tab, from 0.", "N"};
   QCommandLineOption as{"as", "Name of the picture, with --tab.", "NAME"};
+  QCommandLineOption panel{"panel", "Take the window of this name, which a press has opened; needs --as.",
+                           "NAME"};
+  QCommandLineOption apart{"apart", "Part of the picture that is not compared, such as times; in pixels.",
+                           "X,Y,W,H"};
   QCommandLineOption check{"check", "Save nothing: compare with the pictures in the folder."};
   QCommandLineOption about{"about", "Print what decides how texts are drawn, and end."};
   QCommandLineOption size{"size", "Size of the window in pixels.", "WxH", "1180x740"};
@@ -188,25 +193,46 @@ bool ShowSame(const QImage& one, const QImage& other) {
   return differing <= few_pixels;
 }
 
-/// Saves the picture, or compares it with the one that was saved.
-bool Keep(const QImage& picture, const QString& file, bool check) {
-  if (!check) {
-    if (!picture.save(file)) {
-      Complain(file + QStringLiteral(": can't be written"));
-      return false;
-    }
-    return true;
+/// The picture without what is not compared; a text that names no part leaves it whole.
+QImage WithoutPart(const QImage& picture, const QString& part) {
+  const QStringList numbers = part.split(QLatin1Char(','));
+  QImage rest = picture.convertToFormat(QImage::Format_RGB32);
+  if (numbers.size() == 4) {
+    const QRect place(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt());
+    QPainter(&rest).fillRect(place, Qt::black);
   }
-  if (!ShowSame(picture, QImage(file))) {
-    Complain(file + QStringLiteral(": is not what the program shows"));
+  return rest;
+}
+
+/// Saves the picture as a file of this name, or compares it with the one that was saved.
+bool Keep(const QImage& picture, const QString& name, const QCommandLineParser& arguments,
+          const Options& options) {
+  const QString file = QDir(arguments.value(options.out)).filePath(name + QStringLiteral(".png"));
+  const QString apart = arguments.value(options.apart);
+  const bool check = arguments.isSet(options.check);
+  const bool good =
+      check ? ShowSame(WithoutPart(picture, apart), WithoutPart(QImage(file), apart)) : picture.save(file);
+  if (!good) {
+    Complain(file + (check ? QStringLiteral(": is not what the program shows")
+                           : QStringLiteral(": can't be written")));
+  }
+  return good;
+}
+
+/// Keeps the window beside the page that the command line names.
+bool KeepPanel(const QCommandLineParser& arguments, const Options& options, const korva::MainWindow& window) {
+  const QString name = arguments.value(options.panel);
+  auto* panel = window.findChild<QWidget*>(name);
+  if (panel == nullptr || !panel->isVisible() || !arguments.isSet(options.as)) {
+    Complain(name + QStringLiteral(": no open window to be kept with --as"));
     return false;
   }
-  return true;
+  QCoreApplication::processEvents();
+  return Keep(panel->grab().toImage(), arguments.value(options.as), arguments, options);
 }
 
 /// Keeps the tabs that can be brought to the front, as the command line says.
 bool KeepPictures(const QCommandLineParser& arguments, const Options& options, korva::MainWindow& window) {
-  const QDir out(arguments.value(options.out));
   const QString only = arguments.value(options.tab);
   const QString kind = arguments.isSet(options.dark) ? QStringLiteral("dark") : QStringLiteral("tab");
   korva::PageView* view = window.Current();
@@ -220,8 +246,7 @@ bool KeepPictures(const QCommandLineParser& arguments, const Options& options, k
     QCoreApplication::processEvents();
     const QString name = arguments.isSet(options.as) ? arguments.value(options.as)
                                                      : QStringLiteral("%1-%2").arg(kind).arg(tab);
-    const QString file = out.filePath(name + QStringLiteral(".png"));
-    good = Keep(window.grab().toImage(), file, arguments.isSet(options.check));
+    good = Keep(window.grab().toImage(), name, arguments, options);
     ++kept;
   }
   if (kept == 0) {
@@ -266,7 +291,10 @@ bool KeepWhileRunning(const korva::Page& page, const LiveRun& run, const std::fu
 /// The whole run, behind the start of the program: true when the pictures were kept.
 bool TakePictures(const QCommandLineParser& arguments, const Options& options, korva::WindowHost& host) {
   QDir().mkpath(arguments.value(options.out));
-  const auto keep = [&] { return KeepPictures(arguments, options, host.Window()); };
+  const auto keep = [&] {
+    return arguments.isSet(options.panel) ? KeepPanel(arguments, options, host.Window())
+                                          : KeepPictures(arguments, options, host.Window());
+  };
   korva::EventGate& gate = host.Running().Loop().Gate();
   bool done = false;
   gate.Enter([&] {
@@ -309,7 +337,8 @@ int main(int argc, char** argv) {
   const Options options;
   arguments.addOptions({options.home, options.open, options.csv, options.press, options.yes, options.cell,
                         options.monitor, options.start, options.step, options.type, options.out, options.tab,
-                        options.as, options.check, options.about, options.size, options.dark});
+                        options.as, options.panel, options.apart, options.check, options.about, options.size,
+                        options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
