@@ -17,6 +17,7 @@
 #include <memory>
 #include <utility>
 
+#include "app/model_finder.h"
 #include "app/text.h"
 #include "app/window_host.h"
 #include "core/texts.h"
@@ -83,6 +84,7 @@ struct Options {
   QCommandLineOption out{"out", "Folder for the pictures.", "DIR", "."};
   QCommandLineOption tab{"tab", "Only this tab, from 0.", "N"};
   QCommandLineOption as{"as", "Name of the picture, with --tab.", "NAME"};
+  QCommandLineOption find{"find", "Text for the field above the list of models.", "TEXT"};
   QCommandLineOption panel{"panel", "Take the window of this name, which a press has opened; needs --as.",
                            "NAME"};
   QCommandLineOption apart{"apart", "Part of the picture that is not compared, such as times; in pixels.",
@@ -236,6 +238,7 @@ bool KeepPictures(const QCommandLineParser& arguments, const Options& options, k
   const QString only = arguments.value(options.tab);
   const QString kind = arguments.isSet(options.dark) ? QStringLiteral("dark") : QStringLiteral("tab");
   korva::PageView* view = window.Current();
+  view->findChild<QLineEdit*>(korva::ModelFinder::kName)->setText(arguments.value(options.find));
   int kept = 0;
   bool good = true;
   for (int tab = 0; tab < view->Shown().Tabs.Count() && good; ++tab) {
@@ -335,10 +338,10 @@ int main(int argc, char** argv) {
   QCommandLineParser arguments;
   arguments.addHelpOption();
   const Options options;
-  arguments.addOptions({options.home, options.open, options.csv, options.press, options.yes, options.cell,
-                        options.monitor, options.start, options.step, options.type, options.out, options.tab,
-                        options.as, options.panel, options.apart, options.check, options.about, options.size,
-                        options.dark});
+  arguments.addOptions({options.home,  options.open,    options.csv,   options.press, options.yes,
+                        options.cell,  options.monitor, options.start, options.step,  options.type,
+                        options.out,   options.tab,     options.as,    options.find,  options.panel,
+                        options.apart, options.check,   options.about, options.size,  options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
