@@ -36,13 +36,20 @@ class QuietDialogs final : public Dialogs {
     if (box.buttons.size() > 1) {
       return Offers(box, Answer::Yes) ? Answer::Yes : Answer::Ok;
     }
-    return box.icon == BoxIcon::Plain ? box.buttons.front() : dialogs_.ShowBox(box);
+    if (box.icon == BoxIcon::Plain) {
+      return box.buttons.front();
+    }
+    warned_ = true;
+    return dialogs_.ShowBox(box);
   }
   std::optional<String> ChooseFile(const FileDialog& /*dialog*/) override { return std::nullopt; }
   void ShowFailure(const String& text) override { dialogs_.ShowFailure(text); }
+  /// True when a warning was let through.
+  [[nodiscard]] bool Warned() const { return warned_; }
 
  private:
   Dialogs& dialogs_;
+  bool warned_ = false;
 };
 
 }  // namespace korva

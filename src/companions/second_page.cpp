@@ -48,8 +48,9 @@ Comparison::Outcome SecondPage::ReadFile(const String& path) {
   }
   page_->Shared().CfgFilePath = path;
   page_->OpenChosenFile();
-  table_read_ = true;
-  return Comparison::Outcome::Complete;
+  // A warning tells that the file was not read to its end; what is missing is no difference.
+  table_read_ = !dialogs_.Warned();
+  return dialogs_.Warned() ? Comparison::Outcome::Broken : Comparison::Outcome::Complete;
 }
 
 void SecondPage::StepDone(const TransferStep& step) {

@@ -145,6 +145,17 @@ TEST(ComparisonTest, ComparesWithAFileAndNotWithOneOfAnotherModel) {
   EXPECT_EQ(bench.Page().lst_TypeSelect.Text(), u"QZ");
 }
 
+TEST(ComparisonTest, TellsNoDifferencesFromAFileThatIsNotReadToItsEnd) {
+  CompareBench bench(u"QHW");
+  bench.Save(kFile);
+  bench.TakeBoxes();
+  std::string bytes = bench.files.Bytes(kFile).value();
+  bench.files.Put(kFile, bytes.replace(bytes.find("$Memo"), 5, "$Memory"));
+  EXPECT_EQ(bench.CompareWith(kFile), Found());
+  EXPECT_EQ(bench.Compared().Result(), Outcome::Broken);
+  EXPECT_EQ(bench.TakeBoxes(), std::vector{Shown(BoxKey::CfgFormat)});
+}
+
 TEST(ComparisonTest, TakesAnInputTypeThatADeviceOfAnotherVersionSpellsInItsOwnWayForTheSame) {
   CompareBench older(u"QUO");
   older.Save(kFile);
