@@ -3,15 +3,15 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+
+#include "full_disk.h"
 
 namespace korva {
 namespace {
@@ -70,26 +70,6 @@ class Unprivileged {
 
  private:
   uid_t was_;
-};
-
-// Lets no file of this process grow beyond `bytes` for a while, as a full disk would.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit{.rlim_cur = bytes, .rlim_max = old_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, old_handler_);
-  }
-
- private:
-  rlimit old_{};
-  void (*old_handler_)(int);
 };
 
 TEST_F(NativeFileStoreTest, AFileReadsBackByteForByte) {

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
+#include "platform/native/native_file.h"
 #include "platform/native/native_reason.h"
 
 namespace korva {
@@ -23,48 +23,6 @@ namespace fs = std::filesystem;
 constexpr int kLongestLinkChain = 40;
 constexpr std::string_view kTemporaryHead = ".korva-";
 constexpr std::string_view kTemporaryTail = ".tmp";
-
-// A file descriptor that closes itself.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-  Descriptor& operator=(Descriptor&&) = delete;
-  ~Descriptor() {
-    if (number_ >= 0) {
-      close(number_);
-    }
-  }
-
-  [[nodiscard]] int Number() const { return number_; }
-  [[nodiscard]] bool Open() const { return number_ >= 0; }
-
- private:
-  int number_;
-};
-
-// Nothing for a text that is no path on this machine.
-std::optional<fs::path> ToPath(const String& path) {
-  try {
-    fs::path native(path);
-    if (native.native().find('\0') == std::string::npos) {
-      return native;
-    }
-  } catch (const std::exception&) {  // an unpaired surrogate
-    return std::nullopt;
-  }
-  return std::nullopt;
-}
-
-// Why the object can't be read or replaced as a file; 0 when it can.
-int WhyNoFile(const struct stat& status) {
-  if (S_ISREG(status.st_mode)) {
-    return 0;
-  }
-  return S_ISDIR(status.st_mode) ? EISDIR : ENOTSUP;
-}
 
 // Reads the file, of `most` bytes at most, into `bytes`; the system's error number, 0 for success.
 int ReadAll(const fs::path& path, std::size_t most, std::string& bytes) {
@@ -110,17 +68,6 @@ int FollowLinks(fs::path& path) {
   return 0;
 }
 
-int WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = write(file, bytes.data(), bytes.size());
-    if (count < 0 && errno != EINTR) {
-      return errno;
-    }
-    bytes.remove_prefix(static_cast<std::size_t>(count > 0 ? count : 0));
-  }
-  return 0;
-}
-
 // A temporary is locked for as long as its save lives, so that one which a killed save left can be told from
 // it.
 bool Lock(const Descriptor& file) { return flock(file.Number(), LOCK_EX | LOCK_NB) == 0; }
@@ -147,11 +94,10 @@ void RemoveLeftovers(const fs::path& folder) {
 
 // Creates and locks a file of a new name in `folder`; with errno when that fails.
 Descriptor CreateTemporary(const fs::path& folder, fs::path& name) {
-  constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;  // less the user's umask
   for (int number = 0;; ++number) {
     name = folder / (std::string(kTemporaryHead) + std::to_string(getpid()) + "-" + std::to_string(number) +
                      std::string(kTemporaryTail));
-    Descriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    Descriptor file(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode));
     if (!file.Open() && errno != EEXIST) {
       return file;
     }
