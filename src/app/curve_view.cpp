@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 
+#include "app/axis.h"
 #include "app/text.h"
 #include "core/numbers.h"
 #include "core/texts.h"
@@ -17,10 +18,6 @@ namespace korva {
 
 namespace {
 
-/// Values beyond stand at this limit, so that the span of two of them is still a number.
-constexpr double kLargest = 1e300;
-/// Spans smaller than this part of their values count as none: their ticks could not be told apart.
-constexpr double kLeastSpan = 1e-9;
 constexpr double kFullScale = 100;  ///< of the axes of a table without points, in percent
 
 constexpr double kLeastDot = 1;  ///< radius of a point
@@ -34,53 +31,6 @@ constexpr double kZeroStrength = 0.4;
 constexpr double kFrameStrength = 0.5;
 constexpr double kLineStrength = 0.7;
 
-QColor Mixed(const QPalette& palette, double strength) {
-  const QColor base = palette.color(QPalette::Base);
-  const QColor text = palette.color(QPalette::Text);
-  const auto mix = [strength](int from, int to) {
-    return static_cast<int>(std::lround(from + (to - from) * strength));
-  };
-  return {mix(base.red(), text.red()), mix(base.green(), text.green()), mix(base.blue(), text.blue())};
-}
-
-/// A range of values between two ticks.
-struct Axis {
-  double low = 0;
-  double high = kFullScale;
-  double step = kFullScale;
-
-  [[nodiscard]] double Share(double value) const { return (value - low) / (high - low); }
-  [[nodiscard]] std::vector<double> Ticks() const {
-    std::vector<double> ticks;
-    const double first = std::round(low / step);
-    const auto count = static_cast<int>(std::lround((high - low) / step));
-    for (int tick = 0; tick <= count; ++tick) {
-      ticks.push_back((first + tick) * step);
-    }
-    return ticks;
-  }
-};
-
-/// The axis that holds `low` to `high` with about `ticks` round steps.
-Axis RoundAxis(double low, double high, int ticks) {
-  const double size = std::max({1.0, std::abs(low), std::abs(high)});
-  if (high - low < size * kLeastSpan) {
-    low -= size / 10;
-    high += size / 10;
-  }
-  const double least = (high - low) / ticks;
-  const double decade = std::pow(10.0, std::floor(std::log10(least)));
-  double step = 10 * decade;
-  for (const double factor : {5.0, 2.0, 1.0}) {
-    if (factor * decade >= least * (1 - kLeastSpan)) {
-      step = factor * decade;
-    }
-  }
-  return {.low = std::floor(low / step + kLeastSpan) * step,
-          .high = std::ceil(high / step - kLeastSpan) * step,
-          .step = step};
-}
-
 Axis AxisOf(const std::vector<CurveView::Point>& points, double CurveView::Point::*value, int ticks) {
   if (points.empty()) {
     return RoundAxis(0, kFullScale, ticks);
@@ -90,8 +40,6 @@ Axis AxisOf(const std::vector<CurveView::Point>& points, double CurveView::Point
                           [value](const auto& one, const auto& other) { return one.*value < other.*value; });
   return RoundAxis((*low).*value, (*high).*value, ticks);
 }
-
-QString TickText(double value) { return ToQt(ShortestText(value)); }
 
 /// Where a picture's parts stand in its widget.
 struct Plot {
@@ -214,8 +162,6 @@ QString AxisTitle(const Grid& grid, int column) {
   const QString head = ToQt(grid.At(0, column).text).simplified();
   return head.contains(QLatin1Char(' ')) ? head : head + QStringLiteral(" %");
 }
-
-double Drawable(double value) { return std::clamp(value, -kLargest, kLargest); }
 
 }  // namespace
 

@@ -3,15 +3,11 @@
 #include <QAbstractTableModel>
 #include <QApplication>
 #include <QClipboard>
-#include <QCloseEvent>
-#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <memory>
 
@@ -105,29 +101,16 @@ class PanelView::Model final : public QAbstractTableModel {
 };
 
 PanelView::PanelView(Panel& panel, EventGate& gate, QWidget* parent)
-    : QDialog(parent),
+    : SideView(panel, gate, parent),
       panel_(panel),
-      views_(gate),
-      heading_(new QLabel(this)),
       table_(new QTableView(this)),
       model_(new Model(panel, this)) {
-  heading_->setWordWrap(true);
-  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  auto* layout = new QVBoxLayout(this);
-  layout->addWidget(heading_);
-  layout->addWidget(MakeTable(), 1);
-  layout->addWidget(MakeButtons());
   resize(kPanelSize);
-  Follow(panel_, this, [this] { Show(); });
-  panel_.ObserveFocus([this] {
-    raise();
-    activateWindow();
-    table_->setFocus();
-  });
-  connect(this, &QDialog::rejected, this, [this] { views_.Enter([this] { panel_.Close(); }); });
+  MakeTable();
+  Assemble(table_, {{.caption = TextKey::CopyRows, .name = "copy", .action = [this] { Copy(); }}});
 }
 
-QWidget* PanelView::MakeTable() {
+void PanelView::MakeTable() {
   table_->setModel(model_);
   table_->setObjectName(QStringLiteral("table"));
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -150,45 +133,9 @@ QWidget* PanelView::MakeTable() {
       bar->setValue(most);
     }
   });
-  return table_;
 }
 
-QWidget* PanelView::MakeButtons() {
-  auto* box = new QDialogButtonBox(this);
-  for (Button* button : panel_.Buttons()) {
-    auto* widget = static_cast<QPushButton*>(views_.Make(*button, box));
-    widget->setAutoDefault(false);
-    box->addButton(widget, QDialogButtonBox::ActionRole);
-  }
-  copy_ = box->addButton(QString(), QDialogButtonBox::ActionRole);
-  copy_->setObjectName(QStringLiteral("copy"));
-  copy_->setAutoDefault(false);
-  connect(copy_, &QPushButton::clicked, this, [this] { Copy(); });
-  close_ = box->addButton(QString(), QDialogButtonBox::RejectRole);
-  close_->setObjectName(QStringLiteral("close"));
-  close_->setAutoDefault(false);
-  connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  return box;
-}
-
-void PanelView::Show() {
-  if (!panel_.Visible()) {
-    return;
-  }
-  const QString title = ToQt(panel_.Title());
-  if (accessibleName() != title) {
-    setWindowTitle(title + QStringLiteral(" - KORVA"));
-    setAccessibleName(title);
-    table_->setAccessibleName(title);
-    copy_->setText(ToQt(panel_.Words(TextKey::CopyRows)));
-    close_->setText(ToQt(panel_.Words(TextKey::ClosePanel)));
-  }
-  const QString heading = ToQt(panel_.Heading());
-  const bool other_heading = heading_->text() != heading;
-  if (other_heading) {
-    heading_->setText(heading);
-  }
-  heading_->setVisible(!heading.isEmpty());
+void PanelView::ShowContents(bool other_heading) {
   ShowRows();
   if (other_heading) {
     FitColumns();
@@ -230,12 +177,7 @@ bool PanelView::eventFilter(QObject* watched, QEvent* event) {
     Copy();
     return true;
   }
-  return QDialog::eventFilter(watched, event);
-}
-
-void PanelView::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  reject();
+  return SideView::eventFilter(watched, event);
 }
 
 }  // namespace korva

@@ -1,0 +1,62 @@
+#include "app/axis.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/text.h"
+#include "core/numbers.h"
+
+namespace korva {
+
+namespace {
+
+/// Values beyond stand at this limit, so that the span of two of them is still a number.
+constexpr double kLargest = 1e300;
+/// Spans smaller than this part of their values count as none: their ticks could not be told apart.
+constexpr double kLeastSpan = 1e-9;
+
+}  // namespace
+
+std::vector<double> Axis::Ticks() const {
+  std::vector<double> ticks;
+  const double first = std::round(low / step);
+  const auto count = static_cast<int>(std::lround((high - low) / step));
+  for (int tick = 0; tick <= count; ++tick) {
+    ticks.push_back((first + tick) * step);
+  }
+  return ticks;
+}
+
+Axis RoundAxis(double low, double high, int ticks) {
+  const double size = std::max({1.0, std::abs(low), std::abs(high)});
+  if (high - low < size * kLeastSpan) {
+    low -= size / 10;
+    high += size / 10;
+  }
+  const double least = (high - low) / ticks;
+  const double decade = std::pow(10.0, std::floor(std::log10(least)));
+  double step = 10 * decade;
+  for (const double factor : {5.0, 2.0, 1.0}) {
+    if (factor * decade >= least * (1 - kLeastSpan)) {
+      step = factor * decade;
+    }
+  }
+  return {.low = std::floor(low / step + kLeastSpan) * step,
+          .high = std::ceil(high / step - kLeastSpan) * step,
+          .step = step};
+}
+
+double Drawable(double value) { return std::clamp(value, -kLargest, kLargest); }
+
+QString TickText(double value) { return ToQt(ShortestText(value)); }
+
+QColor Mixed(const QPalette& palette, double strength) {
+  const QColor base = palette.color(QPalette::Base);
+  const QColor text = palette.color(QPalette::Text);
+  const auto mix = [strength](int from, int to) {
+    return static_cast<int>(std::lround(from + (to - from) * strength));
+  };
+  return {mix(base.red(), text.red()), mix(base.green(), text.green()), mix(base.blue(), text.blue())};
+}
+
+}  // namespace korva

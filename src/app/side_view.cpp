@@ -1,0 +1,87 @@
+#include "app/side_view.h"
+
+#include <QCloseEvent>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "app/text.h"
+
+namespace korva {
+
+SideView::SideView(SideWindow& window, EventGate& gate, QWidget* parent)
+    : QDialog(parent), window_(window), views_(gate), heading_(new QLabel(this)) {
+  heading_->setWordWrap(true);
+  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
+
+QWidget* SideView::MakeButtons(const std::vector<OwnButton>& own) {
+  auto* box = new QDialogButtonBox(this);
+  for (Button* button : window_.Buttons()) {
+    auto* widget = static_cast<QPushButton*>(views_.Make(*button, box));
+    widget->setAutoDefault(false);
+    box->addButton(widget, QDialogButtonBox::ActionRole);
+  }
+  for (const OwnButton& button : own) {
+    QPushButton* widget = NewButton(button.caption, button.name);
+    box->addButton(widget, QDialogButtonBox::ActionRole);
+    connect(widget, &QPushButton::clicked, this, button.action);
+  }
+  box->addButton(NewButton(TextKey::ClosePanel, "close"), QDialogButtonBox::RejectRole);
+  connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  return box;
+}
+
+/// Captioned when the window shows, in its language.
+QPushButton* SideView::NewButton(TextKey caption, const char* name) {
+  auto* button = new QPushButton(this);
+  button->setObjectName(QString::fromLatin1(name));
+  button->setAutoDefault(false);
+  own_.emplace_back(button, caption);
+  return button;
+}
+
+void SideView::Assemble(QWidget* contents, const std::vector<OwnButton>& own) {
+  contents_ = contents;
+  connect(this, &QDialog::rejected, this, [this] { views_.Enter([this] { window_.Close(); }); });
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(heading_);
+  layout->addWidget(contents_, 1);
+  layout->addWidget(MakeButtons(own));
+  Follow(window_, this, [this] { Show(); });
+  window_.ObserveFocus([this] {
+    raise();
+    activateWindow();
+    contents_->setFocus();
+  });
+}
+
+void SideView::Show() {
+  if (!window_.Visible()) {
+    return;
+  }
+  const QString title = ToQt(window_.Title());
+  if (accessibleName() != title) {
+    setWindowTitle(title + QStringLiteral(" - KORVA"));
+    setAccessibleName(title);
+    contents_->setAccessibleName(title);
+    for (const auto& [button, caption] : own_) {
+      button->setText(ToQt(window_.Words(caption)));
+    }
+  }
+  const QString heading = ToQt(window_.Heading());
+  const bool other_heading = heading_->text() != heading;
+  if (other_heading) {
+    heading_->setText(heading);
+  }
+  heading_->setVisible(!heading.isEmpty());
+  ShowContents(other_heading);
+}
+
+void SideView::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  reject();
+}
+
+}  // namespace korva
