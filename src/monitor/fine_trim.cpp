@@ -134,13 +134,16 @@ void FineTrim::Run() {
   running_ = true;
   told_ = false;
   ShowState();
+  TellBegan();
   while (running_) {
     if (request_.Waits()) {
       request_.CarryOut([this](const String& step) { Apply(step); });
     } else {
       Turn();
+      TellTurn();
     }
   }
+  TellEnded();
 }
 
 void FineTrim::Stop() {
@@ -171,7 +174,7 @@ void FineTrim::Apply(const String& step) {
     }
     PaintHighlight(Box);
     if (Send(ShortestText(target))) {
-      ShowForATurn(FormatMask(shown, kTrimMask));
+      ShowForATurn(FormatMask(shown, kTrimMask), true);
     }
   } else {
     return;
@@ -189,11 +192,18 @@ void FineTrim::ShowTold(const String& answer) {
   const std::optional<double> trim = Told(answer);
   told_ = trim.has_value();
   const bool blank = !told_ && end_.origin == 0;
-  ShowForATurn(blank ? String() : FormatMask(trim.value_or(0) + end_.origin, kTrimMask));
+  ShowForATurn(blank ? String() : FormatMask(trim.value_or(0) + end_.origin, kTrimMask), !answer.empty());
 }
 
-void FineTrim::ShowForATurn(const String& text) {
+void FineTrim::ShowForATurn(const String& text, bool answered) {
   Box.SetText(text);
+  TellRead([&] {
+    return LiveReading{.row = page_.FindDataRow(end_.item),
+                       .caption = CaptionLabel.Caption(),
+                       .text = told_ ? text : String(),
+                       .unit = UnitLabel.Caption(),
+                       .answered = answered};
+  });
   Wait(kBlinkLit);
   PaintRest(Box);
   Wait(kBlinkUnlit);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/parameter_page.h"
+#include "monitor/live_source.h"
 #include "monitor/trim_buttons.h"
 
 namespace korva {
@@ -36,7 +37,7 @@ extern const FineTrimEnd kSecondSpanTrim;
 /// The device is sent whole values, counted from what the box shows. So a step goes out only when the device
 /// has told its trim at the last reading: from a span that is shown as 100 because nothing was told it would
 /// jump. A step that would lead out of the limits is refused with its box.
-class FineTrim final : public PagePart, public TrimButtons {
+class FineTrim final : public PagePart, public TrimButtons, public LiveSource {
  public:
   /// Adds itself and its controls to the page. All outlive this.
   FineTrim(ParameterPage& page, const FineTrimEnd& end);
@@ -65,7 +66,7 @@ class FineTrim final : public PagePart, public TrimButtons {
   bool Send(const String& data);
   /// Shows the trim of an answer for the time of a turn; without one what the end shows then.
   void ShowTold(const String& answer);
-  void ShowForATurn(const String& text);
+  void ShowForATurn(const String& text, bool answered);
   /// Waits, but not beyond a press or STOP.
   void Wait(int milliseconds);
 

@@ -124,9 +124,11 @@ void OutputTrim::Start() {
   StartButton.SetFocus();
   CarryOver(*box);
   request_.Drop();
+  TellBegan();
   while (running_) {
     Turn(*box);
   }
+  TellEnded();
   PaintHighlight(*box);
   page_.EndOperation();
 }
@@ -161,13 +163,18 @@ void OutputTrim::Turn(TextField& box) {
   request_.CarryOut([this](const String& step) { Apply(step); });
   PaintHighlight(box);
   const String answer = Read();
-  if (const auto percent = end_.percent_of(answer)) {
+  const auto percent = end_.percent_of(answer);
+  if (percent) {
     page_.GroupItem.Set(u"01", String(end_.read_item), answer);
     ShowTold(box, FormatMask(*percent, kTrimMask));
   }
+  TellRead([&] {
+    return ReadingOf(page_, page_.FindDataRow(end_.key), percent ? box.Text() : String(), !answer.empty());
+  });
   page_.Line().WaitFor(kLitTime);
   PaintRest(box);
   page_.Line().WaitFor(kUnlitTime);
+  TellTurn();
 }
 
 void OutputTrim::Apply(const String& step) {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "files/parameter_page.h"
+#include "monitor/live_source.h"
 #include "monitor/trim_buttons.h"
 
 namespace korva {
@@ -49,7 +50,7 @@ extern const TrimEnd kSpanTrim;
 ///
 /// The device is sent differences, so a step goes out only when the device has told from where. One that
 /// would lead out of the limits is refused with its box.
-class OutputTrim final : public PagePart, public TrimButtons {
+class OutputTrim final : public PagePart, public TrimButtons, public LiveSource {
  public:
   /// Adds itself and its controls to the page. All outlive this.
   OutputTrim(ParameterPage& page, const TrimEnd& end);

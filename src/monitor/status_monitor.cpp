@@ -80,9 +80,11 @@ void StatusMonitor::Start() {
   if (family_.has_io_check_mode) {
     page_.EnterIOCheckMode();
   }
+  TellBegan();
   while (!page_.MonitorStop) {
     MonitorCycle();
   }
+  TellEnded();
   if (family_.has_io_check_mode) {
     page_.EnterMonitorMode();
   }
@@ -207,6 +209,7 @@ void StatusMonitor::MonitorCycle() {
     // since only a wait lets the user's stop in.
     page_.Line().WaitFor(kShowTime);
   }
+  TellTurn();
 }
 
 bool StatusMonitor::MonitorReadItem(StringView key) {
@@ -232,6 +235,7 @@ bool StatusMonitor::MonitorReadItem(StringView key) {
   }
   box->SetText(value);
   PaintHighlight(*box);
+  TellRead([&] { return ReadingOf(page_, row, value, !answer.empty()); });
   page_.Line().WaitFor(kShowTime);
   PaintRest(*box);
   return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "monitor/live_source.h"
 #include "monitor/monitor_family.h"
 
 namespace korva {
@@ -12,7 +13,7 @@ namespace korva {
 /// set and the frame is locked, so that nothing else can start an exchange; cmdMonitorOFF alone is in reach.
 /// A stop is honoured between cycles only: each cycle that began reads all its items. The loop never ends by
 /// itself: a read without an answer empties its box, and the next item is read.
-class StatusMonitor final : public PagePart {
+class StatusMonitor final : public PagePart, public LiveSource {
  public:
   /// Adds itself and its controls to the page, which outlives this.
   StatusMonitor(ParameterPage& page, const MonitorFamily& family);

@@ -175,11 +175,14 @@ void Threshold::Run(TextField& box) {
     ApplyBox(box);
   }
   request_.Drop();
+  TellBegan();
   while (running_) {
     request_.CarryOut([&](const String& step) { ApplyThresholdStep(box, step); });
     ShowThreshold(box);
     ShowMeasuredFrequency();
+    TellTurn();
   }
+  TellEnded();
   Paint(box, Look::Highlight);
 }
 
@@ -241,6 +244,7 @@ void Threshold::ShowThreshold(TextField& box) {
     Paint(box, Look::Highlight);
   }
   Show(box, value);
+  TellRead([&] { return ReadingOf(page_, page_.FindDataRow(family_.item), value, !value.empty()); });
   page_.Line().WaitFor(kShowTime);
   Paint(box, Look::Grey);
 }
@@ -248,7 +252,13 @@ void Threshold::ShowThreshold(TextField& box) {
 void Threshold::ShowMeasuredFrequency() {
   const String answer = page_.Items().ReadRetry(kOnce, ItemKey(kFrequencyItem).OnWire());
   PaintHighlight(txtMeasFreq);
-  txtMeasFreq.SetText(WithTwoDecimals(monitor_.ShownValue(page_.FindDataRow(kFrequencyItem), answer)));
+  const int row = page_.FindDataRow(kFrequencyItem);
+  txtMeasFreq.SetText(WithTwoDecimals(monitor_.ShownValue(row, answer)));
+  TellRead([&] {
+    LiveReading reading = ReadingOf(page_, row, txtMeasFreq.Text(), !answer.empty());
+    reading.unit = unitMeasFreq.Caption();
+    return reading;
+  });
   page_.Line().WaitFor(kShowTime);
   PaintRest(txtMeasFreq);
 }

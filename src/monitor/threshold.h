@@ -36,7 +36,7 @@ bool ValueInRange(const String& text, const ThresholdLimits& limits);
 ///
 /// The box is that of the parameter, so the set follows what the device holds. A value that the device was
 /// not sent, since it is out of range, marks the box as bad until the next one that is taken.
-class Threshold final : public PagePart {
+class Threshold final : public PagePart, public LiveSource {
  public:
   /// Adds itself and its controls to the page. `monitor` is the page's, and fills `unitMeasFreq`. All
   /// outlive this.
