@@ -4,6 +4,7 @@
 
 #include "companions/line_button.h"
 #include "companions/report_writer.h"
+#include "companions/value_follower.h"
 
 namespace korva {
 
@@ -11,6 +12,7 @@ void Companions::Join(ParameterPage& page) {
   page.Adopt(std::make_unique<ReportWriter>(page, Report, report_panel_));
   page.Adopt(std::make_unique<Comparer>(page, families_, make_, Compared, compare_panel_));
   page.Adopt(std::make_unique<LineButton>(page, line_panel_));
+  page.Adopt(std::make_unique<ValueFollower>(page, Watched, watch_panel_));
 }
 
 }  // namespace korva

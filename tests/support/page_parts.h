@@ -30,7 +30,7 @@ inline Button& ButtonOf(const Page& page, std::string_view name) {
 /// True for a button that opens a window beside the page, which asks the device nothing and may be opened
 /// while an operation runs.
 inline bool OpensWindow(const Control& control) {
-  return control.Name() == "cmdLine" || control.Name() == "cmdReport";
+  return control.Name() == "cmdLine" || control.Name() == "cmdReport" || control.Name() == "cmdWatch";
 }
 
 }  // namespace korva::test
