@@ -9,6 +9,7 @@
 
 #include "app/panel_view.h"
 #include "app/text.h"
+#include "app/watch_view.h"
 #include "core/text_utilities.h"
 
 namespace korva {
@@ -36,14 +37,18 @@ MainWindow::MainWindow(Application& application)
       [this](const ModalWindow& window, bool open) { ShowModal(window, open); });
   application_.companions.FollowLine(application_.link.line);
   for (Panel* panel : application_.companions.Panels()) {
-    panel->Observe([this, panel] { ShowPanel(*panel); });
+    MakeWhenOpened<PanelView>(*panel);
   }
+  MakeWhenOpened<WatchView>(application_.companions.ValuesInLarge());
 }
 
-void MainWindow::ShowPanel(Panel& panel) {
-  if (panel.Visible() && findChild<PanelView*>(QString::fromStdString(panel.Name())) == nullptr) {
-    new PanelView(panel, application_.program.Loop().Gate(), this);
-  }
+template <typename View, typename Window>
+void MainWindow::MakeWhenOpened(Window& window) {
+  window.Observe([this, &window] {
+    if (window.Visible() && findChild<SideView*>(QString::fromStdString(window.Name())) == nullptr) {
+      new View(window, application_.program.Loop().Gate(), this);
+    }
+  });
 }
 
 PageView* MainWindow::Current() const { return static_cast<PageView*>(pages_->currentWidget()); }

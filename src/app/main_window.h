@@ -36,8 +36,9 @@ class MainWindow : public QMainWindow {
   void DropPage(Page& page);
   /// Shows or hides the small window over the page. Each is made once.
   void ShowModal(const ModalWindow& window, bool open);
-  /// Makes the panel's window when it opens for the first time; it follows the panel then.
-  void ShowPanel(Panel& panel);
+  /// Makes a window beside the page, a View of it, when it opens for the first time, and follows it then.
+  template <typename View, typename Window>
+  void MakeWhenOpened(Window& window);
   /// The button of the showing page that opens a file of this kind, while it can be pressed.
   [[nodiscard]] const Button* OpenerOf(const QString& path) const;
   [[nodiscard]] PageView* ViewOf(const Page& page) const;

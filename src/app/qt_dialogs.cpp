@@ -64,8 +64,7 @@ Answer QtDialogs::ShowBox(const Box& box) {
   message.setTextFormat(Qt::PlainText);
   std::map<QAbstractButton*, Answer> answers;
   for (const Answer answer : box.buttons) {
-    const ButtonForm form = FormOf(answer);
-    QPushButton* button = message.addButton(form.text, form.role);
+    QPushButton* button = AddAnswer(message, answer);
     answers[button] = answer;
     if (answer == box.preset) {
       message.setDefaultButton(button);
@@ -91,6 +90,16 @@ std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {
     return std::exchange(file_, std::nullopt);
   }
   QFileDialog chooser(parent_);
+  Prepare(chooser, dialog);
+  const bool chosen = chooser.exec() == QDialog::Accepted;
+  gate_.RaiseIfEnded();
+  if (!chosen || chooser.selectedFiles().isEmpty()) {
+    return std::nullopt;
+  }
+  return FromQt(QDir::toNativeSeparators(chooser.selectedFiles().constFirst()));
+}
+
+void Prepare(QFileDialog& chooser, const FileDialog& dialog) {
   chooser.setAcceptMode(dialog.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   chooser.setFileMode(dialog.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   const QStringList filters = NameFilters(dialog.filter);
@@ -108,12 +117,11 @@ std::optional<String> QtDialogs::ChooseFile(const FileDialog& dialog) {
   if (dialog.save && !dialog.name.empty()) {
     chooser.selectFile(ToQt(dialog.name));
   }
-  const bool chosen = chooser.exec() == QDialog::Accepted;
-  gate_.RaiseIfEnded();
-  if (!chosen || chooser.selectedFiles().isEmpty()) {
-    return std::nullopt;
-  }
-  return FromQt(QDir::toNativeSeparators(chooser.selectedFiles().constFirst()));
+}
+
+QPushButton* AddAnswer(QMessageBox& box, Answer answer) {
+  const ButtonForm form = FormOf(answer);
+  return box.addButton(form.text, form.role);
 }
 
 void QtDialogs::ShowFailure(const String& text) {

@@ -8,6 +8,10 @@
 #include "platform/dialogs.h"
 #include "platform/event_gate.h"
 
+class QFileDialog;
+class QMessageBox;
+class QPushButton;
+
 namespace korva {
 
 /// Message boxes and file dialogs on the screen.
@@ -31,5 +35,10 @@ class QtDialogs : public Dialogs {
   QPointer<QWidget> parent_;
   std::optional<String> file_;  ///< the answer to the next file to open
 };
+
+/// Makes the chooser the dialog that is wanted.
+void Prepare(QFileDialog& chooser, const FileDialog& dialog);
+/// Adds the button of an answer.
+QPushButton* AddAnswer(QMessageBox& box, Answer answer);
 
 }  // namespace korva

@@ -57,6 +57,7 @@ QString MissingFontText(const QStringList& japanese_families) {
 WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
     : port_(loop_.Gate(), home.own),
       dialogs_(loop_.Gate()),
+      records_(loop_.Gate()),
       application_({.loop = loop_,
                     .port = port_,
                     .dialogs = dialogs != nullptr ? *dialogs : dialogs_,
@@ -65,6 +66,8 @@ WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
                    {.installed = home.installed.u16string(), .own = home.own.u16string()}),
       window_(application_) {
   dialogs_.SetParent(&window_);
+  records_.SetParent(&window_);
+  application_.companions.ValuesInLarge().RecordTo(records_);
   window_.OnFileDropped([this](const QString& path, const Button& button) {
     loop_.Gate().Enter(
         [&] { dialogs_.WithFile(FromQt(QDir::toNativeSeparators(path)), [&button] { button.Click(); }); });

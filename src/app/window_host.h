@@ -4,6 +4,7 @@
 
 #include "app/main_window.h"
 #include "app/qt_dialogs.h"
+#include "app/qt_record_place.h"
 #include "pages/application.h"
 #include "platform/native/native_code_page.h"
 #include "platform/native/native_file_store.h"
@@ -45,6 +46,7 @@ class WindowHost {
   QtEventLoop loop_;
   QtPort port_;
   QtDialogs dialogs_;
+  QtRecordPlace records_;
   NativeFileStore files_;
   NativeCodePage code_page_;
   Application application_;
