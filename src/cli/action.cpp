@@ -210,7 +210,7 @@ struct ActionRow {
   Parsed (*parse)(Words& words);
 };
 
-constexpr std::array<ActionRow, 17> kActions = {{
+constexpr std::array<ActionRow, 18> kActions = {{
     {.word = "start", .parse = Alone<StartProgram>},
     {.word = "choose", .parse = ParseChoose},
     {.word = "click", .parse = ParseClick},
@@ -227,6 +227,7 @@ constexpr std::array<ActionRow, 17> kActions = {{
     {.word = "show", .parse = ParseShow},
     {.word = "dump", .parse = ParseDump},
     {.word = "report", .parse = Alone<TellReport>},
+    {.word = "watch", .parse = Alone<TellWatch>},
     {.word = "compare", .parse = ParseCompare},
 }};
 

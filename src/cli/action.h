@@ -66,13 +66,14 @@ struct DumpGrid {
   std::string grid;
 };
 struct TellReport {};
+struct TellWatch {};
 struct Compare {
   std::optional<String> file;  ///< nothing: with the device
 };
 
 using Action = std::variant<StartProgram, ChooseModel, ClickButton, TypeText, PickEntry, ClickCell, PressKey,
                             ClickTab, QueueAnswers, QueueFile, Delay, Wait, PressClose, ShowControls,
-                            DumpItems, DumpGrid, TellReport, Compare>;
+                            DumpItems, DumpGrid, TellReport, TellWatch, Compare>;
 
 /// A line of a script that says what to do.
 struct Statement {

@@ -71,6 +71,7 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
   compare device         list what differs between the page and the device, which is read; the page stays as it is
   compare file PATH      the same with a configuration file
   report                 print the report of the last transfer: item, name, sent, answered, proof
+  watch                  print the live values: item, name, value, unit, least, most, and the age of an old one
 
 What the screen would not let the user do prints "refused ACTION: REASON" and does nothing. So does a queued answer
 that its box does not offer ("refused answer yes: not offered"); the box then takes cancel, else no.

@@ -10,6 +10,7 @@
 #include "cli/page_actions.h"
 #include "cli/page_report.h"
 #include "cli/print_report.h"
+#include "cli/print_watch.h"
 #include "cli/script_lines.h"
 #include "core/text_utilities.h"
 
@@ -246,6 +247,11 @@ Outcome ScriptRunner::Do(const PressClose& /*action*/) {
 
 Outcome ScriptRunner::Do(const TellReport& /*action*/) {
   PrintReport(companions_.Report, transcript_);
+  return {};
+}
+
+Outcome ScriptRunner::Do(const TellWatch& /*action*/) {
+  PrintWatch(companions_.Watched, program_.Loop().Now(), transcript_);
   return {};
 }
 

@@ -75,6 +75,7 @@ class ScriptRunner {
   Outcome Do(const Wait& action);
   Outcome Do(const PressClose& action);
   Outcome Do(const TellReport& action);
+  Outcome Do(const TellWatch& action);
   Outcome Do(const Compare& action);
   template <typename PageAction>
   Outcome Do(const PageAction& action);
