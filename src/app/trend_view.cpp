@@ -14,9 +14,9 @@ using std::chrono::seconds;
 
 constexpr std::array kSpans = {seconds(60), seconds(120), seconds(300), seconds(600)};
 
-constexpr double kGridStrength = 0.15;
+constexpr double kRuleStrength = 0.15;
 constexpr double kLabelStrength = 0.8;
-constexpr double kLineWidth = 2;
+constexpr double kTrendWidth = 2;
 constexpr double kDot = 1.5;  ///< radius of a reading that has no neighbour
 constexpr int kTimes = 2;     ///< steps of the axis of time
 
@@ -114,7 +114,7 @@ void TrendView::DrawValues(QPainter& painter, const Scale& scale) const {
   const double gap = QFontMetricsF(font()).horizontalAdvance(QLatin1Char('0'));
   for (const double tick : scale.values.Ticks()) {
     const double y = scale.Y(tick);
-    painter.setPen(Mixed(palette(), kGridStrength));
+    painter.setPen(Mixed(palette(), kRuleStrength));
     painter.drawLine(QPointF(scale.frame.left(), y), QPointF(scale.frame.right(), y));
     painter.setPen(Mixed(palette(), kLabelStrength));
     painter.drawText(QRectF(0, y - line / 2, scale.frame.left() - gap / 2, line),
@@ -128,7 +128,7 @@ void TrendView::DrawTimes(QPainter& painter, const Scale& scale) const {
   for (int step = 0; step <= kTimes; ++step) {
     const seconds before = span_ * step / kTimes;
     const double x = scale.X(end_ - before);
-    painter.setPen(Mixed(palette(), kGridStrength));
+    painter.setPen(Mixed(palette(), kRuleStrength));
     painter.drawLine(QPointF(x, scale.frame.top()), QPointF(x, scale.frame.bottom()));
     painter.setPen(Mixed(palette(), kLabelStrength));
     const double width = scale.frame.width() / kTimes;
@@ -157,7 +157,7 @@ void TrendView::paintEvent(QPaintEvent* /*event*/) {
       painter.setBrush(colour);
       painter.drawEllipse(piece.front(), kDot, kDot);
     } else {
-      painter.setPen(QPen(colour, kLineWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      painter.setPen(QPen(colour, kTrendWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
       painter.drawPolyline(piece);
     }
   }

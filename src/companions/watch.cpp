@@ -8,7 +8,7 @@ namespace korva {
 
 namespace {
 
-using Number = WatchedValue::Number;
+using ToldNumber = WatchedValue::Number;
 using ReadOutcome = WatchedValue::Outcome;
 
 ReadOutcome OutcomeOf(const WatchReading& reading) {
@@ -18,8 +18,9 @@ ReadOutcome OutcomeOf(const WatchReading& reading) {
   return reading.answered ? ReadOutcome::Untold : ReadOutcome::Silent;
 }
 
-std::optional<Number> NumberIn(const String& text) {
-  return IsNumeric(text) ? std::optional(Number{.value = LeadingNumber(text), .text = text}) : std::nullopt;
+std::optional<ToldNumber> NumberIn(const String& text) {
+  return IsNumeric(text) ? std::optional(ToldNumber{.value = LeadingNumber(text), .text = text})
+                         : std::nullopt;
 }
 
 void ForgetNumbers(WatchedValue& value) {
@@ -28,7 +29,7 @@ void ForgetNumbers(WatchedValue& value) {
   value.trend.clear();
 }
 
-void AddToTrend(WatchedValue& value, const std::optional<Number>& number, Clock now) {
+void AddToTrend(WatchedValue& value, const std::optional<ToldNumber>& number, Clock now) {
   const bool gap_goes_on = !number && (value.trend.empty() || !value.trend.back().value);
   if (!gap_goes_on) {
     value.trend.push_back({.time = now, .value = number ? std::optional(number->value) : std::nullopt});
@@ -39,7 +40,7 @@ void AddToTrend(WatchedValue& value, const std::optional<Number>& number, Clock 
   }
 }
 
-void AddNumber(WatchedValue& value, const Number& number) {
+void AddNumber(WatchedValue& value, const ToldNumber& number) {
   if (!value.least || number.value < value.least->value) {
     value.least = number;
   }
@@ -103,7 +104,7 @@ void Watch::Take(const WatchReading& reading, Clock now) {
     value.unit = reading.unit;
     value.told = now;
   }
-  const std::optional<Number> number = NumberIn(reading.text);
+  const std::optional<ToldNumber> number = NumberIn(reading.text);
   if (number) {
     AddNumber(value, *number);
   }

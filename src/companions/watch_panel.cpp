@@ -30,8 +30,10 @@ WatchPanel::WatchPanel(Watch& watch, const Platform& platform, String folder)
   watch_.Observe([this] { Settle(); });
   Observe([this] {
     const bool ages = Visible() && !Values().empty();
-    if (ages != age_timer_.Running()) {
-      ages ? age_timer_.Start() : age_timer_.Stop();
+    if (!ages) {
+      age_timer_.Stop();
+    } else if (!age_timer_.Running()) {
+      age_timer_.Start();
     }
   });
   SetLanguage(Language::Japanese);
