@@ -76,10 +76,12 @@ Refusal ComboBox::Refused() const {
 }
 
 void ComboBox::UserPicks(int position) {
-  SetText(entries_.at(static_cast<std::size_t>(position)));
-  if (OnClick) {
-    OnClick();
-  }
+  ByUser([&] {
+    SetText(entries_.at(static_cast<std::size_t>(position)));
+    if (OnClick) {
+      OnClick();
+    }
+  });
 }
 
 void OptionButton::SetValue(bool value) {
@@ -97,11 +99,13 @@ void OptionButton::SetValue(bool value) {
 }
 
 void OptionButton::Click() {
-  if (value_ && group_.RaisesWhenOn && group_.OnClick) {
-    group_.OnClick(Place());
-  } else {
-    SetValue(true);
-  }
+  ByUser([this] {
+    if (value_ && group_.RaisesWhenOn && group_.OnClick) {
+      group_.OnClick(Place());
+    } else {
+      SetValue(true);
+    }
+  });
 }
 
 int OptionButton::Place() const {

@@ -23,6 +23,21 @@ enum class Look { Normal, Grey, Bad, Highlight, Selected };
 /// What keeps a user from acting on a control; `None` when nothing does.
 enum class Refusal { None, Hidden, Disabled, Locked };
 
+class Control;
+
+/// Is told what a user does with a control: before the control takes it, and when all that comes of it is
+/// done. Actions may begin inside one another, since the waits of an operation let the user's actions in. One
+/// that ends the program has no end.
+class UserActions {
+ public:
+  UserActions() = default;
+  UserActions(const UserActions&) = delete;
+  UserActions& operator=(const UserActions&) = delete;
+  virtual ~UserActions() = default;
+  virtual void ActionBegins(const Control& control) = 0;
+  virtual void ActionEnded(const Control& control) = 0;
+};
+
 /// What every control is: a value with a name, shown or hidden, enabled or not, and observers of its changes.
 /// Nothing here knows a toolkit; a window draws it, a script reads it, a test asserts on it.
 class Control {
@@ -68,6 +83,10 @@ class Control {
   /// `action` is called after each change of anything that a user could see of the control.
   void Observe(std::function<void()> action) { observers_.push_back(std::move(action)); }
 
+  /// `actions` is told of the user's typing, choices and presses here, of tabs and lists but not. It outlives
+  /// the control's use.
+  void FollowUser(UserActions& actions) { user_actions_ = &actions; }
+
   /// Puts the keyboard focus on the control, as far as a window shows it.
   void SetFocus();
   void ObserveFocus(std::function<void()> action) { focus_observers_.push_back(std::move(action)); }
@@ -84,6 +103,17 @@ class Control {
     return true;
   }
   void Changed() const;
+  /// Does what the user did.
+  template <typename Action>
+  void ByUser(const Action& action) const {
+    if (user_actions_ != nullptr) {
+      user_actions_->ActionBegins(*this);
+    }
+    action();
+    if (user_actions_ != nullptr) {
+      user_actions_->ActionEnded(*this);
+    }
+  }
 
  private:
   std::string name_;
@@ -92,6 +122,7 @@ class Control {
   bool enabled_ = true;
   bool differs_ = false;
   const Control* container_ = nullptr;
+  UserActions* user_actions_ = nullptr;
   std::vector<std::function<void()>> observers_;
   std::vector<std::function<void()>> focus_observers_;
 };
@@ -115,7 +146,7 @@ class Button : public CaptionedControl {
   /// The user's press. The caller enters through the gate and has asked Refused() first.
   void Click() const {
     if (OnClick) {
-      OnClick();
+      ByUser(OnClick);
     }
   }
   /// True while what a press asked for waits to be carried out.
@@ -156,6 +187,8 @@ class TextField : public Control {
 
   [[nodiscard]] const String& Text() const { return text_; }
   void SetText(const String& text);
+  /// Shows the text without raising anything: what is so already.
+  void ShowText(const String& text) { Assign(text_, text); }
   [[nodiscard]] bool Locked() const override { return locked_; }
   void SetLocked(bool locked) { Assign(locked_, locked); }
   void SetLook(Look look) { Assign(look_, look); }
@@ -181,15 +214,26 @@ class TextField : public Control {
   void SetOutside(bool outside) { Assign(outside_, outside); }
 
   /// The user's typing: the whole new text.
-  void UserTypes(const String& text) { SetText(text); }
+  void UserTypes(const String& text) {
+    ByUser([&] { SetText(text); });
+  }
   /// True when what the user pasted is taken; else the field takes it.
-  bool UserPastes(const String& text) const { return OnPaste && OnPaste(text); }
+  bool UserPastes(const String& text) const { return Takes(OnPaste, text); }
   /// What becomes of a text that the user pasted: a number in full-width characters is meant as a number.
   [[nodiscard]] String AsPasted(const String& text) const;
   /// True when the key was taken; else it does what it does in any field.
-  bool UserPresses(Key key) const { return OnKey && OnKey(key); }
+  bool UserPresses(Key key) const { return Takes(OnKey, key); }
 
  private:
+  template <typename Taker, typename What>
+  bool Takes(const Taker& taker, const What& what) const {
+    bool taken = false;
+    if (taker) {
+      ByUser([&] { taken = taker(what); });
+    }
+    return taken;
+  }
+
   String text_;
   bool locked_ = false;
   bool dimmed_ = false;

@@ -71,13 +71,13 @@ class Grid : public Control {
   /// The user's click on a cell (0 to Rows() - 1, 0 to Columns() - 1).
   void UserClicks(int row, int column) const {
     if (OnCellClick) {
-      OnCellClick(row, column);
+      ByUser([&] { OnCellClick(row, column); });
     }
   }
   /// The user's paste of a text as spreadsheets copy it, from a cell on (row and column from 1).
   void UserPastes(int row, int column, StringView text) const {
     if (OnPaste) {
-      OnPaste(row, column, BlockOf(text));
+      ByUser([&] { OnPaste(row, column, BlockOf(text)); });
     }
   }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "core/control.h"
@@ -78,6 +79,11 @@ class PagePart {
   virtual void SetCleared() {}  ///< the parameter set was emptied
   virtual void SetSaved() {}    ///< the parameter set was written to a configuration file
   virtual void SetTaken() {}    ///< the parameter set is checked, sent or saved as it now stands
+
+  /// What puts the part back to where it stands now in all that neither the set nor a control tells; empty
+  /// for a part that knows no more than they do. It is called with both as they are now, and changes neither
+  /// in effect.
+  [[nodiscard]] virtual std::function<void()> Keep() { return {}; }
 
   // Sections of a configuration file beyond the values of the items.
   /// The whole section with its key line and line ends; empty for none.

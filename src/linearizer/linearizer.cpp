@@ -161,11 +161,15 @@ bool Linearizer::Refused() const {
   return false;
 }
 
-void Linearizer::SetUp(int points) {
+void Linearizer::TakeQuantity() {
   if (const LnrQuantity* quantity = Quantity()) {
     table_.SetHeads(quantity->heads);
     NameUnsaved();
   }
+}
+
+void Linearizer::SetUp(int points) {
+  TakeQuantity();
   Editor().Reset();
   table_.SetUp(PointsOf(points));
 }

@@ -24,6 +24,9 @@ class Linearizer final : public TablePart {
   void SetCaptions(Language language) override;
   void PageCleared() override;
   void ChoiceMade(const Choice& choice) override;
+  [[nodiscard]] std::function<void()> Keep() override {
+    return [this] { TakeQuantity(); };
+  }
   /// Enables or disables the tab, and sets the table up, as the model and its set say.
   void SettleTabs(TabMoment moment) override;
   void UploadBegins() override;
@@ -82,6 +85,8 @@ class Linearizer final : public TablePart {
   /// The switch that counts after an upload.
   [[nodiscard]] TableSwitch AfterUpload() const;
   void SettleTab(TableSwitch table_switch);
+  /// Lets the heads tell what the values mean under the present input.
+  void TakeQuantity();
   bool UploadPoints(int points);
   /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.
   bool OpenTabForUpload(TableSwitch table_switch);

@@ -173,6 +173,11 @@ void LnrEditor::Cancel() {
   txtLnrNewValue.SetText({});
 }
 
+void LnrEditor::GiveUpText() {
+  txtLnrNewValue.SetText(table_->Shown().At(LnrPrevRow, LnrPrevCol).text);
+  txtLnrNewValue.SetFocus();
+}
+
 bool LnrEditor::HasChange() const {
   return IsOpen() && LnrPrevRow > 0 && LnrPrevCol > 0 &&
          txtLnrNewValue.Text() != table_->Shown().At(LnrPrevRow, LnrPrevCol).text;

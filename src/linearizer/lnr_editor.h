@@ -52,6 +52,8 @@ class LnrEditor {
   void HideField() { ShowField(false); }
   /// cmdLnrChangeCancel
   void Cancel();
+  /// Of an open edit: goes on with the cell's own text.
+  void GiveUpText();
   /// The table was rebuilt: the editor closes, no cell is selected.
   void Reset();
   /// The table has other values and is shown from its top: the first cell is the current one, and an open

@@ -61,6 +61,8 @@ class LnrTable {
   void Start(const String& text);
   /// True while such a table has taken nothing since it started.
   [[nodiscard]] bool IsFresh() const { return fresh_; }
+  /// Of a table that was put back to what it held when it was so, or was not.
+  void SetFresh(bool fresh) { fresh_ = fresh; }
   /// True when such a table holds in each value of the row what it started with.
   [[nodiscard]] bool HoldsStart(int row) const;
 

@@ -44,6 +44,9 @@ class Threshold final : public PagePart, public LiveSource {
 
   void SetCaptions(Language language) override;
   void SetExchangesBarred(bool barred) override;
+  [[nodiscard]] std::function<void()> Keep() override {
+    return [this, usable = usable_] { SetUsable(usable); };
+  }
   void PageCleared() override;
   void PageBuilt() override;  ///< shows the controls to models that have the threshold
 

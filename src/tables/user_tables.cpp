@@ -156,6 +156,17 @@ void UserTables::Reset() {
 
 void UserTables::ChoiceMade(const Choice& /*choice*/) { Settle(); }
 
+std::function<void()> UserTables::Keep() {
+  return [this, shown = shown_, linearizer = linearizer_.IsFresh(), thermocouple = thermocouple_.IsFresh(),
+          resistance = resistance_.IsFresh()] {
+    linearizer_.SetFresh(linearizer);
+    thermocouple_.SetFresh(thermocouple);
+    resistance_.SetFresh(resistance);
+    Show(shown);
+    FollowFields();
+  };
+}
+
 void UserTables::SettleTabs(TabMoment moment) {
   if (moment == TabMoment::FileOpened) {
     TakeOpened();

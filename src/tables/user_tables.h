@@ -34,6 +34,7 @@ class UserTables final : public TablePart {
   void SetSaved() override;
   void PageCleared() override;
   void ChoiceMade(const Choice& choice) override;
+  [[nodiscard]] std::function<void()> Keep() override;
   void SettleTabs(TabMoment moment) override;
   [[nodiscard]] String CfgSection() const override;
   SectionRead ReadCfgSection(StringView key, LineReader& lines, int handle) override;

@@ -92,6 +92,10 @@ void FrequencyUnits::SetCleared() {
   }
 }
 
+std::function<void()> FrequencyUnits::Keep() {
+  return [this, shown = shown_] { shown_ = shown; };
+}
+
 void FrequencyUnits::RowShown(int row) {
   if (page_.DataCell(row, kUnitBox).empty()) {
     return;

@@ -41,6 +41,7 @@ class FrequencyUnits final : public PagePart {
   void RowShown(int row) override;
   /// Empties the boxes: without a value they begin with Hz again.
   void SetCleared() override;
+  [[nodiscard]] std::function<void()> Keep() override;
 
   [[nodiscard]] bool HasUnit(int row) const;
   /// Unit of a value of the row: its own, or the one that is shown when it has none.

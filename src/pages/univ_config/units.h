@@ -44,6 +44,9 @@ class SetpointUnits final : public PagePart {
 
   void PageBuilt() override;
   void ChoiceMade(const Choice& choice) override;
+  [[nodiscard]] std::function<void()> Keep() override {
+    return [this] { PageBuilt(); };
+  }
 
   OptionGroup optSetpointUnit_1{"optSetpointUnit_1", 2};
   OptionGroup optSetpointUnit_2{"optSetpointUnit_2", 2};

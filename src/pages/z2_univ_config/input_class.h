@@ -33,6 +33,9 @@ class InputClass final : public PagePart {
   void SettleTabs(TabMoment moment) override;
   /// A class takes its first input. An input brings its range, an output type its own.
   void ChoiceMade(const Choice& choice) override;
+  [[nodiscard]] std::function<void()> Keep() override {
+    return [this] { Settle(); };
+  }
 
   /// Takes the class that item 10 has now into the flags of the definition, so that what is read, checked and
   /// sent from then on goes by it. True when it is another one than before.

@@ -45,6 +45,9 @@ class ItemPairs final : public PagePart {
   [[nodiscard]] std::optional<String> CellOf(int row, const String& text) const override;
   void PageBuilt() override;
   void ChoiceMade(const Choice& choice) override;
+  [[nodiscard]] std::function<void()> Keep() override {
+    return [this, read = read_] { read_ = read; };
+  }
 
   /// True for the row of one of two numbers.
   [[nodiscard]] bool Has(int row) const { return PlaceOf(row).pair >= 0; }
