@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "companions/edit_history.h"
 #include "companions/line_button.h"
 #include "companions/report_writer.h"
 #include "companions/value_follower.h"
@@ -13,6 +14,7 @@ void Companions::Join(ParameterPage& page) {
   page.Adopt(std::make_unique<Comparer>(page, families_, make_, Compared, compare_panel_));
   page.Adopt(std::make_unique<LineButton>(page, line_panel_));
   page.Adopt(std::make_unique<ValueFollower>(page, Watched, watch_panel_));
+  page.Adopt(std::make_unique<EditHistory>(page));  // behind all whose buttons end what is typed
 }
 
 }  // namespace korva

@@ -29,6 +29,8 @@ class Comparer final : public PagePart {
   /// The same with a file; the first lets the user choose it.
   void CompareChosenFile();
   void CompareFile(const String& path);
+  /// Takes the marks of what differs away.
+  void Unmark();
 
   Button cmdCompare{"cmdCompare"};
   Button cmdCompareFile{"cmdCompareFile"};
@@ -46,7 +48,6 @@ class Comparer final : public PagePart {
   /// Lets the other page show its temperatures in this page's unit.
   void AlignUnits(ParameterPage& other) const;
   void Mark(int row);
-  void Unmark();
 
   ParameterPage& page_;
   const Families& families_;

@@ -92,6 +92,18 @@ const std::vector<ProgramPart>& Parts() {
        {{"QUO",
          kUploadOf + "click optTempUnit(1)\ndump\n",
          {R"(< "DTG:BOILER-7  ")", kUploaded, R"(1 2 "BOILER-7")", R"(1 15 "3200")", R"(1 21 "deg F")"}}}},
+      {"undo and redo of the user's edits",
+       {{"QN",
+         kUploadOf +
+             "type Text(9) 100.4\nclick optTempUnit(1)\nshow Text(9)\nclick cmdUndo\n"
+             "show Text(9) lbl_unit(9) cmdRedo\nclick cmdUndo\nclick cmdRedo\nclick cmdRedo\nshow cmdUndo "
+             "cmdRedo\n",
+         {R"(Text(9) shown enabled unlocked normal "213")",
+          R"(Text(9) shown enabled unlocked normal "100.4")",
+          R"(lbl_unit(9) shown enabled unlocked normal "deg C")",
+          R"(cmdRedo shown enabled unlocked normal "やり直し")",
+          R"(cmdUndo shown enabled unlocked normal "元に戻す")",
+          R"(cmdRedo shown disabled unlocked normal "やり直し")"}}}},
       {"value check and download with verification",
        {{"QHN",
          kUploadOf +
