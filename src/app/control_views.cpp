@@ -301,7 +301,11 @@ QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
     const QString text = ShownBreaks(field.Text());
     if (widget->ShownText() != text) {
       const QSignalBlocker blocker(widget);
-      widget->ShowText(text);
+      if (widget->hasFocus()) {
+        widget->Amend(text);
+      } else {
+        widget->ShowText(text);
+      }
     }
     widget->setReadOnly(field.Locked());
   });

@@ -1,6 +1,7 @@
 #include "app/field_view.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -8,6 +9,7 @@
 #include <QSignalBlocker>
 
 #include "app/looks.h"
+#include "app/one_undo.h"
 
 namespace korva {
 
@@ -23,6 +25,17 @@ void FieldView::ShowMark(bool marked) {
     marked_ = marked;
     update();
   }
+}
+
+bool FieldView::event(QEvent* event) { return !LeavesToPage(*event) && QLineEdit::event(event); }
+
+void FieldView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu();
+  if (!isReadOnly()) {
+    TakeUndoOut(*menu);
+  }
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->popup(event->globalPos());
 }
 
 void FieldView::keyPressEvent(QKeyEvent* event) {

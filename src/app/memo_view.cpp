@@ -1,8 +1,11 @@
 #include "app/memo_view.h"
 
+#include <QContextMenuEvent>
 #include <QMimeData>
 #include <algorithm>
 #include <memory>
+
+#include "app/one_undo.h"
 
 namespace korva {
 
@@ -41,6 +44,27 @@ QString MemoView::InPieces(const QString& text) {
 QString MemoView::Whole(QString text) {
   text.remove(QString(kPieceEnd) + kLineEnd);
   return text.remove(kPieceEnd);
+}
+
+void MemoView::Amend(const QString& text) {
+  const QString former = toPlainText();
+  ShowText(text);
+  const QString shown = toPlainText();
+  const auto same = std::mismatch(shown.rbegin(), shown.rend(), former.rbegin(), former.rend());
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(static_cast<int>(shown.rend() - same.first));
+  setTextCursor(cursor);
+}
+
+bool MemoView::event(QEvent* event) { return !LeavesToPage(*event) && QPlainTextEdit::event(event); }
+
+void MemoView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu* menu = createStandardContextMenu(event->pos());
+  if (!isReadOnly()) {
+    TakeUndoOut(*menu);
+  }
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->popup(event->globalPos());
 }
 
 void MemoView::insertFromMimeData(const QMimeData* source) {

@@ -13,9 +13,13 @@ class MemoView : public QPlainTextEdit {
 
   // The whole text, with "\n" for each line break.
   void ShowText(const QString& text) { setPlainText(InPieces(text)); }
+  /// Shows another text in the place of one that the user is at: the cursor goes behind what differs.
+  void Amend(const QString& text);
   [[nodiscard]] QString ShownText() const { return Whole(toPlainText()); }
 
  protected:
+  bool event(QEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void insertFromMimeData(const QMimeData* source) override;
   [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
 

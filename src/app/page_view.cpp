@@ -36,9 +36,10 @@ struct Shortcut {
 
 /// The captions are the system's own and have no underlined letters; the keys stand in the tooltips.
 constexpr std::array kShortcuts = {
-    Shortcut{"cmdUpload", "Ctrl+U"}, Shortcut{"cmdDownload", "Ctrl+D"}, Shortcut{"cmdCheck", "Ctrl+K"},
-    Shortcut{"cmdOpen", "Ctrl+O"},   Shortcut{"cmdSave", "Ctrl+S"},     Shortcut{"cmdNew", "Ctrl+N"},
-    Shortcut{"cmdExit", "Ctrl+Q"},
+    Shortcut{"cmdUpload", "Ctrl+U"},     Shortcut{"cmdDownload", "Ctrl+D"}, Shortcut{"cmdCheck", "Ctrl+K"},
+    Shortcut{"cmdOpen", "Ctrl+O"},       Shortcut{"cmdSave", "Ctrl+S"},     Shortcut{"cmdNew", "Ctrl+N"},
+    Shortcut{"cmdExit", "Ctrl+Q"},       Shortcut{"cmdUndo", "Ctrl+Z"},     Shortcut{"cmdRedo", "Ctrl+Y"},
+    Shortcut{"cmdRedo", "Ctrl+Shift+Z"},
 };
 
 /// Holds a text that changes every second while an operation waits. Since the place stays as it is, the text
@@ -201,16 +202,15 @@ QWidget* PageView::MakeButtons() {
 }
 
 void PageView::AddShortcut(const Button& button, QPushButton& widget) {
-  const auto* const found = std::find_if(kShortcuts.begin(), kShortcuts.end(), [&](const Shortcut& shortcut) {
-    return shortcut.control == button.Name();
-  });
-  if (found == kShortcuts.end()) {
-    return;
+  QStringList told;
+  for (const Shortcut& shortcut : kShortcuts) {
+    if (shortcut.control == button.Name()) {
+      const QKeySequence keys(QLatin1String(shortcut.keys));
+      told += keys.toString(QKeySequence::NativeText);
+      connect(new QShortcut(keys, this), &QShortcut::activated, &widget, &QPushButton::click);
+    }
   }
-  const QKeySequence keys(QLatin1String(found->keys));
-  widget.setToolTip(keys.toString(QKeySequence::NativeText));
-  auto* pressed = new QShortcut(keys, this);
-  connect(pressed, &QShortcut::activated, &widget, &QPushButton::click);
+  widget.setToolTip(told.join(QStringLiteral(" / ")));
 }
 
 QWidget* PageView::MakeStatus() {
@@ -254,6 +254,7 @@ QWidget* PageView::MakeStatusButtons(QWidget* parent) {
   for (Button* button : page_.StatusButtons()) {
     QWidget* widget = views_.Make(*button, area);
     widget->setMaximumHeight(widget->fontMetrics().lineSpacing() * 5 / 4);
+    AddShortcut(*button, *static_cast<QPushButton*>(widget));
     layout->addWidget(widget);
   }
   layout->addWidget(views_.Make(page_.lbl_FrmVersion, area));
