@@ -97,10 +97,12 @@ TEST_F(RecordingTest, WhatDidNotAnswerIsAnEmptyCellAndNeverTheOldValue) {
   Read(4, {}, u"V", false);
   Read(6, {}, u"%", true);
   EndTurn();
+  Turn(u"2.0", u"50.5");
   Read(6, u"51.0", u"%");  // 04 is read no more
   EndTurn();
   EXPECT_EQ(Written(), head +
                            "2024-02-29 09:00:00,0.000,,,,\r\n"
+                           "2024-02-29 09:00:00,0.000,2.0,V,50.5,%\r\n"
                            "2024-02-29 09:00:00,0.000,,,51.0,%\r\n");
 }
 

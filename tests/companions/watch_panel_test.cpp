@@ -137,6 +137,15 @@ TEST_F(WatchPanelTest, KeepsTheValuesWithTheirAgeUntilThePageShowsSomethingElse)
   EXPECT_TRUE(panel.Values().empty()) << "also by a model of another page";
 }
 
+TEST_F(WatchPanelTest, AModelWhoseDefinitionIsMissingLeavesNoValuesOfAnother) {
+  bench.StopAt(5s);
+  bench.Monitor();
+  bench.Page().DataChanged = false;
+  bench.files.Remove(DefPath(u"QL"));
+  bench.Choose(u"QL");
+  EXPECT_TRUE(panel.Values().empty());
+}
+
 TEST_F(WatchPanelTest, CountsAgesEachSecondWhileItIsOpenOnly) {
   bench.StopAt(5s);
   bench.Monitor();

@@ -88,6 +88,8 @@ TEST_F(WatchTest, AValueThatIsNotAnsweredKeepsItsTextAndTellsForHowLong) {
   EXPECT_EQ(AgeAt(14s), Silent(13));
   Tell(15s, u"12.60");
   EXPECT_EQ(AgeAt(15s), std::nullopt);
+  Silence(17s);
+  EXPECT_EQ(AgeAt(18s), Silent(3)) << "since the last answer, not since the first";
 }
 
 TEST_F(WatchTest, AValueThatWasNeverAnsweredTellsSinceItsFirstReading) {
