@@ -94,6 +94,7 @@ void Recording::EndTurn(const std::vector<WatchedValue>& values, Language langua
   if (rows_.empty()) {
     // What was read so far may be a part of a turn; but now all values of the loop are known.
     began_ = loop_.Now();
+    rows_.reserve(values.size());
     for (const WatchedValue& value : values) {
       rows_.push_back(value.row);
     }
@@ -106,6 +107,7 @@ void Recording::EndTurn(const std::vector<WatchedValue>& values, Language langua
 
 Recording::Cells Recording::Head(const std::vector<WatchedValue>& values, Language language) {
   Cells cells = {CaptionText(TextKey::SettingsDate, language), CaptionText(TextKey::LineTime, language)};
+  cells.reserve(cells.size() + 2 * values.size());
   for (const WatchedValue& value : values) {
     cells.push_back(value.item + u" " + value.caption);
     cells.push_back(CaptionText(TextKey::SettingsUnit, language));
@@ -115,6 +117,7 @@ Recording::Cells Recording::Head(const std::vector<WatchedValue>& values, Langua
 
 Recording::Cells Recording::Line() const {
   Cells cells = {TextOf(place_->Time()), SecondsText(loop_.Now() - began_)};
+  cells.reserve(cells.size() + 2 * rows_.size());
   for (const int row : rows_) {
     const auto reading = turn_.find(row);
     const bool told = reading != turn_.end() && !reading->second.text.empty();

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <cmath>
+#include <memory>
 
 #include "app/digits_view.h"
 #include "app/qt_record_place.h"
@@ -34,7 +35,7 @@ struct WatchViewBench {
   explicit WatchViewBench(int count = 1) : count_of_values(count) {
     panel.LoopBegan(u"QHW.csv");
     panel.Open();
-    view.emplace(panel, host.loop.Gate(), nullptr);
+    view = std::make_unique<WatchView>(panel, host.loop.Gate(), nullptr);
     QCoreApplication::processEvents();
   }
   void Tell(int place, const String& text, bool answered = true) {
@@ -75,7 +76,7 @@ struct WatchViewBench {
   int count_of_values;
   Watch watch;
   WatchPanel panel{watch, host.platform, u"/"};
-  std::optional<WatchView> view;
+  std::unique_ptr<WatchView> view;
 };
 
 void SetDark() {
@@ -187,7 +188,7 @@ TEST(WatchViewTest, AReadingPaintsWhatChangedAndNoOtherTile) {
   WatchViewBench bench(2);
   bench.Turn(u"12.50");
   bench.Turn(u"12.50");
-  ASSERT_TRUE(QTest::qWaitForWindowExposed(&*bench.view));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(bench.view.get()));
   PaintCount digits(bench.In<DigitsView>(0));
   PaintCount trend(bench.In<TrendView>(0));
   PaintCount caption(bench.In<QLabel>(0, "caption"));
@@ -212,7 +213,7 @@ TEST(WatchViewTest, AReadingPaintsWhatChangedAndNoOtherTile) {
 TEST(WatchViewTest, AClosedWindowAsksAndPaintsNothing) {
   WatchViewBench bench;
   bench.Turn(u"12.50");
-  QTest::keyClick(&*bench.view, Qt::Key_Escape);
+  QTest::keyClick(bench.view.get(), Qt::Key_Escape);
   EXPECT_FALSE(bench.panel.Visible());
   bench.Turn(u"13.00");
   EXPECT_EQ(bench.TextOf(0, "numbers").simplified(), QStringLiteral("最小 12.50 最大 12.50"));
@@ -300,7 +301,7 @@ TEST(WatchViewTest, EverythingCanBeReadInLightAndDark) {
 TEST(WatchViewTest, TheKeyboardReachesEachTileAndButton) {
   WatchViewBench bench(2);
   bench.Turn(u"12.50");
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&*bench.view));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(bench.view.get()));
   bench.panel.Open();
   EXPECT_EQ(QApplication::focusWidget(), bench.Tile(0));
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
