@@ -21,7 +21,7 @@ class Companions {
       : families_(families),
         make_(std::move(make)),
         line_panel_(platform, folder),
-        watch_panel_(Watched, platform, folder) {}
+        watch_panel_(Watched, platform) {}
   Companions(const Companions&) = delete;
   Companions& operator=(const Companions&) = delete;
   ~Companions() = default;

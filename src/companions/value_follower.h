@@ -16,7 +16,7 @@ class ValueFollower final : public PagePart, public LiveObserver {
   void PageCleared() override { watch_.Clear(); }
   void PageBuilt() override { watch_.Clear(); }
 
-  void LoopBegan() override { panel_.LoopBegan(page_.ProposedName(u".csv")); }
+  void LoopBegan() override { panel_.LoopBegan(page_.txtDirName.Text(), page_.ProposedName(u".csv")); }
   void ValueRead(const LiveReading& reading) override;
   void TurnEnded() override { panel_.TurnEnded(); }
   void LoopEnded() override { panel_.LoopEnded(); }

@@ -1,7 +1,6 @@
 #include "companions/watch_panel.h"
 
 #include <string>
-#include <utility>
 
 #include "core/text_utilities.h"
 
@@ -17,12 +16,11 @@ String WithWord(TextKey word, const std::optional<WatchedValue::Number>& number,
 
 }  // namespace
 
-WatchPanel::WatchPanel(Watch& watch, const Platform& platform, String folder)
+WatchPanel::WatchPanel(Watch& watch, const Platform& platform)
     : SideWindow("pnlWatch"),
       watch_(watch),
       loop_(platform.loop),
       recording_(platform.loop, platform.code_page),
-      folder_(std::move(folder)),
       age_timer_("WatchTimer", platform.loop, kSecond) {
   cmdWatchAnew.OnClick = [this] { watch_.BeginAnew(); };
   cmdRecord.OnClick = [this] { RecordOrStop(); };
@@ -45,7 +43,8 @@ void WatchPanel::SetLanguage(Language language) {
   Settle();
 }
 
-void WatchPanel::LoopBegan(const String& file_name) {
+void WatchPanel::LoopBegan(const String& folder, const String& file_name) {
+  folder_ = folder;
   file_name_ = file_name;
   recording_.ForgetProblem();
   watch_.Begin();

@@ -26,16 +26,16 @@ class WatchPanel final : public SideWindow {
     bool operator==(const Tile&) const = default;
   };
 
-  /// `folder` is where the dialog that records begins. All outlive this.
-  WatchPanel(Watch& watch, const Platform& platform, String folder);
+  /// All outlive this.
+  WatchPanel(Watch& watch, const Platform& platform);
 
   /// Lets the user record into files of `place`, which outlives this. Without it nothing can be recorded.
   void RecordTo(RecordPlace& place) { place_ = &place; }
   void SetLanguage(Language language) override;
 
   // The page's loop.
-  /// `file_name` is what the dialog proposes for the record.
-  void LoopBegan(const String& file_name);
+  /// `folder` and `file_name` are what the dialog proposes for the record.
+  void LoopBegan(const String& folder, const String& file_name);
   void ValueRead(const WatchReading& reading);
   void TurnEnded();
   void LoopEnded();

@@ -33,7 +33,7 @@ using namespace std::chrono_literals;
 /// The window of a loop whose values a test tells.
 struct WatchViewBench {
   explicit WatchViewBench(int count = 1) : count_of_values(count) {
-    panel.LoopBegan(u"QHW.csv");
+    panel.LoopBegan(u"/", u"QHW.csv");
     panel.Open();
     view = std::make_unique<WatchView>(panel, host.loop.Gate(), nullptr);
     QCoreApplication::processEvents();
@@ -75,7 +75,7 @@ struct WatchViewBench {
   VirtualHost host;
   int count_of_values;
   Watch watch;
-  WatchPanel panel{watch, host.platform, u"/"};
+  WatchPanel panel{watch, host.platform};
   std::unique_ptr<WatchView> view;
 };
 

@@ -234,6 +234,7 @@ TEST_F(WatchPanelTest, RecordsFromTheChoiceOfAFileToThePressThatStops) {
     EXPECT_EQ(records.Asked().back().save, true);
     EXPECT_EQ(records.Asked().back().filter, CsvFilter());
     EXPECT_EQ(records.Asked().back().name, bench.Page().ProposedName(u".csv"));
+    EXPECT_EQ(records.Asked().back().start_folder, u"/korva/data");
     records.Choose(kRecord);
     EXPECT_EQ(panel.Heading(), u"記録中: " + kRecord);
     EXPECT_EQ(panel.cmdRecord.Caption(), u"記録停止");

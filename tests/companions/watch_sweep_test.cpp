@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 #include "core/text_utilities.h"
@@ -13,6 +14,21 @@ namespace korva::test {
 namespace {
 
 using namespace std::chrono_literals;
+
+/// How many thresholds and trims a model has besides its monitor: pulse inputs a threshold, outputs that are
+/// trimmed their two ends.
+int LoopsOf(const String& model) {
+  if (model == u"Z2WQ") {
+    return 3;
+  }
+  if (model == u"Z2WQ2") {
+    return 2;
+  }
+  if (model.starts_with(u"Z8W") && model.ends_with(u'2')) {
+    return 4;
+  }
+  return model == u"Z2WPR" || model == u"Z2WPL" ? 1 : 0;
+}
 
 class WatchOfModel : public testing::TestWithParam<String> {
  protected:
@@ -37,8 +53,18 @@ class WatchOfModel : public testing::TestWithParam<String> {
     }
   }
 
+  /// True when a field that is seen shows the text.
+  [[nodiscard]] bool IsShown(const String& text) {
+    const std::vector<Control*>& controls = bench.Page().Controls();
+    return std::any_of(controls.begin(), controls.end(), [&](const Control* control) {
+      return dynamic_cast<const TextField*>(control) != nullptr && control->Visible() &&
+             control->ShownText() == text;
+    });
+  }
+
   PageBench bench;
   std::set<int> lit;
+  int loops = 0;
 };
 
 TEST_P(WatchOfModel, EachLiveValueIsThereWithItsCaptionAndTheTextOfItsField) {
@@ -67,6 +93,34 @@ TEST_P(WatchOfModel, EachLiveValueIsThereWithItsCaptionAndTheTextOfItsField) {
   EXPECT_EQ(watched, lit);
   EXPECT_FALSE(watched.empty());
   EXPECT_LE(watched.size(), 6U);
+}
+
+TEST_P(WatchOfModel, WhatAThresholdOrATrimReadsIsThereToo) {
+  ParameterPage& page = bench.Page();
+  for (const Control* control : page.Controls()) {
+    const auto* const start = dynamic_cast<const Button*>(control);
+    if (start == nullptr || start->Caption() != CaptionText(TextKey::Start) || !start->Visible()) {
+      continue;
+    }
+    SCOPED_TRACE(start->Name());
+    page.Tabs.SetTabEnabled(page.TabOf(*start), true);
+    if (!page.WhyRefused(*start).empty()) {
+      continue;  // a threshold that the device's input has no use for
+    }
+    bench.loop.After(5s, [start] { start->Click(); });
+    bench.Do([start] { start->Click(); });
+    EXPECT_EQ(bench.TakeBoxes(), std::vector<std::string>());
+    const Watch& watch = bench.app.companions.Watched;
+    ASSERT_EQ(watch.Values().size(), start->Name() == "cmdThresholdStart" ? 2U : 1U);
+    for (const WatchedValue& value : watch.Values()) {
+      EXPECT_NE(value.caption, u"");
+      EXPECT_NE(value.unit, u"");
+      EXPECT_TRUE(value.least && value.most) << ToUtf8(value.text);
+      EXPECT_TRUE(IsShown(value.text)) << ToUtf8(value.text);
+    }
+    ++loops;
+  }
+  EXPECT_EQ(loops, LoopsOf(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, WatchOfModel, testing::ValuesIn(AllModels()),
