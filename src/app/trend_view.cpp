@@ -151,14 +151,17 @@ void TrendView::paintEvent(QPaintEvent* /*event*/) {
   DrawTimes(painter, scale);
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor colour = palette().color(QPalette::Text);
+  painter.setBrush(colour);
+  // One line after the other: the outline of one long path takes a hundred times as long to fill.
   for (const QPolygonF& piece : Pieces()) {
     if (piece.size() == 1) {
       painter.setPen(Qt::NoPen);
-      painter.setBrush(colour);
       painter.drawEllipse(piece.front(), kDot, kDot);
-    } else {
-      painter.setPen(QPen(colour, kTrendWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-      painter.drawPolyline(piece);
+      continue;
+    }
+    painter.setPen(QPen(colour, kTrendWidth, Qt::SolidLine, Qt::SquareCap));
+    for (qsizetype place = 1; place < piece.size(); ++place) {
+      painter.drawLine(piece[place - 1], piece[place]);
     }
   }
 }

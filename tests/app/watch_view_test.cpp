@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <cmath>
+#include <iostream>
 #include <memory>
 
 #include "app/digits_view.h"
@@ -240,6 +242,28 @@ TEST(WatchViewTest, ATrendIsInterruptedWhereNothingWasTold) {
   for (const QPolygonF& piece : pieces) {
     EXPECT_TRUE(QRectF(bench.In<TrendView>(0)->rect()).contains(piece.boundingRect()));
   }
+}
+
+TEST(WatchViewTest, AFullTrendIsPaintedInAFewMilliseconds) {
+  WatchViewBench bench;
+  for (int reading = 0; reading < 1200; ++reading) {
+    bench.Tell(0, FromQt(QString::number(std::sin(reading * 12.9898) * 100, 'f', 2)));
+    bench.host.loop.RunFor(500ms);
+  }
+  bench.view->resize(1600, 900);
+  QCoreApplication::processEvents();
+  auto* trend = bench.In<TrendView>(0);
+  QImage picture(trend->size(), QImage::Format_RGB32);
+  QElapsedTimer clock;
+  clock.start();
+  constexpr int kPaints = 10;
+  for (int paint = 0; paint < kPaints; ++paint) {
+    trend->render(&picture);
+  }
+  const double each = static_cast<double>(clock.nsecsElapsed()) / kPaints / 1e6;
+  std::cout << "1200 readings in " << trend->width() << 'x' << trend->height() << ": " << each
+            << " ms a paint\n";
+  EXPECT_LT(each, 100) << "a fifth of the monitor's pace, on a busy machine";
 }
 
 TEST(WatchViewTest, TheAxisOfTimeGrowsWithTheTrendToTenMinutes) {
