@@ -76,7 +76,9 @@ struct Options {
   QCommandLineOption cell{"cell", "Cell of the linearizer table to click; may be repeated.", "ROW,COL"};
   QCommandLineOption type{"type", "Text to type into a field first; may be repeated.", "NAME=TEXT"};
   QCommandLineOption monitor{
-      "monitor", "Press --start; take the pictures when the field shows its second reading.", "NAME"};
+      "monitor", "Press --start; take the pictures when the field shows its reading of --readings.", "NAME"};
+  QCommandLineOption readings{"readings", "Which reading of the field --monitor waits for, from 1.", "N",
+                              "2"};
   QCommandLineOption start{
       "start", "Button that --monitor presses, and at the end again unless it is the ON of the monitor.",
       "NAME", "cmdMonitorON"};
@@ -87,8 +89,9 @@ struct Options {
   QCommandLineOption find{"find", "Text for the field above the list of models.", "TEXT"};
   QCommandLineOption panel{"panel", "Take the window of this name, which a press has opened; needs --as.",
                            "NAME"};
-  QCommandLineOption apart{"apart", "Part of the picture that is not compared, such as times; in pixels.",
-                           "X,Y,W,H"};
+  QCommandLineOption apart{
+      "apart", "Part of the picture that is not compared, such as times, in pixels; may be repeated.",
+      "X,Y,W,H"};
   QCommandLineOption check{"check", "Save nothing: compare with the pictures in the folder."};
   QCommandLineOption about{"about", "Print what decides how texts are drawn, and end."};
   QCommandLineOption size{"size", "Size of the window in pixels.", "WxH", "1180x740"};
@@ -195,12 +198,13 @@ bool ShowSame(const QImage& one, const QImage& other) {
   return differing <= few_pixels;
 }
 
-/// The picture without what is not compared; a text that names no part leaves it whole.
-QImage WithoutPart(const QImage& picture, const QString& part) {
-  const QStringList numbers = part.split(QLatin1Char(','));
+/// The picture without the parts that are not compared, each a text of four numbers.
+QImage WithoutParts(const QImage& picture, const QStringList& parts) {
   QImage rest = picture.convertToFormat(QImage::Format_RGB32);
-  if (numbers.size() == 4) {
-    const QRect place(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt());
+  for (const QString& part : parts) {
+    const QStringList numbers = part.split(QLatin1Char(','));
+    const QRect place(numbers.value(0).toInt(), numbers.value(1).toInt(), numbers.value(2).toInt(),
+                      numbers.value(3).toInt());
     QPainter(&rest).fillRect(place, Qt::black);
   }
   return rest;
@@ -210,10 +214,10 @@ QImage WithoutPart(const QImage& picture, const QString& part) {
 bool Keep(const QImage& picture, const QString& name, const QCommandLineParser& arguments,
           const Options& options) {
   const QString file = QDir(arguments.value(options.out)).filePath(name + QStringLiteral(".png"));
-  const QString apart = arguments.value(options.apart);
+  const QStringList apart = arguments.values(options.apart);
   const bool check = arguments.isSet(options.check);
   const bool good =
-      check ? ShowSame(WithoutPart(picture, apart), WithoutPart(QImage(file), apart)) : picture.save(file);
+      check ? ShowSame(WithoutParts(picture, apart), WithoutParts(QImage(file), apart)) : picture.save(file);
   if (!good) {
     Complain(file + (check ? QStringLiteral(": is not what the program shows")
                            : QStringLiteral(": can't be written")));
@@ -261,15 +265,16 @@ bool KeepPictures(const QCommandLineParser& arguments, const Options& options, k
 /// What runs while a picture is taken.
 struct LiveRun {
   QString start;  ///< the button that begins it
-  QString field;  ///< whose second reading is waited for, when the others have one too
+  QString field;  ///< whose reading is waited for
+  int reading;    ///< which, from 1: at the second one the other fields have one too
   QString step;   ///< the button that is pressed then; empty: none
   [[nodiscard]] QString Stop() const {
     return start == QStringLiteral("cmdMonitorON") ? QStringLiteral("cmdMonitorOFF") : start;
   }
 };
 
-/// Begins the run, has `keep` called while the field shows its second reading, and ends it. False when the
-/// field never came so far.
+/// Begins the run, has `keep` called while the field shows the reading that is waited for, and ends it. False
+/// when the field never came so far.
 bool KeepWhileRunning(const korva::Page& page, const LiveRun& run, const std::function<bool()>& keep) {
   korva::Control* const field = page.FindControl(run.field.toStdString());
   if (field == nullptr) {
@@ -280,7 +285,7 @@ bool KeepWhileRunning(const korva::Page& page, const LiveRun& run, const std::fu
   const auto good = std::make_shared<bool>(false);
   field->Observe([&page, field, keep, good, run, readings = 0, fresh = false]() mutable {
     const bool was_fresh = std::exchange(fresh, field->ShownLook() == korva::Look::Highlight);
-    if (!fresh || was_fresh || ++readings != 2) {
+    if (!fresh || was_fresh || ++readings != run.reading) {
       return;
     }
     QTimer::singleShot(0, [&page, keep, good, run] {  // the window draws what it is told behind this
@@ -308,12 +313,15 @@ bool TakePictures(const QCommandLineParser& arguments, const Options& options, k
     // A configuration of another family brings another page.
     const korva::Page& page = *host.Running().Showing();
     if (CarryOut(arguments, options, page)) {
-      done = arguments.isSet(options.monitor) ? KeepWhileRunning(page,
-                                                                 {.start = arguments.value(options.start),
-                                                                  .field = arguments.value(options.monitor),
-                                                                  .step = arguments.value(options.step)},
-                                                                 keep)
-                                              : keep();
+      done = arguments.isSet(options.monitor)
+                 ? KeepWhileRunning(page,
+                                    {.start = arguments.value(options.start),
+                                     .field = arguments.value(options.monitor),
+                                     .reading = arguments.value(options.readings).toInt(),
+
+                                     .step = arguments.value(options.step)},
+                                    keep)
+                 : keep();
     }
   });
   return done && !gate.Ended();
@@ -338,10 +346,11 @@ int main(int argc, char** argv) {
   QCommandLineParser arguments;
   arguments.addHelpOption();
   const Options options;
-  arguments.addOptions({options.home,  options.open,    options.csv,   options.press, options.yes,
-                        options.cell,  options.monitor, options.start, options.step,  options.type,
-                        options.out,   options.tab,     options.as,    options.find,  options.panel,
-                        options.apart, options.check,   options.about, options.size,  options.dark});
+  arguments.addOptions({options.home,  options.open,    options.csv,      options.press, options.yes,
+                        options.cell,  options.monitor, options.readings, options.start, options.step,
+                        options.type,  options.out,     options.tab,      options.as,    options.find,
+                        options.panel, options.apart,   options.check,    options.about, options.size,
+                        options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
