@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "app/axis.h"
+#include "print/axis.h"
 
 namespace korva {
 

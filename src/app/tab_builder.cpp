@@ -16,6 +16,7 @@
 #include "app/looks.h"
 #include "app/step_keys.h"
 #include "app/text.h"
+#include "core/design_names.h"
 
 namespace korva {
 
@@ -36,16 +37,6 @@ constexpr int kColumns = 6;  ///< of a box: number, caption, field, unit, button
 constexpr int kStepButton = 8;
 constexpr std::string_view kNoKey = "-";
 constexpr int kGridLines = 9;  ///< that a grid has at least; it grows with the window
-
-std::vector<std::string_view> Names(std::string_view names) {
-  std::vector<std::string_view> found;
-  while (!names.empty()) {
-    const std::size_t end = std::min(names.find(' '), names.size());
-    found.push_back(names.substr(0, end));
-    names.remove_prefix(std::min(end + 1, names.size()));
-  }
-  return found;
-}
 
 /// Width of a text field: of a value, of a number of rows or columns, else of a free text.
 int DigitsOfField(const TextField& field) {
@@ -203,7 +194,7 @@ Frame* TabBuilder::FrameOf(const DesignRow& row) const {
 
 std::vector<Control*> TabBuilder::ControlsOf(std::string_view names) const {
   std::vector<Control*> controls;
-  for (const std::string_view name : Names(names)) {
+  for (const std::string_view name : NamesIn(names)) {
     controls.push_back(page_.FindControl(name));
   }
   return controls;
@@ -245,8 +236,8 @@ void TabBuilder::AssignKeys(const DesignRow& row, QWidget& field, QWidget& butto
   }
   auto* keys = new StepKeys(buttons);
   keys->Watch(field);
-  const std::vector<std::string_view> names = Names(row.buttons);
-  const std::vector<std::string_view> words = Names(row.keys);
+  const std::vector<std::string_view> names = NamesIn(row.buttons);
+  const std::vector<std::string_view> words = NamesIn(row.keys);
   for (std::size_t place = 0; place < std::min(names.size(), words.size()); ++place) {
     const auto name = QString::fromLatin1(names[place].data(), static_cast<qsizetype>(names[place].size()));
     auto* button = buttons.findChild<QPushButton*>(name);

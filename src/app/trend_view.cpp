@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <array>
 
-#include "app/axis.h"
+#include "core/curve.h"
+#include "print/axis.h"
 
 namespace korva {
 

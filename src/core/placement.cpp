@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/design_names.h"
 #include "core/grid.h"
 #include "core/page.h"
 
@@ -56,12 +57,10 @@ void Placement::PlaceGroup(const DesignGroup& group, const Page& page, int tab) 
     if (!row.curve.empty() && dynamic_cast<Grid*>(page.FindControl(row.curve)) == nullptr) {
       throw RuntimeFailure(u"画面の設計表に無い表があります: " + String(row.curve.begin(), row.curve.end()));
     }
-    for (std::string_view names : {row.number, row.label, row.field, row.unit, row.buttons}) {
-      while (!names.empty()) {
-        const std::size_t end = std::min(names.find(' '), names.size());
-        PlaceControl(names.substr(0, end), group, page, tab);
-        rows_of_.emplace(page.FindControl(names.substr(0, end)), &row);
-        names.remove_prefix(std::min(end + 1, names.size()));
+    for (const std::string_view names : {row.number, row.label, row.field, row.unit, row.buttons}) {
+      for (const std::string_view name : NamesIn(names)) {
+        PlaceControl(name, group, page, tab);
+        rows_of_.emplace(page.FindControl(name), &row);
       }
     }
   }

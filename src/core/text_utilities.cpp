@@ -132,6 +132,22 @@ String HalfWidthNumber(StringView text) {
 
 String Trimmed(StringView text) { return Stripped(text, u" "); }
 
+String Simplified(StringView text) {
+  String simple;
+  bool gap = false;
+  for (const char16_t character : text) {
+    const bool blank = StringView(u" \t\r\n\u3000").find(character) != StringView::npos;
+    if (!blank) {
+      if (gap && !simple.empty()) {
+        simple += u' ';
+      }
+      simple += character;
+    }
+    gap = blank;
+  }
+  return simple;
+}
+
 // In one pass, so that an argument that looks like a place stays as it is.
 bool IsLike(StringView text, StringView pattern) {
   const auto matches = [](char16_t character, char16_t wanted) {

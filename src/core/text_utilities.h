@@ -33,6 +33,9 @@ String HalfWidthNumber(StringView text);
 /// The text without blanks at both ends. TABs stay.
 String Trimmed(StringView text);
 
+/// The text without blanks of any kind at both ends, and with one blank for each run of them within.
+String Simplified(StringView text);
+
 /// True when the text has the pattern's characters, in which "?" stands for any one and "#" for any digit:
 /// "Z2WT.def" is like "Z#W?.def".
 bool IsLike(StringView text, StringView pattern);

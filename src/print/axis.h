@@ -19,8 +19,6 @@ struct Axis {
 
 /// The axis that holds `low` to `high`, both drawable, with about `ticks` round steps.
 Axis RoundAxis(double low, double high, int ticks);
-/// The value, or the end of what can be drawn.
-double Drawable(double value);
 QString TickText(double value);
 
 /// The text colour over the background, with a strength from 0 to 1.

@@ -1,17 +1,14 @@
-#include "app/axis.h"
+#include "print/axis.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "app/text.h"
 #include "core/numbers.h"
 
 namespace korva {
 
 namespace {
 
-/// Values beyond stand at this limit, so that the span of two of them is still a number.
-constexpr double kLargest = 1e300;
 /// Spans smaller than this part of their values count as none: their ticks could not be told apart.
 constexpr double kLeastSpan = 1e-9;
 
@@ -46,9 +43,7 @@ Axis RoundAxis(double low, double high, int ticks) {
           .step = step};
 }
 
-double Drawable(double value) { return std::clamp(value, -kLargest, kLargest); }
-
-QString TickText(double value) { return ToQt(ShortestText(value)); }
+QString TickText(double value) { return QString::fromStdU16String(ShortestText(value)); }
 
 QColor Mixed(const QPalette& palette, double strength) {
   const QColor base = palette.color(QPalette::Base);
