@@ -13,6 +13,7 @@
 #include "platform/native/process.h"
 #include "platform/qt/end_signals.h"
 #include "platform/qt/program_home.h"
+#include "print/fonts.h"
 
 namespace {
 

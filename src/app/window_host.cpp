@@ -10,7 +10,7 @@
 #include <QTranslator>
 
 #include "app/text.h"
-#include "core/texts.h"
+#include "print/fonts.h"
 
 namespace korva {
 
@@ -39,25 +39,17 @@ void LoadTranslation() {
 
 void PrepareLook() {
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  // The system's own font where it is installed, else one that has the same characters.
   QFont font = QApplication::font();
-  font.setFamilies({ToQt(String(kFontName)), QStringLiteral("Noto Sans CJK JP"), font.family()});
+  font.setFamilies(FontFamilies());
   QApplication::setFont(font);
   LoadTranslation();
-}
-
-QString MissingFontText(const QStringList& japanese_families) {
-  return japanese_families.isEmpty()
-             ? QStringLiteral(
-                   "No font with Japanese characters is installed, so the texts of KORVA can't be "
-                   "read. Install one, for instance the package fonts-noto-cjk, and start again.")
-             : QString();
 }
 
 WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
     : port_(loop_.Gate(), home.own),
       dialogs_(loop_.Gate()),
       records_(loop_.Gate()),
+      paper_(loop_.Gate()),
       application_({.loop = loop_,
                     .port = port_,
                     .dialogs = dialogs != nullptr ? *dialogs : dialogs_,
@@ -68,6 +60,8 @@ WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
   dialogs_.SetParent(&window_);
   records_.SetParent(&window_);
   application_.companions.ValuesInLarge().RecordTo(records_);
+  paper_.SetParent(&window_);
+  application_.companions.UsePaper(paper_);
   window_.OnFileDropped([this](const QString& path, const Button& button) {
     loop_.Gate().Enter(
         [&] { dialogs_.WithFile(FromQt(QDir::toNativeSeparators(path)), [&button] { button.Click(); }); });

@@ -4,6 +4,7 @@
 
 #include "app/main_window.h"
 #include "app/qt_dialogs.h"
+#include "app/qt_paper.h"
 #include "app/qt_record_place.h"
 #include "pages/application.h"
 #include "platform/native/native_code_page.h"
@@ -18,10 +19,6 @@ namespace korva {
 /// the folder translations beside the program or Qt's own one. Call once, after the application object is
 /// made.
 void PrepareLook();
-
-/// Tells that the texts can't be read, where no family of fonts has Japanese characters; empty where one has.
-/// In English, since Japanese could not be read.
-QString MissingFontText(const QStringList& japanese_families);
 
 /// The program with its window, on the Qt host. The application object must exist.
 class WindowHost {
@@ -47,6 +44,7 @@ class WindowHost {
   QtPort port_;
   QtDialogs dialogs_;
   QtRecordPlace records_;
+  QtPaper paper_;
   NativeFileStore files_;
   NativeCodePage code_page_;
   Application application_;

@@ -205,12 +205,17 @@ Parsed ParseCompare(Words& words) {
   return with == "file" && !path.empty() ? Parsed(Compare{.file = path}) : std::nullopt;
 }
 
+Parsed ParsePdf(Words& words) {
+  const String path = TextOf(words.Rest());
+  return path.empty() ? Parsed() : MakePdf{.path = path};
+}
+
 struct ActionRow {
   std::string_view word;
   Parsed (*parse)(Words& words);
 };
 
-constexpr std::array<ActionRow, 18> kActions = {{
+constexpr std::array<ActionRow, 19> kActions = {{
     {.word = "start", .parse = Alone<StartProgram>},
     {.word = "choose", .parse = ParseChoose},
     {.word = "click", .parse = ParseClick},
@@ -229,6 +234,7 @@ constexpr std::array<ActionRow, 18> kActions = {{
     {.word = "report", .parse = Alone<TellReport>},
     {.word = "watch", .parse = Alone<TellWatch>},
     {.word = "compare", .parse = ParseCompare},
+    {.word = "pdf", .parse = ParsePdf},
 }};
 
 std::optional<Statement> ParseNested(int number, StringView text, int depth) {

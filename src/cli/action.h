@@ -71,9 +71,13 @@ struct Compare {
   std::optional<String> file;  ///< nothing: with the device
 };
 
+struct MakePdf {
+  String path;
+};
+
 using Action = std::variant<StartProgram, ChooseModel, ClickButton, TypeText, PickEntry, ClickCell, PressKey,
                             ClickTab, QueueAnswers, QueueFile, Delay, Wait, PressClose, ShowControls,
-                            DumpItems, DumpGrid, TellReport, TellWatch, Compare>;
+                            DumpItems, DumpGrid, TellReport, TellWatch, Compare, MakePdf>;
 
 /// A line of a script that says what to do.
 struct Statement {

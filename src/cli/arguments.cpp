@@ -70,6 +70,7 @@ SCRIPT holds one action of the user a line; without it, or with "-", standard in
   dump [GRID]            print the items of the parameter set, or the cells of a grid
   compare device         list what differs between the page and the device, which is read; the page stays as it is
   compare file PATH      the same with a configuration file
+  pdf PATH               write the page's settings as a PDF file
   report                 print the report of the last transfer: item, name, sent, answered, proof
   watch                  print the live values: item, name, value, unit, least, most, and the age of an old one
 

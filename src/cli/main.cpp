@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "cli/arguments.h"
+#include "cli/child_paper.h"
 #include "cli/script_dialogs.h"
 #include "cli/script_input.h"
 #include "cli/script_runner.h"
@@ -49,6 +50,8 @@ int RunScript(int script, const Arguments& arguments, const ProgramHome& home, T
   const Platform platform{
       .loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page};
   Application application(platform, {.installed = home.installed.u16string(), .own = home.own.u16string()});
+  ChildPaper paper(TakeHelper("korva-pdf"));
+  application.companions.UsePaper(paper);
   ScriptRunner runner(
       application.program, application.link.line, application.companions, dialogs, transcript,
       {.traffic = arguments.line, .keep_going = arguments.keep_going, .strict = arguments.strict});

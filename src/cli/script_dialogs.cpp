@@ -23,6 +23,10 @@ std::string_view WordOf(BoxIcon icon) {
 
 }  // namespace
 
+String FullPath(const String& folder, const String& path) {
+  return (std::filesystem::path(folder) / std::filesystem::path(path)).u16string();
+}
+
 Answer ScriptDialogs::ShowBox(const Box& box) {
   const Answer answer = AnswerTo(box);
   std::string line =
@@ -57,7 +61,7 @@ std::optional<String> ScriptDialogs::ChooseFile(const FileDialog& dialog) {
     files_.pop_front();
   }
   if (path) {
-    path = (std::filesystem::path(dialog.start_folder) / std::filesystem::path(*path)).u16string();
+    path = FullPath(dialog.start_folder, *path);
   }
   transcript_.Tell("dialog " + std::string(dialog.save ? "save " : "open ") + Quoted(dialog.start_folder) +
                    " " + Quoted(dialog.filter) + " " + std::to_string(dialog.filter_index) + " -> " +

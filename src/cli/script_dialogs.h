@@ -8,6 +8,9 @@
 
 namespace korva::cli {
 
+/// The path that a script means: one that is not a full one counts from `folder`.
+String FullPath(const String& folder, const String& path);
+
 /// A user who answers boxes and file dialogs at once, with what a script has queued for them. Each is printed
 /// with its outcome.
 ///
@@ -21,7 +24,7 @@ class ScriptDialogs final : public Dialogs {
   explicit ScriptDialogs(Transcript& transcript) : transcript_(transcript) {}
 
   Answer ShowBox(const Box& box) override;
-  /// A path that is not a full one counts from the dialog's start folder. Where a save dialog would ask
+  /// A path is a FullPath from the dialog's start folder. Where a save dialog would ask
   /// whether a file may be replaced, the script has answered by giving the path.
   std::optional<String> ChooseFile(const FileDialog& dialog) override;
   void ShowFailure(const String& text) override;

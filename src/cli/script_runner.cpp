@@ -12,6 +12,8 @@
 #include "cli/print_report.h"
 #include "cli/print_watch.h"
 #include "cli/script_lines.h"
+#include "companions/part_of.h"
+#include "companions/settings_printer.h"
 #include "core/text_utilities.h"
 
 namespace korva::cli {
@@ -255,29 +257,50 @@ Outcome ScriptRunner::Do(const TellWatch& /*action*/) {
   return {};
 }
 
-Outcome ScriptRunner::Do(const Compare& action) {
+template <typename Part, typename Act>
+Outcome ScriptRunner::DoBy(Button Part::*button, const Act& act) {
   Outcome outcome;
   program_.Loop().Gate().Enter([&] {
-    Comparer* const comparer = ComparerOf(*program_.Showing());
-    if (comparer == nullptr) {
+    const Page& page = *program_.Showing();
+    auto* const part = PartOf<Part>(page);
+    if (part == nullptr) {
       outcome = Refused("no parameters");
       return;
     }
-    if (const std::string_view why = program_.Showing()->WhyRefused(comparer->cmdCompare); !why.empty()) {
-      outcome = Refused(why);
-      return;
-    }
+    const std::string_view why = page.WhyRefused(part->*button);
+    outcome = why.empty() ? act(*part) : Refused(why);
+  });
+  return outcome;
+}
+
+Outcome ScriptRunner::Do(const Compare& action) {
+  return DoBy<Comparer>(&Comparer::cmdCompare, [&](Comparer& comparer) -> Outcome {
     const unsigned before = companions_.Compared.Number();
     if (action.file) {
-      comparer->CompareFile(*action.file);
+      comparer.CompareFile(*action.file);
     } else {
-      comparer->CompareDevice();
+      comparer.CompareDevice();
     }
     if (companions_.Compared.Number() != before) {
       PrintComparison(companions_.Compared, transcript_);
     }
+    return {};
   });
-  return outcome;
+}
+
+Outcome ScriptRunner::Do(const MakePdf& action) {
+  return DoBy<SettingsPrinter>(&SettingsPrinter::cmdPdf, [&](SettingsPrinter& printer) {
+    if (program_.Showing()->lst_TypeSelect.Text().empty()) {
+      return Refused("no model");
+    }
+    const String path = FullPath(printer.Folder(), action.path);
+    const String why = printer.SavePdfAs(path);
+    if (!why.empty()) {
+      return Refused(ToUtf8(why));
+    }
+    transcript_.Tell("pdf " + Quoted(path));
+    return Outcome();
+  });
 }
 
 template <typename PageAction>

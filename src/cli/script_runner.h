@@ -77,8 +77,12 @@ class ScriptRunner {
   Outcome Do(const TellReport& action);
   Outcome Do(const TellWatch& action);
   Outcome Do(const Compare& action);
+  Outcome Do(const MakePdf& action);
   template <typename PageAction>
   Outcome Do(const PageAction& action);
+  /// Acts with what accompanies the showing page, unless it is out of reach as its button is.
+  template <typename Part, typename Act>
+  Outcome DoBy(Button Part::*button, const Act& act);
 
   Program& program_;
   SerialLink& link_;

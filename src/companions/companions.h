@@ -5,6 +5,7 @@
 
 #include "companions/comparer.h"
 #include "companions/line_panel.h"
+#include "companions/paper.h"
 #include "companions/report_panel.h"
 #include "companions/transfer_report.h"
 #include "companions/watch_panel.h"
@@ -26,6 +27,8 @@ class Companions {
   Companions& operator=(const Companions&) = delete;
   ~Companions() = default;
 
+  /// From now on each page that is made can be put on this paper, which outlives it.
+  void UsePaper(Paper& paper) { paper_ = &paper; }
   /// Adds to a page, which does not show yet, what accompanies it. The page lives no longer than this.
   void Join(ParameterPage& page);
   /// The windows with a table, each of which a button of the status area opens.
@@ -42,6 +45,7 @@ class Companions {
  private:
   const Families& families_;
   BarePageMaker make_;
+  Paper* paper_ = nullptr;  ///< none: surroundings without
   ReportPanel report_panel_{Report};
   ComparisonPanel compare_panel_{Compared};
   LinePanel line_panel_;

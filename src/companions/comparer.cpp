@@ -1,11 +1,9 @@
 #include "companions/comparer.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
-#include <string_view>
-#include <utility>
 
+#include "companions/row_value.h"
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 #include "linearizer/lnr_check.h"
@@ -16,47 +14,20 @@ namespace korva {
 
 namespace {
 
-/// The fields beside a table, which travel with it.
-constexpr std::array<std::pair<std::string_view, TextKey>, 4> kTableFields = {
-    {{"txtSize", TextKey::TableSize},
-     {"txtStep", TextKey::TablePitch},
-     {"txtBase", TextKey::TableBase},
-     {"cmbRange", TextKey::Range}}};
 constexpr StringView kTableItem = u"table";
 
 String Number(int number) { return Ascii(std::to_string(number)); }
 
-/// The control that shows the value of a row: a field, a box, or the frame of options; nullptr for none.
-Control* ControlOf(ParameterPage& page, int row) {
-  if (!page.DataCell(row, kTextIndex).empty()) {
-    return &page.Text[page.Place(row, kTextIndex, page.Text.Count())];
-  }
-  if (!page.DataCell(row, kComboIndex).empty()) {
-    return &page.Combo[page.Place(row, kComboIndex, page.Combo.Count())];
-  }
-  return nullptr;
-}
-
-OptionGroup* OptionsOf(const ParameterPage& page, int row) {
-  const OptionRule* rule = page.FindOptionRule(page.DataCell(row, kChoiceKey));
-  return page.DataCell(row, kFrameIndex).empty() || rule == nullptr ? nullptr : rule->options;
-}
-
-/// What the page shows of a row.
-String ShownOf(ParameterPage& page, int row) {
-  if (const Control* control = ControlOf(page, row)) {
-    return Trimmed(control->ShownText());
-  }
-  const OptionGroup* options = OptionsOf(page, row);
-  if (options == nullptr) {
-    return Trimmed(page.SetCell(row));
-  }
-  return options->Selected() < 0 ? String() : (*options)[options->Selected()].Caption();
-}
-
 String WithUnit(ParameterPage& page, int row, const String& text) {
-  const Label* unit = page.UnitLabelOf(row);
-  return text.empty() || unit == nullptr || unit->Caption().empty() ? text : text + u" " + unit->Caption();
+  const String unit = UnitShownOf(page, row);
+  return text.empty() || unit.empty() ? text : text + u" " + unit;
+}
+
+/// True when the same unit is chosen for a row, or none can be.
+bool SameUnitBox(ParameterPage& one, ParameterPage& other, int row) {
+  const ComboBox* here = UnitBoxOf(one, row);
+  const ComboBox* there = UnitBoxOf(other, row);
+  return here == nullptr || there == nullptr || here->Text() == there->Text();
 }
 
 /// True for texts that read the same, or are the same number.
@@ -194,7 +165,8 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
     const String here = ShownOf(page_, row);
     const bool choice = OptionsOf(page_, row) != nullptr;
     const String there = choice ? chosen[static_cast<std::size_t>(row)] : ShownOf(other.Page(), row);
-    if (other.Silent(row) || !(Same(here, there) || IsSameType(row, other.Page()))) {
+    const bool same = Same(here, there) || IsSameType(row, other.Page());
+    if (other.Silent(row) || !same || !SameUnitBox(page_, other.Page(), row)) {
       found.push_back({.item = page_.DataCell(row, kGroup) + u"/" + page_.DataCell(row, kItem),
                        .caption = page_.DataCell(row, kCaption),
                        .page = WithUnit(page_, row, here),
@@ -261,15 +233,6 @@ void Comparer::Unmark() {
     control->SetDiffers(false);
   }
   marked_.clear();
-}
-
-Comparer* ComparerOf(const Page& page) {
-  for (PagePart* part : page.Parts()) {
-    if (auto* found = dynamic_cast<Comparer*>(part)) {
-      return found;
-    }
-  }
-  return nullptr;
 }
 
 }  // namespace korva

@@ -57,7 +57,4 @@ class Comparer final : public PagePart {
   std::vector<Control*> marked_;
 };
 
-/// The page's own; nullptr for a page without one.
-Comparer* ComparerOf(const Page& page);
-
 }  // namespace korva

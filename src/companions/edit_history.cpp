@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "companions/comparer.h"
+#include "companions/part_of.h"
 #include "core/numbers.h"
 
 namespace korva {
@@ -237,7 +238,7 @@ void EditHistory::TellParts(const PageChange& change) const {
       }
     }
   }
-  if (Comparer* comparer = ComparerOf(page_)) {
+  if (Comparer* comparer = PartOf<Comparer>(page_)) {
     comparer->Unmark();
   }
   page_.Notes.Tell(Notice::NotPasted, {});

@@ -17,6 +17,7 @@ enum class Notice {
   NotPlain,     ///< texts of number fields that are no plain numbers, as they would be sent
   SentAsTyped,  ///< those of them that the last download sent
   NotKept,      ///< what the file saved last will not give back
+  Pdf,          ///< what became of the report of settings that was to be saved
   NoTable,      ///< the device holds no linearizer, or did not tell it
   kCount
 };

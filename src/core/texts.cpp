@@ -326,11 +326,15 @@ constexpr std::array<TextRow, kTextCount> kTexts = {{
     {.key = TextKey::SettingsValue, .japanese = u"設定値", .english = u"Value"},
     {.key = TextKey::SettingsUnit, .japanese = u"単位", .english = u"Unit"},
     {.key = TextKey::SettingsDate, .japanese = u"日付", .english = u"Date"},
-    {.key = TextKey::SettingsPage, .japanese = u"{1} / {2} ﾍﾟｰｼﾞ", .english = u"Page {1} of {2}"},
+    {.key = TextKey::SettingsPage, .japanese = u"{1} / {2}"},
     {.key = TextKey::PdfSaved, .japanese = u"PDFに保存しました: {1}", .english = u"Saved as PDF: {1}"},
     {.key = TextKey::PdfNotSaved,
      .japanese = u"PDFに保存できませんでした: {1}",
      .english = u"Could not be saved as PDF: {1}"},
+    {.key = TextKey::NotDrawn,
+     .japanese = u"ﾍﾟｰｼﾞを描画できませんでした。",
+     .english = u"The pages could not be drawn."},
+    {.key = TextKey::NotPrinted, .japanese = u"印刷できませんでした。", .english = u"Could not be printed."},
     {.key = TextKey::HelpRange, .japanese = u"範囲: {1} ～ {2}", .english = u"Range: {1} to {2}"},
     {.key = TextKey::HelpLength, .japanese = u"{1} 文字以内", .english = u"At most {1} characters"},
     {.key = TextKey::HelpFixed, .japanese = u"この機種では変更できません", .english = u"Fixed on this model"},
@@ -447,6 +451,11 @@ const String& CfgFilter() {
 
 const String& TextFilter() {
   static const String filter(kTextFilter);
+  return filter;
+}
+
+const String& PdfFilter() {
+  static const String filter(u"PDFファイル (*.pdf)|*.pdf|");
   return filter;
 }
 

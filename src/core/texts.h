@@ -234,6 +234,8 @@ enum class TextKey {
   SettingsPage,
   PdfSaved,     ///< (path)
   PdfNotSaved,  ///< (why)
+  NotDrawn,     ///< why a PDF file could not be made
+  NotPrinted,
   // What the screen tells of a field.
   HelpRange,   ///< (low, high, each with the unit)
   HelpLength,  ///< (number)
@@ -289,6 +291,7 @@ const String& CsvFilter();
 const String& CfgFilter();
 const String& DefFilter();
 const String& TextFilter();
+const String& PdfFilter();
 /// Of the dialog that opens a configuration: definition files, configurations, all files. Shown first is
 /// number 2, the configurations (kOpenCfgFilterIndex).
 const String& OpenCfgFilter();

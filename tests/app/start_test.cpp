@@ -9,6 +9,7 @@
 
 #include "app/window_host.h"
 #include "platform/virtual/virtual_dialogs.h"
+#include "print/fonts.h"
 #include "window_bench.h"
 
 namespace korva {

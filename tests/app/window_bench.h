@@ -7,6 +7,7 @@
 #include "app/text.h"
 #include "files/parameter_page.h"
 #include "support/device_line.h"
+#include "support/kept_paper.h"
 
 namespace korva::test {
 
@@ -15,6 +16,7 @@ struct WindowBench {
   explicit WindowBench(const char* model)
       : device(sim::Device::ForModel(KORVA_HOME, model)),
         application(device.platform, FromQt(QString::fromUtf8(KORVA_HOME))) {
+    application.companions.UsePaper(paper);
     application.program.Start();
     window.resize(1180, 740);
     window.show();
@@ -55,6 +57,7 @@ struct WindowBench {
   }
 
   DeviceBench device;
+  KeptPaper paper;
   Application application;
   MainWindow window{application};
 };

@@ -71,6 +71,8 @@ TEST(ScriptLine, ThatIsNoActionGivesNothing) {
                                 u"after -5 start",
                                 u"after x start",
                                 u"wait",
+                                u"pdf",
+                                u"pdf \"\"",
                                 u"wait x",
                                 u"wait -1",
                                 u"wait 1.5",
@@ -79,6 +81,12 @@ TEST(ScriptLine, ThatIsNoActionGivesNothing) {
                                 u"show"}) {
     EXPECT_FALSE(ParseStatement(1, line)) << ToUtf8(line);
   }
+}
+
+TEST(ScriptText, NamesTheFileOfAReport) {
+  const auto path = [](StringView line) { return std::get<MakePdf>(ParseStatement(1, line)->action).path; };
+  EXPECT_EQ(path(u"pdf a b.pdf "), u"a b.pdf");
+  EXPECT_EQ(path(u"pdf \" a.pdf\""), u" a.pdf");
 }
 
 TEST(ScriptText, IsTheRestOfTheLineLessBlanksAroundIt) {

@@ -98,6 +98,38 @@ TEST_P(EndToEndOnPage, ReadsEditsChecksSavesOpensFromAnotherPageAndWritesADevice
   EXPECT_NE(Ask({"G01", "I02", "D"})[page.ends_with("V2") ? 2 : 1].find("BOILER-8"), std::string::npos);
 }
 
+TEST_F(EndToEnd, PutsTheSettingsOfADeviceIntoAPdfFile) {
+  StartSim();
+  const std::string path = (home / "data" / "報告 7.pdf").string();
+  const QString script = Write("script.txt", kUpload +
+                                                 "pdf 報告 7.pdf\npdf /no/such/folder/a.pdf\n"
+                                                 "pdf \"" +
+                                                 home.string() + "\"\n");
+  ChildProgram cli("korva-cli", At({"--strict", script}));
+  const Lines printed = cli.ReadToEnd();
+  EXPECT_EQ(Of(printed, "pdf "), Lines{"pdf \"" + path + "\""});
+  EXPECT_EQ(Of(printed, "refused "),
+            (Lines{"refused pdf /no/such/folder/a.pdf: ﾌｧｲﾙまたはﾌｫﾙﾀﾞが見つかりません。",
+                   "refused pdf \"" + home.string() + "\": ﾌｧｲﾙではなくﾌｫﾙﾀﾞです。"}));
+  EXPECT_EQ(cli.Status(), 4);
+  EXPECT_EQ(cli.Complaints(), "");
+  const std::string pdf = Bytes("data/報告 7.pdf");
+  EXPECT_TRUE(pdf.starts_with("%PDF-1."));
+  EXPECT_NE(pdf.find("%%EOF", pdf.size() - 8), std::string::npos);
+  EXPECT_NE(pdf.find("/Type /Page\n"), std::string::npos);
+  EXPECT_NE(pdf.find("/FontFile"), std::string::npos);
+}
+
+TEST_F(EndToEnd, WhatIsNoDocumentBecomesNoPdfFile) {
+  for (const char* text : {"", "title\ta\n", "no document\nend\n"}) {
+    ChildProgram pdf("korva-pdf", {});
+    pdf.Send(text);
+    EXPECT_EQ(pdf.ReadToEnd(), Lines()) << text;
+    EXPECT_EQ(pdf.Status(), 1) << text;
+    EXPECT_EQ(pdf.Complaints(), "korva-pdf: standard input holds no document\n") << text;
+  }
+}
+
 TEST_F(EndToEnd, WritesTheCurveOfAnotherSensorIntoATransmitter) {
   StartSim({"--fast"}, "Z2WT");
   const QString script = Write("script.txt",

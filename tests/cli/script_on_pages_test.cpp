@@ -14,6 +14,7 @@
 #include "script_bench.h"
 #include "sim/device.h"
 #include "support/device_line.h"
+#include "support/kept_paper.h"
 #include "support/memory_files.h"
 
 namespace korva::cli {
@@ -49,6 +50,7 @@ struct PagesBench {
       : device(sim::Device::ForModel(KORVA_HOME, model)),
         runner(application.program, application.link.line, application.companions, dialogs, transcript,
                options) {
+    application.companions.UsePaper(paper);
     device.Set("01", "02", "BOILER-7");
     port.Connect(1, &line);
     Run("choose " + model);
@@ -72,6 +74,7 @@ struct PagesBench {
   ScriptDialogs dialogs{transcript};
   BuildFiles files;
   NativeCodePage code_page;
+  korva::test::KeptPaper paper;
   Application application{
       {.loop = loop, .port = port, .dialogs = dialogs, .files = files, .code_page = code_page},
       std::filesystem::path(KORVA_HOME).u16string()};
@@ -94,6 +97,31 @@ const std::string kModelMatches =
     R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "選択された機種名は、接続された変換器と一致していますか。" yes,no -> )";
 const std::string kStartUpload = R"(box question "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞを開始します。" ok,cancel -> )";
 const std::string kUploadDone = R"(box plain "ｱｯﾌﾟﾛｰﾄﾞ" "ｱｯﾌﾟﾛｰﾄﾞ完了。" ok -> ok)";
+
+TEST(ScriptOnPages, PutsTheSettingsIntoAFileBesideTheOthersOrWhereItsPathSays) {
+  PagesBench bench;
+  bench.Run("answer yes ok\nclick cmdUpload");
+  const std::string folder = std::string(KORVA_HOME) + "/data/";
+  EXPECT_EQ(bench.Run("pdf boiler 7.pdf"), Lines{"pdf \"" + folder + "boiler 7.pdf\""});
+  EXPECT_EQ(bench.Run("pdf \"/korva/b.pdf\""), Lines{"pdf \"/korva/b.pdf\""});
+  SystemReason reason;
+  const std::string bytes = bench.files.Read(u"/korva/b.pdf", 1U << 20U, reason).value_or("");
+  const std::optional<Document> document = DocumentOf(bytes);
+  ASSERT_TRUE(document);
+  EXPECT_EQ(document->header, u"QHN    BOILER-7");
+  EXPECT_TRUE(bench.complaints.str().empty());
+}
+
+TEST(ScriptOnPages, TellsWhyThereIsNoFileOfTheSettings) {
+  PagesBench bench({.strict = true});
+  EXPECT_EQ(bench.runner.Status(), 0);
+  bench.paper.fault = u"no ink";
+  EXPECT_EQ(bench.Run("pdf a.pdf"), Lines{"refused pdf a.pdf: no ink"});
+  EXPECT_EQ(bench.runner.Status(), ScriptRunner::kRefused);
+  bench.paper.fault.clear();
+  EXPECT_TRUE(
+      Holds(bench.Run("after 500 pdf a.pdf\nanswer yes ok\nclick cmdUpload"), "refused pdf a.pdf: disabled"));
+}
 
 TEST(ScriptOnPages, ComparesThePageWithTheDeviceAndReportsTheLastTransfer) {
   PagesBench bench;

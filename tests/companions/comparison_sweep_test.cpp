@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "companions/comparer.h"
+#include "companions/part_of.h"
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
 
@@ -56,7 +57,7 @@ TEST_P(ComparisonOfModel, FindsTheTagThatSomeoneChangedAndTouchesNothing) {
   const std::vector<std::string> before = StateOf(bench.Page());
   const std::vector<String> known(bench.app.program.Shared().KnownItemNames.begin(),
                                   bench.app.program.Shared().KnownItemNames.end());
-  bench.Click(ComparerOf(bench.Page())->cmdCompare);
+  bench.Click(PartOf<Comparer>(bench.Page())->cmdCompare);
   EXPECT_EQ(StateOf(bench.Page()), before);
   EXPECT_EQ(std::vector<String>(bench.app.program.Shared().KnownItemNames.begin(),
                                 bench.app.program.Shared().KnownItemNames.end()),
@@ -68,7 +69,7 @@ TEST_P(ComparisonOfModel, FindsTheTagThatSomeoneChangedAndTouchesNothing) {
   EXPECT_EQ(compared.Differences().front().item, u"01/02");
   EXPECT_EQ(compared.Differences().front().page, u"MINE");
   EXPECT_EQ(compared.Differences().front().other, u"THEIRS");
-  bench.Do([&] { ComparerOf(bench.Page())->CompareFile(kFile); });
+  bench.Do([&] { PartOf<Comparer>(bench.Page())->CompareFile(kFile); });
   EXPECT_EQ(compared.Differences().size(), 0U);
   EXPECT_EQ(compared.Result(), Comparison::Outcome::Complete);
   EXPECT_EQ(StateOf(bench.Page()), before);

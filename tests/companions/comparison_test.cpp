@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "companions/comparer.h"
+#include "companions/part_of.h"
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
 
@@ -26,7 +27,7 @@ class CompareBench : public PageBench {
     TakeBoxes();
   }
   [[nodiscard]] const Comparison& Compared() const { return app.companions.Compared; }
-  Comparer& Part() { return *ComparerOf(Page()); }
+  Comparer& Part() { return *PartOf<Comparer>(Page()); }
   const Found& Compare() {
     Click(Part().cmdCompare);
     return Compared().Differences();
@@ -84,6 +85,21 @@ TEST(ComparisonTest, ComparesTemperaturesInTheUnitOfThePage) {
   const Found& found = bench.Compare();
   ASSERT_EQ(found.size(), 1U) << ToUtf8(found.empty() ? String() : found.back().item);
   EXPECT_EQ(found.front().item, u"01/21");
+}
+
+TEST(ComparisonTest, FindsAnotherUnitOfTheSameNumber) {
+  CompareBench bench(u"QIC");
+  const String number = bench.Field(u"10").Text();
+  auto& box = dynamic_cast<ComboBox&>(*bench.Page().FindControl("cbo_unit(0)"));
+  const String there = box.Text();
+  bench.Pick(box, there == u"kHz" ? u"Hz" : u"kHz");
+  if (bench.Field(u"10").Text() != number) {
+    bench.Type(u"10", number);
+  }
+  EXPECT_EQ(bench.Compare(), (Found{{.item = u"01/10",
+                                     .caption = u"入力ﾌﾙｽｹｰﾙ",
+                                     .page = number + u" " + box.Text(),
+                                     .other = number + u" " + there}}));
 }
 
 TEST(ComparisonTest, ComparesThePointsOfATable) {

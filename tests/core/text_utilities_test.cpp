@@ -171,5 +171,11 @@ TEST(IsLikeTest, TheWholeTextCounts) {
   EXPECT_FALSE(IsLike(u"", u"?"));
 }
 
+TEST(SimplifiedTest, KeepsOneBlankBetweenWords) {
+  EXPECT_EQ(Simplified(u"  Y(k) \t\r\n  uV\u3000"), u"Y(k) uV");
+  EXPECT_EQ(Simplified(u"a b"), u"a b");
+  EXPECT_EQ(Simplified(u" \u3000 "), u"");
+}
+
 }  // namespace
 }  // namespace korva

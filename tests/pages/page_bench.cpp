@@ -128,6 +128,7 @@ String DefPath(const String& model) {
 
 PageBench::PageBench() {
   port.Connect(1);
+  app.companions.UsePaper(paper);
   app.program.OnEnded([this](int exit_status) { status = exit_status; });
 }
 

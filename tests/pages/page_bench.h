@@ -15,6 +15,7 @@
 #include "sim/device.h"
 #include "support/box_text.h"
 #include "support/device_line.h"
+#include "support/kept_paper.h"
 #include "support/memory_files.h"
 
 namespace korva::test {
@@ -107,6 +108,7 @@ class PageBench : public PageFolder {
   /// "title: text" of each box shown since the last call.
   std::vector<std::string> TakeBoxes();
 
+  KeptPaper paper;
   Application app{platform, u"/korva"};
   std::optional<int> status;  ///< once the program has ended
 

@@ -72,5 +72,12 @@ TEST_F(ProgramHomeTest, ANamedFolderBecomesAFullPath) {
   EXPECT_EQ(home.own, fs::current_path() / "there");
 }
 
+TEST_F(ProgramHomeTest, AHelperLiesBesideTheProgramOrWhereItIsInstalled) {
+  fs::create_directories(root / "bin");
+  EXPECT_EQ(FindHelper(root / "bin", "korva-pdf"), root / "libexec" / "korva" / "korva-pdf");
+  fs::create_directories(root / "bin" / "korva-pdf");
+  EXPECT_EQ(FindHelper(root / "bin", "korva-pdf"), root / "bin" / "korva-pdf");
+}
+
 }  // namespace
 }  // namespace korva

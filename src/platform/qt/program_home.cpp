@@ -50,4 +50,14 @@ ProgramHome TakeHome(const fs::path& named) {
   return home;
 }
 
+fs::path FindHelper(const fs::path& executable, std::string_view name) {
+  std::error_code error;
+  const fs::path beside = executable / name;
+  return fs::exists(beside, error) ? beside : executable.parent_path() / "libexec" / "korva" / name;
+}
+
+fs::path TakeHelper(std::string_view name) {
+  return FindHelper(QCoreApplication::applicationDirPath().toStdU16String(), name);
+}
+
 }  // namespace korva

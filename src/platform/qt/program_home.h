@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
 namespace korva {
 
@@ -22,5 +23,12 @@ ProgramHome FindHome(const std::filesystem::path& executable, const std::filesys
 /// $XDG_DATA_HOME/korva, is made; where that fails, what needs it tells later. Both folders are full paths.
 /// Needs the application object.
 ProgramHome TakeHome(const std::filesystem::path& named);
+
+/// A program that others start and no user: beside them, or in PREFIX/libexec/korva where they are installed
+/// in PREFIX/bin. \param executable  folder of the running executable \param name        of the program's
+/// file
+std::filesystem::path FindHelper(const std::filesystem::path& executable, std::string_view name);
+/// The same for this program. Needs the application object.
+std::filesystem::path TakeHelper(std::string_view name);
 
 }  // namespace korva
