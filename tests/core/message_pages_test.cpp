@@ -355,6 +355,7 @@ constexpr std::array kTellingCalls = {
     TellingCall{.folder = "src/app", .call = "std::cerr <<", .least = 2},
     TellingCall{.folder = "src", .call = "MissingFontText(", .least = 2},
     TellingCall{.folder = "src/cli", .call = "Complain(", .least = 4},
+    TellingCall{.folder = "src/print", .call = "Fail(", .least = 2},
     TellingCall{.folder = "src/cli", .call = "problem = ", .least = 3},
     TellingCall{.folder = "src/cli", .call = "Wrong(", .least = 5},
     TellingCall{.folder = "src/cli", .call = " Refused(", .least = 5},
