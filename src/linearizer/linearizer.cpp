@@ -161,15 +161,11 @@ bool Linearizer::Refused() const {
   return false;
 }
 
-void Linearizer::TakeQuantity() {
+void Linearizer::SetUp(int points) {
   if (const LnrQuantity* quantity = Quantity()) {
     table_.SetHeads(quantity->heads);
     NameUnsaved();
   }
-}
-
-void Linearizer::SetUp(int points) {
-  TakeQuantity();
   Editor().Reset();
   table_.SetUp(PointsOf(points));
 }

@@ -25,7 +25,7 @@ class Linearizer final : public TablePart {
   void PageCleared() override;
   void ChoiceMade(const Choice& choice) override;
   [[nodiscard]] std::function<void()> Keep() override {
-    return [this] { TakeQuantity(); };
+    return [this, heads = table_.Heads()] { table_.SetHeads(heads); };
   }
   /// Enables or disables the tab, and sets the table up, as the model and its set say.
   void SettleTabs(TabMoment moment) override;
@@ -85,8 +85,6 @@ class Linearizer final : public TablePart {
   /// The switch that counts after an upload.
   [[nodiscard]] TableSwitch AfterUpload() const;
   void SettleTab(TableSwitch table_switch);
-  /// Lets the heads tell what the values mean under the present input.
-  void TakeQuantity();
   bool UploadPoints(int points);
   /// False when the switch says so, after an upload, that the table is not in use: it isn't read then.
   bool OpenTabForUpload(TableSwitch table_switch);

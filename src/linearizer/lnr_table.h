@@ -47,6 +47,7 @@ class LnrTable {
   /// Columns of the grid: the point's number and its values.
   [[nodiscard]] int Columns() const { return heads_.back().empty() ? kLnrColumns - 1 : kLnrColumns; }
   [[nodiscard]] int Points() const { return points_; }
+  [[nodiscard]] const LnrHeads& Heads() const { return heads_; }
   void SetHeads(const LnrHeads& heads) { heads_ = heads; }
 
   /// Rebuilds the grid from the set: heads, point numbers, both values, all cells plain.

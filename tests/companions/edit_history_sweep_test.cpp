@@ -196,6 +196,33 @@ TEST_P(HistoryOfModel, TakesTheEditsOfATableBackThatAChoiceOpened) {
   }
 }
 
+/// An edit that was taken back leaves nothing behind: the next edit does what it would have done without.
+TEST_P(HistoryOfModel, LetsTheNextEditDoWhatItWouldHaveDone) {
+  PageBench bench;
+  Prepare(bench);
+  const std::vector<Edit> edits = EditsOf(bench);
+  const auto made = [&](const Edit& edit) {
+    edit.act(bench);
+    std::vector<std::string> dump = DumpOf(bench);
+    while (CanUndo(bench)) {
+      Undo(bench);
+    }
+    return dump;
+  };
+  std::vector<std::vector<std::string>> alone;
+  for (const Edit& edit : edits) {
+    alone.push_back(made(edit));
+  }
+  for (std::size_t at = 0; at < edits.size(); ++at) {
+    for (const std::size_t next :
+         {(at + 1) % edits.size(), (at + edits.size() - 1) % edits.size(), (at * 7 + 3) % edits.size()}) {
+      made(edits[at]);
+      ASSERT_EQ(FirstOf(made(edits[next]), alone[next]), "")
+          << edits[next].name << " behind " << edits[at].name;
+    }
+  }
+}
+
 TEST_P(HistoryOfModel, TakesALongSeriesBackStepByStepAndSendsWhatItWouldHaveSent) {
   constexpr unsigned kSeed = 20261122;
   constexpr std::size_t kEdits = 60;

@@ -9,13 +9,18 @@
 #include "monitor/status_monitor.h"
 #include "page_dump.h"
 #include "support/page_parts.h"
+#include "tables/user_tables.h"
 
 namespace korva::test {
 namespace {
 
 class HistoryBench : public PageBench {
  public:
-  explicit HistoryBench(const String& model) : device(Connect(model)) {
+  explicit HistoryBench(const String& model, const std::function<void(sim::Device&)>& prepare = {})
+      : device(Connect(model)) {
+    if (prepare) {
+      prepare(device);
+    }
     Choose(model);
     TakeTables();
     PageBench::Upload();
@@ -142,6 +147,100 @@ TEST(EditHistoryTest, GivesTheFormerTextsOfAnotherTemperatureUnitBackWithoutConv
   bench.Redo();
   EXPECT_EQ(bench.Text(u"14"), u"213");
   EXPECT_EQ(bench.UnitOf(u"14"), u"deg F");
+}
+
+// 99.96 deg C are 373.11 K, shown upwards as 373.2, and 211.93 deg F, shown as 211.9, which alone are 373.1
+// K.
+TEST(EditHistoryTest, KnowsStillWhichNumbersAreThoseThatWereRead) {
+  HistoryBench bench(u"Z8WR2", [](sim::Device& device) { device.Set("01", "14", "12.345 99.96"); });
+  ParameterPage& page = bench.Page();
+  bench.Press(page.optTempUnit, 2);
+  ASSERT_EQ(page.Item(14), u"285.5 373.2");
+  bench.Undo();
+  EXPECT_EQ(page.Item(14), u"12.345 99.960");
+  bench.Press(page.optTempUnit, 1);
+  ASSERT_EQ(page.Item(14), u"54.2 211.9");
+  bench.Press(page.optTempUnit, 2);
+  EXPECT_EQ(page.Item(14), u"285.5 373.2");
+}
+
+/// The device counts times in steps of 5 msec, to which a download rounds them.
+TEST(EditHistoryTest, LeavesWhatADownloadRounded) {
+  HistoryBench bench(u"QEY");
+  bench.Save(kFile);
+  bench.Type(u"02", u"A");
+  bench.Type(u"12", u"13");
+  bench.Type(u"02", u"B");
+  bench.Download();
+  ASSERT_EQ(bench.Text(u"12"), u"10");
+  bench.Undo();
+  EXPECT_EQ(bench.Text(u"02"), u"A");
+  EXPECT_EQ(bench.Text(u"12"), u"10");
+  EXPECT_TRUE(bench.Page().DataChanged);
+}
+
+/// Another device of the model may spell its choices otherwise: former texts stand in no list then.
+TEST(EditHistoryTest, EndsWhenADownloadListsTheChoicesAnew) {
+  PageBench bench;
+  bench.Connect(u"QUO", {.system_text = "SYSVER   2.00"});
+  bench.Choose(u"QUO");
+  bench.Upload();
+  bench.Type(u"02", u"A");
+  ASSERT_TRUE(CanUndo(bench));
+  ASSERT_EQ(bench.First().Combo[0].Entries()[1], u"Tc-2: K(CA)");
+  bench.First().GroupItem.Set(0, 99, u"SYSVER   1.00");  // as of a file of an older device
+  bench.Page().DataChanged = false;                      // no question
+  bench.Choose(u"QUO");
+  ASSERT_EQ(bench.First().Combo[0].Entries()[1], u"Tc-2:K(CA)");
+  bench.Type(u"02", u"B");
+  ASSERT_TRUE(CanUndo(bench));
+  bench.Download();
+  EXPECT_EQ(bench.First().Combo[0].Entries()[1], u"Tc-2: K(CA)");
+  EXPECT_FALSE(CanUndo(bench));
+}
+
+/// The page stays usable while a live loop runs.
+TEST(EditHistoryTest, TakesAnEditBackThatWasMadeBesideALiveLoop) {
+  HistoryBench bench(u"Z2WQ");
+  const String tag = bench.Text(u"02");
+  bool typed = false;
+  bench.loop.StartTimer(Milliseconds(1500), [&] {
+    if (!typed) {
+      typed = true;
+      ASSERT_TRUE(bench.Page().OperationRuns());
+      bench.Type(u"02", u"LIVE");
+      EXPECT_FALSE(bench.CanUndo());
+      bench.Click(ButtonOf(bench.Page(), "cmdThresholdStart"));
+    }
+  });
+  bench.Click(ButtonOf(bench.Page(), "cmdThresholdStart"));
+  ASSERT_TRUE(typed);
+  EXPECT_EQ(bench.Text(u"02"), u"LIVE");
+  bench.Undo();
+  EXPECT_EQ(bench.Text(u"02"), tag);
+  EXPECT_FALSE(bench.CanUndo());
+}
+
+TEST(EditHistoryTest, KeepsNoMoreChangesThanItHasRoomFor) {
+  HistoryBench bench(u"Z8WT2");
+  bench.Pick(bench.Page().Combo[0], bench.Page().Combo[0].Entries().back());
+  Grid& grid = Part<UserTables>(bench.Page()).TCFlexGrid;
+  ASSERT_TRUE(grid.Visible());
+  constexpr int kPoints = 300;
+  ASSERT_EQ(grid.Rows(), kPoints + 1);
+  for (int paste = 0; paste < 80; ++paste) {
+    String block;
+    for (int row = 1; row <= kPoints; ++row) {
+      block += Ascii(std::to_string(paste * 2000 + row)) + u"\n";
+    }
+    bench.Do([&] { grid.UserPastes(1, 1, block); });
+  }
+  int undone = 0;
+  while (bench.CanUndo()) {
+    bench.Undo();
+    ++undone;
+  }
+  EXPECT_EQ(undone, 66);  // 19800 cells
 }
 
 TEST(EditHistoryTest, TakesAChoiceBackWithAllThatItChanged) {
