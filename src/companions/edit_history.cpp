@@ -71,8 +71,8 @@ EditHistory::Memory EditHistory::KeepParts() const {
 }
 
 void EditHistory::ActionBegins(const Control& control) {
-  if (!mirror_) {
-    mirror_.emplace(page_);
+  if (mirror_ == nullptr) {
+    mirror_ = std::make_unique<PageMirror>(page_);
   }
   TakeForeignChanges();
   actions_.push_back({.control = &control, .before = KeepParts(), .changed_before = page_.DataChanged});
@@ -272,7 +272,7 @@ Control* EditHistory::PlaceOf(const Step& step) const {
   return nullptr;
 }
 
-void EditHistory::ShowWhere(const Step& step) {
+void EditHistory::ShowWhere(const Step& step) const {
   if (Control* control = PlaceOf(step)) {
     page_.GoTo(*control);
   }

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "companions/page_mirror.h"
@@ -87,7 +87,7 @@ class EditHistory final : public PagePart, public UserActions {
   void DropOldest();
   void DropUndone();
   void Go(const Step& step, bool after);
-  void ShowWhere(const Step& step);
+  void ShowWhere(const Step& step) const;
   /// Where a step can be seen; nullptr for nowhere.
   [[nodiscard]] Control* PlaceOf(const Step& step) const;
   /// Lets the parts judge the values anew.
@@ -99,7 +99,7 @@ class EditHistory final : public PagePart, public UserActions {
 
   ParameterPage& page_;
   std::vector<TablePart*> tables_;
-  std::optional<PageMirror> mirror_;  ///< from the first action on
+  std::unique_ptr<PageMirror> mirror_;  ///< from the first action on
   std::deque<Step> steps_;
   std::size_t position_ = 0;
   std::size_t changes_ = 0;         ///< of all steps

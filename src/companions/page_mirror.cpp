@@ -125,6 +125,7 @@ PageMirror::PageMirror(ParameterPage& page) : page_(page), set_(page.GroupItem) 
       FollowTable(*grid);
     }
   }
+  tabs_.reserve(static_cast<std::size_t>(page.Tabs.Count()));
   for (int tab = 0; tab < page.Tabs.Count(); ++tab) {
     tabs_.push_back(TabAt(tab));
   }
@@ -326,7 +327,7 @@ bool PageMirror::WasReadSince(const LiveValue& value, const PageChange& change, 
   return !was_shown || differs(value.field) || (value.unit && differs(*value.unit));
 }
 
-void PageMirror::Put(const PageChange& change, bool after) {
+void PageMirror::Put(const PageChange& change, bool after) const {
   std::vector<std::size_t> read_since;
   for (const LiveValue& value : LiveValues()) {
     const bool concerned =
@@ -352,9 +353,11 @@ void PageMirror::Put(const PageChange& change, bool after) {
   }
 }
 
-void PageMirror::PutSet(const PageChange& change, bool after) {
+void PageMirror::PutSet(const PageChange& change, bool after) const {
+  const std::vector<LiveValue> values = LiveValues();
   std::vector<SetPlace> live;
-  for (const LiveValue& value : LiveValues()) {
+  live.reserve(values.size());
+  for (const LiveValue& value : values) {
     live.push_back(value.cell);
   }
   for (const auto& [place, sides] : change.set) {
@@ -365,14 +368,14 @@ void PageMirror::PutSet(const PageChange& change, bool after) {
   }
 }
 
-void PageMirror::PutControls(const PageChange& change, bool after) {
+void PageMirror::PutControls(const PageChange& change, bool after) const {
   for (const auto& [place, sides] : change.controls) {
     PutState(At(place), sides.At(after));
   }
   PutOptions(change, after);
 }
 
-void PageMirror::PutOptions(const PageChange& change, bool after) {
+void PageMirror::PutOptions(const PageChange& change, bool after) const {
   for (const bool on : {false, true}) {
     for (const auto& [place, sides] : change.controls) {
       const auto* const option = dynamic_cast<const OptionButton*>(&At(place));

@@ -28,7 +28,7 @@ class PageMirror {
   [[nodiscard]] PageChange Take();
   /// Puts the page to one side of a change, raising nothing. A live value that was read since then is not
   /// brought back: its field shows nothing until the next one.
-  void Put(const PageChange& change, bool after);
+  void Put(const PageChange& change, bool after) const;
 
   /// Where a control stands here; nothing for one that is left alone.
   [[nodiscard]] std::optional<std::size_t> PlaceOf(const Control& control) const;
@@ -73,9 +73,9 @@ class PageMirror {
   [[nodiscard]] std::vector<LiveValue> LiveValues() const;
   /// True when a live value is no longer, or no longer beside the unit, that the change left there.
   [[nodiscard]] bool WasReadSince(const LiveValue& value, const PageChange& change, bool after) const;
-  void PutSet(const PageChange& change, bool after);
-  void PutControls(const PageChange& change, bool after);
-  void PutOptions(const PageChange& change, bool after);
+  void PutSet(const PageChange& change, bool after) const;
+  void PutControls(const PageChange& change, bool after) const;
+  void PutOptions(const PageChange& change, bool after) const;
 
   ParameterPage& page_;
   ParameterSet set_;

@@ -210,6 +210,7 @@ TEST_P(HistoryOfModel, LetsTheNextEditDoWhatItWouldHaveDone) {
     return dump;
   };
   std::vector<std::vector<std::string>> alone;
+  alone.reserve(edits.size());
   for (const Edit& edit : edits) {
     alone.push_back(made(edit));
   }
