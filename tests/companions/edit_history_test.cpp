@@ -243,6 +243,24 @@ TEST(EditHistoryTest, KeepsNoMoreChangesThanItHasRoomFor) {
   EXPECT_EQ(undone, 66);  // 19800 cells
 }
 
+TEST(EditHistoryTest, EditsTheTableThatAChoiceHadTakenAway) {
+  HistoryBench bench(u"Z8WT2");
+  ComboBox& types = bench.Page().Combo[0];
+  bench.Pick(types, types.Entries().back());
+  Grid& grid = Part<UserTables>(bench.Page()).TCFlexGrid;
+  ASSERT_TRUE(grid.Visible());
+  bench.Pick(types, types.Entries().front());
+  ASSERT_FALSE(grid.Visible());
+  bench.Undo();
+  ASSERT_TRUE(grid.Visible());
+  bench.Do([&] { grid.UserClicks(5, 1); });
+  bench.Type(bench.Editor().txtLnrNewValue, u"1.25");
+  bench.Click(bench.Editor().cmdLnrChangeOK);
+  EXPECT_EQ(grid.At(5, 1).text, u"1.25");
+  bench.Undo();
+  EXPECT_EQ(grid.At(5, 1).text, u"0.00");
+}
+
 TEST(EditHistoryTest, TakesAChoiceBackWithAllThatItChanged) {
   HistoryBench bench(u"QN");
   const std::vector<std::string> before = DumpOf(bench);
@@ -515,6 +533,19 @@ TEST(EditHistoryTest, ShowsNothingForALiveValueThatWasReadSince) {
   bench.Undo();
   EXPECT_EQ(field.Text(), u"");
   EXPECT_EQ(bench.UnitOf(live), u"deg C");
+}
+
+TEST(EditHistoryTest, LeavesALiveValueThatTheChoiceDidNotConvert) {
+  HistoryBench bench(u"QN");
+  ParameterPage& page = bench.Page();
+  TextField& field = bench.Field(u"04");
+  bench.Do([&] { field.SetText(u"25"); });
+  bench.Press(page.optTempUnit, 1);
+  ASSERT_EQ(bench.UnitOf(u"04"), u"deg F");
+  ASSERT_EQ(field.Text(), u"25");
+  bench.Undo();
+  EXPECT_EQ(bench.UnitOf(u"04"), u"deg C");
+  EXPECT_EQ(field.Text(), u"25");
 }
 
 TEST(EditHistoryTest, ShowsNoLiveValueInAnotherUnitThanItWasReadIn) {
