@@ -20,8 +20,10 @@
 #include "app/model_finder.h"
 #include "app/text.h"
 #include "app/window_host.h"
+#include "companions/settings_report.h"
 #include "core/texts.h"
 #include "platform/native/process.h"
+#include "print/sheets.h"
 
 namespace {
 
@@ -92,6 +94,7 @@ struct Options {
   QCommandLineOption apart{
       "apart", "Part of the picture that is not compared, such as times, in pixels; may be repeated.",
       "X,Y,W,H"};
+  QCommandLineOption paper{"paper", "Take this page of the report of settings, from 1; needs --as.", "N"};
   QCommandLineOption check{"check", "Save nothing: compare with the pictures in the folder."};
   QCommandLineOption about{"about", "Print what decides how texts are drawn, and end."};
   QCommandLineOption size{"size", "Size of the window in pixels.", "WxH", "1180x740"};
@@ -237,6 +240,29 @@ bool KeepPanel(const QCommandLineParser& arguments, const Options& options, cons
   return Keep(panel->grab().toImage(), arguments.value(options.as), arguments, options);
 }
 
+/// Keeps a page of the report of settings that the command line tells.
+bool KeepReport(const QCommandLineParser& arguments, const Options& options, korva::Page& page) {
+  constexpr QSizeF paper(595, 842);  // A4 in points
+  constexpr double margin = 36;
+  constexpr double scale = 1.25;
+  const korva::Document document =
+      korva::SettingsReport(dynamic_cast<korva::ParameterPage&>(page), korva::String());
+  const std::vector<korva::Sheet> sheets = korva::SheetsOf(document, paper - QSizeF(2 * margin, 2 * margin));
+  const auto number = static_cast<std::size_t>(arguments.value(options.paper).toInt());
+  if (number < 1 || number > sheets.size() || !arguments.isSet(options.as)) {
+    Complain(arguments.value(options.paper) + QStringLiteral(": no page of the report to be kept with --as"));
+    return false;
+  }
+  QImage picture((paper * scale).toSize(), QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  QPainter painter(&picture);
+  painter.scale(scale, scale);
+  painter.translate(margin, margin);
+  korva::DrawSheet(painter, sheets[number - 1]);
+  painter.end();
+  return Keep(picture, arguments.value(options.as), arguments, options);
+}
+
 /// Keeps the tabs that can be brought to the front, as the command line says.
 bool KeepPictures(const QCommandLineParser& arguments, const Options& options, korva::MainWindow& window) {
   const QString only = arguments.value(options.tab);
@@ -300,6 +326,9 @@ bool KeepWhileRunning(const korva::Page& page, const LiveRun& run, const std::fu
 bool TakePictures(const QCommandLineParser& arguments, const Options& options, korva::WindowHost& host) {
   QDir().mkpath(arguments.value(options.out));
   const auto keep = [&] {
+    if (arguments.isSet(options.paper)) {
+      return KeepReport(arguments, options, *host.Running().Showing());
+    }
     return arguments.isSet(options.panel) ? KeepPanel(arguments, options, host.Window())
                                           : KeepPictures(arguments, options, host.Window());
   };
@@ -349,8 +378,8 @@ int main(int argc, char** argv) {
   arguments.addOptions({options.home,  options.open,    options.csv,      options.press, options.yes,
                         options.cell,  options.monitor, options.readings, options.start, options.step,
                         options.type,  options.out,     options.tab,      options.as,    options.find,
-                        options.panel, options.apart,   options.check,    options.about, options.size,
-                        options.dark});
+                        options.panel, options.paper,   options.apart,    options.check, options.about,
+                        options.size,  options.dark});
   arguments.process(application);
 
   korva::PrepareLook();
