@@ -17,6 +17,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/accessible.h"
 #include "app/field_view.h"
 #include "app/grid_view.h"
 #include "app/list_view.h"
@@ -25,6 +26,7 @@
 #include "app/picture_view.h"
 #include "app/text.h"
 #include "core/texts.h"
+#include "print/contrast.h"
 
 namespace korva {
 
@@ -80,11 +82,8 @@ class ChoiceBox : public QComboBox {
 };
 
 void ShowLook(QWidget* widget, Look look, bool dimmed = false) {
-  QPalette palette = PaletteOf(look, QApplication::palette(widget));
-  if (dimmed) {
-    palette.setBrush(QPalette::Text, QApplication::palette(widget).brush(QPalette::Disabled, QPalette::Text));
-  }
-  widget->setPalette(palette);
+  const QPalette palette = PaletteOf(look, QApplication::palette(widget));
+  widget->setPalette(dimmed ? Dimmed(palette) : palette);
   widget->setProperty("look", static_cast<int>(look));
   widget->setProperty("dimmed", dimmed);
 }
@@ -121,8 +120,9 @@ class DifferenceMark final : public QWidget {
     setObjectName(QStringLiteral("difference"));
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Highlight);
+    setBackgroundRole(QPalette::Window);  // not the field's
     marked->installEventFilter(this);
+    TakeColour();
     Place();
   }
 
@@ -130,12 +130,20 @@ class DifferenceMark final : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Resize) {
       Place();
+    } else if (event->type() == QEvent::PaletteChange) {
+      TakeColour();
     }
     return QWidget::eventFilter(watched, event);
   }
 
  private:
   void Place() { setGeometry(0, 0, kMark, parentWidget()->height()); }
+  /// One that is seen on the marked widget in its present look.
+  void TakeColour() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, MarkColour(parentWidget()->palette().color(QPalette::Base)));
+    setPalette(palette);
+  }
 
   static constexpr int kMark = 4;  // pixels
 };
@@ -148,7 +156,6 @@ void ShowDifference(QWidget* widget, bool differs) {
   }
   if (mark != nullptr) {
     mark->setVisible(differs);
-    widget->setAccessibleDescription(differs ? ToQt(CaptionText(TextKey::CompareMark)) : QString());
   }
 }
 
@@ -156,12 +163,12 @@ void ShowDifference(QWidget* widget, bool differs) {
 
 void Follow(Control& control, QWidget* widget, std::function<void()> update) {
   widget->setObjectName(QString::fromStdString(control.FullName()));
-  widget->setAccessibleName(widget->objectName());
   const auto all = [&control, widget, update = std::move(update)] {
     widget->setVisible(control.Visible());
     widget->setEnabled(control.Enabled() && !IsLockedList(control));
     update();
-    if (control.Differs() == widget->accessibleDescription().isEmpty()) {
+    if (widget->property("differs").toBool() != control.Differs()) {
+      widget->setProperty("differs", control.Differs());
       ShowDifference(widget, control.Differs());
     }
   };
@@ -207,12 +214,14 @@ QWidget* ControlViews::Make(Control& control, QWidget* parent) {
     return CaptionView(*label, parent);
   }
   auto* area = new QWidget(parent);
+  TellRole(area, QAccessible::Grouping);
   Follow(control, area, [] {});
   return area;
 }
 
 QWidget* ControlViews::CaptionView(CaptionedControl& control, QWidget* parent) {
   auto* label = new QLabel(parent);
+  TellRole(label, QAccessible::StaticText);
   Follow(control, label, [&control, label] {
     label->setText(ShownBreaks(control.Caption()));
     if (label->property("look").toInt() != static_cast<int>(control.ShownLook())) {
@@ -241,6 +250,7 @@ QWidget* ControlViews::MakeButton(Button& button, QWidget* parent) {
 
 QWidget* ControlViews::MakeOption(OptionButton& option, QWidget* parent) {
   auto* widget = new QRadioButton(parent);
+  TellRole(widget, QAccessible::RadioButton);
   widget->setAutoExclusive(false);  // the control's group decides which button is on
   Follow(option, widget, [&option, widget] {
     widget->setText(ToQt(option.Caption()));
@@ -318,6 +328,7 @@ QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
 
 QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
   auto* widget = new ChoiceBox(parent);
+  TellRole(widget, QAccessible::ComboBox);
   Follow(combo, widget, [&combo, widget] {
     const QSignalBlocker blocker(widget);
     QStringList entries;
@@ -375,7 +386,7 @@ QWidget* ControlViews::MakeBar(ProgressBar& bar, QWidget* parent) {
     if (widget->property("at rest") != at_rest) {
       widget->setProperty("at rest", at_rest);
       widget->setPalette(at_rest ? PaletteAtRest(QApplication::palette(widget))
-                                 : QApplication::palette(widget));
+                                 : PaletteAtWork(QApplication::palette(widget)));
     }
   });
   return widget;

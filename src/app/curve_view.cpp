@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QToolTip>
 
+#include "app/accessible.h"
 #include "app/text.h"
 #include "core/texts.h"
 #include "print/curve_picture.h"
@@ -13,6 +14,7 @@ namespace korva {
 
 CurveView::CurveView(Grid& grid, QWidget* parent) : QWidget(parent), grid_(grid), seen_(grid.Changes()) {
   setObjectName(QString::fromStdString(grid.FullName()) + QStringLiteral(" curve"));
+  TellRole(this, QAccessible::Chart);
   setAccessibleName(ToQt(CaptionText(TextKey::Curve)));
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setBackgroundRole(QPalette::Base);

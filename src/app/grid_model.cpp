@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QBrush>
 
+#include "app/accessible.h"
 #include "app/looks.h"
 #include "app/text.h"
 
@@ -23,6 +24,8 @@ QVariant Drawn(const Grid::Cell& cell, Look look, int role, const QWidget& view)
       return cell.look == Look::Normal ? QVariant() : PaletteOf(look, QApplication::palette(&view)).text();
     case GridModel::kMarkRole:
       return cell.marked;
+    case Qt::AccessibleDescriptionRole:
+      return cell.marked ? LookWords() : StateWords(cell.look);
     default:
       return {};
   }
@@ -82,8 +85,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Vertical || rows_ == 0) {
+  if (rows_ == 0 || columns_ == 0) {
     return {};
+  }
+  if (orientation == Qt::Vertical) {
+    // The rows' numbers stand in the table; a screen reader asks for them here.
+    return role == Qt::AccessibleTextRole ? ToQt(grid_.At(section, 0).text) : QVariant();
   }
   const Grid::Cell& cell = grid_.At(0, section);
   return Drawn(cell, cell.look, role, view_);

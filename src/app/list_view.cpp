@@ -1,6 +1,7 @@
 #include "app/list_view.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -11,6 +12,17 @@
 #include "app/text.h"
 
 namespace korva {
+
+/// Tells a screen reader what the tooltip tells.
+class ListView::Entry final : public QListWidgetItem {
+ public:
+  using QListWidgetItem::QListWidgetItem;
+  [[nodiscard]] QVariant data(int role) const override {
+    auto* list = static_cast<ListView*>(listWidget());
+    return role == Qt::AccessibleDescriptionRole && list != nullptr ? list->Description(list->row(this))
+                                                                    : QListWidgetItem::data(role);
+  }
+};
 
 ListView::ListView(ListBox& list, std::function<void(int position)> pick, QWidget* parent)
     : QListWidget(parent), list_(list), pick_(std::move(pick)) {
@@ -51,7 +63,7 @@ void ListView::Fill() {
   }
   clear();
   std::for_each(entries.begin(), entries.begin() + shown,
-                [this](const String& entry) { addItem(ToQt(entry)); });
+                [this](const String& entry) { addItem(new Entry(ToQt(entry))); });
 }
 
 QString ListView::Description(int position) {
@@ -104,6 +116,16 @@ void ListView::focusInEvent(QFocusEvent* event) {
   const int row = currentRow();
   QListWidget::focusInEvent(event);
   setCurrentRow(row);
+}
+
+// As a click on the present entry.
+void ListView::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if ((key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) && currentRow() >= 0) {
+    pick_(currentRow());
+    return;
+  }
+  QListWidget::keyPressEvent(event);
 }
 
 // A click on the present entry counts as well; a press that moves to another one is told above.

@@ -29,8 +29,11 @@ class ListView final : public QListWidget {
   bool viewportEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  class Entry;
+
   void Fill();
   [[nodiscard]] QString Description(int position);
   [[nodiscard]] int TopRow() const { return row(itemAt(1, 1)); }

@@ -1,5 +1,7 @@
 #include "app/looks.h"
 
+#include "print/contrast.h"
+
 namespace korva {
 
 QPalette PaletteOf(Look look, const QPalette& system) {
@@ -12,6 +14,7 @@ QPalette PaletteOf(Look look, const QPalette& system) {
       palette.setBrush(group, QPalette::Text, text);
       palette.setBrush(group, QPalette::WindowText, text);
       palette.setBrush(group, QPalette::ButtonText, text);
+      palette.setBrush(group, QPalette::PlaceholderText, text);
     }
   };
   switch (look) {
@@ -20,7 +23,8 @@ QPalette PaletteOf(Look look, const QPalette& system) {
     case Look::Grey:
       pair(system.window(), system.windowText());
       // Disabled, it looks like anything that is.
-      for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+      for (const auto role :
+           {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::PlaceholderText}) {
         palette.setBrush(QPalette::Disabled, role, system.brush(QPalette::Disabled, role));
       }
       break;
@@ -37,15 +41,21 @@ QPalette PaletteOf(Look look, const QPalette& system) {
   return palette;
 }
 
+QPalette Dimmed(const QPalette& palette) {
+  QPalette dimmed = palette;
+  dimmed.setColor(QPalette::Text,
+                  Distinct(palette.color(QPalette::Disabled, QPalette::Text),
+                           {{.colour = palette.color(QPalette::Base), .least = kTextContrast}}));
+  return dimmed;
+}
+
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
   constexpr int kHalfWave = 2;
   QPolygon wave;
   for (int x = area.left(), crest = 0; x <= area.right(); x += kHalfWave, crest = 1 - crest) {
     wave << QPoint(x, area.bottom() - kHalfWave * crest + 1);
   }
-  QColor faint = colour;
-  faint.setAlphaF(0.6F);
-  painter.setPen(faint);
+  painter.setPen(colour);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawPolyline(wave);
 }
@@ -56,6 +66,20 @@ QPalette PaletteAtRest(const QPalette& system) {
   for (const auto role : {QPalette::Text, QPalette::WindowText}) {
     palette.setBrush(role, system.brush(QPalette::Disabled, role));
   }
+  return palette;
+}
+
+QPalette PaletteAtWork(const QPalette& system) {
+  // The text stands half on the part that is done and half on the rest, in one colour.
+  const QColor text = system.color(QPalette::Active, QPalette::Text);
+  const QColor rest = system.color(QPalette::Active, QPalette::Base);
+  QPalette palette = system;
+  palette.setColor(QPalette::Base, rest);
+  palette.setColor(QPalette::Text, text);
+  palette.setColor(QPalette::HighlightedText, text);
+  palette.setColor(QPalette::Highlight, Distinct(system.color(QPalette::Active, QPalette::Highlight),
+                                                 {{.colour = text, .least = kTextContrast},
+                                                  {.colour = rest, .least = kMarkContrast}}));
   return palette;
 }
 

@@ -10,8 +10,12 @@ namespace korva {
 
 /// The palette of a field or label in a look: a pair of the system's own colours, light or dark.
 QPalette PaletteOf(Look look, const QPalette& system);
+/// A field's palette while its value is not read at present.
+QPalette Dimmed(const QPalette& palette);
 /// The palette of something that has nothing to tell at present.
 QPalette PaletteAtRest(const QPalette& system);
+/// The palette of a progress bar that shows how far something is.
+QPalette PaletteAtWork(const QPalette& system);
 /// Width of `count` digits in the widget's font, in pixels.
 int Digits(const QWidget* widget, int count);
 

@@ -78,7 +78,11 @@ void MainWindow::ShowPage(Page& page) {
     view->TakeSearch(*former);
   }
   const QWidget* focus = pages_->isAncestorOf(focusWidget()) ? focusWidget() : nullptr;
+  const bool first = Current() == view && focusWidget() == nullptr;
   pages_->setCurrentWidget(view);
+  if (first) {
+    page.lst_TypeSelect.SetFocus();  // though the finder stands above it
+  }
   // The keyboard stays where it was on the former page.
   auto* same = focus == nullptr ? nullptr : view->findChild<QWidget*>(focus->objectName());
   if (same != nullptr && !focus->objectName().isEmpty()) {

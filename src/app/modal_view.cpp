@@ -31,6 +31,9 @@ ModalView::ModalView(const ModalWindow& window, Program& program, QWidget* paren
     QWidget* widget = views_.Make(*control, this);
     if (auto* text = qobject_cast<QLabel*>(widget)) {
       text->setAlignment(Qt::AlignCenter);
+      setAccessibleDescription(text->text());
+    } else {
+      widget->setAccessibleName(accessibleDescription());  // a bar's caption is the text above it
     }
     layout->addWidget(widget);
   }

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/accessible.h"
 #include "app/focus_keeper.h"
 #include "app/list_view.h"
 #include "app/looks.h"
@@ -77,6 +78,7 @@ PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
   all->addLayout(middle, 1);
   all->addWidget(MakeStatus());
   new FocusKeeper(*this);
+  new SpokenPage(*this, page_);
 }
 
 QWidget* PageView::MakeModelList() {
@@ -107,6 +109,7 @@ QWidget* PageView::MakeBanner() {
   QFont font = banner->font();
   font.setBold(true);
   banner->setFont(font);
+  ReadOut(page_.lblForced, banner, QAccessible::AlertMessage);
   return banner;
 }
 
@@ -117,6 +120,7 @@ QWidget* PageView::MakeHeldClose() {
   text->setAutoFillBackground(true);
   text->setBackgroundRole(QPalette::ToolTipBase);
   text->setForegroundRole(QPalette::ToolTipText);
+  ReadOut(page_.lblHeldClose, text, QAccessible::AlertMessage);
   return text;
 }
 
@@ -127,7 +131,9 @@ QWidget* PageView::MakeNotice() {
   const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
   icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size, size));
   layout->addWidget(icon);
-  layout->addWidget(views_.Make(page_.lblMsg_CannotEnd, notice), 1);
+  auto* text = static_cast<QLabel*>(views_.Make(page_.lblMsg_CannotEnd, notice));
+  ReadOut(page_.flaMsg_CannotEnd, text, QAccessible::AlertMessage);
+  layout->addWidget(text, 1);
   notice->setAutoFillBackground(true);
   notice->setBackgroundRole(QPalette::ToolTipBase);
   notice->setForegroundRole(QPalette::ToolTipText);
@@ -229,7 +235,9 @@ QWidget* PageView::MakeStatus() {
     }
     ++column;
   }
-  layout->addWidget(new TextPlace(make("lblWaiting"), area), 0, column);
+  QWidget* waiting = make("lblWaiting");
+  TellRole(waiting, QAccessible::StatusBar);  // not read out: it changes each second
+  layout->addWidget(new TextPlace(waiting, area), 0, column);
   // The bars keep their width as long as there is room.
   layout->setColumnStretch(0, 1);
   layout->setColumnStretch(1, 1);
@@ -240,6 +248,7 @@ QWidget* PageView::MakeStatus() {
   for (const char* name : {"lbl_LnrUnsaved", "lblNotices"}) {
     if (auto* text = qobject_cast<QLabel*>(make(name))) {
       text->setWordWrap(true);
+      ReadOut(*page_.FindControl(name), text, QAccessible::Notification);
       layout->addWidget(text, line++, 0, 1, column);
     }
   }

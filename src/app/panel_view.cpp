@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "app/accessible.h"
 #include "app/looks.h"
 #include "app/text.h"
 #include "core/texts.h"
@@ -49,6 +50,9 @@ class PanelView::Model final : public QAbstractTableModel {
       const QPalette palette = PaletteOf(look, QApplication::palette());
       const auto part = role == Qt::BackgroundRole ? QPalette::Base : QPalette::Text;
       return look == Look::Normal ? QVariant() : QVariant(palette.brush(part));
+    }
+    if (role == Qt::AccessibleDescriptionRole && panel_.LookOf(first_ + index.row()) == Look::Highlight) {
+      return LookWords();
     }
     return {};
   }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/accessible.h"
 #include "app/text.h"
 
 namespace korva {
@@ -45,6 +46,7 @@ QImage ImageIn(const std::string& bytes) {
 }  // namespace
 
 PictureView::PictureView(const Picture& picture, QWidget* parent) : QWidget(parent), picture_(picture) {
+  TellRole(this, QAccessible::Graphic);
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -23,6 +23,7 @@
 #include "companions/settings_report.h"
 #include "core/texts.h"
 #include "platform/native/process.h"
+#include "print/contrast.h"
 #include "print/sheets.h"
 
 namespace {
@@ -389,7 +390,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (arguments.isSet(options.dark)) {
-    QApplication::setPalette(DarkPalette());
+    QApplication::setPalette(korva::Readable(DarkPalette().resolve(QApplication::palette())));
   }
   PictureDialogs dialogs(arguments.value(options.open), arguments.value(options.csv),
                          arguments.isSet(options.yes));

@@ -53,8 +53,14 @@ void SideView::Assemble(QWidget* contents, const std::vector<OwnButton>& own) {
   window_.ObserveFocus([this] {
     raise();
     activateWindow();
-    contents_->setFocus();
+    PlaceOfKeyboard().setFocus();
   });
+}
+
+QWidget& SideView::PlaceOfKeyboard() const {
+  QWidget* first = contents_->focusProxy() == nullptr ? contents_ : contents_->focusProxy();
+  // Contents that show nothing yet have no place for the keyboard that could be seen.
+  return first->focusPolicy() == Qt::NoFocus ? *own_.back().first : *first;
 }
 
 void SideView::Show() {

@@ -36,6 +36,8 @@ class SideView : public QDialog {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  /// What has the keyboard when the window comes to the front.
+  [[nodiscard]] QWidget& PlaceOfKeyboard() const;
   void Show();
   QWidget* MakeButtons(const std::vector<OwnButton>& own);
   QPushButton* NewButton(TextKey caption, const char* name);

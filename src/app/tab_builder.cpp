@@ -102,19 +102,12 @@ QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
   for (QVBoxLayout* stack : stacks) {
     columns->addLayout(stack);
   }
-  for (const DesignGroup& group : tab.groups) {
-    QGroupBox* box = MakeGroup(group, content);
-    const bool wide = HasCurve(group);
-    const bool tall = wide || box->findChild<QTableView*>() != nullptr;
-    stacks.at(static_cast<std::size_t>(group.column))->addWidget(box, tall ? 1 : 0);
-    if (wide) {
-      columns->setStretch(group.column, 1);
-    }
-    if (columns->stretch(group.column) > 0 && !group.frame.empty()) {
-      // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
-      QSizePolicy policy = box->sizePolicy();
-      policy.setRetainSizeWhenHidden(true);
-      box->setSizePolicy(policy);
+  // Column by column, as the keyboard walks through them.
+  for (int column = 0; column < static_cast<int>(stacks.size()); ++column) {
+    for (const DesignGroup& group : tab.groups) {
+      if (group.column == column) {
+        AddBox(group, *columns, *stacks.at(static_cast<std::size_t>(column)));
+      }
     }
   }
   for (QVBoxLayout* stack : stacks) {
@@ -125,6 +118,22 @@ QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
   }
   area->setWidget(content);
   return area;
+}
+
+void TabBuilder::AddBox(const DesignGroup& group, QHBoxLayout& columns, QVBoxLayout& stack) {
+  QGroupBox* box = MakeGroup(group, columns.parentWidget());
+  const bool wide = HasCurve(group);
+  const bool tall = wide || box->findChild<QTableView*>() != nullptr;
+  stack.addWidget(box, tall ? 1 : 0);
+  if (wide) {
+    columns.setStretch(group.column, 1);
+  }
+  if (columns.stretch(group.column) > 0 && !group.frame.empty()) {
+    // What opens and closes under a curve keeps its place, so that the curve doesn't jump.
+    QSizePolicy policy = box->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    box->setSizePolicy(policy);
+  }
 }
 
 QGroupBox* TabBuilder::MakeGroup(const DesignGroup& group, QWidget* parent) {

@@ -8,6 +8,8 @@
 
 class QGridLayout;
 class QGroupBox;
+class QHBoxLayout;
+class QVBoxLayout;
 
 namespace korva {
 
@@ -20,6 +22,7 @@ class TabBuilder {
   QWidget* Make(const DesignTab& tab, QWidget* parent);
 
  private:
+  void AddBox(const DesignGroup& group, QHBoxLayout& columns, QVBoxLayout& stack);
   QGroupBox* MakeGroup(const DesignGroup& group, QWidget* parent);
   // Each adds what it shows to `controls`.
   void AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box, std::vector<Control*>& controls);

@@ -166,6 +166,7 @@ class WatchView::Tiles final : public QWidget {
     }
     while (tiles_.size() < count) {
       tiles_.push_back(new TileView(this));
+      tiles_.back()->show();  // at once, so that it can have the keyboard
     }
     setFocusProxy(tiles_.empty() ? nullptr : tiles_.front());
     columns_ = 0;

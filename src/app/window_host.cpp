@@ -6,9 +6,10 @@
 #include <QLibraryInfo>
 #include <QScreen>
 #include <QStyle>
-#include <QStyleFactory>
 #include <QTranslator>
 
+#include "app/accessible.h"
+#include "app/app_style.h"
 #include "app/text.h"
 #include "print/fonts.h"
 
@@ -38,7 +39,8 @@ void LoadTranslation() {
 }  // namespace
 
 void PrepareLook() {
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new AppStyle);
+  PrepareAccessibility();
   QFont font = QApplication::font();
   font.setFamilies(FontFamilies());
   QApplication::setFont(font);

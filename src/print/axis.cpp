@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/numbers.h"
+#include "print/contrast.h"
 
 namespace korva {
 
@@ -46,12 +47,7 @@ Axis RoundAxis(double low, double high, int ticks) {
 QString TickText(double value) { return QString::fromStdU16String(ShortestText(value)); }
 
 QColor Mixed(const QPalette& palette, double strength) {
-  const QColor base = palette.color(QPalette::Base);
-  const QColor text = palette.color(QPalette::Text);
-  const auto mix = [strength](int from, int to) {
-    return static_cast<int>(std::lround(from + (to - from) * strength));
-  };
-  return {mix(base.red(), text.red()), mix(base.green(), text.green()), mix(base.blue(), text.blue())};
+  return Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), strength);
 }
 
 }  // namespace korva

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "print/contrast.h"
+
 namespace korva {
 
 namespace {
@@ -22,6 +24,15 @@ constexpr double kFrameStrength = 0.5;
 constexpr double kLineStrength = 0.7;
 
 int TicksIn(double room, double each) { return std::clamp(static_cast<int>(room / each), 2, 10); }
+
+/// The colour of a line without which the picture could not be understood.
+QColor MixedToBeSeen(const QPalette& colours, double strength) {
+  return Distinct(Mixed(colours, strength), {{.colour = colours.color(QPalette::Base)}});
+}
+
+QColor RuleOf(const QPalette& colours, double tick) {
+  return tick == 0 ? MixedToBeSeen(colours, kZeroStrength) : Mixed(colours, kGridStrength);
+}
 
 }  // namespace
 
@@ -75,7 +86,7 @@ const CurvePoint* CurvePicture::Near(const QPointF& place) const {
 void CurvePicture::DrawRows(QPainter& painter, const QPalette& colours) const {
   for (const double tick : y_.Ticks()) {
     const double height = At(x_.low, tick).y();
-    painter.setPen(Mixed(colours, tick == 0 ? kZeroStrength : kGridStrength));
+    painter.setPen(RuleOf(colours, tick));
     painter.drawLine(QPointF(frame_.left(), height), QPointF(frame_.right(), height));
     painter.setPen(colours.color(QPalette::Text));
     painter.drawText(QRectF(0, height - line_ / 2, frame_.left() - digit_, line_),
@@ -88,7 +99,7 @@ void CurvePicture::DrawColumns(QPainter& painter, const QPalette& colours) const
   double free_from = 0;  // a label that would touch the one before is left out
   for (const double tick : x_.Ticks()) {
     const double across = At(tick, y_.low).x();
-    painter.setPen(Mixed(colours, tick == 0 ? kZeroStrength : kGridStrength));
+    painter.setPen(RuleOf(colours, tick));
     painter.drawLine(QPointF(across, frame_.top()), QPointF(across, frame_.bottom()));
     const double width = metrics.horizontalAdvance(TickText(tick));
     if (across - width / 2 >= free_from) {
@@ -157,13 +168,13 @@ void CurvePicture::Draw(QPainter& painter, const QPalette& colours) const {
   painter.setFont(font_);
   DrawRows(painter, colours);
   DrawColumns(painter, colours);
-  painter.setPen(Mixed(colours, kFrameStrength));
+  painter.setPen(MixedToBeSeen(colours, kFrameStrength));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(frame_);
   painter.setPen(colours.color(QPalette::Text));
   DrawTitles(painter);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(Mixed(colours, kLineStrength), kLineWidth));
+  painter.setPen(QPen(MixedToBeSeen(colours, kLineStrength), kLineWidth));
   DrawLine(painter);
   for (std::size_t place = 0; place < curve_.points.size(); ++place) {
     if (!GoesUnderInLine(place)) {

@@ -1,0 +1,196 @@
+// The keyboard reaches all that can be pressed or typed into, in the order of reading, and shows where it is.
+
+#include <QDialog>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QTabBar>
+
+#include "accessibility_bench.h"
+#include "app/list_view.h"
+
+namespace korva {
+
+namespace {
+
+using Bench = test::WindowBench;
+using test::Colours;
+using test::EnabledStops;
+using test::OnEachTab;
+using test::SeenToDiffer;
+
+struct EachFamily : testing::TestWithParam<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Model, EachFamily, testing::ValuesIn(test::kEachFamily),
+                         [](const auto& one) { return std::string(one.param); });
+
+QRect AreaInWindow(const QWidget& widget) { return {widget.mapTo(widget.window(), QPoint()), widget.size()}; }
+
+/// The box around a widget; nullptr outside of the boxes.
+const QGroupBox* BoxAround(const QWidget& widget) {
+  for (const QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
+    if (const auto* box = qobject_cast<const QGroupBox*>(at)) {
+      return box;
+    }
+  }
+  return nullptr;
+}
+
+/// Where a stop of the keyboard stands in the order of reading: boxes column by column, lines in them, from
+/// left to right. What stands a few pixels higher than its neighbour is in its line.
+auto PlaceOf(const QWidget& widget) {
+  constexpr int line = 12;
+  const QRect box = AreaInWindow(*BoxAround(widget));
+  const QRect area = AreaInWindow(widget);
+  return std::tuple(box.left(), box.top(), area.center().y() / line, area.left());
+}
+
+/// The stops in the order of the Tab key, from the one that has the keyboard until that has it again.
+std::vector<QWidget*> WalkByTab(const QWidget& window, Qt::Key key) {
+  constexpr int most = 200;
+  std::vector<QWidget*> walked;
+  const QWidget* const first = window.focusWidget();
+  do {
+    walked.push_back(window.focusWidget());
+    QTest::keyClick(window.focusWidget(), key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+  } while (window.focusWidget() != first && walked.size() < most);
+  return walked;
+}
+
+std::string NamesOf(std::vector<QWidget*> widgets) {
+  std::vector<std::string> names;
+  for (const QWidget* widget : widgets) {
+    names.push_back(widget->objectName().toStdString());
+  }
+  std::sort(names.begin(), names.end());
+  return testing::PrintToString(names);
+}
+
+/// The Tab key comes to each stop once and round again, and back the same way.
+void ExpectWalk(const QWidget& window) {
+  const std::vector<QWidget*> forth = WalkByTab(window, Qt::Key_Tab);
+  EXPECT_EQ(NamesOf(forth), NamesOf(EnabledStops(window)));
+  std::vector<QWidget*> back = WalkByTab(window, Qt::Key_Backtab);
+  std::reverse(back.begin() + 1, back.end());
+  EXPECT_EQ(back, forth);
+}
+
+void ExpectOrderOfReading(const QWidget& window) {
+  const QWidget* before = nullptr;
+  for (const QWidget* widget : WalkByTab(window, Qt::Key_Tab)) {
+    const bool inside = BoxAround(*widget) != nullptr;
+    if (inside && before != nullptr) {
+      EXPECT_LT(PlaceOf(*before), PlaceOf(*widget))
+          << widget->objectName().toStdString() << " behind " << before->objectName().toStdString();
+    }
+    before = inside ? widget : nullptr;
+  }
+}
+
+TEST_P(EachFamily, IsReachedByTheTabKeyInTheOrderOfReading) {
+  Bench bench(GetParam());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&bench.window));
+  bench.Upload();
+  OnEachTab(bench, [&] {
+    bench.Find<QWidget>("txtFindModel");
+    bench.window.Current()->findChild<QWidget*>(QStringLiteral("txtFindModel"))->setFocus();
+    ExpectWalk(bench.window);
+    ExpectOrderOfReading(bench.window);
+  });
+}
+
+// Where the keyboard is.
+
+/// The part of a widget that the frame goes around.
+QSize Framed(const QWidget& widget) {
+  if (const auto* bar = qobject_cast<const QTabBar*>(&widget)) {
+    return bar->tabRect(bar->currentIndex()).size() / 2;
+  }
+  return qobject_cast<const QRadioButton*>(&widget) != nullptr ? widget.size() / 2 : widget.size();
+}
+
+/// The keyboard's frame is a line around the widget at least, however the keyboard came.
+void ExpectFocusSeen(QWidget& window) {
+  for (QWidget* widget : EnabledStops(window)) {
+    SCOPED_TRACE(widget->objectName().toStdString());
+    widget->clearFocus();
+    const QImage without = widget->grab().toImage();
+    widget->setFocus(Qt::MouseFocusReason);
+    ASSERT_TRUE(widget->hasFocus());
+    const QImage with = widget->grab().toImage();
+    const QSize framed = Framed(*widget);
+    EXPECT_GE(SeenToDiffer(without, with), 2 * (framed.width() + framed.height()) - 16);
+  }
+}
+
+struct FocusInColours : test::InColours {};
+INSTANTIATE_TEST_SUITE_P(Model, FocusInColours,
+                         testing::Combine(testing::ValuesIn(test::kEachFamily), testing::Bool()),
+                         test::NameOfColours);
+
+TEST_P(FocusInColours, ShowsWhereTheKeyboardIs) {
+  const Colours colours(std::get<1>(GetParam()));
+  Bench bench(std::get<0>(GetParam()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&bench.window));
+  bench.Upload();
+  OnEachTab(bench, [&] { ExpectFocusSeen(bench.window); });
+}
+
+TEST(KeyboardTest, EnterAndSpaceChooseThePresentEntryAgainAsAClickDoes) {
+  ListBox list("lst_TypeSelect");
+  list.AddEntry(u"QN");
+  list.AddEntry(u"QC");
+  list.ShowListIndex(1);
+  std::vector<int> picked;
+  ListView view(
+      list, [&](int position) { picked.push_back(position); }, nullptr);
+  view.Show();
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    QTest::keyClick(&view, key);
+  }
+  EXPECT_EQ(picked, std::vector<int>({1, 1, 1}));
+  list.ShowListIndex(-1);
+  view.Show();
+  QTest::keyClick(&view, Qt::Key_Return);
+  EXPECT_EQ(picked.size(), 3U);
+}
+
+struct WindowsBesideTest : testing::TestWithParam<bool> {};
+INSTANTIATE_TEST_SUITE_P(Colours, WindowsBesideTest, testing::Bool(),
+                         [](const auto& one) { return one.param ? "dark" : "light"; });
+
+TEST(KeyboardTest, BeginsInTheListOfModels) {
+  test::DeviceBench device(sim::Device::ForModel(KORVA_HOME, "QN"));
+  Application application(device.platform, FromQt(QString::fromUtf8(KORVA_HOME)));
+  MainWindow window(application);
+  application.program.Start();
+  window.show();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("lst_TypeSelect"));
+}
+
+TEST(KeyboardTest, AWindowThatShowsNothingYetHasTheKeyboardOnAButton) {
+  Bench bench("QHW");
+  SideWindow& window = bench.application.companions.ValuesInLarge();
+  window.Open();
+  EXPECT_EQ(bench.Find<QDialog>(window.Name().c_str())->focusWidget()->objectName(), QStringLiteral("close"));
+}
+
+TEST_P(WindowsBesideTest, AreReachedAndShowWhereTheKeyboardIs) {
+  const Colours colours(GetParam());
+  Bench bench("QHW");
+  test::ReadAll(bench);
+  for (SideWindow* window : test::WindowsBeside(bench)) {
+    window->Open();
+    QCoreApplication::processEvents();  // what is new shows then
+    auto* view = bench.Find<QDialog>(window->Name().c_str());
+    SCOPED_TRACE(window->Name());
+    QApplication::setActiveWindow(view);  // no window manager does
+    EXPECT_EQ(NamesOf({QApplication::focusWidget()}), NamesOf({EnabledStops(*view).front()}));
+    ExpectWalk(*view);
+    ExpectFocusSeen(*view);
+    window->Close();
+  }
+}
+
+}  // namespace
+
+}  // namespace korva
