@@ -170,9 +170,21 @@ void Linearizer::SetUp(int points) {
   table_.SetUp(PointsOf(points));
 }
 
-bool Linearizer::CheckLnrTable() {
+const LnrQuantity& Linearizer::QuantityOrFirst() const {
   const LnrQuantity* const of_input = Quantity();
-  const LnrQuantity& quantity = of_input == nullptr ? family_.quantities.front() : *of_input;
+  return of_input == nullptr ? family_.quantities.front() : *of_input;
+}
+
+FieldRange Linearizer::RangeOfColumn(int column) const {
+  if (family_.rule == LnrRule::Range) {
+    return {.low = kLnrRange.low, .high = kLnrRange.high, .ends = false};
+  }
+  const LnrLimits& limits = column == 1 ? QuantityOrFirst().x_limits : QuantityOrFirst().y_limits;
+  return {.low = limits.low, .high = limits.high};
+}
+
+bool Linearizer::CheckLnrTable() {
+  const LnrQuantity& quantity = QuantityOrFirst();
   const bool good = family_.rule == LnrRule::Range
                         ? CheckLnrRange(table_)
                         : CheckLnrCurve(table_, quantity.x_limits, quantity.y_limits, LnrProgressBar);

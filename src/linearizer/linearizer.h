@@ -67,9 +67,12 @@ class Linearizer final : public TablePart {
 
  private:
   [[nodiscard]] LnrTable& InHand() override { return table_; }
+  [[nodiscard]] FieldRange RangeOfColumn(int column) const override;
   [[nodiscard]] bool IsOfSensor() const override;
   void TakeHeads(const CsvHeads& heads) override;
   [[nodiscard]] CsvHeads HeadsToWrite() override;
+  /// What the values mean, of an input without a table too.
+  [[nodiscard]] const LnrQuantity& QuantityOrFirst() const;
   [[nodiscard]] int Tab() const { return page_.TabWith(TextKey::Linearizer); }
   [[nodiscard]] const LnrModel& Model() const { return ModelRow(family_.models, page_.DefFile); }
   [[nodiscard]] bool SwitchedOn(TableSwitch table_switch) const;

@@ -10,7 +10,6 @@ namespace korva {
 
 namespace {
 
-constexpr double kRange = 300;
 constexpr double kBelowAll = -100000;
 constexpr int kLeastPoints = 2;
 
@@ -93,7 +92,8 @@ bool CheckLnrRange(LnrTable& table) {
   for (int row = 1; row <= table.Points(); ++row) {
     for (int column = 1; column < kLnrColumns; ++column) {
       const auto number = NumberOf(table, row, column);
-      const bool good = number ? *number > -kRange && *number < kRange : IsEmptyCell(table, row, column);
+      const bool good =
+          number ? *number > kLnrRange.low && *number < kLnrRange.high : IsEmptyCell(table, row, column);
       if (!good) {
         table.SetLook(row, column, Look::Bad);
         all_good = false;

@@ -15,6 +15,9 @@ struct LnrLimits {
   double high = 0;
 };
 
+/// What every value of CheckLnrRange lies between. The limits themselves don't count.
+inline constexpr LnrLimits kLnrRange = {.low = -300, .high = 300};
+
 /// Marks every value that is no number strictly between -300 and 300, and no other. An empty cell counts 0,
 /// and X needs no order: devices of these families take any curve. True when nothing is bad.
 bool CheckLnrRange(LnrTable& table);

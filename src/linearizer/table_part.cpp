@@ -68,6 +68,11 @@ void TablePart::SetLocked(bool locked) {
   }
 }
 
+std::optional<FieldRange> TablePart::RangeOfField(const TextField& field) const {
+  const bool under_edit = &field == &editor_.txtLnrNewValue && editor_.LnrPrevCol > 0;
+  return under_edit ? std::optional(RangeOfColumn(editor_.LnrPrevCol)) : std::nullopt;
+}
+
 std::optional<String> TablePart::ChooseCsvFile(bool save) const {
   const Platform& platform = page_.ItsProgram().Surroundings();
   const auto path = platform.dialogs.ChooseFile({.save = save,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/field_range.h"
 #include "core/grid.h"
 #include "core/or_none.h"
 #include "files/parameter_page.h"
@@ -10,7 +11,7 @@ namespace korva {
 
 /// What all pages with a table have, whatever its points mean and however they travel: the grid of a
 /// linearizer and its switch, the editor of a cell, and the table's files.
-class TablePart : public PagePart {
+class TablePart : public PagePart, public RangeTeller {
  public:
   void SetCaptions(Language language) override;
   /// The grid, its editor and its files.
@@ -23,6 +24,9 @@ class TablePart : public PagePart {
 
   /// Tells with its box that no table is in use; true when none is.
   [[nodiscard]] virtual bool Refused() const = 0;
+
+  /// The limits of the value under edit.
+  [[nodiscard]] std::optional<FieldRange> RangeOfField(const TextField& field) const override;
 
   /// cmd_csvFileOpen: puts the points of a file into the table. A file that can't be read, or isn't text,
   /// leaves the table as it is, after a box that tells why.
@@ -61,6 +65,8 @@ class TablePart : public PagePart {
   /// What is written ahead of the points, on pages that save.
   [[nodiscard]] virtual CsvHeads HeadsToWrite() = 0;
 
+  /// The limits of the values in a column of the table in hand.
+  [[nodiscard]] virtual FieldRange RangeOfColumn(int column) const = 0;
   /// True when the table in hand is a sensor's curve and no linearizer.
   [[nodiscard]] virtual bool IsOfSensor() const = 0;
   /// Lets the notice of an unsaved table name the one in hand.

@@ -107,13 +107,21 @@ void CountSetting::Set() {
 }
 
 bool CountSetting::CheckCount(const String& text) const {
-  const ModelRange& range = RangeOf(item_.ranges, page_.DefFile);
+  const ModelRange& range = korva::RangeOf(item_.ranges, page_.DefFile);
   if (IsWholeNumber(text) &&
       IsBetween(LeadingNumber(range.high), LeadingNumber(range.low), LeadingNumber(text))) {
     return true;
   }
   page_.Box().Show(BoxKey::CountOutOfRange, {String(range.low), String(range.high)});
   return false;
+}
+
+std::optional<FieldRange> CountSetting::RangeOfRow(int row) const {
+  if (page_.DataCell(row, kItem) != item_.set_key || !Serves()) {
+    return std::nullopt;
+  }
+  const ModelRange& range = korva::RangeOf(item_.ranges, page_.DefFile);
+  return RangeBetween(range.low, range.high);
 }
 
 bool CountSetting::Write(const TextField& set_box) {

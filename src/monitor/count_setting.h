@@ -27,7 +27,7 @@ extern const CountItem kCount06;
 /// A text that is no whole number within the range is refused with its box, and nothing is sent. A device
 /// that doesn't take programming mode leaves the typed count in its box. A close request made meanwhile ends
 /// the program once the device is back in monitor mode; when it isn't, the window stays.
-class CountSetting final : public PagePart {
+class CountSetting final : public PagePart, public RangeTeller {
  public:
   /// Adds itself and its button to the page. `monitor`, whose boxes are put to rest, and `output` are the
   /// page's, added before. All outlive this.
@@ -36,6 +36,9 @@ class CountSetting final : public PagePart {
   void SetCaptions(Language language) override;
   void SetExchangesBarred(bool barred) override { PressButton.SetEnabled(!barred); }
   void PageBuilt() override;  ///< shows its button to models with the count
+
+  /// The limits of the count to send. It stands behind the output setting, in whose box it may be.
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
 
   /// True when the chosen model has this count.
   [[nodiscard]] bool Serves() const;

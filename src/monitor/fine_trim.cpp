@@ -109,6 +109,13 @@ void FineTrim::ShowState() {
   StartButton.SetEnabled(running_ || !barred_);
 }
 
+std::optional<FieldRange> FineTrim::RangeOfField(const TextField& field) const {
+  if (&field != &Box) {
+    return std::nullopt;
+  }
+  return RangeBetween(end_.low, end_.high);
+}
+
 void FineTrim::StartOrStop() {
   if (running_) {
     Stop();

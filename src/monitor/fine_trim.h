@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/field_range.h"
 #include "files/parameter_page.h"
 #include "monitor/live_source.h"
 #include "monitor/trim_buttons.h"
@@ -37,7 +38,7 @@ extern const FineTrimEnd kSecondSpanTrim;
 /// The device is sent whole values, counted from what the box shows. So a step goes out only when the device
 /// has told its trim at the last reading: from a span that is shown as 100 because nothing was told it would
 /// jump. A step that would lead out of the limits is refused with its box.
-class FineTrim final : public PagePart, public TrimButtons, public LiveSource {
+class FineTrim final : public PagePart, public RangeTeller, public TrimButtons, public LiveSource {
  public:
   /// Adds itself and its controls to the page. All outlive this.
   FineTrim(ParameterPage& page, const FineTrimEnd& end);
@@ -46,6 +47,9 @@ class FineTrim final : public PagePart, public TrimButtons, public LiveSource {
   void SetExchangesBarred(bool barred) override;
   void PageCleared() override;
   void PageBuilt() override;  ///< shows the controls to models that have the item
+
+  /// The limits of its box.
+  [[nodiscard]] std::optional<FieldRange> RangeOfField(const TextField& field) const override;
 
   /// The press of START or STOP. START does nothing on a model without the item, and while an operation runs.
   void StartOrStop();

@@ -66,7 +66,7 @@ void OutputSetting::Set() {
 }
 
 bool OutputSetting::CheckOutputSet(const TextField& set_box) const {
-  const ModelRange& range = RangeOf(family_.ranges, page_.DefFile);
+  const ModelRange& range = korva::RangeOf(family_.ranges, page_.DefFile);
   const double low = LeadingNumber(range.low);
   const double high = LeadingNumber(range.high);
   // What goes to the device is judged too: a text such as "1x200" begins with another number than is sent.
@@ -77,6 +77,14 @@ bool OutputSetting::CheckOutputSet(const TextField& set_box) const {
   }
   page_.Box().Show(BoxKey::OutputOutOfRange, {String(range.low), String(range.high)});
   return false;
+}
+
+std::optional<FieldRange> OutputSetting::RangeOfRow(int row) const {
+  if (page_.DataCell(row, kItem) != family_.set_key) {
+    return std::nullopt;
+  }
+  const ModelRange& range = korva::RangeOf(family_.ranges, page_.DefFile);
+  return RangeBetween(range.low, range.high);
 }
 
 void OutputSetting::Force(TextField& set_box) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/field_range.h"
 #include "monitor/output_family.h"
 #include "monitor/status_monitor.h"
 
@@ -17,7 +18,7 @@ namespace korva {
 /// leave the plant with an output that nobody controls any more. Off ends the program once the device is back
 /// in monitor mode. When the device doesn't take monitor mode the window stays, since the output may still be
 /// forced, and the user, who has seen the box of the failure, can press cmdStatusMonOFF again.
-class OutputSetting final : public PagePart {
+class OutputSetting final : public PagePart, public RangeTeller {
  public:
   /// Adds itself and its controls to the page. `monitor` is the page's, whose boxes are put to rest. All
   /// outlive this.
@@ -27,6 +28,9 @@ class OutputSetting final : public PagePart {
   void SetExchangesBarred(bool barred) override;
   void OutputForced(bool forced) override;
   void PageBuilt() override;  ///< shows the controls to models that have a box for the value
+
+  /// The limits of the value to force, where a count does not take its place.
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
 
   /// cmdSet. Does nothing on a model without a box for the value, and while an operation runs.
   void Set();

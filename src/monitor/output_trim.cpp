@@ -98,6 +98,13 @@ std::optional<String> OutputTrim::CellOf(int row, const String& /*text*/) const 
   return IsItsRow(row) ? std::optional(page_.SetCell(row)) : std::nullopt;
 }
 
+std::optional<FieldRange> OutputTrim::RangeOfRow(int row) const {
+  if (page_.DataCell(row, kItem) != end_.key) {
+    return std::nullopt;
+  }
+  return RangeBetween(end_.low, end_.high);
+}
+
 void OutputTrim::StartOrStop() {
   if (running_) {
     Stop();

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "core/field_range.h"
 #include "files/parameter_page.h"
 #include "monitor/live_source.h"
 #include "monitor/trim_buttons.h"
@@ -50,7 +51,7 @@ extern const TrimEnd kSpanTrim;
 ///
 /// The device is sent differences, so a step goes out only when the device has told from where. One that
 /// would lead out of the limits is refused with its box.
-class OutputTrim final : public PagePart, public TrimButtons, public LiveSource {
+class OutputTrim final : public PagePart, public RangeTeller, public TrimButtons, public LiveSource {
  public:
   /// Adds itself and its controls to the page. All outlive this.
   OutputTrim(ParameterPage& page, const TrimEnd& end);
@@ -61,6 +62,9 @@ class OutputTrim final : public PagePart, public TrimButtons, public LiveSource 
   [[nodiscard]] std::optional<String> ShownText(int row) const override;
   /// The set keeps what the device told: what is typed into the box is a target.
   [[nodiscard]] std::optional<String> CellOf(int row, const String& text) const override;
+
+  /// The limits of its box.
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
 
   /// The press of START or STOP. START does nothing on a model without the box, and while an operation runs.
   void StartOrStop();

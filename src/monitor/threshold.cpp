@@ -39,6 +39,10 @@ std::optional<ThresholdLimits> LimitsInRow(const ParameterPage& page, StringView
   return row < 0 ? std::nullopt : Both(page.DataCell(row, kThresholdLow), page.DataCell(row, kThresholdHigh));
 }
 
+std::optional<FieldRange> RangeOfThreshold(const std::optional<ThresholdLimits>& limits) {
+  return limits ? std::optional(RangeBetween(limits->low, limits->high)) : std::nullopt;
+}
+
 bool ValueInRange(const String& text, const ThresholdLimits& limits) {
   String number = Trimmed(text);
   if (number.empty()) {
@@ -197,13 +201,25 @@ std::optional<ThresholdLimits> Threshold::ReadLimits() const {
   if (family_.range_item.empty()) {
     return LimitsInRow(page_, family_.item);
   }
-  const String answer = Trimmed(page_.Items().ReadRetry(kOnce, ItemKey(family_.range_item).OnWire()));
+  return LimitsOfRange(Trimmed(page_.Items().ReadRetry(kOnce, ItemKey(family_.range_item).OnWire())));
+}
+
+std::optional<ThresholdLimits> Threshold::LimitsOfRange(const String& told) const {
   const ChoiceList ranges = page_.Def.ListOf(family_.ranges);
-  const int text_row = answer.empty() ? -1 : ranges.FindText(answer);
-  const int row = text_row < 0 && IsPlainDecimal(answer) ? LeadingInteger(answer) : text_row;
+  const int text_row = told.empty() ? -1 : ranges.FindText(told);
+  const int row = text_row < 0 && IsPlainDecimal(told) ? LeadingInteger(told) : text_row;
   return row < 0 || row >= ranges.Rows()
              ? std::nullopt
              : Both(ranges.Cell(row, &ListColumns::low), ranges.Cell(row, &ListColumns::high));
+}
+
+std::optional<FieldRange> Threshold::RangeOfRow(int row) const {
+  if (page_.DataCell(row, kItem) != family_.item) {
+    return std::nullopt;
+  }
+  return RangeOfThreshold(family_.range_item.empty()
+                              ? LimitsInRow(page_, family_.item)
+                              : LimitsOfRange(page_.GroupItem.At(u"01", String(family_.range_item))));
 }
 
 void Threshold::ApplyBox(TextField& box) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include "core/field_range.h"
 #include "monitor/status_monitor.h"
 #include "monitor/step_request.h"
 #include "monitor/threshold_family.h"
@@ -17,6 +18,9 @@ struct ThresholdLimits {
 
 /// The limits that stand in the row of an item of group "01"; nothing when there are none.
 std::optional<ThresholdLimits> LimitsInRow(const ParameterPage& page, StringView item);
+
+/// The same as numbers.
+std::optional<FieldRange> RangeOfThreshold(const std::optional<ThresholdLimits>& limits);
 
 /// True for an empty text, and for a number within the limits. A number may have "%" behind it, which changes
 /// nothing, or a unit of frequency: "Hz", "kHz" (1000 times as much), "mHz" (a thousandth).
@@ -36,7 +40,7 @@ bool ValueInRange(const String& text, const ThresholdLimits& limits);
 ///
 /// The box is that of the parameter, so the set follows what the device holds. A value that the device was
 /// not sent, since it is out of range, marks the box as bad until the next one that is taken.
-class Threshold final : public PagePart, public LiveSource {
+class Threshold final : public PagePart, public RangeTeller, public LiveSource {
  public:
   /// Adds itself and its controls to the page. `monitor` is the page's, and fills `unitMeasFreq`. All
   /// outlive this.
@@ -49,6 +53,9 @@ class Threshold final : public PagePart, public LiveSource {
   }
   void PageCleared() override;
   void PageBuilt() override;  ///< shows the controls to models that have the threshold
+
+  /// The limits of its box, where the set has the range that tells them.
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
 
   /// The press of cmdThresholdStart. As START it sends what stands in the box, and returns when the loop has
   /// ended, or, after the box of the mode change, when the device doesn't take monitor mode; it does nothing
@@ -87,6 +94,8 @@ class Threshold final : public PagePart, public LiveSource {
   void ShowThresholdRange();
   /// The limits, read from the device where its range tells them; nothing when it doesn't.
   [[nodiscard]] std::optional<ThresholdLimits> ReadLimits() const;
+  /// The limits of a range by what tells of it.
+  [[nodiscard]] std::optional<ThresholdLimits> LimitsOfRange(const String& told) const;
   void ApplyBox(TextField& box);
   void ApplyThresholdStep(TextField& box, const String& step);
   /// Sends a value within the limits; refuses any other.

@@ -13,6 +13,13 @@ bool Z2LateCheck::CheckValues() {
   return CheckThreshold() && numbers;
 }
 
+std::optional<FieldRange> Z2LateCheck::RangeOf(int row) const {
+  if (row != page_.FindDataRow(kLateZ2Threshold.item)) {
+    return NumberCheck::RangeOf(row);
+  }
+  return RangeOfThreshold(LimitsInRow(page_, kLateZ2Threshold.item));
+}
+
 bool Z2LateCheck::CheckThreshold() {
   TextField* box = page_.FindField(kLateZ2Threshold.item);
   const std::optional<ThresholdLimits> limits = LimitsInRow(page_, kLateZ2Threshold.item);

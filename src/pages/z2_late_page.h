@@ -24,6 +24,7 @@ class Z2LateCheck final : public NumberCheck {
  public:
   explicit Z2LateCheck(ParameterPage& page) : NumberCheck(page), page_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   bool CheckThreshold();

@@ -112,6 +112,17 @@ bool ColdJunction::IsGood(std::size_t place, const String& text) const {
   return value == preset || IsBetween(limits.high, limits.low, value);
 }
 
+std::optional<FieldRange> ColdJunction::RangeOfRow(int row) const {
+  for (std::size_t place = 0; place < kCjmItems.size(); ++place) {
+    if (page_.DataCell(row, kItem) == kCjmItems.at(place)) {
+      return FieldRange{.low = kCjmLimits.at(place).low,
+                        .high = kCjmLimits.at(place).high,
+                        .also = LeadingNumber(family_.defaults.at(place))};
+    }
+  }
+  return std::nullopt;
+}
+
 bool ColdJunction::ColourFields() const {
   bool good = true;
   for (std::size_t place = 0; place < kCjmItems.size(); ++place) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include "core/field_range.h"
 #include "files/parameter_page.h"
 
 namespace korva {
@@ -28,7 +29,7 @@ struct ColdJunctionFamily {
 ///
 /// An exchange takes the device to programming mode and back, with the frame of the page locked. Its tab is
 /// closed on models without these items.
-class ColdJunction final : public PagePart {
+class ColdJunction final : public PagePart, public RangeTeller {
  public:
   /// Adds itself and its controls to the page. Both outlive this.
   ColdJunction(ParameterPage& page, const ColdJunctionFamily& family);
@@ -38,6 +39,9 @@ class ColdJunction final : public PagePart {
   void ResetBars() override { CJM_ProgressBar.SetValue(0); }
   void PageCleared() override { fraCJM.SetVisible(false); }
   void SettleTabs(TabMoment moment) override;
+
+  /// The limits of its two values, and their default besides.
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
 
   /// True when the chosen model has both items.
   [[nodiscard]] bool Serves() const;

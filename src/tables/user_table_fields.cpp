@@ -195,6 +195,16 @@ Control* UserTableFields::Check(UserTable table, const UserTableForm& form) {
   return first;
 }
 
+std::optional<FieldRange> UserTableFields::RangeOf(const TextField& field, const UserTableForm& form) const {
+  if (&field == &txtSize) {
+    return FieldRange{.low = static_cast<double>(form.fewest), .high = static_cast<double>(form.most)};
+  }
+  const std::optional<LnrLimits> limits = &field == &txtStep   ? family_.steps
+                                          : &field == &txtBase ? family_.bases
+                                                               : std::nullopt;
+  return limits ? std::optional(FieldRange{.low = limits->low, .high = limits->high}) : std::nullopt;
+}
+
 void UserTableFields::ClearMarks() {
   for (TextField* field : {&txtStep, &txtBase, &txtSize}) {
     field->SetLook(Look::Normal);

@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 
+#include "core/field_range.h"
 #include "files/parameter_page.h"
 #include "linearizer/csv_file.h"
 #include "tables/user_table_family.h"
@@ -31,6 +32,8 @@ class UserTableFields {
   /// what the table has not.
   void Take(const CsvHeads& heads, UserTable table);
   [[nodiscard]] CsvHeads Heads(UserTable table) const;
+  /// The limits by which Check judges one of its fields; nothing for any other field.
+  [[nodiscard]] std::optional<FieldRange> RangeOf(const TextField& field, const UserTableForm& form) const;
 
   // What the device tells. Each shows its text.
   void TakeStep(const String& answer);

@@ -297,6 +297,16 @@ bool UserTables::Upload() {
   return read;
 }
 
+std::optional<FieldRange> UserTables::RangeOfField(const TextField& field) const {
+  const auto of_editor = TablePart::RangeOfField(field);
+  return of_editor ? of_editor : fields.RangeOf(field, *KindOf(shown_).form);
+}
+
+FieldRange UserTables::RangeOfColumn(int /*column*/) const {
+  const LnrLimits& limits = KindOf(shown_).form->limits;
+  return {.low = limits.low, .high = limits.high};
+}
+
 Finding UserTables::CheckShown() {
   InHand().ClearLnrMarks();
   fields.ClearMarks();

@@ -38,6 +38,7 @@ class UserTables final : public TablePart {
   void SettleTabs(TabMoment moment) override;
   [[nodiscard]] String CfgSection() const override;
   SectionRead ReadCfgSection(StringView key, LineReader& lines, int handle) override;
+  [[nodiscard]] std::optional<FieldRange> RangeOfField(const TextField& field) const override;
   /// Reads the table in use from the device; of a linearizer the user is asked first. One that can't be read
   /// has shown its box, and the device has been sent to monitor mode.
   bool Upload() override;
@@ -89,6 +90,7 @@ class UserTables final : public TablePart {
   };
 
   [[nodiscard]] LnrTable& InHand() override { return TableOf(shown_); }
+  [[nodiscard]] FieldRange RangeOfColumn(int column) const override;
   [[nodiscard]] bool IsOfSensor() const override { return shown_ != UserTable::Linearizer; }
   void TakeHeads(const CsvHeads& heads) override { fields.Take(heads, shown_); }
   [[nodiscard]] CsvHeads HeadsToWrite() override;

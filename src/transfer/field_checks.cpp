@@ -16,9 +16,9 @@ namespace {
 constexpr std::size_t kTagLength = 10;
 constexpr unsigned kHighestTagCode = 225;
 constexpr double kScaleLimit = 299.99;
+constexpr StringView kTypes = u"$I10";
 // Inputs in mV or V, without a range of their own.
-constexpr double kInputLimit = 10;
-constexpr double kSmallestSpan = 0.003;
+constexpr FieldRange kInputRange = {.low = -10, .high = 10, .span = 0.003, .suppression = 3};
 constexpr double kLargestSpan = 20;
 
 bool Serves(const ItemRange& range, StringView def_file) {
@@ -27,9 +27,28 @@ bool Serves(const ItemRange& range, StringView def_file) {
 
 }  // namespace
 
-String FieldChecks::ItemText(int item) { return FormatMask(item, u"00"); }
+int FieldChecks::ItemOf(int row) const {
+  const String& key = page_.DataCell(row, kItem);
+  const auto is_digit = [](char16_t character) { return character >= u'0' && character <= u'9'; };
+  const bool plain = key.size() == 2 && is_digit(key[0]) && is_digit(key[1]);
+  return plain && page_.DataCell(row, kGroup) == u"01" ? 10 * (key[0] - u'0') + (key[1] - u'0') : -1;
+}
 
-TextField* FieldChecks::FieldOf(int item) { return page_.FindField(ItemText(item)); }
+String FieldChecks::ItemText(int item) {
+  const auto digit = [](int number) { return static_cast<char16_t>(u'0' + number); };
+  return {digit(item / 10), digit(item % 10)};
+}
+
+TextField* FieldChecks::FieldOf(int item) const {
+  // Asked again and again for every field of a page that comes up: a row that is still the item's isn't
+  // looked for anew.
+  int& row = rows_.at(static_cast<std::size_t>(item));
+  if (row < 0 || ItemOf(row) != item) {
+    row = page_.FindDataRow(ItemText(item));
+  }
+  const bool has_field = row >= 0 && !page_.DataCell(row, kTextIndex).empty();
+  return has_field ? &page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())] : nullptr;
+}
 
 bool FieldChecks::Mark(int item, bool good) {
   page_.SetFieldColor(ItemText(item), good ? Look::Normal : Look::Bad);
@@ -57,6 +76,10 @@ bool FieldChecks::CheckTag() {
   return Mark(kTagItem, good);
 }
 
+std::optional<FieldRange> FieldChecks::RangeOfTag(int item) {
+  return item == kTagItem ? std::optional(FieldRange{.length = static_cast<int>(kTagLength)}) : std::nullopt;
+}
+
 bool FieldChecks::CheckNumbers() {
   bool good = true;
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
@@ -73,14 +96,14 @@ bool FieldChecks::CheckNumbers() {
   return good;
 }
 
-FieldChecks::Limits FieldChecks::LimitsOfType(int type, bool whole_numbers) const {
-  const ChoiceList types = page_.Def.ListOf(u"$I10");
+FieldRange FieldChecks::LimitsOfType(int type, bool whole_numbers) const {
+  const ChoiceList types = page_.Def.ListOf(kTypes);
   const String& own_unit = types.Cell(type, &ListColumns::unit);
   const bool temperature = own_unit.empty() || IsTemperatureUnit(own_unit);
   const String unit = temperature ? UnitOf(kZeroItem) : own_unit;
-  Limits limits = {.low = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::low)), unit),
-                   .high = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::high)), unit),
-                   .span = SpanInUnit(LeadingNumber(types.Cell(type, &ListColumns::span)), unit)};
+  FieldRange limits = {.low = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::low)), unit),
+                       .high = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::high)), unit),
+                       .span = SpanInUnit(LeadingNumber(types.Cell(type, &ListColumns::span)), unit)};
   if (unit != kDegF && unit != kKelvin) {
     return limits;
   }
@@ -94,27 +117,44 @@ FieldChecks::Limits FieldChecks::LimitsOfType(int type, bool whole_numbers) cons
   return limits;
 }
 
+bool FieldChecks::HasPair(int low_item, int high_item) const {
+  return FieldOf(low_item) != nullptr && FieldOf(high_item) != nullptr && page_.Item(low_item) != kNeedless &&
+         page_.Item(high_item) != kNeedless;
+}
+
+bool FieldChecks::LimitsType(int type) const {
+  const ChoiceList types = page_.Def.ListOf(kTypes);
+  return !types.Cell(type, &ListColumns::low).empty() || !types.Cell(type, &ListColumns::high).empty() ||
+         !types.Cell(type, &ListColumns::span).empty();
+}
+
 bool FieldChecks::CheckZeroSpan(bool whole_numbers) {
-  const TextField* zero_field = FieldOf(kZeroItem);
-  const TextField* span_field = FieldOf(kSpanItem);
   const int type = page_.InputTypeRow();
-  if (zero_field == nullptr || span_field == nullptr || page_.Item(kZeroItem) == kNeedless ||
-      page_.Item(kSpanItem) == kNeedless || type < 0) {
+  if (!HasPair(kZeroItem, kSpanItem) || type < 0) {
     return true;
   }
-  const double zero = LeadingNumber(zero_field->Text());
-  const double span_end = LeadingNumber(span_field->Text());
-  const ChoiceList types = page_.Def.ListOf(u"$I10");
-  if (types.Cell(type, &ListColumns::low).empty() && types.Cell(type, &ListColumns::high).empty() &&
-      types.Cell(type, &ListColumns::span).empty()) {
-    const bool good = !whole_numbers || IsGoodWithoutRange(zero, span_end);
+  if (!LimitsType(type)) {
+    const bool good = !whole_numbers || IsGoodWithoutRange(LeadingNumber(FieldOf(kZeroItem)->Text()),
+                                                           LeadingNumber(FieldOf(kSpanItem)->Text()));
     Mark(kZeroItem, good);
     return Mark(kSpanItem, good);
   }
   return MarkPair(kZeroItem, kSpanItem, LimitsOfType(type, whole_numbers));
 }
 
-bool FieldChecks::MarkPair(int low_item, int high_item, const Limits& limits) {
+std::optional<FieldRange> FieldChecks::RangeOfZeroSpan(int item, bool whole_numbers) const {
+  const bool end = item == kZeroItem || item == kSpanItem;
+  const int type = end && HasPair(kZeroItem, kSpanItem) ? page_.InputTypeRow() : -1;
+  if (type < 0) {
+    return std::nullopt;
+  }
+  if (LimitsType(type)) {
+    return LimitsOfType(type, whole_numbers);
+  }
+  return whole_numbers ? std::optional(kInputRange) : std::nullopt;
+}
+
+bool FieldChecks::MarkPair(int low_item, int high_item, const FieldRange& limits) {
   const double low = LeadingNumber(FieldOf(low_item)->Text());
   const double high = LeadingNumber(FieldOf(high_item)->Text());
   if (!AtLeast(low, limits.low)) {
@@ -129,28 +169,35 @@ bool FieldChecks::MarkPair(int low_item, int high_item, const Limits& limits) {
   return Mark(high_item, good);
 }
 
-bool FieldChecks::CheckOutputRange(const OutputItems& output) {
-  if (FieldOf(output.low) == nullptr || FieldOf(output.high) == nullptr ||
-      page_.Item(output.low) == kNeedless || page_.Item(output.high) == kNeedless) {
-    return true;
+std::optional<FieldRange> FieldChecks::LimitsOfOutput(const OutputItems& output) const {
+  if (!HasPair(output.low, output.high)) {
+    return std::nullopt;
   }
   const ChoiceList outputs = page_.Def.ListOf(output.list);
   const String& type = page_.Item(output.type);
   const int row = type.empty() ? -1 : outputs.FindText(type);
   if (row < 0) {
-    return true;
+    return std::nullopt;
   }
   const auto limit = [&](ListColumn column) { return LeadingNumber(outputs.Cell(row, column)); };
-  return MarkPair(output.low, output.high,
-                  {.low = limit(&ListColumns::low),
-                   .high = limit(&ListColumns::high),
-                   .span = limit(&ListColumns::span)});
+  return FieldRange{
+      .low = limit(&ListColumns::low), .high = limit(&ListColumns::high), .span = limit(&ListColumns::span)};
+}
+
+bool FieldChecks::CheckOutputRange(const OutputItems& output) {
+  const std::optional<FieldRange> limits = LimitsOfOutput(output);
+  return !limits || MarkPair(output.low, output.high, *limits);
+}
+
+std::optional<FieldRange> FieldChecks::RangeOfOutput(int item, const OutputItems& output) const {
+  return item == output.low || item == output.high ? LimitsOfOutput(output) : std::nullopt;
 }
 
 bool FieldChecks::IsGoodWithoutRange(double zero, double span_end) {
   const double span = span_end - zero;
-  return IsBetween(kInputLimit, -kInputLimit, zero) && IsBetween(kInputLimit, -kInputLimit, span_end) &&
-         AtLeast(span, kSmallestSpan) && AtLeast(kLargestSpan, span) && AtLeast(3 * span, zero);
+  return IsBetween(kInputRange.high, kInputRange.low, zero) &&
+         IsBetween(kInputRange.high, kInputRange.low, span_end) && AtLeast(span, kInputRange.span) &&
+         AtLeast(kLargestSpan, span) && AtLeast(kInputRange.suppression * span, zero);
 }
 
 bool FieldChecks::CheckScale() {
@@ -171,60 +218,76 @@ bool FieldChecks::CheckScale() {
   return low_good && high_good;
 }
 
-bool FieldChecks::CheckRangeOfType() {
+std::optional<FieldRange> FieldChecks::RangeOfScale(int item) const {
+  const bool end = item == kScaleLowItem || item == kScaleHighItem;
+  if (!end || FieldOf(kScaleLowItem) == nullptr || FieldOf(kScaleHighItem) == nullptr) {
+    return std::nullopt;
+  }
+  return FieldRange{.low = -kScaleLimit, .high = kScaleLimit, .rises = true};
+}
+
+std::optional<FieldRange> FieldChecks::LimitsOfRange() const {
   const std::optional<ChoiceList> ranges = page_.RangesOfType();
   const String& range = page_.Item(kRangeItem);
   const int row = ranges && !range.empty() ? ranges->FindText(range) : -1;
   if (FieldOf(kZeroItem) == nullptr || FieldOf(kSpanItem) == nullptr || row < 0) {
+    return std::nullopt;
+  }
+  return FieldRange{.low = LeadingNumber(ranges->Cell(row, &ListColumns::low)),
+                    .high = LeadingNumber(ranges->Cell(row, &ListColumns::high))};
+}
+
+bool FieldChecks::CheckRangeOfType() {
+  const std::optional<FieldRange> limits = LimitsOfRange();
+  if (!limits) {
     return true;
   }
-  const double low = LeadingNumber(ranges->Cell(row, &ListColumns::low));
-  const double high = LeadingNumber(ranges->Cell(row, &ListColumns::high));
-  const std::array<ItemRange, 2> both = {
-      {{.item = kZeroItem, .low = low, .high = high}, {.item = kSpanItem, .low = low, .high = high}}};
+  const std::array<ItemRange, 2> both = {{{.item = kZeroItem, .low = limits->low, .high = limits->high},
+                                          {.item = kSpanItem, .low = limits->low, .high = limits->high}}};
   return CheckRanges(both, RangeCondition::NoneMissing);
 }
 
-bool FieldChecks::CheckRange(const ItemRange& range) {
-  const TextField* field = FieldOf(range.item);
-  if (field == nullptr || !field->Enabled() || page_.Item(range.item) == kNeedless) {
-    return true;
-  }
-  return Mark(range.item, IsBetween(range.high, range.low, LeadingNumber(field->Text())));
+std::optional<FieldRange> FieldChecks::RangeOfType(int item) const {
+  const bool end = item == kZeroItem || item == kSpanItem;
+  return end && Judges({.item = item}) ? LimitsOfRange() : std::nullopt;
 }
 
-bool FieldChecks::CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition) {
-  if (condition == RangeCondition::OpenInOrder) {
-    return CheckRangesInOrder(ranges);
-  }
-  for (const ItemRange& range : ranges) {
+bool FieldChecks::Judges(const ItemRange& range) const {
+  const TextField* field = FieldOf(range.item);
+  return field != nullptr && field->Enabled() && page_.Item(range.item) != kNeedless;
+}
+
+bool FieldChecks::CheckRange(const ItemRange& range) {
+  return !Judges(range) ||
+         Mark(range.item, IsBetween(range.high, range.low, LeadingNumber(FieldOf(range.item)->Text())));
+}
+
+std::span<const ItemRange> FieldChecks::Asked(std::span<const ItemRange> ranges,
+                                              RangeCondition condition) const {
+  const auto closed = std::find_if(ranges.begin(), ranges.end(), [&](const ItemRange& range) {
     const TextField* field = FieldOf(range.item);
     const bool missing = field == nullptr && condition != RangeCondition::NoneLocked;
     const bool locked = field != nullptr && field->Locked() && condition != RangeCondition::NoneMissing;
-    if (missing || locked) {
-      return true;
-    }
+    return missing || locked;
+  });
+  if (condition == RangeCondition::OpenInOrder) {
+    return ranges.first(static_cast<std::size_t>(closed - ranges.begin()));
   }
+  return closed == ranges.end() ? ranges : std::span<const ItemRange>();
+}
+
+bool FieldChecks::CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition) {
+  const bool in_order = condition == RangeCondition::OpenInOrder;
   bool good = true;
-  for (const ItemRange& range : ranges) {
-    if (Serves(range, page_.DefFile) && !page_.Item(range.item).empty()) {
+  for (const ItemRange& range : Asked(ranges, condition)) {
+    if (Serves(range, page_.DefFile) && (in_order || !page_.Item(range.item).empty())) {
       good = CheckRange(range) && good;
+    }
+    if (in_order && !good) {
+      break;
     }
   }
   return good;
-}
-
-bool FieldChecks::CheckRangesInOrder(std::span<const ItemRange> ranges) {
-  for (const ItemRange& range : ranges) {
-    const TextField* field = FieldOf(range.item);
-    if (field == nullptr || field->Locked()) {
-      return true;
-    }
-    if (Serves(range, page_.DefFile) && !CheckRange(range)) {
-      return false;
-    }
-  }
-  return true;
 }
 
 const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_file) {
@@ -239,25 +302,71 @@ bool FieldChecks::CheckByModel(const ModelCheck& check) {
   return (check.sensor == nullptr || CheckSensor(*check.sensor)) && ranges;
 }
 
+std::optional<FieldRange> FieldChecks::RangeByModel(int item, const ModelCheck& check) const {
+  const auto own = std::find_if(check.ranges.begin(), check.ranges.end(), [&](const ItemRange& range) {
+    return range.item == item && Serves(range, page_.DefFile);
+  });
+  const bool judged = own != check.ranges.end() && Judges(*own) &&
+                      own - check.ranges.begin() < std::ssize(Asked(check.ranges, check.condition));
+  const auto range = judged ? std::optional(FieldRange{.low = own->low, .high = own->high}) : std::nullopt;
+  return check.sensor == nullptr ? range : Narrowed(range, RangeOfSensor(item, *check.sensor));
+}
+
+bool FieldChecks::HasFields(const SensorCheck& check) const {
+  return FieldOf(check.span_item) != nullptr && FieldOf(check.code_item) != nullptr &&
+         FieldOf(check.percent.item) != nullptr;
+}
+
+int FieldChecks::SensorRow(const SensorCheck& check) const {
+  const String& chosen = page_.Item(kRangeItem);
+  return chosen.empty() ? -1 : page_.Def.ListOf(check.table).FindText(chosen);
+}
+
+std::optional<ItemRange> FieldChecks::CodeRangeOf(const SensorCheck& check) const {
+  const int sensor = SensorRow(check);
+  const String code = sensor < 0 ? String() : page_.Def.ListOf(check.table).Code(sensor);
+  const auto range = std::find_if(check.code_ranges.begin(), check.code_ranges.end(),
+                                  [&](const CodeRange& one) { return sensor >= 0 && one.code == code; });
+  return range == check.code_ranges.end()
+             ? std::nullopt
+             : std::optional(ItemRange{.item = check.code_item, .low = range->low, .high = range->high});
+}
+
+std::optional<double> FieldChecks::HighestSpan(const SensorCheck& check) const {
+  const int sensor = SensorRow(check);
+  if (sensor < 0) {
+    return std::nullopt;
+  }
+  const String& base = page_.Def.ListOf(check.table).Cell(sensor, &ListColumns::span_base);
+  return check.span_factor * LeadingNumber(base);
+}
+
 bool FieldChecks::CheckSensor(const SensorCheck& check) {
-  const TextField* span_field = FieldOf(check.span_item);
-  if (span_field == nullptr || FieldOf(check.code_item) == nullptr ||
-      FieldOf(check.percent.item) == nullptr) {
+  if (!HasFields(check)) {
     return true;
   }
-  bool good = true;
-  const ChoiceList sensors = page_.Def.ListOf(check.table);
-  const int sensor = page_.Item(kRangeItem).empty() ? -1 : sensors.FindText(page_.Item(kRangeItem));
-  if (sensor >= 0) {
-    for (const CodeRange& range : check.code_ranges) {
-      if (range.code == sensors.Code(sensor)) {
-        good = CheckRange({.item = check.code_item, .low = range.low, .high = range.high});
-      }
-    }
-    const double highest = check.span_factor * LeadingNumber(sensors.Cell(sensor, &ListColumns::span_base));
-    good = Mark(check.span_item, AtLeast(highest, LeadingNumber(span_field->Text()))) && good;
+  const std::optional<ItemRange> codes = CodeRangeOf(check);
+  bool good = !codes || CheckRange(*codes);
+  if (const std::optional<double> highest = HighestSpan(check)) {
+    const double span = LeadingNumber(FieldOf(check.span_item)->Text());
+    good = Mark(check.span_item, AtLeast(*highest, span)) && good;
   }
   return CheckRange(check.percent) && good;
+}
+
+std::optional<FieldRange> FieldChecks::RangeOfSensor(int item, const SensorCheck& check) const {
+  const bool own = item == check.span_item || item == check.code_item || item == check.percent.item;
+  if (!own || !HasFields(check)) {
+    return std::nullopt;
+  }
+  if (item == check.span_item) {
+    const std::optional<double> highest = HighestSpan(check);
+    return highest ? std::optional(FieldRange{.high = *highest}) : std::nullopt;
+  }
+  const std::optional<ItemRange> range = item == check.code_item ? CodeRangeOf(check) : check.percent;
+  return range && range->item == item && Judges(*range)
+             ? std::optional(FieldRange{.low = range->low, .high = range->high})
+             : std::nullopt;
 }
 
 }  // namespace korva

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <span>
 
+#include "core/field_range.h"
 #include "files/parameter_page.h"
 #include "transfer/known_items.h"
 
@@ -65,50 +68,76 @@ const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_f
 
 /// Checks of fields of which the pages put their own together. Each colours its fields, good or bad, and is
 /// false when one is bad. A field that was corrected loses its mark.
+///
+/// Beside a check stands what tells its limits: those by which it would judge the field of an item of group
+/// "01" as page and set stand now, and nothing for an item that it would not judge. What is blank counts as
+/// judged: it is about to be filled.
 class FieldChecks {
  public:
   /// The page outlives this.
-  explicit FieldChecks(ParameterPage& page) : page_(page) {}
+  explicit FieldChecks(ParameterPage& page) : page_(page) { rows_.fill(-1); }
+
+  /// The item of group "01" that the row of $Data is; -1 for another group and for a key with a role.
+  [[nodiscard]] int ItemOf(int row) const;
 
   /// Item 02: at most 10 characters, each of one byte up to 225 in the code page.
   bool CheckTag();
+  [[nodiscard]] static std::optional<FieldRange> RangeOfTag(int item);
   /// Every open field that may not be blank: a number, or a text of which a part of the page makes one.
   bool CheckNumbers();
   /// Items 14 and 15 against the limits and the smallest span of the input type. With `whole_numbers` limits
   /// in another unit than deg C are rounded to whole numbers, else to those within them, and an input type
   /// without limits has those of a voltage.
   bool CheckZeroSpan(bool whole_numbers);
+  [[nodiscard]] std::optional<FieldRange> RangeOfZeroSpan(int item, bool whole_numbers) const;
   /// The two ends of an output against the limits and the smallest span of its type; they have no unit that
   /// changes. An output type that stands in no row has no limits.
   bool CheckOutputRange(const OutputItems& output = {});
+  [[nodiscard]] std::optional<FieldRange> RangeOfOutput(int item, const OutputItems& output = {}) const;
   /// Items 19 and 20: 20 above 19, both from -299.99 to 299.99.
   bool CheckScale();
+  [[nodiscard]] std::optional<FieldRange> RangeOfScale(int item) const;
   /// Items 14 and 15 against the limits of the range chosen in item 11, under the title of the input type.
   bool CheckRangeOfType();
+  [[nodiscard]] std::optional<FieldRange> RangeOfType(int item) const;
   /// Fields against their ranges, rows by item. Under OpenInOrder the first bad field ends the check and a
   /// blank one counts 0; else every field whose cell isn't empty is judged.
   bool CheckRanges(std::span<const ItemRange> ranges, RangeCondition condition);
   bool CheckSensor(const SensorCheck& check);
   bool CheckByModel(const ModelCheck& check);
+  [[nodiscard]] std::optional<FieldRange> RangeByModel(int item, const ModelCheck& check) const;
 
  private:
-  struct Limits {
-    double low = 0;
-    double high = 0;
-    double span = 0;
-  };
-
   static String ItemText(int item);
-  TextField* FieldOf(int item);
+  [[nodiscard]] TextField* FieldOf(int item) const;
   bool Mark(int item, bool good);
   [[nodiscard]] String UnitOf(int item) const;
-  [[nodiscard]] Limits LimitsOfType(int type, bool whole_numbers) const;
-  bool MarkPair(int low_item, int high_item, const Limits& limits);
+  /// True when the fields of both ends are there and of use.
+  [[nodiscard]] bool HasPair(int low_item, int high_item) const;
+  /// True when the row of the input type limits anything.
+  [[nodiscard]] bool LimitsType(int type) const;
+  [[nodiscard]] FieldRange LimitsOfType(int type, bool whole_numbers) const;
+  [[nodiscard]] std::optional<FieldRange> LimitsOfOutput(const OutputItems& output) const;
+  /// Those of the range chosen in item 11; nothing without one.
+  [[nodiscard]] std::optional<FieldRange> LimitsOfRange() const;
+  bool MarkPair(int low_item, int high_item, const FieldRange& limits);
   static bool IsGoodWithoutRange(double zero, double span_end);
+  [[nodiscard]] bool Judges(const ItemRange& range) const;
   bool CheckRange(const ItemRange& range);
-  bool CheckRangesInOrder(std::span<const ItemRange> ranges);
+  /// The ranges that the condition leaves to be judged on this page.
+  [[nodiscard]] std::span<const ItemRange> Asked(std::span<const ItemRange> ranges,
+                                                 RangeCondition condition) const;
+  /// True when all fields of the sensor's check are there.
+  [[nodiscard]] bool HasFields(const SensorCheck& check) const;
+  /// Row of the sensor chosen in item 11; -1 for none.
+  [[nodiscard]] int SensorRow(const SensorCheck& check) const;
+  // What the chosen sensor limits; nothing without one.
+  [[nodiscard]] std::optional<ItemRange> CodeRangeOf(const SensorCheck& check) const;
+  [[nodiscard]] std::optional<double> HighestSpan(const SensorCheck& check) const;
+  [[nodiscard]] std::optional<FieldRange> RangeOfSensor(int item, const SensorCheck& check) const;
 
   ParameterPage& page_;
+  mutable std::array<int, 100> rows_{};  ///< where each item was found last; -1: nowhere
 };
 
 }  // namespace korva

@@ -7,4 +7,8 @@ bool NumberCheck::CheckValues() {
   return fields_.CheckNumbers() && tag_good;
 }
 
+std::optional<FieldRange> NumberCheck::RangeOf(int row) const {
+  return FieldChecks::RangeOfTag(fields_.ItemOf(row));
+}
+
 }  // namespace korva

@@ -11,6 +11,7 @@ class NumberCheck : public CheckSteps {
   /// The page outlives this.
   explicit NumberCheck(ParameterPage& page) : fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   FieldChecks fields_;

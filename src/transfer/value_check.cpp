@@ -17,8 +17,11 @@ bool IsEmpty(const TextField& field) { return field.Visible() && field.Enabled()
 
 ValueCheck::ValueCheck(ParameterPage& page, const RowForm& form, CheckSteps& steps)
     : page_(page), form_(form), steps_(steps) {
+  page_.Add(*this);
   page_.cmdCheck.OnClick = [this] { Run(); };
 }
+
+std::optional<FieldRange> ValueCheck::RangeOfRow(int row) const { return steps_.RangeOf(row); }
 
 void ValueCheck::Run() {
   page_.LockFrame();

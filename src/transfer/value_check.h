@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/field_range.h"
 #include "transfer/row_form.h"
 
 namespace korva {
@@ -14,18 +15,20 @@ class CheckSteps {
 
   /// Colours the fields, good or bad; false when one is bad.
   virtual bool CheckValues() = 0;
+  /// The limits by which CheckValues judges the field of this row of $Data, as page and set stand now;
+  /// nothing for a field that it leaves alone.
+  [[nodiscard]] virtual std::optional<FieldRange> RangeOf(int /*row*/) const { return std::nullopt; }
 };
 
 /// The check of a page's values, before anything is written and with cmdCheck: blank fields, then the values,
-/// then the parts of the page, then the choices.
-class ValueCheck {
+/// then the parts of the page, then the choices. As a part of the page it tells by which limits fields are
+/// judged, and does nothing else.
+class ValueCheck final : public PagePart, public RangeTeller {
  public:
-  /// Takes the page's button. All outlive this.
+  /// Adds itself to the page and takes its button. All outlive this.
   ValueCheck(ParameterPage& page, const RowForm& form, CheckSteps& steps);
-  ValueCheck(const ValueCheck&) = delete;
-  ValueCheck& operator=(const ValueCheck&) = delete;
-  ~ValueCheck() = default;
 
+  [[nodiscard]] std::optional<FieldRange> RangeOfRow(int row) const override;
   /// cmdCheck: marks every bad value, and tells the result.
   void Run();
   /// False after the box that tells what is wrong. Bad fields are marked; a field that was corrected loses

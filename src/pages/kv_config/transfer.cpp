@@ -55,6 +55,18 @@ bool KvConfigCheck::CheckValues() {
          fields_.CheckScale() && CheckModel();
 }
 
+std::optional<FieldRange> KvConfigCheck::RangeOf(int row) const {
+  const int item = fields_.ItemOf(row);
+  auto range = Narrowed(FieldChecks::RangeOfTag(item),
+                        fields_.RangeOfZeroSpan(item, page_.Model().whole_number_limits));
+  range = Narrowed(range, fields_.RangeOfScale(item));
+  if (page_.Model().range_follows_type) {
+    range = Narrowed(range, fields_.RangeOfType(item));
+  }
+  const ModelCheck* check = FindCheck(KvConfigChecks(), page_.DefFile);
+  return check == nullptr ? range : Narrowed(range, fields_.RangeByModel(item, *check));
+}
+
 bool KvConfigCheck::CheckModel() {
   const ModelCheck* check = FindCheck(KvConfigChecks(), page_.DefFile);
   const bool filter = check != nullptr && check->beginning;

@@ -37,6 +37,7 @@ class KvConfigCheck final : public CheckSteps {
  public:
   explicit KvConfigCheck(KvConfig& page);
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   bool CheckModel();

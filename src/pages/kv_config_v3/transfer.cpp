@@ -64,6 +64,13 @@ std::optional<CodeTable> KvConfigV3Form::CodesOf(int item) const {
   return CodeTable{.key = key == kRangesKey ? kRangeTable : key};
 }
 
+std::optional<FieldRange> KvConfigV3Check::RangeOf(int row) const {
+  const int item = fields_.ItemOf(row);
+  const auto range = Narrowed(FieldChecks::RangeOfTag(item), fields_.RangeOfScale(item));
+  const ModelCheck* check = FindCheck(KvConfigV3Checks(), page_.DefFile);
+  return check == nullptr ? range : Narrowed(range, fields_.RangeByModel(item, *check));
+}
+
 bool KvConfigV3Check::CheckValues() {
   if (!fields_.CheckTag() || !fields_.CheckScale()) {
     return false;

@@ -35,6 +35,7 @@ class KvConfigV3Check final : public CheckSteps {
   KvConfigV3Check(ParameterPage& page, KvConfigV3Alarms& alarms)
       : page_(page), alarms_(alarms), fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   ParameterPage& page_;

@@ -23,7 +23,16 @@ bool UnivConfigCheck::CheckValues() {
          fields_.CheckScale();
 }
 
-bool UnivConfigCheck::Judges(int item) {
+std::optional<FieldRange> UnivConfigCheck::RangeOf(int row) const {
+  const int item = fields_.ItemOf(row);
+  auto range = Narrowed(FieldChecks::RangeOfTag(item), fields_.RangeOfScale(item));
+  if (JudgesInputRange()) {
+    range = Narrowed(range, fields_.RangeOfZeroSpan(item, false));
+  }
+  return JudgesOutputRange() ? Narrowed(range, fields_.RangeOfOutput(item)) : range;
+}
+
+bool UnivConfigCheck::Judges(int item) const {
   const String key = FormatMask(item, u"00");
   const TextField* field = page_.FindField(key);
   if (field == nullptr || field->Locked() || page_.Item(item) == kNeedless) {
@@ -46,13 +55,15 @@ bool UnivConfigCheck::CheckNumbers() {
   return good;
 }
 
-bool UnivConfigCheck::CheckInputRange() {
+bool UnivConfigCheck::JudgesInputRange() const {
   const bool limited = ClassOfInput(page_.Item(kTypeItem)) != InputClass::None;
-  return !limited || !Judges(kZeroItem) || !Judges(kSpanItem) || fields_.CheckZeroSpan(false);
+  return limited && Judges(kZeroItem) && Judges(kSpanItem);
 }
 
-bool UnivConfigCheck::CheckOutputRange() {
-  return !Judges(kOutputZeroItem) || !Judges(kOutputSpanItem) || fields_.CheckOutputRange();
-}
+bool UnivConfigCheck::JudgesOutputRange() const { return Judges(kOutputZeroItem) && Judges(kOutputSpanItem); }
+
+bool UnivConfigCheck::CheckInputRange() { return !JudgesInputRange() || fields_.CheckZeroSpan(false); }
+
+bool UnivConfigCheck::CheckOutputRange() { return !JudgesOutputRange() || fields_.CheckOutputRange(); }
 
 }  // namespace korva

@@ -28,10 +28,13 @@ class UnivConfigCheck final : public CheckSteps {
  public:
   UnivConfigCheck(ParameterPage& page, const RowForm& form) : page_(page), form_(form), fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   /// True when the item is to be judged: it is of use, and its field can be typed into.
-  bool Judges(int item);
+  [[nodiscard]] bool Judges(int item) const;
+  [[nodiscard]] bool JudgesInputRange() const;
+  [[nodiscard]] bool JudgesOutputRange() const;
   bool CheckNumbers();
   bool CheckInputRange();
   bool CheckOutputRange();

@@ -11,6 +11,12 @@ bool Z2KvConfigCheck::CheckValues() {
          fields_.CheckScale();
 }
 
+std::optional<FieldRange> Z2KvConfigCheck::RangeOf(int row) const {
+  const int item = fields_.ItemOf(row);
+  const auto range = Narrowed(FieldChecks::RangeOfTag(item), fields_.RangeOfZeroSpan(item, false));
+  return Narrowed(Narrowed(range, fields_.RangeOfOutput(item)), fields_.RangeOfScale(item));
+}
+
 bool Z2KvConfigDownload::ConfirmModel() { return ModelChosen(Page()) && ConfirmModelOfDevice(Page()); }
 
 bool Z2KvConfigDownload::Collate() { return CollateInputType(Page()) && CollateOutputType(Page()); }

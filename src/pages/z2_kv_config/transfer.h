@@ -21,6 +21,7 @@ class Z2KvConfigCheck final : public CheckSteps {
  public:
   explicit Z2KvConfigCheck(ParameterPage& page) : fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   FieldChecks fields_;

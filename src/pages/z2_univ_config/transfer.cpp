@@ -25,6 +25,13 @@ bool Z2UnivConfigCheck::CheckValues() {
          fields_.CheckOutputRange(kSecondOutputRange);
 }
 
+std::optional<FieldRange> Z2UnivConfigCheck::RangeOf(int row) const {
+  const int item = fields_.ItemOf(row);
+  const auto range = Narrowed(FieldChecks::RangeOfTag(item), fields_.RangeOfZeroSpan(item, false));
+  return Narrowed(Narrowed(range, fields_.RangeOfOutput(item)),
+                  fields_.RangeOfOutput(item, kSecondOutputRange));
+}
+
 bool Z2UnivConfigDownload::Collate() {
   return CollateInputType(Page(), kInputClasses) && CollateOutputType(Page());
 }

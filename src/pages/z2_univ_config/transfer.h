@@ -34,6 +34,7 @@ class Z2UnivConfigCheck final : public CheckSteps {
  public:
   explicit Z2UnivConfigCheck(ParameterPage& page) : fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   FieldChecks fields_;

@@ -52,24 +52,41 @@ bool Z8KvConfigCheck::CheckValues() {
   return good;
 }
 
+std::optional<FieldRange> Z8KvConfigCheck::RangeOf(int row) const {
+  for (const RangeEnds& range : kRanges) {
+    if (row == page_.FindDataRow(range.low_key) || row == page_.FindDataRow(range.high_key)) {
+      return LimitsOf(range);
+    }
+  }
+  return FieldChecks::RangeOfTag(fields_.ItemOf(row));
+}
+
 bool Z8KvConfigCheck::CheckRange(const RangeEnds& range) {
+  const std::optional<FieldRange> limits = LimitsOf(range);
+  return !limits || CheckEnds(range, *limits);
+}
+
+std::optional<FieldRange> Z8KvConfigCheck::LimitsOf(const RangeEnds& range) const {
   const ChoiceList choices = page_.Def.ListOf(range.list);
   const String& chosen = page_.Item(range.choice);
   const int row = chosen.empty() ? -1 : choices.FindText(chosen);
   const int low_row = page_.FindDataRow(range.low_key);
-  return row < 0 || low_row < 0 || page_.SetCell(low_row) == kNeedless || CheckEnds(range, choices, row);
-}
-
-bool Z8KvConfigCheck::CheckEnds(const RangeEnds& range, const ChoiceList& choices, int row) {
+  if (row < 0 || low_row < 0 || page_.SetCell(low_row) == kNeedless) {
+    return std::nullopt;
+  }
   const auto number = [&](ListColumn column) { return LeadingNumber(choices.Cell(row, column)); };
-  const Label* label = page_.UnitLabelOf(page_.FindDataRow(range.low_key));
+  const Label* label = page_.UnitLabelOf(low_row);
   const bool temperature = IsTemperatureUnit(choices.Cell(row, &ListColumns::unit));
   const String unit = temperature && label != nullptr ? label->Caption() : String();
-  const double lowest = LowestInUnit(number(&ListColumns::low), unit);
-  const double highest = HighestInUnit(number(&ListColumns::high), unit);
+  return FieldRange{.low = LowestInUnit(number(&ListColumns::low), unit),
+                    .high = HighestInUnit(number(&ListColumns::high), unit),
+                    .span = SpanInUnit(number(&ListColumns::span), unit)};
+}
+
+bool Z8KvConfigCheck::CheckEnds(const RangeEnds& range, const FieldRange& limits) {
   const PairTexts ends = SplitPair(page_.SetCell(page_.FindDataRow(range.low_key)));
   const auto within = [&](StringView key, const String& text) {
-    const bool good = IsBetween(highest, lowest, LeadingNumber(text));
+    const bool good = IsBetween(limits.high, limits.low, LeadingNumber(text));
     page_.SetFieldColor(key, good ? Look::Normal : Look::Bad);
     return good;
   };
@@ -79,7 +96,7 @@ bool Z8KvConfigCheck::CheckEnds(const RangeEnds& range, const ChoiceList& choice
     return false;
   }
   const String width = FormatMask(LeadingNumber(ends.second) - LeadingNumber(ends.first), u"#0.000");
-  const bool wide = AtLeast(LeadingNumber(width), SpanInUnit(number(&ListColumns::span), unit));
+  const bool wide = AtLeast(LeadingNumber(width), limits.span);
   for (const StringView key : {range.low_key, range.high_key}) {
     page_.SetFieldColor(key, wide ? Look::Normal : Look::Bad);
   }

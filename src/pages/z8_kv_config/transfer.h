@@ -42,10 +42,13 @@ class Z8KvConfigCheck final : public CheckSteps {
  public:
   explicit Z8KvConfigCheck(ParameterPage& page) : page_(page), fields_(page) {}
   bool CheckValues() override;
+  [[nodiscard]] std::optional<FieldRange> RangeOf(int row) const override;
 
  private:
   bool CheckRange(const RangeEnds& range);
-  bool CheckEnds(const RangeEnds& range, const ChoiceList& choices, int row);
+  bool CheckEnds(const RangeEnds& range, const FieldRange& limits);
+  /// Those of both ends; nothing without a choice, and for a pair that is of no use.
+  [[nodiscard]] std::optional<FieldRange> LimitsOf(const RangeEnds& range) const;
 
   ParameterPage& page_;
   FieldChecks fields_;
