@@ -278,6 +278,7 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
     widget->setReadOnly(field.Locked());
     widget->setInputMethodHints(field.Numeric() ? Qt::ImhPreferNumbers | Qt::ImhPreferLatin : Qt::ImhNone);
     widget->ShowMark(field.Marked());
+    widget->ShowOutside(field.Outside() && field.ShownLook() != Look::Bad);
     widget->setAlignment((field.Numeric() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (widget->property("look").toInt() != static_cast<int>(field.ShownLook()) ||
         widget->property("dimmed").toBool() != field.Dimmed()) {

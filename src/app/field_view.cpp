@@ -13,6 +13,15 @@
 
 namespace korva {
 
+namespace {
+
+// Pixels from the left edge, beside the bar of a difference.
+constexpr int kSignStart = 7;
+constexpr int kSignSize = 13;
+constexpr int kSignEnd = kSignStart + kSignSize;
+
+}  // namespace
+
 void FieldView::Amend(const QString& text) {
   const QSignalBlocker blocker(this);
   const int cursor = cursorPosition();
@@ -38,6 +47,14 @@ void FieldView::contextMenuEvent(QContextMenuEvent* event) {
   menu->popup(event->globalPos());
 }
 
+void FieldView::ShowOutside(bool outside) {
+  if (outside_ != outside) {
+    outside_ = outside;
+    setTextMargins(outside ? kSignEnd : 0, 0, 0, 0);
+    update();
+  }
+}
+
 void FieldView::keyPressEvent(QKeyEvent* event) {
   const bool pastes = event->matches(QKeySequence::Paste);
   if (pastes && !isReadOnly() && OnPaste && OnPaste(QGuiApplication::clipboard()->text())) {
@@ -54,6 +71,11 @@ void FieldView::inputMethodEvent(QInputMethodEvent* event) {
 
 void FieldView::paintEvent(QPaintEvent* event) {
   QLineEdit::paintEvent(event);
+  if (outside_) {
+    QPainter painter(this);
+    const QRect place(kSignStart, (height() - kSignSize) / 2, kSignSize, kSignSize);
+    DrawWarningSign(painter, place, palette().color(QPalette::Text));
+  }
   if (marked_) {
     QPainter painter(this);
     DrawMark(painter, rect().adjusted(4, 0, -4, -2), palette().color(QPalette::Text));

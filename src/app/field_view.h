@@ -18,6 +18,8 @@ class FieldView final : public QLineEdit {
   /// Replaces the text where an edit has left it, raising nothing; the cursor stays.
   void Amend(const QString& text);
   void ShowMark(bool marked);
+  /// Draws the sign of a number outside its limits, at the end that a number leaves free.
+  void ShowOutside(bool outside);
 
  protected:
   bool event(QEvent* event) override;
@@ -29,6 +31,7 @@ class FieldView final : public QLineEdit {
  private:
   bool typing_ = false;
   bool marked_ = false;
+  bool outside_ = false;
 };
 
 }  // namespace korva

@@ -60,6 +60,18 @@ void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
   painter.drawPolyline(wave);
 }
 
+void DrawWarningSign(QPainter& painter, const QRect& area, const QColor& colour) {
+  const QRectF sign = QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5);
+  const qreal middle = sign.center().x();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolygon(QPolygonF({{middle, sign.top()}, sign.bottomRight(), sign.bottomLeft()}));
+  const qreal height = sign.height();
+  painter.drawLine(QPointF(middle, sign.top() + 0.4 * height), QPointF(middle, sign.top() + 0.66 * height));
+  painter.drawPoint(QPointF(middle, sign.top() + 0.83 * height));
+}
+
 QPalette PaletteAtRest(const QPalette& system) {
   QPalette palette = system;
   palette.setBrush(QPalette::Base, system.window());

@@ -21,5 +21,8 @@ int Digits(const QWidget* widget, int count);
 
 /// Draws the mark of a text that the user should look at: a faint wave along the lower edge of `area`.
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);
+/// Draws the sign of a value that lies outside its limits: a triangle with an exclamation mark that fills
+/// `area`, which is a square.
+void DrawWarningSign(QPainter& painter, const QRect& area, const QColor& colour);
 
 }  // namespace korva

@@ -14,6 +14,7 @@
 
 #include "app/accessible.h"
 #include "app/focus_keeper.h"
+#include "app/help_tips.h"
 #include "app/list_view.h"
 #include "app/looks.h"
 #include "app/model_finder.h"
@@ -79,6 +80,7 @@ PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
   all->addWidget(MakeStatus());
   new FocusKeeper(*this);
   new SpokenPage(*this, page_);
+  new HelpTips(page_, *this);
 }
 
 QWidget* PageView::MakeModelList() {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "companions/edit_history.h"
+#include "companions/field_help.h"
 #include "companions/line_button.h"
 #include "companions/report_writer.h"
 #include "companions/settings_printer.h"
@@ -19,6 +20,7 @@ void Companions::Join(ParameterPage& page) {
     page.Adopt(std::make_unique<SettingsPrinter>(page, *paper_));
   }
   page.Adopt(std::make_unique<EditHistory>(page));  // behind all whose buttons end what is typed
+  page.Adopt(std::make_unique<FieldHelp>(page));    // behind whatever changes fields
 }
 
 }  // namespace korva

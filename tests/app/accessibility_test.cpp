@@ -218,10 +218,10 @@ TEST(SpokenTest, TellsWhatAFieldIsInAndFollowsIt) {
   control.SetLook(Look::Bad);
   expect("%, 不適当な値");
   control.SetLook(Look::Normal);
-  control.SetOutside(true);
+  control.UserTypes(u"300");  // the page marks it itself
   control.SetDiffers(true);
   expect("%, 範囲外の値です, 比較したものと異なります");
-  control.SetOutside(false);
+  control.UserTypes({});
   control.SetDiffers(false);
   control.SetMarked(true);
   expect("%, 要確認");

@@ -19,6 +19,7 @@
 #include "app/digits_view.h"
 #include "app/qt_record_place.h"
 #include "app/trend_view.h"
+#include "contrast.h"
 #include "core/text_utilities.h"
 #include "monitor/status_monitor.h"
 #include "paint_count.h"
@@ -92,18 +93,6 @@ void SetDark() {
     }
   }
   QApplication::setPalette(dark);
-}
-
-double Luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double ContrastOf(const QColor& one, const QColor& other) {
-  const auto [low, high] = std::minmax(Luminance(one), Luminance(other));
-  return (high + 0.05) / (low + 0.05);
 }
 
 TEST(WatchViewTest, TilesStandAsTheirPlaceAllows) {
@@ -311,10 +300,11 @@ TEST(WatchViewTest, EverythingCanBeReadInLightAndDark) {
     bench.Turn(u"12.50");
     const QColor base = bench.Tile(0)->palette().color(QPalette::Base);
     EXPECT_EQ(bench.Tile(0)->backgroundRole(), QPalette::Base);
-    EXPECT_GE(ContrastOf(bench.In<DigitsView>(0)->Colour(), base), 4.5) << dark;
-    EXPECT_GE(ContrastOf(bench.In<QLabel>(0, "age")->palette().color(QPalette::Text), base), 4.5) << dark;
+    EXPECT_GE(test::ContrastOf(bench.In<DigitsView>(0)->Colour(), base), 4.5) << dark;
+    EXPECT_GE(test::ContrastOf(bench.In<QLabel>(0, "age")->palette().color(QPalette::Text), base), 4.5)
+        << dark;
     bench.Tell(0, {}, false);
-    EXPECT_GE(ContrastOf(bench.In<DigitsView>(0)->Colour(), base), 4.5) << dark << " dimmed";
+    EXPECT_GE(test::ContrastOf(bench.In<DigitsView>(0)->Colour(), base), 4.5) << dark << " dimmed";
     if (const char* folder = std::getenv("PANEL_PICTURES")) {
       TakePictures(QString::fromUtf8(folder), QLatin1String(dark ? "dark" : "light"));
     }
