@@ -11,7 +11,6 @@ ModelFinder::ModelFinder(ListView& list, const QString& prompt, QWidget* parent)
   setPlaceholderText(prompt);
   setToolTip(prompt);
   setClearButtonEnabled(true);
-  setTabOrder(this, &list);  // which stands below
   connect(this, &QLineEdit::textChanged, this, [this](const QString& words) { list_.Narrow(words); });
 }
 

@@ -78,6 +78,7 @@ PageView::PageView(Page& page, EventGate& gate, QWidget* parent)
   auto* all = new QVBoxLayout(this);
   all->addLayout(middle, 1);
   all->addWidget(MakeStatus());
+  setTabOrder(finder_, findChild<ListView*>());  // the list stands below
   new FocusKeeper(*this);
   new SpokenPage(*this, page_);
   new HelpTips(page_, *this);

@@ -165,6 +165,8 @@ TEST(KeyboardTest, BeginsInTheListOfModels) {
   window.show();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("lst_TypeSelect"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("txtFindModel"));
 }
 
 TEST(KeyboardTest, AWindowThatShowsNothingYetHasTheKeyboardOnAButton) {
