@@ -137,15 +137,13 @@ class DifferenceMark final : public QWidget {
   }
 
  private:
-  void Place() { setGeometry(0, 0, kMark, parentWidget()->height()); }
+  void Place() { setGeometry(0, 0, kDifferenceMark, parentWidget()->height()); }
   /// One that is seen on the marked widget in its present look.
   void TakeColour() {
     QPalette palette;
     palette.setColor(QPalette::Window, MarkColour(parentWidget()->palette().color(QPalette::Base)));
     setPalette(palette);
   }
-
-  static constexpr int kMark = 4;  // pixels
 };
 
 /// Shows or takes away the mark of a difference, which is made when it is needed.

@@ -6,10 +6,18 @@
 #include "app/accessible.h"
 #include "app/looks.h"
 #include "app/text.h"
+#include "core/texts.h"
 
 namespace korva {
 
 namespace {
+
+/// What a screen reader tells of a cell.
+QString Told(const Grid::Cell& cell) {
+  const QString state = cell.marked ? LookWords() : StateWords(cell.look);
+  const QString mark = ToQt(CaptionText(TextKey::CompareMark));
+  return !cell.differs ? state : state.isEmpty() ? mark : state + QStringLiteral("、") + mark;
+}
 
 /// What is drawn of a cell; `look` is the one that its column lends it.
 QVariant Drawn(const Grid::Cell& cell, Look look, int role, const QWidget& view) {
@@ -24,8 +32,10 @@ QVariant Drawn(const Grid::Cell& cell, Look look, int role, const QWidget& view)
       return cell.look == Look::Normal ? QVariant() : PaletteOf(look, QApplication::palette(&view)).text();
     case GridModel::kMarkRole:
       return cell.marked;
+    case GridModel::kDiffersRole:
+      return cell.differs;
     case Qt::AccessibleDescriptionRole:
-      return cell.marked ? LookWords() : StateWords(cell.look);
+      return Told(cell);
     default:
       return {};
   }

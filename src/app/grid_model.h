@@ -13,6 +13,8 @@ class GridModel final : public QAbstractTableModel {
  public:
   /// True of a cell with an edit of its text that stands open.
   static constexpr int kMarkRole = Qt::UserRole;
+  /// True of a cell that differs from what the table was compared with.
+  static constexpr int kDiffersRole = Qt::UserRole + 1;
 
   /// Both outlive the model. Cells are drawn in the colours of the `view`.
   GridModel(const Grid& grid, const QWidget& view) : grid_(grid), view_(view) {}

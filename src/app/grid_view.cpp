@@ -12,17 +12,30 @@
 
 #include "app/looks.h"
 #include "app/text.h"
+#include "print/contrast.h"
 
 namespace korva {
 
 namespace {
 
-/// Draws the cells, and the mark of an open edit over its cell.
+/// What a cell is drawn on.
+QColor BaseOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const QVariant own = index.data(Qt::BackgroundRole);
+  return own.isValid() ? own.value<QBrush>().color() : option.palette.color(QPalette::Base);
+}
+
+/// Draws the cells, and over them the mark of an open edit, and of a text that differs from what the table
+/// was compared with.
 class MarkDelegate final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyledItemDelegate::paint(painter, option, index);
+    if (index.data(GridModel::kDiffersRole).toBool()) {
+      QRect bar = option.rect;
+      bar.setWidth(kDifferenceMark);
+      painter->fillRect(bar, MarkColour(BaseOf(option, index)));
+    }
     if (index.data(GridModel::kMarkRole).toBool()) {
       const QColor text = index.data(Qt::ForegroundRole).value<QBrush>().color();
       painter->save();

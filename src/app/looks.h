@@ -19,6 +19,9 @@ QPalette PaletteAtWork(const QPalette& system);
 /// Width of `count` digits in the widget's font, in pixels.
 int Digits(const QWidget* widget, int count);
 
+/// Width of the bar that marks a value which differs from what the page was compared with, in pixels.
+inline constexpr int kDifferenceMark = 4;
+
 /// Draws the mark of a text that the user should look at: a faint wave along the lower edge of `area`.
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);
 /// Draws the sign of a value that lies outside its limits: a triangle with an exclamation mark that fills

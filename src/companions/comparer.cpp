@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "companions/row_value.h"
 #include "core/numbers.h"
@@ -177,9 +178,9 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
   }
 }
 
-void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) const {
-  for (const Control* control : page_.Controls()) {
-    const auto* const here = dynamic_cast<const Grid*>(control);
+void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
+  for (Control* control : page_.Controls()) {
+    auto* const here = dynamic_cast<Grid*>(control);
     const auto* const there =
         here == nullptr ? nullptr : dynamic_cast<const Grid*>(other.Page().FindControl(here->FullName()));
     const int rows = there == nullptr ? 0 : std::min(here->Rows(), there->Rows());
@@ -192,6 +193,7 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) c
                            .caption = CaptionText(TextKey::UserTable) + here->At(0, column).text,
                            .page = one,
                            .other = another});
+          Mark(*here, row, column);
         }
       }
     }
@@ -228,7 +230,23 @@ void Comparer::Mark(int row) {
   }
 }
 
+void Comparer::Mark(Grid& grid, int row, int column) {
+  marked_grids_[&grid] = grid.Edits();
+  grid.SetCellDiffers(row, column);
+  if (followed_.insert(&grid).second) {
+    grid.Observe([this, &grid] {
+      const auto marked = marked_grids_.find(&grid);
+      if (marked != marked_grids_.end() && marked->second != grid.Edits()) {
+        Unmark();
+      }
+    });
+  }
+}
+
 void Comparer::Unmark() {
+  for (const auto& [grid, edits] : std::exchange(marked_grids_, {})) {
+    grid->ClearDiffers();
+  }
   for (Control* control : marked_) {
     control->SetDiffers(false);
   }

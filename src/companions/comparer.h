@@ -1,10 +1,13 @@
 #pragma once
 
+#include <map>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "companions/comparison.h"
 #include "companions/second_page.h"
+#include "core/grid.h"
 
 namespace korva {
 
@@ -39,7 +42,7 @@ class Comparer final : public PagePart {
   void Take(Comparison::With with, SecondPage& other, Comparison::Outcome outcome);
   std::vector<Difference> DifferencesFrom(SecondPage& other);
   void CompareRows(SecondPage& other, std::vector<Difference>& found);
-  void CompareGrids(SecondPage& other, std::vector<Difference>& found) const;
+  void CompareGrids(SecondPage& other, std::vector<Difference>& found);
   void CompareTableFields(SecondPage& other, std::vector<Difference>& found) const;
   [[nodiscard]] bool IsCompared(int row) const;
   /// True for the row of the input type, where both pages have the same one, which devices of another version
@@ -48,6 +51,7 @@ class Comparer final : public PagePart {
   /// Lets the other page show its temperatures in this page's unit.
   void AlignUnits(ParameterPage& other) const;
   void Mark(int row);
+  void Mark(Grid& grid, int row, int column);
 
   ParameterPage& page_;
   const Families& families_;
@@ -55,6 +59,8 @@ class Comparer final : public PagePart {
   Comparison& comparison_;
   ComparisonPanel& panel_;
   std::vector<Control*> marked_;
+  std::map<Grid*, unsigned> marked_grids_;  ///< with how often each was edited until then
+  std::set<Grid*> followed_;                ///< whose edits are told
 };
 
 }  // namespace korva

@@ -55,6 +55,7 @@ void Grid::Resize(int rows, int columns) {
   }
   bad_cells_ = static_cast<int>(
       std::count_if(cells_.begin(), cells_.end(), [](const Cell& cell) { return cell.look == Look::Bad; }));
+  ++edits_;
   CellChanged(-1, -1);
 }
 
@@ -75,6 +76,7 @@ void Grid::SetText(int row, int column, const String& text) {
   Cell& cell = cells_.at(Place(row, column));
   if (cell.text != text) {
     cell.text = text;
+    ++edits_;
     CellChanged(row, column);
   }
 }
@@ -97,6 +99,24 @@ void Grid::SetMarked(int row, int column, bool marked) {
   if (cell.marked != marked) {
     cell.marked = marked;
     CellChanged(row, column);
+  }
+}
+
+void Grid::SetCellDiffers(int row, int column) {
+  Cell& cell = cells_.at(Place(row, column));
+  if (!cell.differs) {
+    cell.differs = true;
+    CellChanged(row, column);
+  }
+}
+
+void Grid::ClearDiffers() {
+  bool any = false;
+  for (Cell& cell : cells_) {
+    any = std::exchange(cell.differs, false) || any;
+  }
+  if (any) {
+    CellChanged(-1, -1);
   }
 }
 

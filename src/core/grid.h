@@ -23,7 +23,8 @@ class Grid : public Control {
   struct Cell {
     String text;
     Look look = Look::Normal;
-    bool marked = false;  ///< an edit of its text stands open
+    bool marked = false;   ///< an edit of its text stands open
+    bool differs = false;  ///< its text is not the one that the table was compared with
     bool operator==(const Cell&) const = default;
   };
   using Control::Control;
@@ -44,6 +45,10 @@ class Grid : public Control {
   void SetText(int row, int column, const String& text);
   void SetLook(int row, int column, Look look);
   void SetMarked(int row, int column, bool marked);
+  /// Marks a cell as differing from what the table was compared with.
+  void SetCellDiffers(int row, int column);
+  /// Takes these marks from all cells.
+  void ClearDiffers();
   [[nodiscard]] bool IsBad() const override { return bad_cells_ > 0; }
   [[nodiscard]] int TopRow() const { return top_row_; }
   void SetTopRow(int row) { Assign(top_row_, row); }
@@ -67,6 +72,8 @@ class Grid : public Control {
   [[nodiscard]] std::pair<int, int> LastChange() const { return last_change_; }
   /// How often cells or the size have changed: tells a view whether a change is one of the table at all.
   [[nodiscard]] unsigned Changes() const { return changes_; }
+  /// How often a text or the size has changed.
+  [[nodiscard]] unsigned Edits() const { return edits_; }
 
   /// The user's click on a cell (0 to Rows() - 1, 0 to Columns() - 1).
   void UserClicks(int row, int column) const {
@@ -92,6 +99,7 @@ class Grid : public Control {
   std::pair<int, int> current_cell_ = {0, 0};
   std::pair<int, int> last_change_ = {-1, -1};
   unsigned changes_ = 0;
+  unsigned edits_ = 0;
   int bad_cells_ = 0;
   int rows_in_use_ = -1;
   std::vector<Cell> cells_;

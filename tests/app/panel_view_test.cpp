@@ -146,5 +146,32 @@ TEST(PanelViewTest, ListsWhatDiffersAndMarksItsFieldUntilTheNextEdit) {
   QAccessible::setActive(false);
 }
 
+TEST(PanelViewTest, ACellThatDiffersHasABarAtItsLeftEdge) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Show(3);
+  auto* table = bench.Find<QTableView>("LnrFlexGrid");
+  const auto cell = [&](int row, int column) { return table->model()->index(row, column); };
+  const auto left_edge = [&](int row, int column) {
+    QCoreApplication::processEvents();
+    const QRect place = table->visualRect(cell(row, column));
+    return table->viewport()->grab().toImage().pixelColor(place.left() + 1, place.center().y());
+  };
+  const QColor plain = left_edge(1, 1);
+  bench.device.device.Set("01", "60", "12.5");
+  bench.Press("cmdCompare");
+  EXPECT_NE(left_edge(1, 1), plain);
+  EXPECT_EQ(left_edge(2, 1), plain);
+  EXPECT_FALSE(cell(1, 1).data(Qt::AccessibleDescriptionRole).toString().isEmpty());
+  bench.application.program.Loop().Gate().Enter([&] { bench.Page().Text[10].UserTypes(u"9"); });
+  EXPECT_EQ(left_edge(1, 1), plain);
+  EXPECT_TRUE(cell(1, 1).data(Qt::AccessibleDescriptionRole).toString().isEmpty());
+  if (const char* folder = std::getenv("PANEL_PICTURES")) {
+    bench.Press("cmdCompare");
+    QCoreApplication::processEvents();
+    bench.window.grab().save(QString::fromUtf8(folder) + "/cells.png");
+  }
+}
+
 }  // namespace
 }  // namespace korva::test

@@ -111,6 +111,32 @@ TEST(ComparisonTest, ComparesThePointsOfATable) {
   EXPECT_EQ(found.front().other, u"12.50");
 }
 
+TEST(ComparisonTest, MarksThePointsThatDifferUntilTheNextEditOfTheTableOrOfAField) {
+  CompareBench bench(u"QHW");
+  auto& grid = dynamic_cast<Grid&>(*bench.Page().FindControl("LnrFlexGrid"));
+  bench.device.Set("01", "60", "12.5");
+  bench.Compare();
+  EXPECT_TRUE(grid.At(1, 1).differs);
+  EXPECT_FALSE(grid.At(1, 2).differs);
+  EXPECT_FALSE(grid.At(2, 1).differs);
+  bench.Do([&] { grid.SetLook(5, 2, Look::Selected); });  // the editor opens on a cell
+  EXPECT_TRUE(grid.At(1, 1).differs);
+  bench.Do([&] { grid.SetText(5, 2, u"7"); });
+  EXPECT_FALSE(grid.At(1, 1).differs);
+
+  EXPECT_EQ(bench.Compare().size(), 2U);
+  EXPECT_TRUE(grid.At(1, 1).differs);
+  EXPECT_TRUE(grid.At(5, 2).differs);
+  bench.Type(u"02", u"X");
+  EXPECT_FALSE(grid.At(1, 1).differs);
+  EXPECT_FALSE(grid.At(5, 2).differs);
+
+  bench.Compare();
+  bench.Page().DataChanged = false;
+  bench.Choose(u"QHNY1");  // on the same page, with a larger table
+  EXPECT_FALSE(grid.At(1, 1).differs);
+}
+
 TEST(ComparisonTest, ComparesWhatTravelsWithAUsersTable) {
   CompareBench bench(u"Z8WT2");
   bench.device.Set("01", "10", "13 User's TC");
