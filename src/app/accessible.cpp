@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* kRole = "spoken role";  ///< property of a widget
 constexpr QLatin1String kBetween(", ");
-constexpr QLatin1String kItem("Item ");
+constexpr QLatin1String kItemWord("Item ");
 constexpr std::string_view kUnitChoice =
     "cbo_unit";  ///< a box in which the unit of the field before is chosen
 
@@ -212,7 +212,7 @@ QString NumberOf(const Page& page, const DesignRow& row) {
     return row.label.empty() ? QString() : NumberAbove(page, row);
   }
   const String number(row.item.substr(0, row.item.find(u'_')));
-  return number.find(u' ') == String::npos ? kItem + ToQt(number) : QString();
+  return number.find(u' ') == String::npos ? kItemWord + ToQt(number) : QString();
 }
 
 /// Captions of a control in its line: that of the line, and the label right before the control where several

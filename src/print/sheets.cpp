@@ -431,10 +431,8 @@ void DrawSheet(QPainter& painter, const Sheet& sheet) {
   painter.setPen(Qt::black);
   for (const SheetText& text : sheet.texts) {
     painter.setFont(FontOf(text.kind));
-    painter.drawText(text.area,
-                     (text.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine |
-                         Qt::TextDontClip,
-                     text.text);
+    const Qt::Alignment place = (text.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    painter.drawText(text.area, static_cast<int>(place) | Qt::TextSingleLine | Qt::TextDontClip, text.text);
   }
   for (const SheetCurve& curve : sheet.curves) {
     painter.save();
