@@ -164,6 +164,14 @@ void ExpectTold(const std::string& text) {
   }
 }
 
+/// True when the English page has these words below the text.
+bool TellsEnglish(const std::string& text, const std::string& english) {
+  const std::vector<ToldMessage>& messages = EnglishPage().messages;
+  return std::any_of(messages.begin(), messages.end(), [&](const ToldMessage& message) {
+    return message.text == text && message.english.find(english) != std::string::npos;
+  });
+}
+
 TEST(MessagePages, HaveTheSameMessagesInTheSameChapters) {
   const auto& english = EnglishPage().chapters;
   const auto& japanese = JapanesePage().chapters;
@@ -254,7 +262,6 @@ TEST(MessagePages, TellEachTextThatIsNoCaption) {
 }
 
 TEST(MessagePages, GiveTheEnglishTextWhereTheProgramHasOne) {
-  const std::vector<ToldMessage>& messages = EnglishPage().messages;
   for (int number = 0; number < static_cast<int>(TextKey::kCount); ++number) {
     const auto key = static_cast<TextKey>(number);
     const String& english = CaptionText(key, Language::English);
@@ -262,12 +269,7 @@ TEST(MessagePages, GiveTheEnglishTextWhereTheProgramHasOne) {
       continue;
     }
     const std::string text = AsTold(CaptionText(key));
-    EXPECT_TRUE(std::any_of(messages.begin(), messages.end(),
-                            [&](const ToldMessage& message) {
-                              return message.text == text &&
-                                     message.english.find(ToUtf8(Trimmed(english))) != std::string::npos;
-                            }))
-        << text << " says: " << ToUtf8(english);
+    EXPECT_TRUE(TellsEnglish(text, ToUtf8(Trimmed(english)))) << text << " says: " << ToUtf8(english);
   }
 }
 
@@ -379,7 +381,18 @@ TEST(MessagePages, TellWhatTheSourcesTellByThemselves) {
   }
 }
 
-/// The tests above look at texts and boxes one by one; what a field means is no message.
+TEST(MessagePages, TellWhatTheLimitsOfAFieldSay) {
+  // Each in Japanese, and then in English.
+  const TextLines words = LiteralsOfCalls(WholeFile("src/companions/meanings.cpp"), "kLimits = ");
+  ASSERT_GE(words.size(), 14U);
+  ASSERT_EQ(words.size() % 2, 0U);
+  for (std::size_t at = 0; at < words.size(); at += 2) {
+    ExpectTold(words[at]);
+    EXPECT_TRUE(TellsEnglish(words[at], words[at + 1])) << words[at] << " says: " << words[at + 1];
+  }
+}
+
+/// The tests above look at texts, boxes and limits one by one; what a field means is no message.
 constexpr std::array<std::string_view, 3> kOtherSentences = {"src/core/texts.cpp", "src/core/boxes.cpp",
                                                              "src/companions/meanings.cpp"};
 
