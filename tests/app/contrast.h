@@ -16,7 +16,7 @@ inline double Luminance(const QColor& colour) {
 
 /// How well two colours can be told apart, 1 to 21.
 inline double ContrastOf(const QColor& one, const QColor& other) {
-  const auto [low, high] = std::minmax(Luminance(one), Luminance(other));
+  const auto [low, high] = std::minmax({Luminance(one), Luminance(other)});
   return (high + 0.05) / (low + 0.05);
 }
 
