@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <string>
 #include <string_view>
 
@@ -198,6 +199,11 @@ String WithExponent(const Decimal& decimal) {
   return text.append(number.begin(), number.end());
 }
 
+/// True for an integer in digits alone, few enough for an int.
+bool IsPlainInteger(StringView text) {
+  return text.size() <= std::numeric_limits<int>::digits10 && std::all_of(text.begin(), text.end(), IsDigit);
+}
+
 }  // namespace
 
 double LeadingNumber(StringView text) {
@@ -220,6 +226,11 @@ double LeadingNumber(StringView text) {
 }
 
 int LeadingInteger(StringView text) {
+  // Such as the index of a control, which is asked for each time that a page shows or judges one.
+  if (IsPlainInteger(text)) {
+    return std::accumulate(text.begin(), text.end(), 0,
+                           [](int number, char16_t digit) { return 10 * number + (digit - u'0'); });
+  }
   const double rounded = RoundHalfEven(LeadingNumber(text));
   return static_cast<int>(std::clamp(rounded, static_cast<double>(std::numeric_limits<int>::min()),
                                      static_cast<double>(std::numeric_limits<int>::max())));

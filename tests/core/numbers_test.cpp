@@ -78,6 +78,16 @@ TEST(LeadingInteger, RoundsATieToTheEvenNeighbour) {
   EXPECT_EQ(LeadingInteger(u"03_set"), 3);
 }
 
+TEST(LeadingInteger, TakesDigitsAloneAsTheyStand) {
+  EXPECT_EQ(LeadingInteger(u""), 0);
+  EXPECT_EQ(LeadingInteger(u"0"), 0);
+  EXPECT_EQ(LeadingInteger(u"007"), 7);
+  EXPECT_EQ(LeadingInteger(u"105"), 105);
+  EXPECT_EQ(LeadingInteger(u"1 05"), 105);
+  EXPECT_EQ(LeadingInteger(u"999999999"), 999999999);
+  EXPECT_EQ(LeadingInteger(u"1000000000"), 1000000000);
+}
+
 TEST(LeadingInteger, StaysInTheRangeOfAnInteger) {
   EXPECT_EQ(LeadingInteger(u"1e20"), std::numeric_limits<int>::max());
   EXPECT_EQ(LeadingInteger(u"-1e20"), std::numeric_limits<int>::min());
