@@ -99,11 +99,18 @@ void FieldHelp::Judge(TextField& field, int row) const {
   field.SetOutside(range && range->length == 0 && !range->Takes(LeadingNumber(field.Text())));
 }
 
-void FieldHelp::JudgeRows() const {
+void FieldHelp::DefinitionRead() {
+  numbers_.clear();
   for (int row = 0; row < page_.Def.Data().Rows(); ++row) {
     if (page_.IsNumberRow(row)) {
-      Judge(page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())], row);
+      numbers_.push_back({&page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())], row});
     }
+  }
+}
+
+void FieldHelp::JudgeRows() const {
+  for (const NumberField& number : numbers_) {
+    Judge(*number.field, number.row);
   }
 }
 

@@ -17,6 +17,7 @@ class FieldHelp final : public PagePart {
   /// For a page whose other parts have all been added. It keeps this.
   explicit FieldHelp(ParameterPage& page);
 
+  void DefinitionRead() override;
   void PageBuilt() override { JudgeRows(); }
   void ChoiceMade(const Choice& choice) override;
   /// A choice that is taken back limits other fields. The field of a value has been judged already.
@@ -27,6 +28,12 @@ class FieldHelp final : public PagePart {
   [[nodiscard]] std::optional<FieldRange> RangeOf(const TextField& field) const;
 
  private:
+  /// The field of a row of $Data that is for a number.
+  struct NumberField {
+    TextField* field;
+    int row;
+  };
+
   void Follow(TextField& field);
   [[nodiscard]] std::optional<FieldRange> RangeOf(const TextField& field, int row) const;
   /// `row` of $Data for which the field is; -1 for none.
@@ -59,7 +66,8 @@ class FieldHelp final : public PagePart {
 
   ParameterPage& page_;
   std::vector<const RangeTeller*> tellers_;
-  std::vector<TextField*> others_;  ///< the fields that are for no item
+  std::vector<NumberField> numbers_;  ///< of the definition that was read last
+  std::vector<TextField*> others_;    ///< the fields that are for no item
 };
 
 /// The page's own; nullptr for a page without one.

@@ -40,14 +40,12 @@ String FieldChecks::ItemText(int item) {
 }
 
 TextField* FieldChecks::FieldOf(int item) const {
-  // Asked again and again for every field of a page that comes up: a row that is still the item's isn't
-  // looked for anew.
-  int& row = rows_.at(static_cast<std::size_t>(item));
-  if (row < 0 || ItemOf(row) != item) {
-    row = page_.FindDataRow(ItemText(item));
+  // Asked again and again for every field of a page that comes up.
+  std::optional<TextField*>& field = fields_.at(static_cast<std::size_t>(item));
+  if (!field) {
+    field = page_.FindField(ItemText(item));
   }
-  const bool has_field = row >= 0 && !page_.DataCell(row, kTextIndex).empty();
-  return has_field ? &page_.Text[page_.Place(row, kTextIndex, page_.Text.Count())] : nullptr;
+  return *field;
 }
 
 bool FieldChecks::Mark(int item, bool good) {
@@ -55,7 +53,7 @@ bool FieldChecks::Mark(int item, bool good) {
   return good;
 }
 
-String FieldChecks::UnitOf(int item) const {
+String FieldChecks::UnitOfItem(int item) const {
   const int row = page_.FindDataRow(ItemText(item));
   const Label* label = row < 0 ? nullptr : page_.UnitLabelOf(row);
   return label == nullptr ? String() : label->Caption();
@@ -100,7 +98,7 @@ FieldRange FieldChecks::LimitsOfType(int type, bool whole_numbers) const {
   const ChoiceList types = page_.Def.ListOf(kTypes);
   const String& own_unit = types.Cell(type, &ListColumns::unit);
   const bool temperature = own_unit.empty() || IsTemperatureUnit(own_unit);
-  const String unit = temperature ? UnitOf(kZeroItem) : own_unit;
+  const String unit = temperature ? UnitOfItem(kZeroItem) : own_unit;
   FieldRange limits = {.low = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::low)), unit),
                        .high = LimitInUnit(LeadingNumber(types.Cell(type, &ListColumns::high)), unit),
                        .span = SpanInUnit(LeadingNumber(types.Cell(type, &ListColumns::span)), unit)};

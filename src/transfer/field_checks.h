@@ -72,10 +72,15 @@ const ModelCheck* FindCheck(std::span<const ModelCheck> checks, StringView def_f
 /// Beside a check stands what tells its limits: those by which it would judge the field of an item of group
 /// "01" as page and set stand now, and nothing for an item that it would not judge. What is blank counts as
 /// judged: it is about to be filled.
-class FieldChecks {
+///
+/// As a part of the page it learns when a definition was read, and does nothing else.
+class FieldChecks final : public PagePart {
  public:
-  /// The page outlives this.
-  explicit FieldChecks(ParameterPage& page) : page_(page) { rows_.fill(-1); }
+  /// Adds itself to the page. Both live as long as each other.
+  explicit FieldChecks(ParameterPage& page) : page_(page) { page_.Add(*this); }
+
+  /// Other items, other fields.
+  void DefinitionRead() override { fields_.fill(std::nullopt); }
 
   /// The item of group "01" that the row of $Data is; -1 for another group and for a key with a role.
   [[nodiscard]] int ItemOf(int row) const;
@@ -111,7 +116,7 @@ class FieldChecks {
   static String ItemText(int item);
   [[nodiscard]] TextField* FieldOf(int item) const;
   bool Mark(int item, bool good);
-  [[nodiscard]] String UnitOf(int item) const;
+  [[nodiscard]] String UnitOfItem(int item) const;
   /// True when the fields of both ends are there and of use.
   [[nodiscard]] bool HasPair(int low_item, int high_item) const;
   /// True when the row of the input type limits anything.
@@ -137,7 +142,8 @@ class FieldChecks {
   [[nodiscard]] std::optional<FieldRange> RangeOfSensor(int item, const SensorCheck& check) const;
 
   ParameterPage& page_;
-  mutable std::array<int, 100> rows_{};  ///< where each item was found last; -1: nowhere
+  /// The field of each item that was asked for since the definition was read; nullptr: it has none.
+  mutable std::array<std::optional<TextField*>, 100> fields_{};
 };
 
 }  // namespace korva

@@ -75,6 +75,21 @@ TEST(FieldHelpTest, ItFollowsTheChoiceThatLimitsTheField) {
             "ｾﾞﾛとｽﾊﾟﾝの差は 40 deg C 以上とします。");
 }
 
+TEST(FieldHelpTest, TheLimitsAreTheSameWhateverModelWasThereBefore) {
+  PageBench one;
+  for (const String& model : FirstModels()) {
+    PageBench other;
+    other.Choose(model);
+    one.Choose(model);
+    one.New();
+    for (int index = 0; index < one.Page().Text.Count(); ++index) {
+      const TextField& field = one.Page().Text[index];
+      EXPECT_EQ(ToUtf8(field.Help()), ToUtf8(other.Page().Text[index].Help()))
+          << ToUtf8(model) << " " << field.FullName();
+    }
+  }
+}
+
 TEST(FieldHelpTest, ItSpeaksTheLanguageOfTheCaptions) {
   HelpBench bench(u"QN");
   bench.Pick(bench.Page().Combo[0], u"RB-1:Pt100");
