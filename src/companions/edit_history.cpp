@@ -238,7 +238,7 @@ void EditHistory::TellParts(const PageChange& change) const {
       }
     }
   }
-  if (Comparer* comparer = PartOf<Comparer>(page_)) {
+  if (auto* comparer = PartOf<Comparer>(page_)) {
     comparer->Unmark();
   }
   page_.Notes.Tell(Notice::NotPasted, {});
@@ -288,15 +288,6 @@ LnrEditor* EditHistory::UntakenEdit() const {
 void EditHistory::ShowState() {
   cmdUndo.SetEnabled(!barred_ && (position_ > 0 || UntakenEdit() != nullptr));
   cmdRedo.SetEnabled(!barred_ && position_ < steps_.size());
-}
-
-EditHistory* EditHistoryOf(const Page& page) {
-  for (PagePart* part : page.Parts()) {
-    if (auto* found = dynamic_cast<EditHistory*>(part)) {
-      return found;
-    }
-  }
-  return nullptr;
 }
 
 }  // namespace korva

@@ -109,7 +109,4 @@ class EditHistory final : public PagePart, public UserActions {
   bool operated_ = false;  ///< an operation ran since the mirror looked
 };
 
-/// The page's own; nullptr for a page without one.
-EditHistory* EditHistoryOf(const Page& page);
-
 }  // namespace korva

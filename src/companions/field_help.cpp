@@ -57,6 +57,8 @@ FieldHelp::FieldHelp(ParameterPage& page) : page_(page) {
       tellers_.push_back(teller);
     }
   }
+  // A part that was added later may take the place of one before, as a count takes that of a forced output.
+  std::reverse(tellers_.begin(), tellers_.end());
   for (Control* control : page_.Controls()) {
     if (!control->Help && IsInput(*control)) {
       control->Help = [this, control] { return HelpOf(*control); };
@@ -84,10 +86,8 @@ std::optional<FieldRange> FieldHelp::RangeOf(const TextField& field) const {
 }
 
 std::optional<FieldRange> FieldHelp::RangeOf(const TextField& field, int row) const {
-  // A part that was added later may take the place of one before, as a count takes that of a forced output.
-  for (auto teller = tellers_.rbegin(); teller != tellers_.rend(); ++teller) {
-    const auto range = row < 0 ? (*teller)->RangeOfField(field) : (*teller)->RangeOfRow(row);
-    if (range) {
+  for (const RangeTeller* teller : tellers_) {
+    if (auto range = row < 0 ? teller->RangeOfField(field) : teller->RangeOfRow(row)) {
       return range;
     }
   }
@@ -273,15 +273,6 @@ String FieldHelp::ShownIn(std::string_view names) const {
 String FieldHelp::UnitBeside(const Control& control) const {
   const DesignRow* line = page_.RowOf(control);
   return line == nullptr ? String() : ShownIn(line->unit);
-}
-
-FieldHelp* FieldHelpOf(const Page& page) {
-  for (PagePart* part : page.Parts()) {
-    if (auto* found = dynamic_cast<FieldHelp*>(part)) {
-      return found;
-    }
-  }
-  return nullptr;
 }
 
 }  // namespace korva

@@ -65,12 +65,9 @@ class FieldHelp final : public PagePart {
   [[nodiscard]] String UnitBeside(const Control& control) const;
 
   ParameterPage& page_;
-  std::vector<const RangeTeller*> tellers_;
-  std::vector<NumberField> numbers_;  ///< of the definition that was read last
-  std::vector<TextField*> others_;    ///< the fields that are for no item
+  std::vector<const RangeTeller*> tellers_;  ///< the one that counts first
+  std::vector<NumberField> numbers_;         ///< of the definition that was read last
+  std::vector<TextField*> others_;           ///< the fields that are for no item
 };
-
-/// The page's own; nullptr for a page without one.
-FieldHelp* FieldHelpOf(const Page& page);
 
 }  // namespace korva

@@ -39,12 +39,12 @@ class PageMirror {
 
  private:
   struct Followed {
-    Control* control;
+    Control* control = nullptr;
     ControlState state;
     bool touched = false;
   };
   struct FollowedTable {
-    Grid* grid;
+    Grid* grid = nullptr;
     std::vector<CellState> cells;  ///< row by row
     int rows = 0;
     int columns = 0;
@@ -54,7 +54,7 @@ class PageMirror {
   };
   /// A live value, as the page shows it.
   struct LiveValue {
-    std::size_t field;
+    std::size_t field = 0;
     std::optional<std::size_t> unit;
     SetPlace cell;
   };

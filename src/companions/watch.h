@@ -67,7 +67,7 @@ class Watch {
 
   /// How old a value is: WatchAge or WatchSilent, with the seconds.
   struct Age {
-    TextKey text;
+    TextKey text = TextKey::WatchAge;
     int seconds = 0;
     bool operator==(const Age&) const = default;
   };

@@ -314,9 +314,10 @@ QColor InkOf(const QImage& without, const QImage& with) {
       counts[with.pixel(x, y)] += with.pixel(x, y) != without.pixel(x, y) ? 1 : 0;
     }
   }
-  return QColor(std::max_element(counts.begin(), counts.end(), [](const auto& one, const auto& other) {
-                  return one.second < other.second;
-                })->first);
+  const auto most = std::max_element(counts.begin(), counts.end(), [](const auto& one, const auto& other) {
+    return one.second < other.second;
+  });
+  return {most->first};
 }
 
 struct MarkTest : testing::TestWithParam<bool> {};

@@ -54,7 +54,7 @@ TEST(HelpTipsTest, BoxesAndOptionsShowTheirs) {
 
 TEST(HelpTipsTest, AWidgetWithATipOfItsOwnKeepsThat) {
   TipBench bench;
-  QWidget* button = bench.Find<QWidget>("cmdCheck");
+  auto* button = bench.Find<QWidget>("cmdCheck");
   ASSERT_FALSE(button->toolTip().isEmpty());
   EXPECT_EQ(TipBench::TipOf(button), button->toolTip());
 }

@@ -55,8 +55,9 @@ std::vector<QWidget*> WalkByTab(const QWidget& window, Qt::Key key) {
   return walked;
 }
 
-std::string NamesOf(std::vector<QWidget*> widgets) {
+std::string NamesOf(const std::vector<QWidget*>& widgets) {
   std::vector<std::string> names;
+  names.reserve(widgets.size());
   for (const QWidget* widget : widgets) {
     names.push_back(widget->objectName().toStdString());
   }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "companions/part_of.h"
 #include "linearizer/linearizer.h"
 #include "linearizer/table_buttons.h"
 #include "monitor/status_monitor.h"
@@ -26,7 +27,7 @@ class HistoryBench : public PageBench {
     PageBench::Upload();
     TakeBoxes();
   }
-  EditHistory& History() { return *EditHistoryOf(Page()); }
+  EditHistory& History() { return *PartOf<EditHistory>(Page()); }
   void Undo() { test::Undo(*this); }
   void Redo() { test::Redo(*this); }
   bool CanUndo() { return test::CanUndo(*this); }

@@ -8,6 +8,7 @@
 
 #include "companions/edit_history.h"
 #include "companions/meanings.h"
+#include "companions/part_of.h"
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
 
@@ -271,9 +272,9 @@ TEST(FieldHelpTest, TheMarkFollowsWhatIsTakenBackAndPutAgain) {
   bench.Pick(bench.Page().Combo[0], u"1:DC V");
   bench.Type(u"15", u"11");
   ASSERT_TRUE(bench.Field(u"15").Outside());
-  bench.Click(EditHistoryOf(bench.Page())->cmdUndo);
+  bench.Click(PartOf<EditHistory>(bench.Page())->cmdUndo);
   EXPECT_FALSE(bench.Field(u"15").Outside());
-  bench.Click(EditHistoryOf(bench.Page())->cmdRedo);
+  bench.Click(PartOf<EditHistory>(bench.Page())->cmdRedo);
   EXPECT_TRUE(bench.Field(u"15").Outside());
 }
 
@@ -333,7 +334,7 @@ TEST(FieldHelpTest, AColdJunctionsDefaultIsAllowedBesides) {
 TEST(FieldHelpTest, AUsersTableHasTheLimitsOfTheTableThatShows) {
   HelpBench bench(u"Z8WT2");
   TextField& size = bench.FieldNamed("txtSize");
-  const std::optional<FieldRange> linearizer = FieldHelpOf(bench.Page())->RangeOf(size);
+  const std::optional<FieldRange> linearizer = PartOf<FieldHelp>(bench.Page())->RangeOf(size);
   ASSERT_TRUE(linearizer.has_value());
   EXPECT_EQ(linearizer->high, 101);
   EXPECT_TRUE(bench.MarkedWith(size, u"102"));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "companions/edit_history.h"
+#include "companions/part_of.h"
 #include "core/text_utilities.h"
 #include "pages/page_bench.h"
 
@@ -89,9 +90,9 @@ inline std::string FirstOf(const std::vector<std::string>& found, const std::vec
   return found.size() == expected.size() ? std::string() : "another number of lines";
 }
 
-inline void Undo(PageBench& bench) { bench.Click(EditHistoryOf(bench.Page())->cmdUndo); }
-inline void Redo(PageBench& bench) { bench.Click(EditHistoryOf(bench.Page())->cmdRedo); }
-inline bool CanUndo(PageBench& bench) { return EditHistoryOf(bench.Page())->cmdUndo.Enabled(); }
-inline bool CanRedo(PageBench& bench) { return EditHistoryOf(bench.Page())->cmdRedo.Enabled(); }
+inline void Undo(PageBench& bench) { bench.Click(PartOf<EditHistory>(bench.Page())->cmdUndo); }
+inline void Redo(PageBench& bench) { bench.Click(PartOf<EditHistory>(bench.Page())->cmdRedo); }
+inline bool CanUndo(PageBench& bench) { return PartOf<EditHistory>(bench.Page())->cmdUndo.Enabled(); }
+inline bool CanRedo(PageBench& bench) { return PartOf<EditHistory>(bench.Page())->cmdRedo.Enabled(); }
 
 }  // namespace korva::test

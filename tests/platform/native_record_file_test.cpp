@@ -111,8 +111,9 @@ TEST(LocalTimeTest, IsTheUsersTimeOfDay) {
   tzset();
   const std::time_t now = std::time(nullptr);
   const auto local = LocalTimeNow().time_since_epoch().count();
-  EXPECT_GE(local, now + 9 * 3600);
-  EXPECT_LE(local, now + 9 * 3600 + 5);
+  constexpr std::time_t ahead = 9 * 3600;
+  EXPECT_GE(local, now + ahead);
+  EXPECT_LE(local, now + ahead + 5);
   zone == nullptr ? unsetenv("TZ") : setenv("TZ", before.c_str(), 1);
   tzset();
 }
