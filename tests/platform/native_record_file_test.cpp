@@ -111,7 +111,7 @@ TEST(LocalTimeTest, IsTheUsersTimeOfDay) {
   tzset();
   const std::time_t now = std::time(nullptr);
   const auto local = LocalTimeNow().time_since_epoch().count();
-  constexpr std::time_t ahead = 9 * 3600;
+  constexpr std::time_t ahead = std::time_t{9} * 3600;
   EXPECT_GE(local, now + ahead);
   EXPECT_LE(local, now + ahead + 5);
   zone == nullptr ? unsetenv("TZ") : setenv("TZ", before.c_str(), 1);
