@@ -84,8 +84,6 @@ class ChoiceBox : public QComboBox {
 void ShowLook(QWidget* widget, Look look, bool dimmed = false) {
   const QPalette palette = PaletteOf(look, QApplication::palette(widget));
   widget->setPalette(dimmed ? Dimmed(palette) : palette);
-  widget->setProperty("look", static_cast<int>(look));
-  widget->setProperty("dimmed", dimmed);
 }
 
 /// A list that can't be chosen from is shown disabled; a locked field can still be read and copied from.
@@ -161,17 +159,17 @@ void ShowDifference(QWidget* widget, bool differs) {
 
 void Follow(Control& control, QWidget* widget, std::function<void()> update) {
   widget->setObjectName(QString::fromStdString(control.FullName()));
-  const auto all = [&control, widget, update = std::move(update)] {
+  auto all = [&control, widget, update = std::move(update), differs = false]() mutable {
     widget->setVisible(control.Visible());
     widget->setEnabled(control.Enabled() && !IsLockedList(control));
     update();
-    if (widget->property("differs").toBool() != control.Differs()) {
-      widget->setProperty("differs", control.Differs());
-      ShowDifference(widget, control.Differs());
+    if (differs != control.Differs()) {
+      differs = control.Differs();
+      ShowDifference(widget, differs);
     }
   };
   all();
-  control.Observe([guard = QPointer<QWidget>(widget), all] {
+  control.Observe([guard = QPointer<QWidget>(widget), all = std::move(all)]() mutable {
     if (guard) {
       all();
     }
@@ -220,11 +218,12 @@ QWidget* ControlViews::Make(Control& control, QWidget* parent) {
 QWidget* ControlViews::CaptionView(CaptionedControl& control, QWidget* parent) {
   auto* label = new QLabel(parent);
   TellRole(label, QAccessible::StaticText);
-  Follow(control, label, [&control, label] {
+  Follow(control, label, [&control, label, look = Look::Normal]() mutable {
     label->setText(ShownBreaks(control.Caption()));
-    if (label->property("look").toInt() != static_cast<int>(control.ShownLook())) {
-      label->setAutoFillBackground(control.ShownLook() != Look::Normal);
-      ShowLook(label, control.ShownLook());
+    if (look != control.ShownLook()) {
+      look = control.ShownLook();
+      label->setAutoFillBackground(look != Look::Normal);
+      ShowLook(label, look);
     }
   });
   return label;
@@ -232,10 +231,11 @@ QWidget* ControlViews::CaptionView(CaptionedControl& control, QWidget* parent) {
 
 QWidget* ControlViews::MakeButton(Button& button, QWidget* parent) {
   auto* widget = new QPushButton(parent);
-  Follow(button, widget, [&button, widget] {
+  Follow(button, widget, [&button, widget, look = Look::Normal]() mutable {
     widget->setText(ToQt(button.Caption()));
-    if (widget->property("look").toInt() != static_cast<int>(button.ShownLook())) {
-      ShowLook(widget, button.ShownLook());
+    if (look != button.ShownLook()) {
+      look = button.ShownLook();
+      ShowLook(widget, look);
       QFont font = widget->font();
       font.setBold(button.Pending());
       widget->setFont(font);
@@ -267,7 +267,7 @@ QWidget* ControlViews::MakeOption(OptionButton& option, QWidget* parent) {
 
 QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
   auto* widget = new FieldView(parent);
-  Follow(field, widget, [&field, widget] {
+  Follow(field, widget, [&field, widget, look = Look::Normal, dimmed = false]() mutable {
     const QString text = ToQt(field.Text());
     if (widget->text() != text) {
       const QSignalBlocker blocker(widget);
@@ -278,9 +278,10 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
     widget->ShowMark(field.Marked());
     widget->ShowOutside(field.Outside() && field.ShownLook() != Look::Bad);
     widget->setAlignment((field.Numeric() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    if (widget->property("look").toInt() != static_cast<int>(field.ShownLook()) ||
-        widget->property("dimmed").toBool() != field.Dimmed()) {
-      ShowLook(widget, field.ShownLook(), field.Dimmed());
+    if (look != field.ShownLook() || dimmed != field.Dimmed()) {
+      look = field.ShownLook();
+      dimmed = field.Dimmed();
+      ShowLook(widget, look, dimmed);
     }
   });
   widget->OnPaste = [this, &field](const QString& text) {
@@ -345,7 +346,6 @@ QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
     // A text that stands in no entry shows all the same.
     widget->setPlaceholderText(ToQt(combo.Text()));
     widget->setCurrentIndex(combo.ListIndex());
-    widget->setProperty("locked", combo.Locked());
     ShowLook(widget, combo.ShownLook());
   });
   QObject::connect(widget, &QComboBox::activated, widget, [this, &combo](int position) {

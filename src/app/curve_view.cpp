@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QToolTip>
+#include <utility>
 
 #include "app/accessible.h"
 #include "app/text.h"
@@ -29,7 +30,7 @@ CurveView::CurveView(Grid& grid, QWidget* parent) : QWidget(parent), grid_(grid)
 /// A change of a whole table is many changes of cells, painted once.
 void CurveView::FollowChange() {
   const bool drawn = grid_.LastChange().second != 0;  // the points' numbers are not
-  if (seen_ != grid_.Changes() && drawn) {
+  if (seen_ != grid_.Changes() && drawn && !std::exchange(waits_for_paint_, true)) {
     update();
   }
   seen_ = grid_.Changes();
@@ -82,6 +83,7 @@ bool CurveView::event(QEvent* event) {
 }
 
 void CurveView::paintEvent(QPaintEvent* /*event*/) {
+  waits_for_paint_ = false;
   const Curve curve = CurveOf(grid_);
   Describe(curve);
   QPainter painter(this);

@@ -31,6 +31,7 @@ class CurveView final : public QWidget {
 
   Grid& grid_;
   unsigned seen_;  ///< how many changes of the grid the picture knows of
+  bool waits_for_paint_ = false;
 };
 
 }  // namespace korva

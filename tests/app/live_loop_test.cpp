@@ -53,7 +53,8 @@ struct LoopBench : test::WindowBench {
     Press(start);
   }
   bool Lit(const char* name) {
-    return Shown<QWidget>(name)->property("look").toInt() == static_cast<int>(Look::Highlight);
+    const QPalette lit = PaletteOf(Look::Highlight, QApplication::palette());
+    return Shown<QWidget>(name)->palette().color(QPalette::Base) == lit.color(QPalette::Base);
   }
   std::vector<std::pair<int, std::function<void()>>> actions;
   [[nodiscard]] std::string Trim() const { return device.device.Value("01", "28"); }
