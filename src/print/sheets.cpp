@@ -286,7 +286,7 @@ class Press {
     return places;
   }
 
-  /// Columns as wide as their texts, or with equal parts of the page at most where it has no room for them.
+  /// Columns as wide as their texts, or with equal parts of the page where it has no room for them.
   [[nodiscard]] std::vector<Slot> NumberSlots(const DocumentTable& table) const {
     std::vector<double> widths;
     widths.reserve(table.columns.size());
@@ -298,11 +298,11 @@ class Press {
       widths.push_back(std::ceil(width) + 1 + 2 * kCellGap);
     }
     const bool fits = std::accumulate(widths.begin(), widths.end(), 0.0) <= area_.width();
-    const double most = fits ? area_.width() : area_.width() / static_cast<double>(widths.size());
+    const double part = area_.width() / static_cast<double>(widths.size());
     std::vector<Slot> places;
     double left = 0;
     for (const double width : widths) {
-      places.push_back({.left = left, .width = std::min(width, most), .right = true});
+      places.push_back({.left = left, .width = fits ? width : part, .right = true});
       left += places.back().width;
     }
     return places;

@@ -270,6 +270,21 @@ TEST(SheetsTest, ACellThatIsWiderThanThePageIsWrapped) {
   EXPECT_EQ(letters, 300);
 }
 
+TEST(SheetsTest, ACellThatIsTooWideForItsColumnIsWrappedInATableOfSeveralColumnsToo) {
+  Document document = WithPoints(40);
+  document.tables[0].columns.push_back({.head = u"Y(k)", .number = true});
+  for (std::vector<String>& row : document.tables[0].rows) {
+    row.push_back(u"1");
+  }
+  document.tables[0].rows[1][1] = String(300, u'W');
+  const std::vector<Sheet> sheets = SheetsOf(document, kArea);
+  ExpectSound(sheets);
+  const std::map<QString, int> counts = Counts(sheets);
+  for (int point = 1; point <= 40; ++point) {
+    EXPECT_EQ(counts.at(QStringLiteral("k%1").arg(point)), 1);
+  }
+}
+
 TEST(SheetsTest, ATinyPaperLosesNothing) {
   Document document = WithLines(20);
   document.tables.push_back(WithPoints(20).tables[0]);
