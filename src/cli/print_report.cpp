@@ -121,7 +121,10 @@ void PrintComparison(const Comparison& comparison, Transcript& transcript) {
                   std::to_string(comparison.Differences().size()));
   for (const Difference& one : comparison.Differences()) {
     transcript.Tell("compare " + ToUtf8(one.item) + " " + Quoted(one.caption) + " page " + Quoted(one.page) +
-                    " other " + Quoted(one.other) + (one.silent ? " silent" : ""));
+                    " other " + Quoted(one.other) +
+                    (one.silent   ? " silent"
+                     : one.untold ? " refused"
+                                  : ""));
   }
 }
 

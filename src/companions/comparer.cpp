@@ -167,12 +167,14 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
     const bool choice = OptionsOf(page_, row) != nullptr;
     const String there = choice ? chosen[static_cast<std::size_t>(row)] : ShownOf(other.Page(), row);
     const bool same = Same(here, there) || IsSameType(row, other.Page());
-    if (other.Silent(row) || !same || !SameUnitBox(page_, other.Page(), row)) {
+    const bool unknown = other.Silent(row) || other.Untold(row);
+    if (unknown || !same || !SameUnitBox(page_, other.Page(), row)) {
       found.push_back({.item = page_.DataCell(row, kGroup) + u"/" + page_.DataCell(row, kItem),
                        .caption = page_.DataCell(row, kCaption),
                        .page = WithUnit(page_, row, here),
                        .other = WithUnit(other.Page(), row, there),
-                       .silent = other.Silent(row)});
+                       .silent = other.Silent(row),
+                       .untold = other.Untold(row)});
       Mark(row);
     }
   }

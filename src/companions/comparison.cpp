@@ -8,6 +8,14 @@ namespace korva {
 
 namespace {
 
+/// What stands in the place of the other value; empty where there is one.
+String WhyNone(const Difference& line, const Panel& panel) {
+  if (line.silent) {
+    return panel.Words(TextKey::ProofSilent);
+  }
+  return line.untold ? panel.Words(TextKey::ProofRefused) : String();
+}
+
 TextKey TextOf(const Comparison& comparison) {
   if (comparison.What() == Comparison::With::Nothing) {
     return TextKey::CompareUnbegun;
@@ -40,7 +48,8 @@ std::vector<String> ComparisonPanel::Heads() const {
 
 std::vector<String> ComparisonPanel::Cells(int row) const {
   const Difference& line = comparison_.Differences().at(static_cast<std::size_t>(row));
-  return {line.item, line.caption, line.page, line.silent ? Words(TextKey::ProofSilent) : line.other};
+  const String none = WhyNone(line, *this);
+  return {line.item, line.caption, line.page, none.empty() ? line.other : none};
 }
 
 }  // namespace korva

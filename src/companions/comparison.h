@@ -16,6 +16,7 @@ struct Difference {
   String page;          ///< as the page shows it, with its unit
   String other;         ///< the same of the device or the file
   bool silent = false;  ///< the device gave no answer
+  bool untold = false;  ///< it refused the item, or its answer holds no value
 
   bool operator==(const Difference&) const = default;
 };

@@ -58,8 +58,8 @@ void SecondPage::StepDone(const TransferStep& step) {
     first_.TellForced({});  // in monitor mode the device's output is its own
   }
   table_read_ = table_read_ || (step.what == TextKey::Linearizer || step.what == TextKey::UserTable);
-  if (step.row >= 0 && step.evidence == Evidence::Silent) {
-    silent_.insert(step.row);
+  if (step.row >= 0 && IsFailure(step.evidence)) {
+    (step.evidence == Evidence::Silent ? silent_ : untold_).insert(step.row);
   }
 }
 

@@ -33,6 +33,8 @@ class SecondPage final : public TransferObserver {
   [[nodiscard]] bool TableRead() const { return table_read_; }
   /// True when the device gave no answer to the item of a row.
   [[nodiscard]] bool Silent(int row) const { return silent_.contains(row); }
+  /// True when it refused the item of a row, or answered something else: its value is not known.
+  [[nodiscard]] bool Untold(int row) const { return untold_.contains(row); }
 
  private:
   void TransferBegan(Transfer /*transfer*/) override {}
@@ -45,6 +47,7 @@ class SecondPage final : public TransferObserver {
   Program program_;
   std::unique_ptr<ParameterPage> page_;
   std::set<int> silent_;
+  std::set<int> untold_;
   bool table_read_ = false;
   bool complete_ = false;
 };

@@ -44,13 +44,15 @@ TEST(PrintComparisonTest, TellsWithWhatAndHowItWentAndEachDifference) {
   Comparison comparison;
   comparison.Take(Comparison::With::Device, u"QHW", Comparison::Outcome::Complete,
                   {{.item = u"01/14", .caption = u"入力ｾﾞﾛ (0%)", .page = u"1 V", .other = u"2 V"},
-                   {.item = u"01/15", .caption = u"b", .page = u"5", .other = u"", .silent = true}});
+                   {.item = u"01/15", .caption = u"b", .page = u"5", .other = u"", .silent = true},
+                   {.item = u"01/16", .caption = u"c", .page = u"5", .other = u"ERROR", .untold = true}});
   std::ostringstream printed;
   Transcript transcript(printed, printed);
   PrintComparison(comparison, transcript);
-  EXPECT_EQ(TakeLines(printed), (Lines{"compare device \"QHW\" complete 2",
+  EXPECT_EQ(TakeLines(printed), (Lines{"compare device \"QHW\" complete 3",
                                        "compare 01/14 \"入力ｾﾞﾛ (0%)\" page \"1 V\" other \"2 V\"",
-                                       "compare 01/15 \"b\" page \"5\" other \"\" silent"}));
+                                       "compare 01/15 \"b\" page \"5\" other \"\" silent",
+                                       "compare 01/16 \"c\" page \"5\" other \"ERROR\" refused"}));
   comparison.Take(Comparison::With::File, u"QHW", Comparison::Outcome::OtherModel, {});
   PrintComparison(comparison, transcript);
   EXPECT_EQ(TakeLines(printed), Lines{"compare file \"QHW\" other-model 0"});

@@ -162,6 +162,22 @@ TEST(ComparisonTest, TellsWhatDidNotAnswer) {
   EXPECT_TRUE(found.front().silent);
 }
 
+TEST(ComparisonTest, TellsWhatTheDeviceRefusedThoughThePageShowsTheSameOfItsUpload) {
+  CompareBench bench(u"QHW");
+  bench.device.AddFault(sim::ParseFault("refused=I15"));
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  bench.TakeBoxes();
+  ASSERT_EQ(bench.Field(u"15").Text(), u"ERROR");
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"01/15");
+  EXPECT_TRUE(found.front().untold);
+  EXPECT_FALSE(found.front().silent);
+  EXPECT_TRUE(bench.Field(u"15").Differs());
+  EXPECT_EQ(bench.app.companions.Panels()[1]->Cells(0).back(), u"拒否");
+}
+
 TEST(ComparisonTest, TellsNoDifferencesOfADeviceThatIsNotReadToItsEnd) {
   CompareBench bench(u"QHW");
   bench.device.AddFault(sim::ParseFault("silent"));
