@@ -7,6 +7,7 @@
 #include <string>
 
 #include "companions/meanings.h"
+#include "core/design_names.h"
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 
@@ -243,12 +244,10 @@ int FieldHelp::RowOf(const Control& control) const {
 }
 
 std::vector<const Control*> FieldHelp::ControlsIn(std::string_view names) const {
-  std::vector<const Control*> controls;
-  while (!names.empty()) {
-    const std::size_t end = std::min(names.find(' '), names.size());
-    controls.push_back(page_.FindControl(names.substr(0, end)));
-    names.remove_prefix(std::min(end + 1, names.size()));
-  }
+  const std::vector<std::string_view> each = NamesIn(names);
+  std::vector<const Control*> controls(each.size());
+  std::transform(each.begin(), each.end(), controls.begin(),
+                 [this](std::string_view name) { return page_.FindControl(name); });
   return controls;
 }
 

@@ -25,8 +25,10 @@ ProgramHome FindHome(const std::filesystem::path& executable, const std::filesys
 ProgramHome TakeHome(const std::filesystem::path& named);
 
 /// A program that others start and no user: beside them, or in PREFIX/libexec/korva where they are installed
-/// in PREFIX/bin. \param executable  folder of the running executable \param name        of the program's
-/// file
+/// in PREFIX/bin.
+///
+/// \param executable  folder of the running executable
+/// \param name        of the program's file
 std::filesystem::path FindHelper(const std::filesystem::path& executable, std::string_view name);
 /// The same for this program. Needs the application object.
 std::filesystem::path TakeHelper(std::string_view name);
