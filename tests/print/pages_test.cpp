@@ -40,6 +40,8 @@ TEST(PagesTest, APdfFileHasTheDocumentsPagesAndItsFonts) {
   EXPECT_EQ(PagesIn(pdf), 4);
   EXPECT_NE(pdf.find("/FontFile"), std::string::npos) << "it can be read where the font is not installed";
   EXPECT_NE(pdf.find("/MediaBox [0 0 595"), std::string::npos);
+  const std::string_view title("/Title (\xFE\xFF\0Q\0H\0N)", 17);
+  EXPECT_NE(pdf.find(title), std::string::npos) << "what a reader's window is headed with";
 }
 
 TEST(PagesTest, OfADeviceWithRangesThesePagesAloneAreDrawn) {

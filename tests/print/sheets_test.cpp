@@ -208,6 +208,7 @@ TEST(SheetsTest, ATextOfMoreLinesThanAPageGoesOnOnTheNext) {
   document.facts = {{u"メモ", memo}};
   const std::vector<Sheet> sheets = SheetsOf(document, kArea);
   ExpectSound(sheets);
+  EXPECT_LE(sheets.size(), 5U) << "each further page is filled";
   const std::map<QString, int> counts = Counts(sheets);
   for (int line = 0; line < 150; ++line) {
     EXPECT_EQ(counts.at(QStringLiteral("line %1").arg(line)), 1);
@@ -250,12 +251,70 @@ TEST(SheetsTest, TheCurveStandsOnceOnAPageThatHasRoomForIt) {
   }
 }
 
-TEST(SheetsTest, ACurveIsDrawn) {
+// --- what is drawn
+
+constexpr int kScale = 4;  // dots a point
+
+/// The smallest rectangle that holds all that is darker than `grey`, in points.
+QRectF InkOf(const Sheet& sheet, int grey) {
+  const QImage image = Drawn(sheet, kScale, 0);
+  QRect ink;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      ink = qGray(image.pixel(x, y)) < grey ? ink.united(QRect(x, y, 1, 1)) : ink;
+    }
+  }
+  return {QPointF(ink.topLeft()) / kScale, QSizeF(ink.size()) / kScale};
+}
+
+Sheet WithText(SheetText::Kind kind, bool right) {
+  return {
+      .bands = {},
+      .rules = {},
+      .texts = {{.kind = kind, .area = {100, 200, 300, 24}, .text = QStringLiteral("HHH"), .right = right}},
+      .curves = {}};
+}
+
+TEST(SheetsTest, ATextIsDrawnInBlackAtItsEndOfItsArea) {
+  const QRectF left = InkOf(WithText(SheetText::Kind::Body, false), 60);
+  const QRectF right = InkOf(WithText(SheetText::Kind::Body, true), 60);
+  EXPECT_NEAR(left.left(), 100, 2);
+  EXPECT_LT(left.right(), 150);
+  EXPECT_NEAR(right.right(), 400, 2);
+  EXPECT_GT(right.left(), 350);
+  EXPECT_NEAR(left.center().y(), 212, 2);
+}
+
+TEST(SheetsTest, AHeadingIsLargerThanWhatStandsBelowItAndTheTitleIsTheLargest) {
+  const auto height = [](SheetText::Kind kind) { return InkOf(WithText(kind, false), 128).height(); };
+  EXPECT_LT(height(SheetText::Kind::Head), height(SheetText::Kind::Heading));
+  EXPECT_LT(height(SheetText::Kind::Body), height(SheetText::Kind::Heading));
+  EXPECT_LT(height(SheetText::Kind::Heading), height(SheetText::Kind::Title));
+}
+
+TEST(SheetsTest, BandsAndRulesAreDrawnInTheirPlacesPalerThanAnyText) {
+  const Sheet band{.bands = {{50, 60, 200, 12}}, .rules = {}, .texts = {}, .curves = {}};
+  EXPECT_EQ(InkOf(band, 250), QRectF(50, 60, 200, 12));
+  EXPECT_TRUE(InkOf(band, 200).isEmpty());
+  const Sheet rule{.bands = {}, .rules = {{50, 300, 250, 300}}, .texts = {}, .curves = {}};
+  const QRectF line = InkOf(rule, 250);
+  EXPECT_NEAR(line.left(), 50, 1);
+  EXPECT_NEAR(line.right(), 250, 1);
+  EXPECT_NEAR(line.center().y(), 300, 1);
+  EXPECT_LE(line.height(), 1);
+  EXPECT_TRUE(InkOf(rule, 128).isEmpty());
+}
+
+TEST(SheetsTest, ACurveFillsItsPlaceAndNothingElse) {
   const Document document = WithPoints(16);
-  std::vector<Sheet> sheets = SheetsOf(document, kArea);
-  const QImage with = Drawn(sheets[0], 1, 0);
-  sheets[0].curves.clear();
-  EXPECT_NE(with, Drawn(sheets[0], 1, 0));
+  const QRectF area(100, 300, 350, 210);
+  const Sheet sheet{
+      .bands = {}, .rules = {}, .texts = {}, .curves = {{.area = area, .curve = &*document.tables[0].curve}}};
+  const QRectF ink = InkOf(sheet, 128);
+  EXPECT_TRUE(area.contains(ink)) << ink.left() << " " << ink.top() << " " << ink.right() << " "
+                                  << ink.bottom();
+  EXPECT_GT(ink.width(), 0.8 * area.width());
+  EXPECT_GT(ink.height(), 0.7 * area.height());
 }
 
 TEST(SheetsTest, ACellThatIsWiderThanThePageIsWrapped) {
