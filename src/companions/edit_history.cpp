@@ -42,7 +42,6 @@ void EditHistory::SetExchangesBarred(bool barred) {
 void EditHistory::SettleTabs(TabMoment /*moment*/) { Forget(); }
 
 void EditHistory::SetSaved() {
-  typed_ = nullptr;
   for (std::size_t at = 0; at < steps_.size(); ++at) {
     steps_[at].changed_before = at != position_;
     steps_[at].changed_after = at + 1 != position_;

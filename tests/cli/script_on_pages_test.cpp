@@ -123,6 +123,12 @@ TEST(ScriptOnPages, TellsWhyThereIsNoFileOfTheSettings) {
       Holds(bench.Run("after 500 pdf a.pdf\nanswer yes ok\nclick cmdUpload"), "refused pdf a.pdf: disabled"));
 }
 
+TEST(ScriptOnPages, HasNoSettingsToPutIntoAFileWithoutAModel) {
+  PagesBench bench;
+  bench.application.program.Showing()->lst_TypeSelect.SetListIndex(-1);
+  EXPECT_EQ(bench.Run("pdf a.pdf"), Lines{"refused pdf a.pdf: no model"});
+}
+
 TEST(ScriptOnPages, ComparesThePageWithTheDeviceAndReportsTheLastTransfer) {
   PagesBench bench;
   bench.Run("answer yes ok\nclick cmdUpload");

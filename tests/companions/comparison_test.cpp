@@ -162,6 +162,16 @@ TEST(ComparisonTest, TellsWhatDidNotAnswer) {
   EXPECT_TRUE(found.front().silent);
 }
 
+TEST(ComparisonTest, TellsWhatDidNotAnswerThoughThePageIsBlankThereToo) {
+  CompareBench bench(u"QHW");
+  bench.Type(u"15", u"");
+  bench.device.AddFault(sim::ParseFault("silent=I15"));
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"01/15");
+  EXPECT_TRUE(found.front().silent);
+}
+
 TEST(ComparisonTest, TellsWhatTheDeviceRefusedThoughThePageShowsTheSameOfItsUpload) {
   CompareBench bench(u"QHW");
   bench.device.AddFault(sim::ParseFault("refused=I15"));

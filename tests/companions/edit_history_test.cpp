@@ -108,6 +108,19 @@ TEST(EditHistoryTest, DropsWhatWasTakenBackWithTheNextEdit) {
   EXPECT_FALSE(bench.CanRedo());
 }
 
+TEST(EditHistoryTest, HasNoStepLeftOfWhatWasTakenBackBehindTheNextEdit) {
+  HistoryBench bench(u"QHW");
+  bench.Type(u"02", u"A");
+  bench.Undo();
+  bench.Type(u"14", u"1");
+  bench.Undo();
+  EXPECT_EQ(bench.Text(u"14"), u"0");
+  EXPECT_FALSE(bench.CanUndo());
+  bench.Redo();
+  EXPECT_EQ(bench.Text(u"14"), u"1");
+  EXPECT_FALSE(bench.CanRedo());
+}
+
 TEST(EditHistoryTest, GoesOnWithANewStepInAFieldThatWasTakenBack) {
   HistoryBench bench(u"QHW");
   bench.Type(u"02", u"A");
@@ -516,6 +529,22 @@ TEST(EditHistoryTest, KeepsWhatTheUserTypesDuringADownloadAsAStep) {
   EXPECT_FALSE(bench.CanUndo());
 }
 
+TEST(EditHistoryTest, HasNothingToTakeBackOfWhatWasTypedDuringAnUpload) {
+  HistoryBench bench(u"QHW");
+  bool typed = false;
+  bench.loop.StartTimer(Milliseconds(2000), [&] {
+    if (!typed) {
+      typed = true;
+      ASSERT_TRUE(bench.Page().OperationRuns());
+      bench.Page().txtMemo.UserTypes(u"now");
+    }
+  });
+  bench.Page().DataChanged = false;  // no question
+  bench.PageBench::Upload();
+  ASSERT_TRUE(typed);
+  EXPECT_FALSE(bench.CanUndo());
+}
+
 TEST(EditHistoryTest, ShowsNothingForALiveValueThatWasReadSince) {
   HistoryBench bench(u"QXI");
   ParameterPage& page = bench.Page();
@@ -531,8 +560,10 @@ TEST(EditHistoryTest, ShowsNothingForALiveValueThatWasReadSince) {
   bench.Redo();
   EXPECT_EQ(field.Text(), u"77");
   bench.Do([&] { field.SetText(u"80"); });  // read anew
+  const String cell = page.SetCell(page.FindDataRow(live));
   bench.Undo();
   EXPECT_EQ(field.Text(), u"");
+  EXPECT_EQ(page.SetCell(page.FindDataRow(live)), cell);
   EXPECT_EQ(bench.UnitOf(live), u"deg C");
 }
 
@@ -596,6 +627,17 @@ TEST(EditHistoryTest, TakesTheMarksOfAComparisonAway) {
   bench.Undo();
   EXPECT_FALSE(bench.Field(u"02").Differs());
   bench.Redo();
+  EXPECT_FALSE(bench.Field(u"02").Differs());
+}
+
+TEST(EditHistoryTest, TakesTheMarksOfAComparisonAwayWithWhatIsNoItemToo) {
+  HistoryBench bench(u"QHW");
+  bench.Type(bench.Page().txtMemo, u"memo");
+  bench.device.Set("01", "02", "OTHER");
+  bench.Click(ButtonOf(bench.Page(), "cmdCompare"));
+  ASSERT_TRUE(bench.Field(u"02").Differs());
+  bench.Undo();
+  EXPECT_EQ(bench.Page().txtMemo.Text(), u"");
   EXPECT_FALSE(bench.Field(u"02").Differs());
 }
 

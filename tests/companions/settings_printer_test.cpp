@@ -140,6 +140,9 @@ TEST(SettingsPrinterTest, NamesTheFileOnlyWhileItHoldsTheSet) {
   bench.Type(u"14", u"1");
   bench.Save(kFile);
   EXPECT_EQ(bench.FileNamed(), kFile);
+  bench.Type(bench.Page().txtMemo, u"later");
+  EXPECT_EQ(bench.FileNamed(), u"");
+  bench.Save(kFile);
   bench.Type(u"14", u"2");
   EXPECT_EQ(bench.FileNamed(), u"");
   bench.Page().DataChanged = false;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -195,8 +196,11 @@ Traffic TrafficOf(const std::function<void(WatchBench&)>& during) {
 }
 
 TEST(WatchPaceTest, TrafficAndTimesAreTheSameOpenClosedAskingRecordingAndFailing) {
+  const Traffic unwatched =
+      TrafficOf([](WatchBench& bench) { Part<StatusMonitor>(bench.Page()).Watcher = nullptr; });
   const Traffic closed = TrafficOf([](WatchBench&) {});
   ASSERT_GT(closed.size(), 80U);
+  EXPECT_EQ(closed, unwatched);
   EXPECT_EQ(TrafficOf([](WatchBench& bench) { bench.panel.Open(); }), closed);
   EXPECT_EQ(TrafficOf([](WatchBench& bench) {
               bench.At(2s, [&bench] { bench.panel.Open(); });
@@ -377,6 +381,35 @@ TEST_F(WatchPanelTest, WithoutAPlaceForRecordsNothingCanBeRecorded) {
 }
 
 // --- the other loops
+
+/// Lines of a record that the user begins in the first second of a loop, without the one that names the
+/// values, and cells of that one.
+std::pair<std::size_t, std::ptrdiff_t> RecordOf(WatchBench& bench, Button& start) {
+  bench.At(1s, [&bench] { bench.panel.cmdRecord.Click(); });
+  bench.At(1500ms, [&bench] { bench.records.Choose(kRecord); });
+  bench.At(20s, [&start] { start.Click(); });
+  bench.Click(start);
+  const Texts lines = bench.Recorded();
+  const std::string head = lines.empty() ? std::string() : lines.front();
+  return {lines.empty() ? 0 : lines.size() - 1, 1 + std::count(head.begin(), head.end(), ',')};
+}
+
+TEST(WatchLoopsTest, EachLoopIsRecordedTurnByTurn) {
+  struct Loop {
+    String model;
+    const char* start;
+    std::ptrdiff_t cells;  // day, seconds, and two for each value
+  };
+  for (const Loop& loop : {Loop{u"Z2WQ", "cmdThresholdStart", 6}, Loop{u"Z2WQ", "cmdOutZeroStart", 4},
+                           Loop{u"Z8WV2", "cmdOut1ZeroStart", 4}}) {
+    SCOPED_TRACE(loop.start);
+    WatchBench bench(loop.model);
+    const auto [lines, cells] = RecordOf(bench, ButtonOf(bench.Page(), loop.start));
+    EXPECT_GT(lines, 8U);
+    EXPECT_LT(lines, 40U);
+    EXPECT_EQ(cells, loop.cells);
+  }
+}
 
 TEST(WatchLoopsTest, AThresholdIsWatchedWithTheFrequencyMeasured) {
   WatchBench bench(u"Z2WQ");
