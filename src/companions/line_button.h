@@ -18,7 +18,7 @@ class LineButton final : public PagePart {
     cmdLine.SetCaption(CaptionText(TextKey::LineView, language));
     panel_.SetLanguage(language);
   }
-  void SetLocked(bool locked) override { panel_.SetLocked(locked); }
+  void SetExchangesBarred(bool barred) override { panel_.SetLocked(barred); }
 
   Button cmdLine{"cmdLine"};
 

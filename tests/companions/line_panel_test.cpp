@@ -105,11 +105,17 @@ TEST_F(LinePanelTest, WritesNothingUnlessTheUserChoosesAFile) {
 }
 
 TEST_F(LinePanelTest, CantBeSavedWhileAnOperationRuns) {
-  LinePanel& shown = panel;
-  shown.SetLocked(true);
-  EXPECT_FALSE(shown.cmdSaveLine.Enabled());
-  shown.SetLocked(false);
-  EXPECT_TRUE(shown.cmdSaveLine.Enabled());
+  const Button& save = *app.companions.Panels()[2]->Buttons().front();
+  Do([&] {
+    Page().LockFrame();
+    EXPECT_FALSE(save.Enabled());
+    Page().UnlockFrame();
+    EXPECT_TRUE(save.Enabled());
+    Page().BarExchanges();  // a live loop beside a page that stays usable
+    EXPECT_FALSE(save.Enabled());
+    Page().FreeExchanges();
+    EXPECT_TRUE(save.Enabled());
+  });
 }
 
 }  // namespace
