@@ -305,6 +305,29 @@ TEST(SpokenTest, AChoiceAndAnOptionCanBeUsed) {
   EXPECT_FALSE(box->view()->isVisible());
 }
 
+TEST(SpokenTest, AChoiceThatStandsInNoEntryIsToldAllTheSame) {
+  Bench bench("QN");
+  const Reader reader;
+  bench.Show(1);
+  bench.Page().Combo[0].SetText(u"another sensor");
+  EXPECT_EQ(Spoken(bench.Find<QComboBox>("Combo(0)")).text(QAccessible::Value),
+            QStringLiteral("another sensor"));
+}
+
+TEST(SpokenTest, APressThatWaitsSaysSo) {
+  Bench bench("Z2WQ");
+  const Reader reader;
+  auto& step = dynamic_cast<Button&>(*bench.Page().FindControl("cmdThresholdP01"));
+  auto* button = bench.Find<QWidget>("cmdThresholdP01");
+  const std::string before = DescriptionOf(button).toStdString();
+  step.SetPending(true);
+  QCoreApplication::processEvents();
+  EXPECT_NE(DescriptionOf(button).indexOf(QStringLiteral("待機中")), -1);
+  step.SetPending(false);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(DescriptionOf(button).toStdString(), before);
+}
+
 TEST(SpokenTest, TheWindowsBesideThePageHaveNames) {
   Bench bench("QHW");
   const Reader reader;
