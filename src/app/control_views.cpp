@@ -276,7 +276,7 @@ QWidget* ControlViews::MakeField(TextField& field, QWidget* parent) {
     widget->setReadOnly(field.Locked());
     widget->setInputMethodHints(field.Numeric() ? Qt::ImhPreferNumbers | Qt::ImhPreferLatin : Qt::ImhNone);
     widget->ShowMark(field.Marked());
-    widget->ShowOutside(field.Outside() && field.ShownLook() != Look::Bad);
+    widget->ShowOutside(field.Outside());
     widget->setAlignment((field.Numeric() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     if (look != field.ShownLook() || dimmed != field.Dimmed()) {
       look = field.ShownLook();

@@ -13,6 +13,7 @@
 
 #include "linearizer/linearizer.h"
 #include "monitor/status_monitor.h"
+#include "print/contrast.h"
 #include "support/page_parts.h"
 #include "window_bench.h"
 
@@ -61,6 +62,25 @@ TEST(GridViewTest, ASelectedHeadIsColoured) {
             bench.table->palette().color(QPalette::Active, QPalette::Highlight));
   bench.grid.SetLook(0, 2, Look::Normal);
   EXPECT_EQ(bench.HeadBackground(2).style(), Qt::NoBrush);
+}
+
+TEST(GridViewTest, TheCellThatTheKeysGoToHasTheFrameOfTheKeyboard) {
+  GridBench bench;
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&bench.window));
+  bench.table->setFocus();
+  bench.table->setCurrentIndex(bench.table->model()->index(3, 1));
+  const QRect cell = bench.table->visualRect(bench.table->currentIndex());
+  for (const Look look : {Look::Normal, Look::Grey, Look::Bad, Look::Highlight}) {
+    bench.grid.SetLook(3, 1, look);
+    const QImage picture = bench.table->viewport()->grab(cell).toImage();
+    const QColor inside = picture.pixelColor(4, picture.height() / 2);
+    for (const QPoint& edge : {QPoint(0, picture.height() / 2), QPoint(picture.width() / 2, 0),
+                               QPoint(picture.width() - 1, picture.height() / 2),
+                               QPoint(picture.width() / 2, picture.height() - 1)}) {
+      EXPECT_GE(Contrast(picture.pixelColor(edge), inside), kMarkContrast)
+          << static_cast<int>(look) << ": " << edge.x() << " " << edge.y();
+    }
+  }
 }
 
 TEST(GridViewTest, TheMarkOfAnOpenEditIsDrawnInItsCell) {
