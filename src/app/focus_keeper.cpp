@@ -1,9 +1,18 @@
 #include "app/focus_keeper.h"
 
 #include <QFocusEvent>
+#include <QTimer>
 #include <utility>
 
 namespace korva {
+
+namespace {
+
+bool IsStop(const QWidget& widget) {
+  return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isEnabled() && widget.isVisible();
+}
+
+}  // namespace
 
 FocusKeeper::FocusKeeper(QWidget& page) : QObject(&page) {
   for (QWidget* widget : page.findChildren<QWidget*>()) {
@@ -27,8 +36,27 @@ bool FocusKeeper::eventFilter(QObject* watched, QEvent* event) {
 
 void FocusKeeper::FocusLeft(QWidget& widget) {
   wandering_ = !widget.isEnabled();
-  if (wandering_ && lost_ == nullptr) {
+  if (!wandering_) {
+    return;
+  }
+  if (lost_ == nullptr) {
     lost_ = &widget;
+  }
+  // What disabled it may enable others yet, such as the button that ends a live loop.
+  QTimer::singleShot(0, this, [this] { GoOn(); });
+}
+
+void FocusKeeper::GoOn() {
+  if (lost_ == nullptr || lost_->window()->focusWidget() != nullptr) {
+    return;
+  }
+  QWidget* next = lost_->nextInFocusChain();
+  while (next != lost_ && !IsStop(*next)) {
+    next = next->nextInFocusChain();
+  }
+  if (next != lost_) {
+    wandering_ = true;
+    next->setFocus(Qt::TabFocusReason);
   }
 }
 

@@ -83,6 +83,21 @@ TEST(FocusTest, ReturnsToTheMonitorsOnWhenItHasStopped) {
   EXPECT_EQ(FocusBench::Focused(), "cmdMonitorON");
 }
 
+TEST(FocusTest, IsOnTheMonitorsOffWhileItRuns) {
+  FocusBench bench("QN");
+  bench.Upload();
+  bench.Show(6);
+  std::string focused;
+  bench.device.loop.After(std::chrono::seconds(5), [&] {
+    QCoreApplication::processEvents();
+    focused = FocusBench::Focused();
+    test::Part<StatusMonitor>(bench.Page()).cmdMonitorOFF.Click();
+  });
+  bench.Press("cmdMonitorON");
+  EXPECT_EQ(focused, "cmdMonitorOFF");
+  EXPECT_EQ(FocusBench::Focused(), "cmdMonitorON");
+}
+
 TEST(FocusTest, IsOnOffWhileTheOutputIsForcedAndThenInItsField) {
   FocusBench bench("QN");
   bench.Upload();
