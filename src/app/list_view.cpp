@@ -109,6 +109,16 @@ bool ListView::viewportEvent(QEvent* event) {
   return QListWidget::viewportEvent(event);
 }
 
+void ListView::resizeEvent(QResizeEvent* event) {
+  const QListWidgetItem* present = currentItem();
+  const QRect before(QPoint(), event->oldSize());
+  const bool in_view = present != nullptr && before.contains(visualItemRect(present));
+  QListWidget::resizeEvent(event);
+  if (in_view) {
+    scrollToItem(present);
+  }
+}
+
 // The keyboard's focus alone chooses nothing: a list without a choice would else take its first entry as soon
 // as its page comes to the front.
 void ListView::focusInEvent(QFocusEvent* event) {

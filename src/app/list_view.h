@@ -27,6 +27,8 @@ class ListView final : public QListWidget {
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  /// Keeps the present entry in view where that was, as when a smaller window has less room.
+  void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -57,6 +57,24 @@ TEST(ListViewTest, ShowsAfterEachKeyWhatAClickWouldChoose) {
   }
 }
 
+TEST(ListViewTest, KeepsThePresentEntryInViewWhenTheWindowBecomesSmaller) {
+  ListBench bench;
+  bench.window.resize(1180, 740);
+  QCoreApplication::processEvents();
+  const int row = bench.Shown()->row(bench.Shown()->itemAt(1, bench.Shown()->viewport()->height() - 30));
+  bench.Page().lst_TypeSelect.UserPicks(row);
+  QCoreApplication::processEvents();
+  const QListWidget* list = bench.Shown();  // of the page that the model brings
+  const auto in_view = [&] {
+    return list->viewport()->rect().contains(list->visualItemRect(list->item(row)));
+  };
+  ASSERT_EQ(list->currentRow(), row);
+  ASSERT_TRUE(in_view());
+  bench.window.resize(1180, 450);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(in_view());
+}
+
 TEST(ListViewTest, ShowsAfterScrollingWhatAClickWouldChoose) {
   ListBench bench;
   const int chosen = bench.Page().lst_TypeSelect.ListIndex();
