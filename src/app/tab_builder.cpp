@@ -53,6 +53,14 @@ int DigitsOfField(const TextField& field) {
   return field.Numeric() ? kField : kMemo;
 }
 
+/// The column in which the lines of a box begin. A column that is spanned takes a gap even where nothing
+/// stands in it: what has a caption would be out of line with what has none.
+int FirstColumn(const DesignGroup& group) {
+  const bool numbers = std::any_of(group.rows.begin(), group.rows.end(),
+                                   [](const DesignRow& row) { return !row.number.empty(); });
+  return numbers ? 0 : 1;
+}
+
 bool HasCurve(const DesignGroup& group) {
   return std::any_of(group.rows.begin(), group.rows.end(),
                      [](const DesignRow& row) { return !row.curve.empty(); });
@@ -142,8 +150,9 @@ QGroupBox* TabBuilder::MakeGroup(const DesignGroup& group, QWidget* parent) {
   layout->setColumnMinimumWidth(3, Digits(parent, kUnitColumn));
   layout->setColumnStretch(kColumns - 1, 1);
   std::vector<Control*> controls;
+  const int first = FirstColumn(group);
   for (const DesignRow& row : group.rows) {
-    AddRow(row, *layout, box, controls);
+    AddRow(row, first, *layout, box, controls);
   }
   MakeHeadingBold(box);
   auto* frame =
@@ -159,18 +168,18 @@ QGroupBox* TabBuilder::MakeGroup(const DesignGroup& group, QWidget* parent) {
   return box;
 }
 
-void TabBuilder::AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box,
+void TabBuilder::AddRow(const DesignRow& row, int first, QGridLayout& layout, QWidget* box,
                         std::vector<Control*>& controls) {
   const int line = layout.rowCount();
   if (!row.curve.empty()) {
     controls.push_back(page_.FindControl(row.curve));
     auto* curve = new CurveView(dynamic_cast<Grid&>(*controls.back()), box);
-    layout.addWidget(curve, line, 0, 1, kColumns);
+    layout.addWidget(curve, line, first, 1, kColumns - first);
     ShowWithAny(curve, nullptr, {controls.back()});
     return;
   }
   AddLabels(row, line, layout, box, controls);
-  AddField(row, line, layout, box, controls);
+  AddField(row, {.line = line, .first = first}, layout, box, controls);
 }
 
 void TabBuilder::AddLabels(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
@@ -209,7 +218,7 @@ std::vector<Control*> TabBuilder::ControlsOf(std::string_view names) const {
   return controls;
 }
 
-void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+void TabBuilder::AddField(const DesignRow& row, Place place, QGridLayout& layout, QWidget* box,
                           std::vector<Control*>& controls) {
   Frame* frame = FrameOf(row);
   const std::vector<Control*> fields = ControlsOf(row.field);
@@ -227,14 +236,14 @@ void TabBuilder::AddField(const DesignRow& row, int line, QGridLayout& layout, Q
   }
   const Qt::Alignment alignment = fills ? Qt::Alignment() : Qt::AlignLeft | Qt::AlignVCenter;
   // What has no unit may use its place, so that the units stand right behind their fields.
-  const int first = alone ? 0 : 2;
+  const int begin = alone ? place.first : 2;
   const bool alone_in_line = row.unit.empty() && row.buttons.empty();
-  layout.addWidget(field, line, first, 1, (alone_in_line ? kColumns : 3) - first, alignment);
+  layout.addWidget(field, place.line, begin, 1, (alone_in_line ? kColumns : 3) - begin, alignment);
   if (!row.buttons.empty()) {
     const std::vector<Control*> buttons = ControlsOf(row.buttons);
     controls.insert(controls.end(), buttons.begin(), buttons.end());
     QWidget* area = MakeRowOf(buttons, box);
-    layout.addWidget(area, line, 4, Qt::AlignLeft | Qt::AlignVCenter);
+    layout.addWidget(area, place.line, 4, Qt::AlignLeft | Qt::AlignVCenter);
     AssignKeys(row, *field, *area);
   }
 }

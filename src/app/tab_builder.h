@@ -24,11 +24,17 @@ class TabBuilder {
  private:
   void AddBox(const DesignGroup& group, QHBoxLayout& columns, QVBoxLayout& stack);
   QGroupBox* MakeGroup(const DesignGroup& group, QWidget* parent);
+  /// Where a row of a box stands.
+  struct Place {
+    int line;
+    int first;  ///< the first column that the box uses
+  };
   // Each adds what it shows to `controls`.
-  void AddRow(const DesignRow& row, QGridLayout& layout, QWidget* box, std::vector<Control*>& controls);
+  void AddRow(const DesignRow& row, int first, QGridLayout& layout, QWidget* box,
+              std::vector<Control*>& controls);
   void AddLabels(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
                  std::vector<Control*>& controls);
-  void AddField(const DesignRow& row, int line, QGridLayout& layout, QWidget* box,
+  void AddField(const DesignRow& row, Place place, QGridLayout& layout, QWidget* box,
                 std::vector<Control*>& controls);
   [[nodiscard]] std::vector<Control*> ControlsOf(std::string_view names) const;
   /// The frame that a row shows; nullptr when it shows something else.
