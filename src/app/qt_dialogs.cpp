@@ -1,10 +1,12 @@
 #include "app/qt_dialogs.h"
 
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <map>
 
+#include "app/looks.h"
 #include "app/text.h"
 
 namespace korva {
@@ -42,6 +44,14 @@ ButtonForm FormOf(Answer answer) {
   return {QMessageBox::AcceptRole, QStringLiteral("OK")};
 }
 
+/// Makes a box with a short text as wide as its title asks for, beside the signs of the window's frame.
+void HaveTitleShown(QMessageBox& message) {
+  constexpr int signs = 20;  // in digits of the font
+  auto& layout = dynamic_cast<QGridLayout&>(*message.layout());
+  const int width = message.fontMetrics().horizontalAdvance(message.windowTitle()) + Digits(&message, signs);
+  layout.addItem(new QSpacerItem(width, 0), layout.rowCount(), 0, 1, layout.columnCount());
+}
+
 /// "text|pattern|text|pattern|" as the list that Qt takes; a pattern that the text already shows stays there.
 QStringList NameFilters(const String& filter) {
   const QStringList parts = ToQt(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -62,6 +72,7 @@ Answer QtDialogs::ShowBox(const Box& box) {
   message.setWindowTitle(ToQt(box.title));
   message.setText(ToQt(box.text).remove(QLatin1Char('\r')));
   message.setTextFormat(Qt::PlainText);
+  HaveTitleShown(message);
   std::map<QAbstractButton*, Answer> answers;
   for (const Answer answer : box.buttons) {
     QPushButton* button = AddAnswer(message, answer);

@@ -27,7 +27,7 @@ std::optional<std::string> QtPaper::PdfOf(const Document& document, String& why)
 String QtPaper::Print(const Document& document) {
   QPrinter printer;
   printer.setResolution(kPrinterResolution);
-  printer.setDocName(ToQt(document.header));
+  printer.setDocName(ToQt(document.header).simplified());
   printer.setPageSize(QPageSize(QPageSize::A4));
   QPrintDialog dialog(&printer, parent_);
   const bool chosen = dialog.exec() == QDialog::Accepted;
