@@ -1,11 +1,13 @@
 #include "app/app_style.h"
 
 #include <QAbstractItemView>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "print/contrast.h"
 
@@ -13,7 +15,9 @@ namespace korva {
 
 namespace {
 
-constexpr int kFrame = 2;  ///< strength of the keyboard's frame, in pixels
+constexpr int kFrame = 2;           ///< strength of the keyboard's frame, in pixels
+constexpr int kButtonRoom = 16;     ///< pixels that a button has beside its text, on both sides together
+constexpr double kFieldCorner = 2;  ///< radius of Fusion's round corners, in pixels
 
 void DrawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
   painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), kFrame), colour);
@@ -40,6 +44,38 @@ Option Unfocused(const Option& option) {
 bool IsWide(const QWidget* widget) {
   return qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
          qobject_cast<const QPlainTextEdit*>(widget) != nullptr;
+}
+
+/// The line around what takes an input. Fusion's own, a darker shade of the window, is lost on a dark one.
+QColor EdgeColour() {
+  constexpr int fusions_shade = 140;
+  const QColor window = QGuiApplication::palette().color(QPalette::Active, QPalette::Window);
+  static std::pair<QColor, QColor> edge_of;  // of each field the same, until the system's colours change
+  if (edge_of.first != window) {
+    edge_of = {window, Distinct(window.darker(fusions_shade), {{.colour = window, .least = kMarkContrast}})};
+  }
+  return edge_of.second;
+}
+
+void DrawFieldEdge(QPainter& painter, const QRect& rect) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(EdgeColour());
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), kFieldCorner, kFieldCorner);
+  painter.restore();
+}
+
+/// On the circle that Fusion draws.
+void DrawRadioEdge(QPainter& painter, const QRect& rect) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  constexpr double strength = 1.4;  // an edge is spread over the pixels that it touches
+  painter.setPen(QPen(EdgeColour(), strength));
+  painter.setBrush(Qt::NoBrush);
+  const int diameter = rect.width() + (rect.width() + 1) % 2;
+  painter.drawEllipse(QPointF(rect.center() + QPoint(1, 1)), diameter / 2.0 - 1, diameter / 2.0 - 1);
+  painter.restore();
 }
 
 /// The part that is done, plain: on Fusion's shades and edges a text can't be read everywhere.
@@ -73,7 +109,15 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     return;
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
-  if (HasFocus(*option) && (element == PE_PanelLineEdit || (element == PE_Frame && IsWide(widget)))) {
+  const bool field = element == PE_PanelLineEdit || (element == PE_Frame && IsWide(widget));
+  const bool enabled = option->state.testFlag(State_Enabled);
+  if (field && enabled) {
+    DrawFieldEdge(*painter, option->rect);
+  }
+  if (element == PE_IndicatorRadioButton && enabled) {
+    DrawRadioEdge(*painter, option->rect);
+  }
+  if (field && HasFocus(*option)) {
     DrawFrame(*painter, *option, option->palette.color(QPalette::Base));
   }
 }
@@ -120,9 +164,26 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
   DrawFrame(*painter, *option, option->palette.color(QPalette::Button));
 }
 
+QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                 const QWidget* widget) const {
+  const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  return type == CT_PushButton ? size.expandedTo(QSize(contents.width() + kButtonRoom, 0)) : size;
+}
+
 int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
   return metric == PM_DefaultFrameWidth && IsWide(widget) ? kFrame
                                                           : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+int AppStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                        QStyleHintReturn* more) const {
+  if (hint != SH_Table_GridLineColor || option == nullptr) {
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+  constexpr double strength = 0.2;
+  const QColor line =
+      Mix(option->palette.color(QPalette::Base), option->palette.color(QPalette::Text), strength);
+  return static_cast<int>(line.rgba());
 }
 
 }  // namespace korva
