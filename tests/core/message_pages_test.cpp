@@ -189,6 +189,16 @@ TEST(MessagePages, HaveTheSameMessagesInTheSameChapters) {
   }
 }
 
+TEST(MessagePages, ListEachChapterAtTheTop) {
+  for (const MessagePage& page : MessagePages()) {
+    const std::string top = page.whole.substr(0, page.whole.find("\n## "));
+    for (const MessageChapter& chapter : page.chapters) {
+      EXPECT_NE(top.find("\n- [" + chapter.heading.substr(3) + "](#"), std::string::npos)
+          << page.file << ": " << chapter.heading;
+    }
+  }
+}
+
 TEST(MessagePages, TellWhereEachMessageComesWhyAndWhatToDo) {
   for (const MessagePage& page : MessagePages()) {
     for (const MessageEntry& entry : page.entries) {

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
@@ -175,6 +176,36 @@ TEST(UserGuide, TellsTheSameCaptionsAndNumbersInEachChapterOfBothLanguages) {
     for (const std::string& number : NumbersIn(english[at].text)) {
       EXPECT_TRUE(numbers.contains(number)) << japanese[at].heading << ": " << number;
     }
+  }
+}
+
+/// Keys as the guide writes them, such as `Ctrl+Shift+Z`.
+std::set<std::string> KeysIn(const std::string& text) {
+  const std::regex key("(Ctrl|Alt|Shift)(\\+[A-Za-z0-9]+)+");
+  std::set<std::string> keys;
+  for (auto at = std::sregex_iterator(text.begin(), text.end(), key); at != std::sregex_iterator(); ++at) {
+    keys.insert(at->str());
+  }
+  return keys;
+}
+
+TEST(UserGuide, TellsTheSameKeysInEachChapterOfBothLanguages) {
+  const auto english = SectionsOf(EnglishGuide());
+  const auto japanese = SectionsOf(JapaneseGuide());
+  ASSERT_EQ(english.size(), japanese.size());
+  for (std::size_t at = 0; at < english.size(); ++at) {
+    EXPECT_EQ(KeysIn(english[at].text), KeysIn(japanese[at].text)) << english[at].heading;
+  }
+}
+
+TEST(UserGuide, TellsTheKeysOfTheButtons) {
+  const std::string window = TextOf(kSourceFolder + "/src/app/page_view.cpp");
+  const std::size_t first = window.find("kShortcuts = {");
+  const std::set<std::string> of_buttons = KeysIn(window.substr(first, window.find("};", first) - first));
+  EXPECT_GE(of_buttons.size(), 7U);
+  const std::set<std::string> told = KeysIn(TextOf(EnglishGuide()));
+  for (const std::string& key : of_buttons) {
+    EXPECT_TRUE(told.contains(key)) << key;
   }
 }
 
