@@ -60,6 +60,7 @@ class SaveQuestion final : public OpenQuestion {
         QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)),
         QMessageBox::NoButton, chooser_->parentWidget());
     replace_->setObjectName(QStringLiteral("replaceFile"));
+    replace_->setTextFormat(Qt::PlainText);
     replace_->setModal(false);
     const QPushButton* yes = AddAnswer(*replace_, Answer::Yes);
     QPushButton* no = AddAnswer(*replace_, Answer::No);

@@ -120,6 +120,31 @@ TEST_F(EndToEnd, PutsTheSettingsOfADeviceIntoAPdfFile) {
   EXPECT_NE(pdf.find("/FontFile"), std::string::npos);
 }
 
+/// What draws is another program: when that fails, breaks off or is not there, the former file stays whole.
+TEST_F(EndToEnd, TellsWhyNoPdfFileWasDrawnAndKeepsTheFormerOne) {
+  std::filesystem::create_directory(home / "bin");
+  std::filesystem::copy_file(std::filesystem::path(KORVA_HOME) / "korva-cli", home / "bin" / "korva-cli");
+  const std::filesystem::path drawer = home / "bin" / "korva-pdf";
+  const auto refusal = [&] {
+    Write("data/a.pdf", "former");
+    ChildProgram cli(home / "bin" / "korva-cli", At({Write("script.txt", "pdf a.pdf\n")}));
+    const Lines printed = cli.ReadToEnd();
+    EXPECT_EQ(Bytes("data/a.pdf"), "former");
+    EXPECT_EQ(Of(printed, "pdf "), Lines());
+    const Lines refused = Of(printed, "refused ");
+    return refused.size() == 1 ? refused.front() : std::string();
+  };
+  const std::string words = "refused pdf a.pdf: ";
+  EXPECT_TRUE(refusal().starts_with(words + home.string() + "/libexec/korva/korva-pdf: ")) << "none";
+  for (const char* end : {"exit 1", "kill -KILL $$"}) {
+    Write("bin/korva-pdf", std::string("#!/bin/sh\ncat >/dev/null\nprintf half\n") + end + "\n");
+    std::filesystem::permissions(drawer, std::filesystem::perms::owner_all);
+    EXPECT_TRUE(refusal().starts_with(words + drawer.string() + ": ")) << end;
+  }
+  Write("bin/korva-pdf", "#!/bin/sh\ncat >/dev/null\nprintf half\necho no font >&2\nexit 1\n");
+  EXPECT_EQ(refusal(), words + "no font");
+}
+
 TEST_F(EndToEnd, WhatIsNoDocumentBecomesNoPdfFile) {
   for (const char* text : {"", "title\ta\n", "no document\nend\n"}) {
     ChildProgram pdf("korva-pdf", {});
