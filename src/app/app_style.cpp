@@ -9,25 +9,18 @@
 #include <cmath>
 #include <utility>
 
+#include "app/looks.h"
 #include "print/contrast.h"
 
 namespace korva {
 
 namespace {
 
-constexpr int kFrame = 2;           ///< strength of the keyboard's frame, in pixels
 constexpr int kButtonRoom = 16;     ///< pixels that a button has beside its text, on both sides together
 constexpr double kFieldCorner = 2;  ///< radius of Fusion's round corners, in pixels
 
-void DrawFrame(QPainter& painter, const QRect& rect, const QColor& colour) {
-  painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), kFrame), colour);
-  painter.fillRect(QRect(rect.left(), rect.bottom() - kFrame + 1, rect.width(), kFrame), colour);
-  painter.fillRect(QRect(rect.left(), rect.top(), kFrame, rect.height()), colour);
-  painter.fillRect(QRect(rect.right() - kFrame + 1, rect.top(), kFrame, rect.height()), colour);
-}
-
 void DrawFrame(QPainter& painter, const QStyleOption& option, const QColor& back) {
-  DrawFrame(painter, option.rect, MarkColour(back));
+  DrawFocusFrame(painter, option.rect, back);
 }
 
 bool HasFocus(const QStyleOption& option) { return option.state.testFlag(QStyle::State_HasFocus); }
@@ -171,7 +164,7 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
 }
 
 int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-  return metric == PM_DefaultFrameWidth && IsWide(widget) ? kFrame
+  return metric == PM_DefaultFrameWidth && IsWide(widget) ? kFocusFrame
                                                           : QProxyStyle::pixelMetric(metric, option, widget);
 }
 

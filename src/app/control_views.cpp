@@ -317,7 +317,7 @@ QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
         widget->ShowText(text);
       }
     }
-    widget->setReadOnly(field.Locked());
+    widget->Lock(field.Locked());
   });
   QObject::connect(widget, &QPlainTextEdit::textChanged, widget, [this, &field, widget] {
     const String text = FromQt(widget->ShownText().replace(QLatin1Char('\n'), QLatin1String("\r\n")));

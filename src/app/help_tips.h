@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHelpEvent>
 #include <QObject>
 #include <QWidget>
 
@@ -8,7 +9,8 @@
 namespace korva {
 
 /// Shows what the page's controls tell of themselves (Control::Help) in tooltips while the pointer rests on
-/// their widgets. A widget with a tooltip of its own keeps that.
+/// their widgets, or when F1 is pressed while they have the keyboard. A widget with a tooltip of its own keeps
+/// that.
 class HelpTips final : public QObject {
  public:
   /// `view` holds the widgets of the page's controls, under their full names, and keeps this.
@@ -17,6 +19,8 @@ class HelpTips final : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// Answers the pointer; true when the page had something to tell.
+  [[nodiscard]] bool ShowTip(const QHelpEvent& help) const;
   /// What the widget, or the next one around it that shows a control, tells; empty for nothing.
   [[nodiscard]] QString TipOf(const QWidget* widget) const;
 

@@ -49,6 +49,14 @@ QPalette Dimmed(const QPalette& palette) {
   return dimmed;
 }
 
+void DrawFocusFrame(QPainter& painter, const QRect& area, const QColor& back) {
+  const QRect inside = area.adjusted(kFocusFrame, kFocusFrame, -kFocusFrame, -kFocusFrame);
+  const QColor colour = MarkColour(back);
+  for (const QRect& side : QRegion(area).subtracted(inside)) {
+    painter.fillRect(side, colour);
+  }
+}
+
 void DrawMark(QPainter& painter, const QRect& area, const QColor& colour) {
   constexpr int kHalfWave = 2;
   QPolygon wave;

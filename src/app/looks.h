@@ -27,5 +27,11 @@ void DrawMark(QPainter& painter, const QRect& area, const QColor& colour);
 /// Draws the sign of a value that lies outside its limits: a triangle with an exclamation mark that fills
 /// `area`, which is a square.
 void DrawWarningSign(QPainter& painter, const QRect& area, const QColor& colour);
+/// Strength of the frame around what has the keyboard, in pixels.
+inline constexpr int kFocusFrame = 2;
+/// Draws the frame of what has the keyboard along the inner edge of `area`, in a colour that is seen on
+/// `back`.
+void DrawFocusFrame(QPainter& painter, const QRect& area, const QColor& back);
+
 
 }  // namespace korva

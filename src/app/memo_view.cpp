@@ -56,6 +56,11 @@ void MemoView::Amend(const QString& text) {
   setTextCursor(cursor);
 }
 
+void MemoView::Lock(bool locked) {
+  setReadOnly(locked);
+  setTextInteractionFlags(textInteractionFlags() | Qt::TextSelectableByKeyboard);
+}
+
 bool MemoView::event(QEvent* event) { return !LeavesToPage(*event) && QPlainTextEdit::event(event); }
 
 void MemoView::contextMenuEvent(QContextMenuEvent* event) {

@@ -16,6 +16,8 @@ class MemoView : public QPlainTextEdit {
   /// Shows another text in the place of one that the user is at: the cursor goes behind what differs.
   void Amend(const QString& text);
   [[nodiscard]] QString ShownText() const { return Whole(toPlainText()); }
+  /// A locked text can be read, selected and copied, by keyboard too.
+  void Lock(bool locked);
 
  protected:
   bool event(QEvent* event) override;

@@ -175,6 +175,7 @@ void PageView::FollowTabs() {
     for (int tab = 0; tab < page_.Tabs.Count(); ++tab) {
       if (const QString caption = ToQt(page_.Tabs.TabCaption(tab)); tabs_->tabText(tab) != caption) {
         tabs_->setTabText(tab, caption);
+        tabs_->widget(tab)->setAccessibleName(caption);
       }
       tabs_->setTabEnabled(tab, page_.Tabs.TabEnabled(tab));
       ShowBadTab(tab, page_.Tabs.TabBad(tab));

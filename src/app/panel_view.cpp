@@ -123,7 +123,6 @@ void PanelView::MakeTable() {
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().lineSpacing() * 5 / 4);
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table_->horizontalHeader()->setStretchLastSection(true);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->installEventFilter(this);
   // The end stays in view as long as the user does not scroll away from it. The bar moves once more when the
@@ -146,7 +145,13 @@ void PanelView::ShowContents(bool other_heading) {
   }
 }
 
+void PanelView::WidenColumns() {
+  table_->horizontalHeader()->setStretchLastSection(false);  // it would be cut at the window's edge
+  table_->resizeColumnsToContents();
+}
+
 void PanelView::FitColumns() {
+  table_->horizontalHeader()->setStretchLastSection(true);
   table_->resizeColumnsToContents();
   for (int column = 0; column + 1 < model_->columnCount({}); ++column) {
     table_->setColumnWidth(column, std::min(table_->columnWidth(column), Digits(table_, kColumn)));
@@ -175,10 +180,25 @@ void PanelView::Copy() {
   QApplication::clipboard()->setText(model_->TextOf(places));
 }
 
+bool PanelView::Press(const QKeyEvent& key) {
+  if (key.matches(QKeySequence::Copy)) {
+    Copy();  // the table would copy one cell
+    return true;
+  }
+  const bool widens = key.key() == Qt::Key_Plus;
+  if (!key.modifiers().testFlag(Qt::ControlModifier) || (!widens && key.key() != Qt::Key_Minus)) {
+    return false;
+  }
+  if (widens) {
+    WidenColumns();
+  } else {
+    FitColumns();
+  }
+  return true;
+}
+
 bool PanelView::eventFilter(QObject* watched, QEvent* event) {
-  // The table would copy one cell.
-  if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
-    Copy();
+  if (event->type() == QEvent::KeyPress && Press(*static_cast<QKeyEvent*>(event))) {
     return true;
   }
   return SideView::eventFilter(watched, event);

@@ -6,15 +6,38 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "app/looks.h"
 #include "app/text.h"
 
 namespace korva {
 
+namespace {
+
+/// A text to be read, of which a part can be selected and copied, by mouse and by keyboard.
+class HeadingView final : public QLabel {
+ public:
+  explicit HeadingView(QWidget* parent) : QLabel(parent) {
+    setObjectName(QStringLiteral("heading"));
+    setWordWrap(true);
+    setMargin(kFocusFrame + 1);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (hasFocus()) {
+      QPainter painter(this);
+      DrawFocusFrame(painter, rect(), palette().color(QPalette::Window));
+    }
+  }
+};
+
+}  // namespace
+
 SideView::SideView(SideWindow& window, EventGate& gate, QWidget* parent)
-    : QDialog(parent), window_(window), views_(gate), heading_(new QLabel(this)) {
-  heading_->setWordWrap(true);
-  heading_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-}
+    : QDialog(parent), window_(window), views_(gate), heading_(new HeadingView(this)) {}
 
 QWidget* SideView::MakeButtons(const std::vector<OwnButton>& own) {
   auto* box = new QDialogButtonBox(this);

@@ -6,7 +6,6 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -15,6 +14,7 @@
 #include "app/curve_view.h"
 #include "app/looks.h"
 #include "app/step_keys.h"
+#include "app/tab_area.h"
 #include "app/text.h"
 #include "core/design_names.h"
 
@@ -100,10 +100,7 @@ bool SizeField(QWidget* widget, const Control& control) {
 }  // namespace
 
 QWidget* TabBuilder::Make(const DesignTab& tab, QWidget* parent) {
-  auto* area = new QScrollArea(parent);
-  area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setFocusPolicy(Qt::NoFocus);  // it would be a stop of the keyboard that nobody sees
+  auto* area = new TabArea(parent);
   auto* content = new QWidget(area);
   auto* columns = new QHBoxLayout(content);
   std::array<QVBoxLayout*, 2> stacks = {new QVBoxLayout, new QVBoxLayout};

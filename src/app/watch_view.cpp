@@ -2,14 +2,14 @@
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QResizeEvent>
-#include <QStyleOptionFocusRect>
-#include <QStylePainter>
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "app/digits_view.h"
+#include "app/looks.h"
 #include "app/text.h"
 #include "app/trend_view.h"
 
@@ -19,7 +19,6 @@ namespace {
 
 constexpr QSize kWatchSize(860, 560);
 constexpr double kTileForm = 1.5;  ///< width to height
-constexpr int kFocusWidth = 2;
 // Shares of a tile's height.
 constexpr int kDigitsShare = 3;
 constexpr int kTrendShare = 3;
@@ -128,9 +127,7 @@ void TileView::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
   if (hasFocus()) {
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), kFocusWidth));
-    const int inset = kFocusWidth / 2;
-    painter.drawRect(rect().adjusted(inset, inset, -inset, -inset));
+    DrawFocusFrame(painter, rect(), palette().color(QPalette::Base));
   }
 }
 

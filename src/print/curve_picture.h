@@ -25,11 +25,12 @@ class CurvePicture {
   void Draw(QPainter& painter, const QPalette& colours) const;
   /// The point nearest to a place in the picture; nullptr when none is near.
   [[nodiscard]] const CurvePoint* Near(const QPointF& place) const;
+  /// Where a point of the curve stands in the picture.
+  [[nodiscard]] QPointF At(const CurvePoint& point) const { return At(point.x, point.y); }
 
  private:
   [[nodiscard]] Axis AxisOf(double CurvePoint::*value, int ticks) const;
   [[nodiscard]] QPointF At(double x, double y) const;
-  [[nodiscard]] QPointF At(const CurvePoint& point) const { return At(point.x, point.y); }
   [[nodiscard]] bool GoesUnderInLine(std::size_t place) const;
   void DrawRows(QPainter& painter, const QPalette& colours) const;
   void DrawColumns(QPainter& painter, const QPalette& colours) const;

@@ -160,6 +160,92 @@ TEST(CurveViewTest, TheTipTellsThePointUnderTheMouse) {
   EXPECT_TRUE(found);
 }
 
+/// A table with three points and a gap, whose picture has the keyboard.
+struct WalkedCurve : Curve {
+  WalkedCurve() {
+    for (int row = 1; row <= 16; ++row) {
+      grid.SetText(row, 0, FromQt(QStringLiteral("%1").arg(row, 2, 10, QLatin1Char('0'))));
+    }
+    Set(1, u"0", u"1");
+    Set(2, u"5.50", u"60");
+    Set(4, u"9", u"70");
+    view.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+    view.setFocus();
+  }
+  ~WalkedCurve() { QToolTip::hideText(); }
+  WalkedCurve(const WalkedCurve&) = delete;
+  WalkedCurve& operator=(const WalkedCurve&) = delete;
+  std::string TipAfter(Qt::Key key) {
+    QTest::keyClick(&view, key);
+    return QToolTip::text().toStdString();
+  }
+};
+
+TEST(CurveViewTest, TheKeyboardWalksThePointsAndShowsTheirTips) {
+  WalkedCurve curve;
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Right), "01: X = 0, Y = 1");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Right), "02: X = 5.50, Y = 60");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Right), "04: X = 9, Y = 70");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Right), "04: X = 9, Y = 70");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Left), "02: X = 5.50, Y = 60");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Home), "01: X = 0, Y = 1");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_Left), "01: X = 0, Y = 1");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_End), "04: X = 9, Y = 70");
+}
+
+TEST(CurveViewTest, PageDownGoesOverTenPoints) {
+  WalkedCurve curve;
+  for (int row = 1; row <= 15; ++row) {
+    curve.Set(row, FromQt(QString::number(row)).c_str(), u"5");
+  }
+  curve.TipAfter(Qt::Key_Right);
+  EXPECT_EQ(curve.TipAfter(Qt::Key_PageDown), "11: X = 11, Y = 5");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_PageDown), "15: X = 15, Y = 5");
+  EXPECT_EQ(curve.TipAfter(Qt::Key_PageUp), "05: X = 5, Y = 5");
+}
+
+TEST(CurveViewTest, AScreenReaderIsToldThePointThatHasTheKeyboard) {
+  WalkedCurve curve;
+  curve.grid.SetLook(2, 2, Look::Bad);
+  curve.TipAfter(Qt::Key_Right);
+  curve.TipAfter(Qt::Key_Right);
+  (void)curve.Painted();
+  EXPECT_EQ(curve.view.accessibleDescription().toStdString(),
+            "02: X = 5.50, Y = 60; 不適当な値; 3 点、不適当 1 点");
+  curve.Set(2, u"5.75", u"60");
+  (void)curve.Painted();
+  EXPECT_TRUE(curve.view.accessibleDescription().startsWith(QStringLiteral("02: X = 5.75, Y = 60")));
+  curve.view.clearFocus();
+  (void)curve.Painted();
+  EXPECT_EQ(curve.view.accessibleDescription().toStdString(), "3 点、不適当 1 点");
+}
+
+TEST(CurveViewTest, ThePointThatHasTheKeyboardIsFramedUntilItLeaves) {
+  WalkedCurve curve;
+  const QImage around = curve.Painted();
+  curve.TipAfter(Qt::Key_Right);
+  const QImage first = curve.Painted();
+  curve.TipAfter(Qt::Key_Right);
+  EXPECT_NE(first, around);
+  EXPECT_NE(curve.Painted(), first);
+  curve.view.clearFocus();
+  EXPECT_TRUE(QToolTip::text().isEmpty() || !QToolTip::isVisible());
+  curve.view.setFocus();
+  EXPECT_EQ(curve.Painted(), around);
+}
+
+TEST(CurveViewTest, KeysMeanNothingWithoutAPointAndOtherKeysGoOn) {
+  WalkedCurve curve;
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+  QCoreApplication::sendEvent(&curve.view, &down);
+  EXPECT_FALSE(down.isAccepted());
+  curve.grid.SetRowsInUse(0);
+  QKeyEvent right(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+  QCoreApplication::sendEvent(&curve.view, &right);
+  EXPECT_FALSE(right.isAccepted());
+}
+
 TEST(CurveViewTest, OddTablesAreDrawnQuicklyAndWithAllTheirPoints) {
   struct Case {
     const char* name;

@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QToolTip>
 #include <algorithm>
 
@@ -57,6 +58,28 @@ TEST(HelpTipsTest, AWidgetWithATipOfItsOwnKeepsThat) {
   auto* button = bench.Find<QWidget>("cmdCheck");
   ASSERT_FALSE(button->toolTip().isEmpty());
   EXPECT_EQ(TipBench::TipOf(button), button->toolTip());
+}
+
+/// What F1 shows while a widget has the keyboard.
+QString TipByKey(QWidget* widget) {
+  QToolTip::hideText();
+  widget->setFocus();
+  QTest::keyClick(widget, Qt::Key_F1);
+  return QToolTip::text();
+}
+
+TEST(HelpTipsTest, F1ShowsTheTipOfWhatHasTheKeyboard) {
+  TipBench bench;
+  EXPECT_TRUE(TipByKey(bench.low).startsWith(QStringLiteral("Item 19  出力ｽｹｰﾙ下限\n範囲")));
+  EXPECT_EQ(TipByKey(bench.Find<QWidget>("cmdCheck")), QStringLiteral("Ctrl+K"));
+  bench.Show(1);
+  EXPECT_TRUE(TipByKey(bench.Find<QWidget>("Combo(0)")).startsWith(QStringLiteral("Item 10  入力種類")));
+  EXPECT_TRUE(TipByKey(bench.Find<QWidget>("optTempUnit(1)")).startsWith(QStringLiteral("Item 21")));
+  EXPECT_EQ(TipByKey(bench.window.Current()->findChild<QTabBar*>()), QStringLiteral("Alt+2"));
+  auto* list = bench.Find<QListWidget>("lst_TypeSelect");
+  ASSERT_EQ(list->currentItem()->text(), QStringLiteral("QN"));
+  EXPECT_EQ(TipByKey(list), list->currentItem()->data(Qt::AccessibleDescriptionRole).toString());
+  EXPECT_FALSE(QToolTip::text().isEmpty());
 }
 
 TEST(HelpTipsTest, WhatTellsNothingShowsNoTip) {

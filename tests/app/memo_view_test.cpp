@@ -26,6 +26,19 @@ void MoveTo(MemoView& memo, int place) {
   memo.setTextCursor(cursor);
 }
 
+TEST(MemoView, ALockedTextIsSelectedByKeysAndKept) {
+  MemoView memo;
+  memo.ShowText(QStringLiteral("Zone 2"));
+  memo.Lock(true);
+  QTest::keyClick(&memo, Qt::Key_End, Qt::ShiftModifier);
+  EXPECT_EQ(memo.textCursor().selectedText(), QStringLiteral("Zone 2"));
+  QTest::keyClick(&memo, Qt::Key_X);
+  EXPECT_EQ(memo.ShownText(), QStringLiteral("Zone 2"));
+  memo.Lock(false);
+  QTest::keyClick(&memo, Qt::Key_X);
+  EXPECT_EQ(memo.ShownText(), QStringLiteral("x"));
+}
+
 TEST(MemoView, ShowsALineOfAMebibyteInUnderASecond) {
   for (const QString& repeated : {QStringLiteral("x"), QStringLiteral("word "), QStringLiteral("aあｱ漢1 ")}) {
     const QString text = Line(repeated, kMebibyte);

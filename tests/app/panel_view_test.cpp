@@ -5,6 +5,8 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 
@@ -49,6 +51,51 @@ TEST(PanelViewTest, CopiesTheSelectedRowsAndAllOfThemWithoutASelection) {
   table->clearSelection();
   QTest::mouseClick(panel->findChild<QPushButton*>("copy"), Qt::LeftButton);
   EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), table->model()->rowCount());
+}
+
+TEST(PanelViewTest, ItsHeadingIsSelectedAndCopiedByKeys) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Press("cmdReport");
+  auto* heading = bench.Find<PanelView>("pnlReport")->findChild<QLabel*>("heading");
+  ASSERT_TRUE(heading->isVisible());
+  heading->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(heading, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(heading->selectedText().toStdString(), heading->text().toStdString());
+  QTest::keyClick(heading, Qt::Key_Home, Qt::ControlModifier);
+  for (int letter = 0; letter < 2; ++letter) {
+    QTest::keyClick(heading, Qt::Key_Right, Qt::ShiftModifier);
+  }
+  QTest::keyClick(heading, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), heading->text().left(2));
+}
+
+TEST(PanelViewTest, ItsColumnsBecomeAsWideAsTheirTextsByAKeyAndNarrowAgain) {
+  WindowBench bench("QHW");
+  bench.Press("cmdReport");
+  bench.Upload();
+  auto* table = bench.Find<PanelView>("pnlReport")->findChild<QTableView*>("table");
+  const auto widths = [table] {
+    std::vector<int> columns;
+    for (int column = 0; column < table->model()->columnCount(); ++column) {
+      columns.push_back(table->columnWidth(column));
+    }
+    return columns;
+  };
+  table->setColumnWidth(1, 20);
+  const std::vector<int> cut = widths();
+  QTest::keyClick(table, Qt::Key_Plus, Qt::ControlModifier);
+  const std::vector<int> wide = widths();
+  for (int column = 0; column < table->model()->columnCount(); ++column) {
+    for (int row = 0; row < table->model()->rowCount(); ++row) {
+      const QString text = CellOf(*table, row, column);
+      EXPECT_GE(wide.at(static_cast<std::size_t>(column)), table->fontMetrics().horizontalAdvance(text));
+    }
+  }
+  EXPECT_NE(wide, cut);
+  QTest::keyClick(table, Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(table->horizontalHeader()->length(), table->viewport()->width());
 }
 
 TEST(PanelViewTest, HasItsButtonsInTheLanguageOfThePage) {
