@@ -1,6 +1,5 @@
 #include "app/control_views.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -82,8 +81,14 @@ class ChoiceBox : public QComboBox {
 };
 
 void ShowLook(QWidget* widget, Look look, bool dimmed = false) {
-  const QPalette palette = PaletteOf(look, QApplication::palette(widget));
-  widget->setPalette(dimmed ? Dimmed(palette) : palette);
+  if (look == Look::Normal && !dimmed) {
+    ShowColours(widget, {});
+    return;
+  }
+  ShowColours(widget, [look, dimmed](const QPalette& system) {
+    const QPalette palette = PaletteOf(look, system);
+    return dimmed ? Dimmed(palette) : palette;
+  });
 }
 
 /// A list that can't be chosen from is shown disabled; a locked field can still be read and copied from.
@@ -329,7 +334,7 @@ QWidget* ControlViews::MakeMemo(TextField& field, QWidget* parent) {
 QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
   auto* widget = new ChoiceBox(parent);
   TellRole(widget, QAccessible::ComboBox);
-  Follow(combo, widget, [&combo, widget] {
+  Follow(combo, widget, [&combo, widget, look = Look::Normal]() mutable {
     const QSignalBlocker blocker(widget);
     QStringList entries;
     for (const String& entry : combo.Entries()) {
@@ -346,7 +351,10 @@ QWidget* ControlViews::MakeCombo(ComboBox& combo, QWidget* parent) {
     // A text that stands in no entry shows all the same.
     widget->setPlaceholderText(ToQt(combo.Text()));
     widget->setCurrentIndex(combo.ListIndex());
-    ShowLook(widget, combo.ShownLook());
+    if (look != combo.ShownLook()) {
+      look = combo.ShownLook();
+      ShowLook(widget, look);
+    }
   });
   QObject::connect(widget, &QComboBox::activated, widget, [this, &combo](int position) {
     Enter([&combo, position] { combo.UserPicks(position); });
@@ -378,14 +386,13 @@ QWidget* ControlViews::MakeBar(ProgressBar& bar, QWidget* parent) {
   widget->setRange(0, 100);
   widget->setMinimumWidth(Digits(widget, kShortestBar));
   widget->setMaximumWidth(Digits(widget, kBar));
-  Follow(bar, widget, [&bar, widget] {
+  Follow(bar, widget, [&bar, widget, shown_at_rest = std::optional<bool>()]() mutable {
     const bool at_rest = bar.Value() <= 0;
     widget->setFormat(ToQt(bar.Caption()) + (at_rest ? QString() : QStringLiteral("  %p%")));
     widget->setValue(static_cast<int>(std::lround(bar.Value())));
-    if (widget->property("at rest") != at_rest) {
-      widget->setProperty("at rest", at_rest);
-      widget->setPalette(at_rest ? PaletteAtRest(QApplication::palette(widget))
-                                 : PaletteAtWork(QApplication::palette(widget)));
+    if (shown_at_rest != at_rest) {
+      shown_at_rest = at_rest;
+      ShowColours(widget, at_rest ? PaletteAtRest : PaletteAtWork);
     }
   });
   return widget;

@@ -1,8 +1,62 @@
 #include "app/looks.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <utility>
+
 #include "print/contrast.h"
 
 namespace korva {
+
+namespace {
+
+/// The colours of a widget that follow from the system's.
+class DerivedColours final : public QObject {
+ public:
+  explicit DerivedColours(QWidget* widget) : QObject(widget), widget_(*widget) {
+    setObjectName(QLatin1String(kName));
+    widget->installEventFilter(this);
+  }
+  void Use(std::function<QPalette(const QPalette& system)> colours) {
+    colours_ = std::move(colours);
+    Show();
+  }
+  /// Of a change of the system's colours a widget in a window is told by its own alone.
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::PaletteChange && colours_ &&
+        !system_.isCopyOf(QApplication::palette(&widget_))) {
+      Show();
+    }
+    return QObject::eventFilter(watched, event);
+  }
+
+  static constexpr const char* kName = "colours";
+
+ private:
+  void Show() {
+    system_ = QApplication::palette(&widget_);
+    QPalette system = system_;
+    system.setResolveMask(0);  // what is not derived stays the system's
+    widget_.setPalette(colours_ ? colours_(system) : QPalette());
+  }
+
+  QWidget& widget_;
+  QPalette system_;
+  std::function<QPalette(const QPalette& system)> colours_;
+};
+
+}  // namespace
+
+void ShowColours(QWidget* widget, std::function<QPalette(const QPalette& system)> colours) {
+  auto* derived =
+      widget->findChild<QObject*>(QLatin1String(DerivedColours::kName), Qt::FindDirectChildrenOnly);
+  if (derived == nullptr && colours) {
+    derived = new DerivedColours(widget);
+  }
+  if (derived != nullptr) {
+    static_cast<DerivedColours*>(derived)->Use(std::move(colours));
+  }
+}
 
 QPalette PaletteOf(Look look, const QPalette& system) {
   QPalette palette = system;

@@ -12,7 +12,8 @@ namespace {
 constexpr int kSteps = 100;  ///< from a colour to black or white
 // What a button or tab shades off into, in percent as QColor counts.
 constexpr int kDarkestShade = 116;
-constexpr int kLightestShade = 136;
+constexpr int kLightestShade = 138;
+constexpr int kBoxShade = 103;  ///< what a box lays over the window, likewise
 
 /// A part of a colour as light, from 0 to 1.
 double Linear(double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); }
@@ -60,7 +61,9 @@ void MakeReadable(QPalette& palette, QPalette::ColorGroup group) {
                                                            {.colour = other, .least = kTextContrast}}));
   };
   strengthen(QPalette::Text, base, window);
+  // Of fields, and of the numbers that stand beside them in boxes.
   strengthen(QPalette::PlaceholderText, base, window);
+  strengthen(QPalette::PlaceholderText, base, window.darker(kBoxShade));
   strengthen(QPalette::WindowText, window.lighter(kLightestShade), window.darker(kDarkestShade));
   strengthen(QPalette::ButtonText, button.lighter(kLightestShade), button.darker(kDarkestShade));
   strengthen(QPalette::ToolTipText, colour(QPalette::ToolTipBase), colour(QPalette::ToolTipBase));

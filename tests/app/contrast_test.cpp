@@ -12,13 +12,16 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <map>
+#include <optional>
+#include <ostream>
 #include <set>
-#include <span>
 
 #include "accessibility_bench.h"
+#include "app/field_view.h"
 #include "app/looks.h"
 #include "linearizer/linearizer.h"
 #include "support/page_parts.h"
@@ -55,10 +58,13 @@ double LeastContrast(const QImage& picture) {
   std::set<std::pair<QRgb, QRgb>> neighbours;
   for (int y = 0; y < picture.height(); ++y) {
     const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
-    for (int x = 0; x < picture.width(); ++x) {
-      ++counts[line[x]];
-      if (x > 0 && line[x] != line[x - 1]) {
-        neighbours.emplace(std::min(line[x], line[x - 1]), std::max(line[x], line[x - 1]));
+    for (int x = 0, begin = 0; x < picture.width(); begin = x) {
+      while (x < picture.width() && line[x] == line[begin]) {
+        ++x;
+      }
+      counts[line[begin]] += x - begin;
+      if (x < picture.width()) {
+        neighbours.insert(std::minmax(line[begin], line[x]));
       }
     }
   }
@@ -80,9 +86,23 @@ double LeastContrast(const QImage& picture) {
   return contrast;
 }
 
-/// Where a widget shows texts: without its edges and signs.
+/// The part of a field in which its text stands, or what is selected of it.
+QRect TextOf(const QLineEdit& field, const QRect& inside) {
+  QRect area = inside.marginsRemoved(field.textMargins());  // without the sign of a number outside
+  if (!field.hasSelectedText()) {
+    return area;
+  }
+  constexpr int gap = 3;
+  const int width = std::min(field.fontMetrics().horizontalAdvance(field.text()), area.width()) - 2 * gap;
+  const bool right = field.alignment().testFlag(Qt::AlignRight);
+  area.setLeft(right ? area.right() - gap - width : area.left() + gap);
+  area.setWidth(width);
+  return area;
+}
+
+/// Where a widget shows texts: without its edges, signs and marks.
 std::vector<QRect> TextAreas(QWidget& widget) {
-  const QRect inside = widget.rect().adjusted(5, 4, -5, -4);
+  const QRect inside = widget.rect().adjusted(5, 4, -5, -6);
   const auto area_of = [](const QString& text, const QRect& area) {
     return text.isEmpty() ? std::vector<QRect>() : std::vector{area};
   };
@@ -109,7 +129,7 @@ std::vector<QRect> TextAreas(QWidget& widget) {
     return area_of(label->text(), label->rect());
   }
   if (const auto* field = qobject_cast<const QLineEdit*>(&widget)) {
-    return area_of(field->text() + field->placeholderText(), inside);
+    return area_of(field->text() + field->placeholderText(), TextOf(*field, inside));
   }
   if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
     return area_of(button->text(), inside);
@@ -127,81 +147,139 @@ std::vector<QRect> CellAreas(const QAbstractItemView& view) {
     for (int column = 0; column < view.model()->columnCount(); ++column) {
       const QRect cell = view.visualRect(view.model()->index(row, column));
       if (view.viewport()->rect().contains(cell)) {
-        areas.push_back(cell.adjusted(2, 2, -2, -2));
+        areas.push_back(cell.adjusted(5, 2, -2, -6));
       }
     }
   }
   return areas;
 }
 
-int ExpectTextsReadable(QWidget& widget, const std::vector<QRect>& areas) {
-  const QImage picture = widget.grab().toImage();
+/// What shows of a widget, with all that stands in it.
+struct PictureOfTexts {
+  explicit PictureOfTexts(QWidget& widget) : root(widget), picture(widget.grab().toImage()) {}
+  /// Texts in these areas of a widget that stands in it; how many there are.
+  [[nodiscard]] int ExpectTexts(const QWidget& widget, const std::vector<QRect>& areas) const {
+    const QRect whole(widget.mapTo(&root, QPoint()), widget.size());
+    int texts = 0;
+    for (const QRect& area : areas) {
+      const double contrast = LeastContrast(picture.copy(area.translated(whole.topLeft()) & whole));
+      texts += contrast > 0 ? 1 : 0;
+      EXPECT_TRUE(contrast == 0 || contrast >= kTextContrast)
+          << widget.objectName().toStdString() << " " << widget.metaObject()->className() << " at "
+          << area.x() << " " << area.y() << ": " << contrast;
+    }
+    return texts;
+  }
+
+  QWidget& root;
+  QImage picture;
+};
+
+/// All texts that show in an area, besides those in `left_out`; how many there are.
+int ExpectReadable(QWidget& area, const QWidget* left_out = nullptr) {
+  const PictureOfTexts shown(area);
   int texts = 0;
-  for (const QRect& area : areas) {
-    const double contrast = LeastContrast(picture.copy(area.intersected(picture.rect())));
-    texts += contrast > 0 ? 1 : 0;
-    EXPECT_TRUE(contrast == 0 || contrast >= kTextContrast)
-        << widget.objectName().toStdString() << " " << widget.metaObject()->className() << " at " << area.x()
-        << " " << area.y() << ": " << contrast;
+  for (QWidget* widget : area.findChildren<QWidget*>()) {
+    const bool counts = left_out == nullptr || (widget != left_out && !left_out->isAncestorOf(widget));
+    if (!counts || !widget->isVisible() || widget->size().isEmpty()) {
+      continue;
+    }
+    texts += shown.ExpectTexts(*widget, TextAreas(*widget));
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) {
+      texts += shown.ExpectTexts(*view->viewport(), CellAreas(*view));
+    }
   }
   return texts;
 }
 
-/// All texts that show in an area; how many there are.
-int ExpectReadable(const QWidget& area) {
-  int texts = 0;
-  for (QWidget* widget : area.findChildren<QWidget*>()) {
-    if (!widget->isVisible() || widget->size().isEmpty()) {
-      continue;
-    }
-    texts += ExpectTextsReadable(*widget, TextAreas(*widget));
-    if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) {
-      texts += ExpectTextsReadable(*view->viewport(), CellAreas(*view));
-    }
-  }
-  return texts;
+/// All that stands on the tab in front, whether the window is high enough for it or not.
+QWidget& TabInFront(const QWidget& page) {
+  return *qobject_cast<QScrollArea*>(page.findChild<QTabWidget*>()->currentWidget())->widget();
 }
 
 struct ShownState {
   Look look = Look::Normal;
   bool dimmed = false;
   bool disabled = false;
+  bool selected = false;  ///< the texts of the fields
+  bool marked = false;    ///< locked, marked to be looked at, outside its limits and different, all at once
 };
 constexpr std::array kStates = {
     ShownState{},
     ShownState{.disabled = true},
+    ShownState{.selected = true},
+    ShownState{.marked = true},
     ShownState{.look = Look::Bad},
+    ShownState{.look = Look::Bad, .selected = true},
+    ShownState{.look = Look::Bad, .marked = true},
     ShownState{.dimmed = true},
     ShownState{.look = Look::Grey},
     ShownState{.look = Look::Grey, .dimmed = true},
     ShownState{.look = Look::Grey, .disabled = true},
+    ShownState{.look = Look::Grey, .selected = true, .marked = true},
     ShownState{.look = Look::Bad, .dimmed = true},
     ShownState{.look = Look::Bad, .disabled = true},
     ShownState{.look = Look::Highlight},
     ShownState{.look = Look::Highlight, .dimmed = true},
     ShownState{.look = Look::Highlight, .disabled = true},
+    ShownState{.look = Look::Highlight, .selected = true, .marked = true},
 };
 
-constexpr std::size_t kCommonStates = 3;
+std::ostream& operator<<(std::ostream& out, const ShownState& state) {
+  return out << "look " << static_cast<int>(state.look) << (state.dimmed ? " dimmed" : "")
+             << (state.disabled ? " disabled" : "") << (state.selected ? " selected" : "")
+             << (state.marked ? " marked" : "");
+}
 
-void SetState(const Page& page, const ShownState& state) {
-  for (Control* control : page.Controls()) {
-    if (auto* field = dynamic_cast<TextField*>(control)) {
-      field->SetLook(state.look);
-      field->SetDimmed(state.dimmed);
-    } else if (auto* combo = dynamic_cast<ComboBox*>(control)) {
-      combo->SetLook(state.look);
-    } else if (auto* label = dynamic_cast<Label*>(control)) {
-      label->SetLook(state.look);
-    } else if (auto* button = dynamic_cast<Button*>(control)) {
-      button->SetPending(state.look == Look::Highlight);
-    } else if (auto* bar = dynamic_cast<ProgressBar*>(control)) {
-      bar->SetValue(state.look == Look::Normal ? 0.0F : 55.0F);
-    } else if (auto* grid = dynamic_cast<Grid*>(control); grid != nullptr && grid->Rows() > 3) {
-      grid->SetText(1, grid->Columns() - 1, u"12.5");
-      grid->SetLook(1, grid->Columns() - 1, state.look);
-      grid->SetText(2, grid->Columns() - 1, u"13.5");
-      grid->SetLook(2, grid->Columns() - 1, Look::Selected);
+void SetFieldState(TextField& field, const ShownState& state) {
+  field.SetLook(state.look);
+  field.SetDimmed(state.dimmed);
+  field.SetMarked(state.marked);
+  field.SetLocked(state.marked);
+  field.SetDiffers(state.marked);
+}
+
+void SetGridState(Grid& grid, const ShownState& state) {
+  if (grid.Rows() > 3) {
+    const int column = grid.Columns() - 1;
+    grid.SetText(1, column, u"12.5");
+    grid.SetLook(1, column, state.look);
+    grid.SetMarked(2, column, state.marked);
+    grid.ClearDiffers();
+    if (state.marked) {
+      grid.SetCellDiffers(1, column);
+    }
+    grid.SetText(2, column, u"13.5");
+    grid.SetLook(2, column, Look::Selected);
+  }
+}
+
+void SetControlState(Control& control, const ShownState& state) {
+  if (auto* field = dynamic_cast<TextField*>(&control)) {
+    SetFieldState(*field, state);
+  } else if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    combo->SetLook(state.look);
+    combo->SetDiffers(state.marked);
+  } else if (auto* label = dynamic_cast<Label*>(&control)) {
+    label->SetLook(state.look);
+  } else if (auto* button = dynamic_cast<Button*>(&control)) {
+    button->SetPending(state.look == Look::Highlight);
+  } else if (auto* bar = dynamic_cast<ProgressBar*>(&control)) {
+    bar->SetValue(state.look == Look::Normal ? 0.0F : 55.0F);
+  } else if (auto* grid = dynamic_cast<Grid*>(&control)) {
+    SetGridState(*grid, state);
+  }
+}
+
+/// Brings all that shows on a page into a state, as the program or its user would.
+void SetState(const Bench& bench, const ShownState& state) {
+  for (Control* control : bench.Page().Controls()) {
+    SetControlState(*control, state);
+  }
+  for (auto* field : bench.window.Current()->findChildren<QLineEdit*>()) {
+    field->setSelection(0, state.selected ? static_cast<int>(field->text().size()) : 0);
+    if (auto* view = dynamic_cast<FieldView*>(field); view != nullptr && state.look != Look::Bad) {
+      view->ShowOutside(state.marked);  // the page would judge the number itself
     }
   }
 }
@@ -217,22 +295,107 @@ TEST_P(TextInColours, EachTextStandsOutInEveryState) {
   Bench bench(std::get<0>(GetParam()));
   bench.Upload();
   QWidget& page = *bench.window.Current();
-  const auto* tabs = page.findChild<QTabWidget*>();
-  // What a state does is the same on every page; all of them on one page, those that users see most on each.
-  const std::span<const ShownState> all(kStates);
-  for (const ShownState& state :
-       bench.Page().TabWith(TextKey::Filter) >= 0 ? all : all.first(kCommonStates)) {
-    SCOPED_TRACE(testing::Message() << "look " << static_cast<int>(state.look)
-                                    << (state.dimmed ? " dimmed" : "")
-                                    << (state.disabled ? " disabled" : ""));
-    SetState(bench.Page(), state);
+  for (const ShownState& state : kStates) {
+    SCOPED_TRACE(testing::Message() << state);
+    SetState(bench, state);
     int texts = 0;
     OnEachTab(bench, [&] {
       page.setEnabled(!state.disabled);
-      texts += ExpectReadable(tabs->currentIndex() == 0 ? page : *tabs->currentWidget());
+      QWidget& tab = TabInFront(page);
+      texts += ExpectReadable(tab);
+      // What stands around the tabs is the same beside each.
+      texts += bench.Page().Tabs.Current() == 0 ? ExpectReadable(page, &tab) : 0;
       page.setEnabled(true);
     });
     EXPECT_GT(texts, 100);
+  }
+}
+
+/// Brings each control of a page into another state, all states side by side; `shift` turns them.
+void MixStates(const Bench& bench, std::size_t shift) {
+  std::size_t place = shift;
+  for (Control* control : bench.Page().Controls()) {
+    SetControlState(*control, kStates.at(place++ % kStates.size()));
+  }
+}
+
+/// The colours of all that stands on a page, in the order in which it was made.
+std::vector<std::pair<std::string, QPalette>> PalettesOf(const QWidget& page) {
+  std::vector<std::pair<std::string, QPalette>> palettes;
+  for (const QWidget* widget : page.findChildren<QWidget*>()) {
+    palettes.emplace_back(widget->objectName().toStdString(), widget->palette());
+  }
+  return palettes;
+}
+
+/// The pictures of all tabs of a page.
+std::vector<QImage> PicturesOf(Bench& bench) {
+  for (int tab = 0; tab < bench.Page().Tabs.Count(); ++tab) {
+    bench.Page().Tabs.SetTabEnabled(tab, true);
+  }
+  std::vector<QImage> pictures;
+  OnEachTab(bench, [&] { pictures.push_back(bench.window.Current()->grab().toImage()); });
+  return pictures;
+}
+
+using Palettes = std::vector<std::pair<std::string, QPalette>>;
+
+/// What has other colours than it should.
+std::vector<std::string> NamesThatDiffer(const Palettes& wanted, const Palettes& found) {
+  std::vector<std::string> names;
+  EXPECT_EQ(found.size(), wanted.size());
+  for (std::size_t place = 0; place < std::min(found.size(), wanted.size()); ++place) {
+    if (found[place] != wanted[place]) {
+      names.push_back(found[place].first);
+    }
+  }
+  return names;
+}
+
+/// Colours of the system that change while the program runs.
+class ChangingColours {
+ public:
+  void Become(bool dark) {
+    colours_.reset();
+    colours_.emplace(dark);
+    QCoreApplication::processEvents();
+  }
+
+ private:
+  std::optional<Colours> colours_;
+};
+
+// A desktop goes over to its other colours by day and by night.
+TEST_P(TextInColours, AChangeOfTheSystemsColoursLeavesNothingInTheFormerOnes) {
+  const auto& [model, dark] = GetParam();
+  ChangingColours colours;
+  colours.Become(dark);
+  constexpr std::size_t kShift = 3;  // each page has many controls of a kind
+  std::vector<Palettes> palettes;
+  std::vector<QImage> pictures;
+  {
+    Bench bench(model);
+    for (std::size_t shift = 0; shift < kStates.size(); shift += kShift) {
+      MixStates(bench, shift);
+      palettes.push_back(PalettesOf(*bench.window.Current()));
+    }
+    pictures = PicturesOf(bench);
+  }
+  colours.Become(!dark);
+  Bench bench(model);
+  for (std::size_t shift = 0; shift < kStates.size(); shift += kShift) {
+    MixStates(bench, shift);
+    colours.Become(dark);
+    EXPECT_EQ(NamesThatDiffer(palettes[shift / kShift], PalettesOf(*bench.window.Current())),
+              std::vector<std::string>())
+        << "shift " << shift;
+    colours.Become(!dark);
+  }
+  PicturesOf(bench);  // what is kept of them is of the former colours
+  colours.Become(dark);
+  const std::vector<QImage> followed = PicturesOf(bench);
+  for (std::size_t tab = 0; tab < pictures.size(); ++tab) {
+    EXPECT_TRUE(followed.at(tab) == pictures[tab]) << "tab " << tab;
   }
 }
 
@@ -339,6 +502,32 @@ TEST_P(MarkTest, OfADifferenceIsSeenOnEveryLook) {
     EXPECT_GE(Contrast(mark, field->palette().color(QPalette::Base)), kMarkContrast)
         << static_cast<int>(look);
     EXPECT_GE(Contrast(mark, QApplication::palette().color(QPalette::Window)), kMarkContrast);
+  }
+}
+
+TEST_P(MarkTest, OfANumberOutsideItsLimitsIsSeenOnEveryLookAndWhileDisabled) {
+  const Colours colours(GetParam());
+  Bench bench("QHW");
+  bench.Show(1);
+  TextField& control = bench.Page().Text[9];
+  auto* field = static_cast<FieldView*>(bench.Find<QLineEdit>("Text(9)"));
+  const auto picture = [&](bool outside) {
+    field->ShowOutside(outside);                                     // the page would judge the number itself
+    return field->grab(QRect(6, 0, 16, field->height())).toImage();  // where the sign stands
+  };
+  control.SetText({});
+  for (const bool enabled : {true, false}) {
+    for (const Look look : {Look::Normal, Look::Grey, Look::Highlight}) {
+      for (const bool dimmed : {false, true}) {
+        control.SetEnabled(enabled);
+        control.SetLook(look);
+        control.SetDimmed(dimmed);
+        const QImage without = picture(false);
+        // Three strong sides and the exclamation mark of a sign of 13 pixels.
+        EXPECT_GE(SeenToDiffer(without, picture(true)), 30)
+            << "look " << static_cast<int>(look) << (dimmed ? " dimmed" : "") << (enabled ? "" : " disabled");
+      }
+    }
   }
 }
 
