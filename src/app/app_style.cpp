@@ -80,6 +80,18 @@ void DrawDone(QPainter& painter, const QStyleOptionProgressBar& bar) {
   painter.fillRect(done, bar.palette.color(QPalette::Highlight));
 }
 
+bool AtRest(const QStyleOptionProgressBar& bar) { return bar.progress <= bar.minimum; }
+
+/// A bar at rest: a line below its caption. In a full frame it would look like a button that is disabled.
+void DrawTrough(QPainter& painter, const QStyleOptionProgressBar& bar) {
+  constexpr int height = 4;
+  constexpr double strength = 0.25;
+  QRect trough = bar.rect;
+  trough.setTop(trough.bottom() - height + 1);
+  painter.fillRect(
+      trough, Mix(bar.palette.color(QPalette::Window), bar.palette.color(QPalette::WindowText), strength));
+}
+
 QColor BackOf(const QStyleOptionViewItem& cell) {
   if (cell.state.testFlag(QStyle::State_Selected)) {
     return cell.palette.color(QPalette::Highlight);
@@ -117,9 +129,13 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
 
 void AppStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const {
-  if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
-      element == CE_ProgressBarContents && bar != nullptr) {
+  const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+  if (bar != nullptr && element == CE_ProgressBarContents) {
     DrawDone(*painter, *bar);
+    return;
+  }
+  if (bar != nullptr && element == CE_ProgressBarGroove && AtRest(*bar)) {
+    DrawTrough(*painter, *bar);
     return;
   }
   const auto draw_framed = [&](const auto* kind, const QColor& back) {

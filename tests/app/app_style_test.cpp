@@ -7,12 +7,14 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionViewItem>
 #include <QTimer>
 
 #include "accessibility_bench.h"
+#include "app/looks.h"
 #include "app/qt_dialogs.h"
 
 namespace korva {
@@ -67,6 +69,26 @@ TEST_P(EdgesTest, OfCellsAreBetweenTheColoursOfTheTable) {
   const QColor line = QColor::fromRgba(static_cast<QRgb>(hint));
   EXPECT_GT(Contrast(line, option.palette.color(QPalette::Base)), 1.4);
   EXPECT_GT(Contrast(line, option.palette.color(QPalette::Text)), kTextContrast);
+}
+
+/// A line along the bottom, and no edge that would make a button of it.
+TEST_P(EdgesTest, OfABarAtRestIsTheLineBelowItsCaption) {
+  const Colours colours(GetParam());
+  QProgressBar bar;
+  bar.resize(120, 26);
+  const auto contrast_at = [&](int y) {
+    return Contrast(bar.grab(QRect(60, y, 1, 1)).toImage().pixelColor(0, 0),
+                    QApplication::palette().color(QPalette::Window));
+  };
+  bar.setFormat(QString());
+  bar.setValue(0);
+  bar.setPalette(PaletteAtRest(QApplication::palette()));
+  EXPECT_LT(ContrastOfEdge(bar, 4), 1.1);
+  EXPECT_LT(contrast_at(0), 1.1);
+  EXPECT_GT(contrast_at(24), 1.4);
+  bar.setValue(1);
+  bar.setPalette(PaletteAtWork(QApplication::palette()));
+  EXPECT_GT(ContrastOfEdge(bar, 4), 1.1);
 }
 
 TEST(BoxTest, IsWideEnoughForItsTitle) {
