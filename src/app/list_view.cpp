@@ -138,12 +138,16 @@ void ListView::keyPressEvent(QKeyEvent* event) {
   QListWidget::keyPressEvent(event);
 }
 
-// A click on the present entry counts as well; a press that moves to another one is told above.
+// A click on the present entry counts as well; a press that moves to another one is told above. One beside
+// the entries would take the mark off the present one, which stays in use.
 void ListView::mousePressEvent(QMouseEvent* event) {
   const int before = currentRow();
   const int pressed = row(itemAt(event->position().toPoint()));
+  if (pressed < 0) {
+    return;
+  }
   QListWidget::mousePressEvent(event);
-  if (pressed >= 0 && pressed == before) {
+  if (pressed == before) {
     pick_(pressed);
   }
 }

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QToolTip>
 
+#include "app/model_finder.h"
 #include "window_bench.h"
 
 namespace korva {
@@ -73,6 +74,17 @@ TEST(ListViewTest, KeepsThePresentEntryInViewWhenTheWindowBecomesSmaller) {
   bench.window.resize(1180, 450);
   QCoreApplication::processEvents();
   EXPECT_TRUE(in_view());
+}
+
+TEST(ListViewTest, AClickBesideTheEntriesLeavesThePresentOneMarked) {
+  ListBench bench;
+  bench.window.Current()->findChild<QLineEdit*>(ModelFinder::kName)->setText(QStringLiteral("QN"));
+  QListWidget* list = bench.Shown();
+  const QPoint below(10, list->viewport()->height() - 5);
+  ASSERT_EQ(list->itemAt(below), nullptr);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, below);
+  ASSERT_EQ(list->selectedItems().size(), 1);
+  EXPECT_EQ(list->selectedItems().front()->text(), QStringLiteral("QN"));
 }
 
 TEST(ListViewTest, ShowsAfterScrollingWhatAClickWouldChoose) {
