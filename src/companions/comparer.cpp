@@ -117,6 +117,14 @@ std::vector<Difference> Comparer::DifferencesFrom(SecondPage& other) {
   std::vector<Difference> found;
   CompareRows(other, found);
   if (other.TableRead()) {
+    if (const std::optional<Evidence> fault = other.TableFault()) {
+      found.push_back({.item = String(kTableItem),
+                       .caption = CaptionText(TextKey::UserTable),
+                       .page = {},
+                       .other = {},
+                       .silent = fault == Evidence::Silent,
+                       .untold = fault != Evidence::Silent});
+    }
     CompareGrids(other, found);
     CompareTableFields(other, found);
   }
@@ -181,6 +189,7 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
 }
 
 void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
+  const bool partly = other.TableFault().has_value();
   for (Control* control : page_.Controls()) {
     auto* const here = dynamic_cast<Grid*>(control);
     const auto* const there =
@@ -190,7 +199,8 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
       for (int column = 1; column < std::min(here->Columns(), there->Columns()); ++column) {
         const String& one = here->At(row, column).text;
         const String& another = there->At(row, column).text;
-        if (!SameCell(one, another)) {
+        const bool unknown = partly && another.empty();
+        if (!unknown && !SameCell(one, another)) {
           found.push_back({.item = String(kTableItem) + u" " + Number(row) + u"," + Number(column),
                            .caption = CaptionText(TextKey::UserTable) + here->At(0, column).text,
                            .page = one,

@@ -1,5 +1,7 @@
 #include "companions/second_page.h"
 
+#include <algorithm>
+
 #include "files/cfg_file.h"
 
 namespace korva {
@@ -12,6 +14,12 @@ Platform WithOwn(const Platform& platform, EventLoop& loop, Dialogs& dialogs) {
           .dialogs = dialogs,
           .files = platform.files,
           .code_page = platform.code_page};
+}
+
+/// Some models keep their table in the device's memory, of which an upload reads nothing else.
+bool IsOfTable(const TransferStep& step) {
+  return step.what == TextKey::Linearizer || step.what == TextKey::UserTable ||
+         step.what == TextKey::DeviceMemory;
 }
 
 }  // namespace
@@ -53,11 +61,20 @@ Comparison::Outcome SecondPage::ReadFile(const String& path) {
   return dialogs_.Warned() ? Comparison::Outcome::Broken : Comparison::Outcome::Complete;
 }
 
+std::optional<Evidence> SecondPage::TableFault() const {
+  const auto fault =
+      std::find_if(table_.begin(), table_.end(), [](const auto& step) { return IsFailure(step.second); });
+  return fault == table_.end() ? std::nullopt : std::optional(fault->second);
+}
+
 void SecondPage::StepDone(const TransferStep& step) {
   if (step.what == TextKey::DeviceMode && !IsFailure(step.evidence)) {
     first_.TellForced({});  // in monitor mode the device's output is its own
   }
-  table_read_ = table_read_ || (step.what == TextKey::Linearizer || step.what == TextKey::UserTable);
+  if (IsOfTable(step)) {
+    table_read_ = true;
+    table_[step.item.group + u"/" + step.item.item + u" " + step.part + u" " + step.sent] = step.evidence;
+  }
   if (step.row >= 0 && IsFailure(step.evidence)) {
     (step.evidence == Evidence::Silent ? silent_ : untold_).insert(step.row);
   }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <set>
 
 #include "companions/borrowed.h"
@@ -29,8 +31,10 @@ class SecondPage final : public TransferObserver {
   Comparison::Outcome ReadFile(const String& path);
 
   [[nodiscard]] ParameterPage& Page() { return *page_; }
-  /// True when the table was read too.
+  /// True when the table was read too, or was to be.
   [[nodiscard]] bool TableRead() const { return table_read_; }
+  /// What went wrong with the table, of which some or all is not known then; nothing when all was read.
+  [[nodiscard]] std::optional<Evidence> TableFault() const;
   /// True when the device gave no answer to the item of a row.
   [[nodiscard]] bool Silent(int row) const { return silent_.contains(row); }
   /// True when it refused the item of a row, or answered something else: its value is not known.
@@ -48,6 +52,7 @@ class SecondPage final : public TransferObserver {
   std::unique_ptr<ParameterPage> page_;
   std::set<int> silent_;
   std::set<int> untold_;
+  std::map<String, Evidence> table_;  ///< what the last try of each of its steps proves
   bool table_read_ = false;
   bool complete_ = false;
 };

@@ -244,7 +244,9 @@ std::optional<std::vector<LnrPoint>> CurveWriter::UploadLnrTable(StringView mode
 }
 
 std::optional<int> CurveWriter::ReadLnrStart() {
-  if (eeprom_.SelectEeprom(memory::AccessItem()).empty()) {
+  const String answer = eeprom_.SelectEeprom(memory::AccessItem());
+  if (answer.empty()) {
+    page_.TellRead({.what = TextKey::DeviceMemory, .item = memory::AccessItem()}, answer);
     return std::nullopt;
   }
   const std::optional<std::int32_t> type = ReadField(memory::kTableType, 1);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "linearizer/lnr_store.h"
+#include "link/device_page.h"
 #include "link/eeprom.h"
 #include "tables/curve_file.h"
 #include "tables/stage_notice.h"
@@ -34,7 +35,7 @@ std::string ImageOf(std::span<const std::int32_t> values);
 class CurveWriter {
  public:
   /// All outlive this. The page's own bar shows how far a curve is.
-  CurveWriter(Page& page, Eeprom& eeprom, StageNotice& notice)
+  CurveWriter(DevicePage& page, Eeprom& eeprom, StageNotice& notice)
       : page_(page), eeprom_(eeprom), notice_(notice) {}
 
   /// Writes the curve of the number `type` (FindCurveFile). `name` is what the user knows the input type by.
@@ -63,7 +64,7 @@ class CurveWriter {
   std::optional<std::vector<LnrPoint>> ReadPoints(int start, double scale, ProgressBar& bar);
   std::optional<std::int32_t> ReadField(int address, int size);
 
-  Page& page_;
+  DevicePage& page_;
   Eeprom& eeprom_;
   StageNotice& notice_;
 };

@@ -111,6 +111,55 @@ TEST(ComparisonTest, ComparesThePointsOfATable) {
   EXPECT_EQ(found.front().other, u"12.50");
 }
 
+/// A device with its table in use, read by the page.
+class TableCompareBench : public CompareBench {
+ public:
+  explicit TableCompareBench(const String& model) : CompareBench(model) {
+    EXPECT_TRUE(device.Set("01", "23", "ON"));
+    Page().DataChanged = false;
+    Upload();
+    TakeBoxes();
+  }
+  Grid& Table() { return dynamic_cast<Grid&>(*Page().FindControl("LnrFlexGrid")); }
+};
+
+TEST(ComparisonTest, ComparesThePointsOfATableInTheDevicesMemory) {
+  TableCompareBench bench(u"Z2WM");
+  ASSERT_NE(bench.Table().At(1, 1).text, u"");
+  EXPECT_EQ(bench.Compare(), Found());
+  const String there = bench.Table().At(1, 2).text;
+  bench.Do([&] { bench.Table().SetText(1, 2, u"77.00"); });
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"table 1,2");
+  EXPECT_EQ(found.front().other, there);
+}
+
+TEST(ComparisonTest, TellsOfATableInTheDevicesMemoryThatCantBeRead) {
+  TableCompareBench bench(u"Z2WM");
+  bench.device.AddFault(sim::ParseFault("silent-access"));
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  bench.TakeBoxes();
+  ASSERT_EQ(bench.Table().At(1, 1).text, u"");
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"table");
+  EXPECT_TRUE(found.front().silent);
+}
+
+TEST(ComparisonTest, TellsOfAPointThatDidNotAnswerThoughThePageIsBlankThereToo) {
+  CompareBench bench(u"QHW");
+  bench.device.AddFault(sim::ParseFault("silent=I62"));
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  bench.TakeBoxes();
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"table");
+  EXPECT_TRUE(found.front().silent);
+}
+
 TEST(ComparisonTest, MarksThePointsThatDifferUntilTheNextEditOfTheTableOrOfAField) {
   CompareBench bench(u"QHW");
   auto& grid = dynamic_cast<Grid&>(*bench.Page().FindControl("LnrFlexGrid"));
