@@ -85,7 +85,7 @@ bool AtRest(const QStyleOptionProgressBar& bar) { return bar.progress <= bar.min
 /// A bar at rest: a line below its caption. In a full frame it would look like a button that is disabled.
 void DrawTrough(QPainter& painter, const QStyleOptionProgressBar& bar) {
   constexpr int height = 4;
-  constexpr double strength = 0.25;
+  constexpr double strength = 0.3;
   QRect trough = bar.rect;
   trough.setTop(trough.bottom() - height + 1);
   painter.fillRect(

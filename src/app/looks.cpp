@@ -138,7 +138,8 @@ QPalette PaletteAtRest(const QPalette& system) {
   QPalette palette = system;
   palette.setBrush(QPalette::Base, system.window());
   for (const auto role : {QPalette::Text, QPalette::WindowText}) {
-    palette.setBrush(role, system.brush(QPalette::Disabled, role));
+    // As the numbers beside fields, which are read on a box too.
+    palette.setBrush(role, system.brush(QPalette::Disabled, QPalette::PlaceholderText));
   }
   return palette;
 }

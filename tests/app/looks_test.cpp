@@ -58,7 +58,7 @@ TEST(LooksTest, ABarTellsItsCaptionAndAtWorkHowFarItIs) {
   EXPECT_EQ(bar->text(), QStringLiteral("設定値"));
   EXPECT_EQ(bench.Find<QProgressBar>("LnrProgressBar")->text(), QStringLiteral("ﾘﾆｱﾗｲｻﾞ"));
   const QColor quiet = bar->palette().color(QPalette::Active, QPalette::Text);
-  EXPECT_EQ(quiet, QApplication::palette().color(QPalette::Disabled, QPalette::Text));
+  EXPECT_EQ(quiet, QApplication::palette().color(QPalette::Disabled, QPalette::PlaceholderText));
   bench.Page().TransferBar.SetValue(40);
   EXPECT_EQ(bar->text(), QStringLiteral("設定値  40%"));
   EXPECT_NE(bar->palette().color(QPalette::Active, QPalette::Text), quiet);
