@@ -277,7 +277,7 @@ Outcome ScriptRunner::Do(const Compare& action) {
   return DoBy<Comparer>(&Comparer::cmdCompare, [&](Comparer& comparer) -> Outcome {
     const unsigned before = companions_.Compared.Number();
     if (action.file) {
-      comparer.CompareFile(*action.file);
+      comparer.CompareFile(FullPath(comparer.Folder(), *action.file));
     } else {
       comparer.CompareDevice();
     }

@@ -90,7 +90,7 @@ void Comparer::CompareChosenFile() {
     return;
   }
   const std::optional<String> path = page_.ItsProgram().Surroundings().dialogs.ChooseFile(
-      {.start_folder = page_.DataPath, .filter = OpenCfgFilter(), .filter_index = kOpenCfgFilterIndex});
+      {.start_folder = Folder(), .filter = OpenCfgFilter(), .filter_index = kOpenCfgFilterIndex});
   if (path) {
     CompareFile(*path);
     panel_.Open();

@@ -32,6 +32,8 @@ class Comparer final : public PagePart {
   /// The same with a file; the first lets the user choose it.
   void CompareChosenFile();
   void CompareFile(const String& path);
+  /// Where files of the page are kept unless another folder is named.
+  [[nodiscard]] String Folder() const { return page_.txtDirName.Text(); }
   /// Takes the marks of what differs away.
   void Unmark();
 

@@ -140,6 +140,9 @@ TEST(ScriptOnPages, ComparesThePageWithTheDeviceAndReportsTheLastTransfer) {
   EXPECT_EQ(compared, (Lines{"compare device \"QHN\" complete 1",
                              "compare 01/02 \"ﾀｸﾞ名\" page \"BOILER-7\" other \"BOILER-8\""}));
   EXPECT_TRUE(Holds(bench.Run("compare file /no/such.cfg"), "compare file \"QHN\" broken 0"));
+  EXPECT_TRUE(Holds(bench.Run("file kept.cfg\nclick cmdSave\ncompare file kept.cfg"),
+                    "compare file \"QHN\" complete 0"))
+      << "the same path means the same file";
   EXPECT_EQ(bench.Run("report"), report);
 }
 

@@ -302,6 +302,14 @@ TEST(ComparisonTest, LetsTheUserChooseTheFile) {
   EXPECT_TRUE(bench.Page().DataChanged);
 }
 
+TEST(ComparisonTest, BeginsToLookForTheFileWhereThePagesOwnLies) {
+  CompareBench bench(u"QHW");
+  bench.Save(u"/home/me/b.cfg");
+  bench.TakeBoxes();
+  bench.Click(bench.Part().cmdCompareFile);
+  EXPECT_EQ(bench.dialogs.FileDialogs().back().dialog.start_folder, u"/home/me");
+}
+
 TEST(ComparisonTest, LeavesTheReportOfTheLastTransfer) {
   CompareBench bench(u"QHW");
   const auto rows = bench.app.companions.Report.Rows();
