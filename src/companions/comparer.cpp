@@ -201,10 +201,11 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
         const String& another = there->At(row, column).text;
         const bool unknown = partly && another.empty();
         if (!unknown && !SameCell(one, another)) {
-          found.push_back({.item = String(kTableItem) + u" " + Number(row) + u"," + Number(column),
-                           .caption = CaptionText(TextKey::UserTable) + here->At(0, column).text,
-                           .page = one,
-                           .other = another});
+          found.push_back(
+              {.item = String(kTableItem) + u" " + Number(row) + u"," + Number(column),
+               .caption = CaptionText(TextKey::UserTable) + u" " + Simplified(here->At(0, column).text),
+               .page = one,
+               .other = another});
           Mark(*here, row, column);
         }
       }

@@ -131,8 +131,8 @@ TEST(ComparisonTest, ComparesThePointsOfATableInTheDevicesMemory) {
   bench.Do([&] { bench.Table().SetText(1, 2, u"77.00"); });
   const Found& found = bench.Compare();
   ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(found.front().item, u"table 1,2");
-  EXPECT_EQ(found.front().other, there);
+  EXPECT_EQ(found.front(),
+            (Difference{.item = u"table 1,2", .caption = u"ﾃｰﾌﾞﾙ Y(k) %", .page = u"77.00", .other = there}));
 }
 
 TEST(ComparisonTest, TellsOfATableInTheDevicesMemoryThatCantBeRead) {
