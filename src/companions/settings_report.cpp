@@ -24,8 +24,8 @@ constexpr int kTagItem = 2;
 // Shares of a line.
 constexpr int kItemShare = 9;
 constexpr int kCaptionShare = 32;
-constexpr int kValueShare = 36;
-constexpr int kUnitShare = 10;
+constexpr int kValueShare = 29;
+constexpr int kUnitShare = 17;  ///< beside a choice of inputs their range stands there
 
 String OrBlank(const String& text) { return text.empty() ? String(kBlank) : text; }
 

@@ -27,8 +27,8 @@ namespace {
 using Points = std::vector<CurveView::Point>;
 
 /// A table of 16 points with its picture, without a page around.
-struct Curve {
-  Curve() {
+struct DrawnCurve {
+  DrawnCurve() {
     grid.Resize(17, 3);
     view.resize(400, 300);
   }
@@ -60,14 +60,14 @@ int DarkPixels(const QImage& image, const QWidget& widget) {
 }
 
 TEST(CurveViewTest, DrawsTheRowsInTheOrderOfTheTable) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"50", u"0");
   curve.Set(2, u"-1.5", u" 1E1 ");
   EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 50, .y = 0}, {.row = 2, .x = -1.5, .y = 10}}));
 }
 
 TEST(CurveViewTest, ARowWithAnEmptyCellOrNoNumberIsNoPoint) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"", u"5");
   curve.Set(3, u"5", u"");
@@ -80,14 +80,14 @@ TEST(CurveViewTest, ARowWithAnEmptyCellOrNoNumberIsNoPoint) {
 }
 
 TEST(CurveViewTest, AMissingPointInterruptsTheLine) {
-  Curve whole;
+  DrawnCurve whole;
   whole.Set(1, u"0", u"0");
   whole.Set(2, u"100", u"100");
-  Curve gap;
+  DrawnCurve gap;
   gap.Set(1, u"0", u"0");
   gap.Set(3, u"100", u"100");
   // Between the two points of a straight line; grid lines stand elsewhere.
-  const auto line_in_the_middle = [](Curve& curve) {
+  const auto line_in_the_middle = [](DrawnCurve& curve) {
     const QImage image = curve.Painted();
     const QRgb base = curve.view.palette().color(QPalette::Base).rgb();
     int darkest = 255;
@@ -100,7 +100,7 @@ TEST(CurveViewTest, AMissingPointInterruptsTheLine) {
 }
 
 TEST(CurveViewTest, KnowsBadPointsAndTheOneUnderEditByEitherCell) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"1", u"1");
   curve.Set(3, u"2", u"2");
@@ -115,7 +115,7 @@ TEST(CurveViewTest, KnowsBadPointsAndTheOneUnderEditByEitherCell) {
 }
 
 TEST(CurveViewTest, ABadPointAndTheOneUnderEditHaveShapesOfTheirOwn) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"50", u"60");
   curve.Set(3, u"100", u"100");
@@ -131,7 +131,7 @@ TEST(CurveViewTest, ABadPointAndTheOneUnderEditHaveShapesOfTheirOwn) {
 }
 
 TEST(CurveViewTest, TellsAScreenReaderHowManyPointsThereAreAndHowManyBadRows) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"1", u"");
   curve.grid.SetLook(2, 2, Look::Bad);
@@ -141,7 +141,7 @@ TEST(CurveViewTest, TellsAScreenReaderHowManyPointsThereAreAndHowManyBadRows) {
 }
 
 TEST(CurveViewTest, TheTipTellsThePointUnderTheMouse) {
-  Curve curve;
+  DrawnCurve curve;
   curve.grid.SetText(2, 0, u"02");
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"5.50", u"60");
@@ -161,7 +161,7 @@ TEST(CurveViewTest, TheTipTellsThePointUnderTheMouse) {
 }
 
 /// A table with three points and a gap, whose picture has the keyboard.
-struct WalkedCurve : Curve {
+struct WalkedCurve : DrawnCurve {
   WalkedCurve() {
     for (int row = 1; row <= 16; ++row) {
       grid.SetText(row, 0, FromQt(QStringLiteral("%1").arg(row, 2, 10, QLatin1Char('0'))));
@@ -262,7 +262,7 @@ TEST(CurveViewTest, OddTablesAreDrawnQuicklyAndWithAllTheirPoints) {
       {.name = "close together", .points = {{u"100", u"1e15"}, {u"100.00000000000001", u"1000000000000001"}}},
   };
   for (const Case& odd : cases) {
-    Curve curve;
+    DrawnCurve curve;
     const QImage before = curve.Painted();
     for (std::size_t point = 0; point < odd.points.size(); ++point) {
       curve.Set(static_cast<int>(point) + 1, odd.points[point].first, odd.points[point].second);
@@ -284,7 +284,7 @@ TEST(CurveViewTest, OddTablesAreDrawnQuicklyAndWithAllTheirPoints) {
 }
 
 /// A table of sixteen values of a sensor with its picture.
-struct SensorCurve : Curve {
+struct SensorCurve : DrawnCurve {
   SensorCurve() {
     grid.Resize(17, 2);
     for (int row = 1; row <= 16; ++row) {
@@ -320,7 +320,7 @@ TEST(CurveViewTest, OneColumnOfValuesIsDrawnOverTheTemperaturesThatItsRowsStandF
 }
 
 TEST(CurveViewTest, AScaleOfRowsMeansNothingWhereXHasAColumn) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"5", u"6");
   curve.grid.SetRowScale(Grid::RowScale{.first = -50, .step = 10});
   EXPECT_EQ(curve.view.Points(), (Points{{.row = 1, .x = 5, .y = 6}}));
@@ -359,7 +359,7 @@ TEST(CurveViewTest, TheTipTellsTheTemperatureOfARow) {
 }
 
 TEST(CurveViewTest, RowsThatAreNotInUseAreNoPoints) {
-  Curve curve;
+  DrawnCurve curve;
   curve.Set(1, u"0", u"0");
   curve.Set(2, u"50", u"60");
   curve.Set(3, u"0.00", u"0.00");
@@ -374,7 +374,7 @@ TEST(CurveViewTest, RowsThatAreNotInUseAreNoPoints) {
 }
 
 TEST(CurveViewTest, AmongAThousandPointsABadOneAndOneThatStandsAloneCanBeSeen) {
-  Curve curve;
+  DrawnCurve curve;
   curve.grid.Resize(1001, 3);
   for (int row = 1; row <= 1000; ++row) {
     curve.Set(row, FromQt(QString::number(row)).c_str(), u"5");
@@ -406,7 +406,7 @@ TEST(CurveViewTest, AGridWithoutRowsOrColumnsHasNoPoints) {
 }
 
 TEST(CurveViewTest, TheAxesAreNamedByTheHeadWithItsUnit) {
-  Curve curve;
+  DrawnCurve curve;
   curve.grid.SetText(0, 2, u"Y(k)");
   const QImage percent = curve.Painted();
   curve.grid.SetText(0, 2, u"  Y(k)        %");
@@ -416,7 +416,7 @@ TEST(CurveViewTest, TheAxesAreNamedByTheHeadWithItsUnit) {
 }
 
 TEST(CurveViewTest, ANewTableIsPaintedOnceAndAPointsNumberOrTheScrollingNot) {
-  Curve curve;
+  DrawnCurve curve;
   curve.view.show();
   EXPECT_TRUE(QTest::qWaitForWindowExposed(&curve.view));
   QCoreApplication::processEvents();

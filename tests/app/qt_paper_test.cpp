@@ -9,7 +9,11 @@
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <algorithm>
+#include <set>
 
+#include "companions/settings_report.h"
+#include "print/sheets.h"
 #include "window_bench.h"
 
 namespace korva::test {
@@ -42,6 +46,45 @@ TEST(QtPaperTest, DrawsAPdfFile) {
   ASSERT_TRUE(bytes);
   EXPECT_TRUE(bytes->starts_with("%PDF-"));
   EXPECT_EQ(why, u"");
+}
+
+/// What stands in the place of the unit of an item, in the report of settings.
+String UnitInReport(const Document& document, const String& item) {
+  for (const DocumentTable& table : document.tables) {
+    for (const auto& row : table.rows) {
+      if (row.front() == item) {
+        return row.back();
+      }
+    }
+  }
+  return {};
+}
+
+bool StandsInOneLine(const Document& document, const String& text) {
+  constexpr QSizeF a4_with_margins(523, 770);
+  const std::vector<Sheet> sheets = SheetsOf(document, a4_with_margins);
+  return std::any_of(sheets.begin(), sheets.end(), [&](const Sheet& sheet) {
+    return std::any_of(sheet.texts.begin(), sheet.texts.end(),
+                       [&](const SheetText& one) { return one.text == ToQt(text); });
+  });
+}
+
+TEST(QtPaperTest, TheRangeOfEachInputStandsInOneLine) {
+  for (const char* model : {"Z2WT", "Z2WR"}) {
+    WindowBench bench(model);
+    bench.device.dialogs.OnBox(
+        [&](const Box& box) { bench.device.dialogs.QueueAnswer(box.buttons.front()); });
+    ParameterPage& page = bench.Page();
+    std::set<String> ranges;
+    for (int entry = 0; entry < static_cast<int>(page.Combo[0].Entries().size()); ++entry) {
+      bench.application.program.Loop().Gate().Enter([&] { page.Combo[0].UserPicks(entry); });
+      const Document document = SettingsReport(page, {});
+      const String range = UnitInReport(document, u"Item 10");
+      ranges.insert(range);
+      EXPECT_TRUE(range.empty() || StandsInOneLine(document, range)) << ToQt(range).toStdString();
+    }
+    EXPECT_GT(ranges.size(), 5) << model;
+  }
 }
 
 TEST(QtPaperTest, PrintsWhereTheUserSaysAndNothingWhenHeCancels) {
