@@ -16,6 +16,7 @@ namespace korva {
 namespace {
 
 constexpr StringView kTableItem = u"table";
+constexpr std::string_view kUnitBoxes = "cbo_unit";  ///< in which the unit of the field before is chosen
 
 String Number(int number) { return Ascii(std::to_string(number)); }
 
@@ -26,8 +27,8 @@ String WithUnit(ParameterPage& page, int row, const String& text) {
 
 /// True when the same unit is chosen for a row, or none can be.
 bool SameUnitBox(ParameterPage& one, ParameterPage& other, int row) {
-  const ComboBox* here = UnitBoxOf(one, row);
-  const ComboBox* there = UnitBoxOf(other, row);
+  const ComboBox* const here = UnitBoxOf(one, row);
+  const ComboBox* const there = UnitBoxOf(other, row);
   return here == nullptr || there == nullptr || here->Text() == there->Text();
 }
 
@@ -110,12 +111,12 @@ void Comparer::Take(Comparison::With with, SecondPage& other, Comparison::Outcom
   Unmark();
   const bool complete = outcome == Comparison::Outcome::Complete;
   comparison_.Take(with, page_.lst_TypeSelect.Text(), outcome,
-                   complete ? DifferencesFrom(other) : std::vector<Difference>());
+                   complete ? DifferencesFrom(with, other) : std::vector<Difference>());
 }
 
-std::vector<Difference> Comparer::DifferencesFrom(SecondPage& other) {
+std::vector<Difference> Comparer::DifferencesFrom(Comparison::With with, SecondPage& other) {
   std::vector<Difference> found;
-  CompareRows(other, found);
+  CompareRows(with, other, found);
   if (other.TableRead()) {
     if (const std::optional<Evidence> fault = other.TableFault()) {
       found.push_back({.item = String(kTableItem),
@@ -131,10 +132,14 @@ std::vector<Difference> Comparer::DifferencesFrom(SecondPage& other) {
   return found;
 }
 
-bool Comparer::IsCompared(int row) const {
+bool Comparer::IsCompared(int row, Comparison::With with) const {
   if (page_.DataCell(row, kOnPage) != u"Y" || page_.IsLive(row)) {
     return false;
   }
+  return with == Comparison::With::File || IsUploaded(row);
+}
+
+bool Comparer::IsUploaded(int row) const {
   // Several rows may show parts of one item, of which one travels.
   const StringTable& data = page_.Def.Data();
   for (int one = 0; one < data.Rows(); ++one) {
@@ -160,15 +165,15 @@ bool Comparer::IsSameType(int row, const ParameterPage& other) const {
          LeadingInteger(page_.DataCell(row, kItem)) == kTypeItem;
 }
 
-void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
+void Comparer::CompareRows(Comparison::With with, SecondPage& other, std::vector<Difference>& found) {
   const int rows = page_.Def.Data().Rows();
   std::vector<String> chosen(static_cast<std::size_t>(rows));
   for (int row = 0; row < rows; ++row) {
-    chosen[static_cast<std::size_t>(row)] = IsCompared(row) ? ShownOf(other.Page(), row) : String();
+    chosen[static_cast<std::size_t>(row)] = IsCompared(row, with) ? ShownOf(other.Page(), row) : String();
   }
   AlignUnits(other.Page());
   for (int row = 0; row < rows; ++row) {
-    if (!IsCompared(row)) {
+    if (!IsCompared(row, with)) {
       continue;
     }
     const String here = ShownOf(page_, row);
@@ -183,7 +188,7 @@ void Comparer::CompareRows(SecondPage& other, std::vector<Difference>& found) {
                        .other = WithUnit(other.Page(), row, there),
                        .silent = other.Silent(row),
                        .untold = other.Untold(row)});
-      Mark(row);
+      MarkRow(row, other.Page());
     }
   }
 }
@@ -194,7 +199,8 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
     auto* const here = dynamic_cast<Grid*>(control);
     const auto* const there =
         here == nullptr ? nullptr : dynamic_cast<const Grid*>(other.Page().FindControl(here->FullName()));
-    const int rows = there == nullptr ? 0 : std::min(here->Rows(), there->Rows());
+    const bool in_use = there != nullptr && here->Visible() && there->Visible();
+    const int rows = in_use ? std::min(here->Rows(), there->Rows()) : 0;
     for (int row = 1; row < rows; ++row) {
       for (int column = 1; column < std::min(here->Columns(), there->Columns()); ++column) {
         const String& one = here->At(row, column).text;
@@ -206,18 +212,18 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
                .caption = CaptionText(TextKey::UserTable) + u" " + Simplified(here->At(0, column).text),
                .page = one,
                .other = another});
-          Mark(*here, row, column);
+          MarkCell(*here, row, column);
         }
       }
     }
   }
 }
 
-void Comparer::CompareTableFields(SecondPage& other, std::vector<Difference>& found) const {
+void Comparer::CompareTableFields(SecondPage& other, std::vector<Difference>& found) {
   for (const auto& [name, caption] : kTableFields) {
-    const Control* here = page_.FindControl(name);
+    Control* here = page_.FindControl(name);
     const Control* there = other.Page().FindControl(name);
-    if (here == nullptr || there == nullptr || !here->Visible()) {
+    if (here == nullptr || there == nullptr || !here->Visible() || !there->Visible()) {
       continue;
     }
     const String one = Trimmed(here->ShownText());
@@ -225,25 +231,32 @@ void Comparer::CompareTableFields(SecondPage& other, std::vector<Difference>& fo
     if (!Same(one, another)) {
       found.push_back(
           {.item = String(kTableItem), .caption = CaptionText(caption), .page = one, .other = another});
+      Mark(*here);
     }
   }
 }
 
-void Comparer::Mark(int row) {
-  const auto mark = [this](Control& control) {
-    control.SetDiffers(true);
-    marked_.push_back(&control);
-  };
+void Comparer::MarkRow(int row, ParameterPage& other) {
   if (Control* control = ControlOf(page_, row)) {
-    mark(*control);
+    Mark(*control);
   } else if (OptionGroup* options = OptionsOf(page_, row)) {
     for (int place = 0; place < options->Count(); ++place) {
-      mark((*options)[place]);
+      Mark((*options)[place]);
     }
+  }
+  if (!SameUnitBox(page_, other, row)) {
+    Mark(*UnitBoxOf(page_, row));
   }
 }
 
-void Comparer::Mark(Grid& grid, int row, int column) {
+void Comparer::Mark(Control& control) {
+  FollowEdits();
+  control.SetDiffers(true);
+  marked_.push_back(&control);
+}
+
+void Comparer::MarkCell(Grid& grid, int row, int column) {
+  FollowEdits();
   marked_grids_[&grid] = grid.Edits();
   grid.SetCellDiffers(row, column);
   if (followed_.insert(&grid).second) {
@@ -254,6 +267,33 @@ void Comparer::Mark(Grid& grid, int row, int column) {
       }
     });
   }
+}
+
+void Comparer::FollowEdits() {
+  if (std::exchange(follows_, true)) {
+    return;
+  }
+  Follow(page_.txtAuthor);
+  Follow(page_.txtMemo);
+  for (const auto& [name, caption] : kTableFields) {
+    if (Control* control = page_.FindControl(name)) {
+      Follow(*control);
+    }
+  }
+  for (Control* control : page_.Controls()) {
+    if (control->Name() == kUnitBoxes) {
+      Follow(*control);
+    }
+  }
+}
+
+void Comparer::Follow(Control& control) {
+  control.Observe([this, &control, text = control.ShownText()]() mutable {
+    if (text != control.ShownText()) {
+      text = control.ShownText();
+      Unmark();
+    }
+  });
 }
 
 void Comparer::Unmark() {

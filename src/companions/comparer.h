@@ -42,18 +42,24 @@ class Comparer final : public PagePart {
 
  private:
   void Take(Comparison::With with, SecondPage& other, Comparison::Outcome outcome);
-  std::vector<Difference> DifferencesFrom(SecondPage& other);
-  void CompareRows(SecondPage& other, std::vector<Difference>& found);
+  std::vector<Difference> DifferencesFrom(Comparison::With with, SecondPage& other);
+  void CompareRows(Comparison::With with, SecondPage& other, std::vector<Difference>& found);
   void CompareGrids(SecondPage& other, std::vector<Difference>& found);
-  void CompareTableFields(SecondPage& other, std::vector<Difference>& found) const;
-  [[nodiscard]] bool IsCompared(int row) const;
+  void CompareTableFields(SecondPage& other, std::vector<Difference>& found);
+  /// True for a row that the page shows, and that was read: of a file all of them are.
+  [[nodiscard]] bool IsCompared(int row, Comparison::With with) const;
+  [[nodiscard]] bool IsUploaded(int row) const;
   /// True for the row of the input type, where both pages have the same one, which devices of another version
   /// may spell in another way.
   [[nodiscard]] bool IsSameType(int row, const ParameterPage& other) const;
   /// Lets the other page show its temperatures in this page's unit.
   void AlignUnits(ParameterPage& other) const;
-  void Mark(int row);
-  void Mark(Grid& grid, int row, int column);
+  void MarkRow(int row, ParameterPage& other);
+  void Mark(Control& control);
+  void MarkCell(Grid& grid, int row, int column);
+  /// Follows, from the first mark on, what is edited and is no row of the definition.
+  void FollowEdits();
+  void Follow(Control& control);
 
   ParameterPage& page_;
   const Families& families_;
@@ -63,6 +69,7 @@ class Comparer final : public PagePart {
   std::vector<Control*> marked_;
   std::map<Grid*, unsigned> marked_grids_;  ///< with how often each was edited until then
   std::set<Grid*> followed_;                ///< whose edits are told
+  bool follows_ = false;                    ///< FollowEdits was done
 };
 
 }  // namespace korva

@@ -31,14 +31,14 @@ String ShownOf(ParameterPage& page, int row) {
   return options->Selected() < 0 ? String() : (*options)[options->Selected()].Caption();
 }
 
-const ComboBox* UnitBoxOf(ParameterPage& page, int row) {
+ComboBox* UnitBoxOf(ParameterPage& page, int row) {
   const Control* const control = ControlOf(page, row);
   const DesignRow* const line = control == nullptr ? nullptr : page.RowOf(*control);
   if (line == nullptr || dynamic_cast<const TextField*>(control) == nullptr) {
     return nullptr;
   }
   for (const std::string_view name : NamesIn(line->field)) {
-    const auto* const box = dynamic_cast<const ComboBox*>(page.FindControl(name));
+    auto* const box = dynamic_cast<ComboBox*>(page.FindControl(name));
     if (box != nullptr && box->Visible()) {
       return box;
     }

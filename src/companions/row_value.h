@@ -26,6 +26,6 @@ String ShownOf(ParameterPage& page, int row);
 /// The unit that stands beside the value; empty for none.
 String UnitShownOf(ParameterPage& page, int row);
 /// The box in which the unit is chosen; nullptr where it follows from elsewhere.
-const ComboBox* UnitBoxOf(ParameterPage& page, int row);
+ComboBox* UnitBoxOf(ParameterPage& page, int row);
 
 }  // namespace korva

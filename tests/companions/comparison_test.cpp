@@ -100,6 +100,10 @@ TEST(ComparisonTest, FindsAnotherUnitOfTheSameNumber) {
                                      .caption = u"入力ﾌﾙｽｹｰﾙ",
                                      .page = number + u" " + box.Text(),
                                      .other = number + u" " + there}}));
+  EXPECT_TRUE(bench.Field(u"10").Differs());
+  EXPECT_TRUE(box.Differs());
+  bench.Type(bench.Page().txtMemo, u"read");
+  EXPECT_FALSE(box.Differs());
 }
 
 TEST(ComparisonTest, ComparesThePointsOfATable) {
@@ -200,6 +204,37 @@ TEST(ComparisonTest, ComparesWhatTravelsWithAUsersTable) {
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found.front(),
             (Difference{.item = u"table", .caption = u"ﾃｰﾌﾞﾙﾋﾟｯﾁ", .page = there + u"1", .other = there}));
+  auto& base = dynamic_cast<TextField&>(*bench.Page().FindControl("txtBase"));
+  EXPECT_TRUE(step.Differs());
+  EXPECT_FALSE(base.Differs());
+  bench.Type(base, u"3");
+  EXPECT_FALSE(step.Differs());
+}
+
+TEST(ComparisonTest, LeavesTheTableOfAnotherInputOut) {
+  CompareBench bench(u"Z8WT2");
+  bench.Save(kFile);
+  bench.TakeBoxes();
+  bench.Pick(bench.Page().Combo[0], u"13 User's TC");
+  auto& curve = dynamic_cast<Grid&>(*bench.Page().FindControl("TCFlexGrid"));
+  bench.Do([&] { curve.SetText(1, 1, u"7.00"); });
+  bench.CompareWith(kFile);
+  for (const Difference& one : bench.Compared().Differences()) {
+    EXPECT_NE(one.item.substr(0, 6), u"table ") << ToUtf8(one.item);
+  }
+  EXPECT_FALSE(curve.At(1, 1).differs);
+}
+
+TEST(ComparisonTest, FindsInAFileWhatNoUploadReads) {
+  CompareBench bench(u"Z2WU");
+  bench.Type(u"81", u"1A");
+  bench.Save(kFile);
+  bench.TakeBoxes();
+  bench.Type(u"81", u"1B");
+  EXPECT_EQ(bench.CompareWith(kFile),
+            (Found{{.item = u"01/81", .caption = u"ｱﾄﾞﾚｽ (01～7F)", .page = u"1B", .other = u"1A"}}));
+  EXPECT_TRUE(bench.Field(u"81").Differs());
+  EXPECT_EQ(bench.Compare(), Found());
 }
 
 TEST(ComparisonTest, TellsWhatDidNotAnswer) {
