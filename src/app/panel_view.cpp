@@ -152,8 +152,9 @@ void PanelView::WidenColumns() {
 
 void PanelView::FitColumns() {
   table_->horizontalHeader()->setStretchLastSection(true);
-  table_->resizeColumnsToContents();
+  // The last one fills what is left; a width of its own would take that from it.
   for (int column = 0; column + 1 < model_->columnCount({}); ++column) {
+    table_->resizeColumnToContents(column);
     table_->setColumnWidth(column, std::min(table_->columnWidth(column), Digits(table_, kColumn)));
   }
 }

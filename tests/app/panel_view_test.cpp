@@ -98,6 +98,28 @@ TEST(PanelViewTest, ItsColumnsBecomeAsWideAsTheirTextsByAKeyAndNarrowAgain) {
   EXPECT_EQ(table->horizontalHeader()->length(), table->viewport()->width());
 }
 
+TEST(PanelViewTest, LetsTheLastColumnFillTheWindowWhetherItOpensWithRowsOrGetsThem) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Press("cmdReport");
+  auto* table = bench.Find<PanelView>("pnlReport")->findChild<QTableView*>("table");
+  const auto expect_filled = [table] {
+    QCoreApplication::processEvents();
+    const int last = table->model()->columnCount() - 1;
+    EXPECT_EQ(table->columnViewportPosition(last) + table->columnWidth(last), table->viewport()->width());
+  };
+  ASSERT_GT(table->model()->rowCount(), 0);
+  expect_filled();
+  if (const char* folder = std::getenv("PANEL_PICTURES")) {
+    bench.Find<PanelView>("pnlReport")->grab().save(QString::fromUtf8(folder) + "/opened.png");
+  }
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  expect_filled();
+  bench.Find<PanelView>("pnlReport")->resize(1100, 500);
+  expect_filled();
+}
+
 TEST(PanelViewTest, HasItsButtonsInTheLanguageOfThePage) {
   WindowBench bench("QHW");
   bench.Press("cmdReport");
