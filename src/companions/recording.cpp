@@ -79,7 +79,13 @@ bool Recording::Begin(RecordPlace& place, const String& path) {
   return Runs();
 }
 
-void Recording::End() { file_.reset(); }
+void Recording::End() {
+  SystemReason reason;
+  if (Runs() && !file_->Keep(reason)) {
+    problem_ = ReasonText(reason);
+  }
+  file_.reset();
+}
 
 void Recording::Take(const WatchReading& reading) {
   if (Runs()) {
@@ -135,8 +141,8 @@ void Recording::Write(const Cells& cells) {
 }
 
 void Recording::Fail(const SystemReason& reason) {
-  problem_ = ReasonText(reason);
   End();
+  problem_ = ReasonText(reason);
 }
 
 }  // namespace korva

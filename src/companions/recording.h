@@ -20,6 +20,9 @@ class Recording {
  public:
   /// All outlive this.
   Recording(const EventLoop& loop, const CodePage& code_page) : loop_(loop), code_page_(code_page) {}
+  Recording(const Recording&) = delete;
+  Recording& operator=(const Recording&) = delete;
+  ~Recording() { End(); }
 
   /// Begins at the next turn. False when there is no such file to be made, or, as any time later, when it
   /// can't be written: Problem() tells then, and the recording has ended.
@@ -27,12 +30,13 @@ class Recording {
   void Take(const WatchReading& reading);
   /// The values of a turn are all read. `values` are those that the loop reads.
   void EndTurn(const std::vector<WatchedValue>& values, Language language);
+  /// Brings the record to the disk. Problem() tells when that failed.
   void End();
   void ForgetProblem() { problem_.clear(); }
 
   [[nodiscard]] bool Runs() const { return file_ != nullptr; }
   [[nodiscard]] const String& Path() const { return path_; }
-  /// Why the last recording ended before its end; empty when it did not.
+  /// Why the last recording ended before its end, or is not on the disk; empty for one that is whole.
   [[nodiscard]] const String& Problem() const { return problem_; }
 
  private:

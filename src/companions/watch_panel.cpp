@@ -65,8 +65,12 @@ void WatchPanel::TurnEnded() {
 
 void WatchPanel::LoopEnded() {
   question_.reset();
+  const bool ran = recording_.Runs();
   recording_.End();
   watch_.End(loop_.Now());
+  if (ran && !Problem().empty()) {
+    ShowBroken();
+  }
 }
 
 String WatchPanel::Heading() const {

@@ -24,6 +24,9 @@ class RecordFile {
   /// Adds the bytes at its end, where they stay whatever becomes of the program. False on failure, and
   /// `reason` then tells why; nothing of the bytes stands in the file then.
   virtual bool Add(std::string_view bytes, SystemReason& reason) = 0;
+  /// Brings all that was added to the disk, which may take a while: a line that waited for it would hold the
+  /// loop that it belongs to. False on failure, and `reason` then tells why.
+  virtual bool Keep(SystemReason& reason) = 0;
 };
 
 /// A question to the user that waits for its answer while everything goes on; it is withdrawn with this.

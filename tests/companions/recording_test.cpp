@@ -160,5 +160,25 @@ TEST_F(RecordingTest, EndsWhenItIsToldTo) {
   EXPECT_EQ(recording.Problem(), u"");
 }
 
+TEST_F(RecordingTest, BringsTheRecordToTheDiskWhenItEndsAndNoLineWaitsForThat) {
+  recording.Begin(records, kPath);
+  Turn(u"1", u"2");
+  Turn(u"3", u"4");
+  EXPECT_EQ(records.Kept(), "");
+  recording.End();
+  EXPECT_EQ(records.Kept(), records.Bytes(kPath));
+  EXPECT_NE(records.Kept(), "");
+  EXPECT_EQ(recording.Problem(), u"");
+}
+
+TEST_F(RecordingTest, TellsARecordThatDidNotReachTheDisk) {
+  recording.Begin(records, kPath);
+  Turn(u"1", u"2");
+  records.FailKeeping(Fault::DiskFull);
+  recording.End();
+  EXPECT_FALSE(recording.Runs());
+  EXPECT_NE(recording.Problem(), u"");
+}
+
 }  // namespace
 }  // namespace korva::test

@@ -104,6 +104,15 @@ TEST_F(NativeRecordFileTest, AProgramThatIsKilledKeepsWhatItRecorded) {
   EXPECT_EQ(Content(), "one\r\n");
 }
 
+TEST_F(NativeRecordFileTest, ReachesTheDiskWhenAskedTo) {
+  const auto record = Create(path);
+  ASSERT_NE(record, nullptr);
+  EXPECT_TRUE(record->Add("one\r\n", reason));
+  EXPECT_TRUE(record->Keep(reason));
+  EXPECT_TRUE(record->Add("two\r\n", reason));
+  EXPECT_EQ(Content(), "one\r\ntwo\r\n");
+}
+
 TEST(LocalTimeTest, IsTheUsersTimeOfDay) {
   const char* const zone = std::getenv("TZ");
   const std::string before = zone == nullptr ? "" : zone;

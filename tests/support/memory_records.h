@@ -54,6 +54,9 @@ class MemoryRecords final : public RecordPlace {
   [[nodiscard]] int Open() const { return open_; }
   void FailCreation(Fault fault) { create_fault_ = fault; }
   void FailWrites(Fault fault) { write_fault_ = fault; }
+  void FailKeeping(Fault fault) { keep_fault_ = fault; }
+  /// What was brought to the disk last.
+  [[nodiscard]] const std::string& Kept() const { return kept_; }
 
  private:
   class Question final : public OpenQuestion {
@@ -80,6 +83,11 @@ class MemoryRecords final : public RecordPlace {
       bytes_ += bytes;
       return true;
     }
+    bool Keep(SystemReason& reason) override {
+      records_.kept_ = bytes_;
+      reason = MemoryFiles::ReasonOf(records_.keep_fault_);
+      return records_.keep_fault_ == Fault::None;
+    }
 
    private:
     MemoryRecords& records_;
@@ -92,6 +100,8 @@ class MemoryRecords final : public RecordPlace {
   Chosen chosen_;
   Fault create_fault_ = Fault::None;
   Fault write_fault_ = Fault::None;
+  Fault keep_fault_ = Fault::None;
+  std::string kept_;
   int open_ = 0;
 };
 

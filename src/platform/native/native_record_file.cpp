@@ -29,6 +29,14 @@ class NativeRecordFile final : public RecordFile {
     return false;
   }
 
+  bool Keep(SystemReason& reason) override {
+    const bool kept = fsync(file_.Number()) == 0;
+    if (!kept) {
+      reason = ReasonOf(errno);
+    }
+    return kept;
+  }
+
  private:
   // Takes back what was written of a line. A disk that refuses this too keeps a piece of it.
   void Shorten() const {
