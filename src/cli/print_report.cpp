@@ -94,7 +94,8 @@ std::string_view WordOf(Comparison::Outcome outcome) {
 }
 
 std::string LineOf(const ReportRow& row) {
-  return "report " + ToUtf8(row.item) + " " + Quoted(row.caption) + " sent " + Quoted(row.sent) +
+  const std::string_view sent = row.only_due && !row.sent.empty() ? " due " : " sent ";
+  return "report " + ToUtf8(row.item) + " " + Quoted(row.caption) + std::string(sent) + Quoted(row.sent) +
          " answered " + Quoted(row.answered) + " " + std::string(WordOf(row.evidence)) +
          std::string(WordOf(row.skip));
 }

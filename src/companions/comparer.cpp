@@ -132,11 +132,13 @@ std::vector<Difference> Comparer::DifferencesFrom(Comparison::With with, SecondP
   return found;
 }
 
-bool Comparer::IsCompared(int row, Comparison::With with) const {
+bool Comparer::IsCompared(int row, Comparison::With with, const ParameterPage& other) const {
   if (page_.DataCell(row, kOnPage) != u"Y" || page_.IsLive(row)) {
     return false;
   }
-  return with == Comparison::With::File || IsUploaded(row);
+  // A field that no upload is for may have come with another: nothing else fills it.
+  const bool came = !page_.DataCell(row, kTextIndex).empty() && !other.SetCell(row).empty();
+  return with == Comparison::With::File || IsUploaded(row) || came;
 }
 
 bool Comparer::IsUploaded(int row) const {
@@ -169,11 +171,12 @@ void Comparer::CompareRows(Comparison::With with, SecondPage& other, std::vector
   const int rows = page_.Def.Data().Rows();
   std::vector<String> chosen(static_cast<std::size_t>(rows));
   for (int row = 0; row < rows; ++row) {
-    chosen[static_cast<std::size_t>(row)] = IsCompared(row, with) ? ShownOf(other.Page(), row) : String();
+    chosen[static_cast<std::size_t>(row)] =
+        IsCompared(row, with, other.Page()) ? ShownOf(other.Page(), row) : String();
   }
   AlignUnits(other.Page());
   for (int row = 0; row < rows; ++row) {
-    if (!IsCompared(row, with)) {
+    if (!IsCompared(row, with, other.Page())) {
       continue;
     }
     const String here = ShownOf(page_, row);
@@ -183,7 +186,7 @@ void Comparer::CompareRows(Comparison::With with, SecondPage& other, std::vector
     const bool unknown = other.Silent(row) || other.Untold(row);
     if (unknown || !same || !SameUnitBox(page_, other.Page(), row)) {
       found.push_back({.item = page_.DataCell(row, kGroup) + u"/" + page_.DataCell(row, kItem),
-                       .caption = page_.DataCell(row, kCaption),
+                       .caption = CaptionOf(page_, row),
                        .page = WithUnit(page_, row, here),
                        .other = WithUnit(other.Page(), row, there),
                        .silent = other.Silent(row),
@@ -209,7 +212,7 @@ void Comparer::CompareGrids(SecondPage& other, std::vector<Difference>& found) {
         if (!unknown && !SameCell(one, another)) {
           found.push_back(
               {.item = String(kTableItem) + u" " + Number(row) + u"," + Number(column),
-               .caption = CaptionText(TextKey::UserTable) + u" " + Simplified(here->At(0, column).text),
+               .caption = page_.Words(TextKey::UserTable) + u" " + Simplified(here->At(0, column).text),
                .page = one,
                .other = another});
           MarkCell(*here, row, column);
@@ -230,7 +233,7 @@ void Comparer::CompareTableFields(SecondPage& other, std::vector<Difference>& fo
     const String another = Trimmed(there->ShownText());
     if (!Same(one, another)) {
       found.push_back(
-          {.item = String(kTableItem), .caption = CaptionText(caption), .page = one, .other = another});
+          {.item = String(kTableItem), .caption = page_.Words(caption), .page = one, .other = another});
       Mark(*here);
     }
   }

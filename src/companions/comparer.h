@@ -47,7 +47,7 @@ class Comparer final : public PagePart {
   void CompareGrids(SecondPage& other, std::vector<Difference>& found);
   void CompareTableFields(SecondPage& other, std::vector<Difference>& found);
   /// True for a row that the page shows, and that was read: of a file all of them are.
-  [[nodiscard]] bool IsCompared(int row, Comparison::With with) const;
+  [[nodiscard]] bool IsCompared(int row, Comparison::With with, const ParameterPage& other) const;
   [[nodiscard]] bool IsUploaded(int row) const;
   /// True for the row of the input type, where both pages have the same one, which devices of another version
   /// may spell in another way.

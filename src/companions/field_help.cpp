@@ -7,7 +7,10 @@
 #include <string>
 
 #include "companions/meanings.h"
+#include "companions/part_of.h"
+#include "companions/row_value.h"
 #include "core/design_names.h"
+#include "core/grid.h"
 #include "core/numbers.h"
 #include "core/text_utilities.h"
 
@@ -154,16 +157,7 @@ String FieldHelp::TitleOf(const Control& control, int row) const {
     return named ? own : Joined(ShownIn(line->number), ShownIn(line->label));
   }
   const String& key = page_.DataCell(row, kItem);
-  return Joined(u"Item " + key.substr(0, key.find(u'_')) + u" ", Joined(CaptionOf(row), own));
-}
-
-String FieldHelp::CaptionOf(int row) const {
-  const String& japanese = page_.DataCell(row, kCaption);
-  if (japanese.empty()) {
-    return page_.DataCell(row, kNumberCaption);
-  }
-  const bool english = page_.CaptionLanguage() == Language::English;
-  return english ? page_.Def.Data().At(row, page_.Def.ColumnOf(kCaption) + 1) : japanese;
+  return Joined(u"Item " + key.substr(0, key.find(u'_')) + u" ", Joined(CaptionOf(page_, row), own));
 }
 
 String FieldHelp::MeaningOf(const Control& control, int row) const {

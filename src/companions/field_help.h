@@ -46,7 +46,6 @@ class FieldHelp final : public PagePart {
   [[nodiscard]] String HelpOf(const Control& control) const;
   /// "Item 14  入力ｾﾞﾛ (0%)"
   [[nodiscard]] String TitleOf(const Control& control, int row) const;
-  [[nodiscard]] String CaptionOf(int row) const;
   [[nodiscard]] String MeaningOf(const Control& control, int row) const;
   [[nodiscard]] String LimitsOf(const TextField& field) const;
   /// What a pair of fields must keep besides, and what is allowed besides.

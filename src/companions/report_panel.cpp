@@ -57,7 +57,9 @@ std::vector<String> ReportPanel::Heads() const {
 
 std::vector<String> ReportPanel::Cells(int row) const {
   const ReportRow& line = report_.Rows().at(static_cast<std::size_t>(row));
-  return {line.item, line.caption, line.sent, line.answered, EvidenceText(line, ItsLanguage())};
+  const bool due = line.only_due && !line.sent.empty();
+  return {line.item, line.caption, due ? u"(" + line.sent + u")" : line.sent, line.answered,
+          EvidenceText(line, ItsLanguage())};
 }
 
 Look ReportPanel::LookOf(int row) const {

@@ -1,6 +1,30 @@
 #include "companions/report_writer.h"
 
+#include "companions/row_value.h"
+
 namespace korva {
+
+namespace {
+
+bool SameItem(const ParameterPage& page, int one, int other) {
+  const WireItem item = page.WireOf(one);
+  const WireItem another = page.WireOf(other);
+  return item.group == another.group && item.item == another.item;
+}
+
+/// The name of the item that travels with a row. Several rows may show parts of one item.
+String NameOfItem(const ParameterPage& page, int carrier) {
+  String name = CaptionOf(page, carrier);
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    const String part = SameItem(page, row, carrier) && !page.IsLive(row) ? CaptionOf(page, row) : String();
+    if (name.find(part) == String::npos) {
+      name += u" / " + part;
+    }
+  }
+  return name;
+}
+
+}  // namespace
 
 ReportWriter::ReportWriter(ParameterPage& page, TransferReport& report, ReportPanel& panel)
     : page_(page), report_(report), panel_(panel) {
@@ -29,7 +53,8 @@ void ReportWriter::StepDone(const TransferStep& step) {
                .sent = step.sent,
                .answered = step.answered,
                .evidence = step.evidence,
-               .skip = step.skip});
+               .skip = step.skip,
+               .only_due = step.only_due});
   if (IsFailure(step.evidence)) {
     page_.Notes.Tell(Notice::Transfer, report_.FaultSentence(language_));
   }
@@ -38,8 +63,12 @@ void ReportWriter::StepDone(const TransferStep& step) {
 void ReportWriter::TransferEnded(bool good) { report_.End(good); }
 
 String ReportWriter::NameOf(const TransferStep& step) const {
-  return step.what ? CaptionText(*step.what, language_)
-                   : (step.row < 0 ? String() : page_.DataCell(step.row, kCaption));
+  if (step.what || step.row < 0) {
+    return step.what ? CaptionText(*step.what, language_) : String();
+  }
+  const String name = NameOfItem(page_, step.row);
+  // The one item that has no place on the page.
+  return name.empty() ? CaptionText(TextKey::DeviceSystem, language_) : name;
 }
 
 }  // namespace korva

@@ -5,6 +5,15 @@
 
 namespace korva {
 
+String CaptionOf(const ParameterPage& page, int row) {
+  const String& japanese = page.DataCell(row, kCaption);
+  if (japanese.empty()) {
+    return page.DataCell(row, kNumberCaption);
+  }
+  const bool english = page.CaptionLanguage() == Language::English;
+  return english ? page.Def.Data().At(row, page.Def.ColumnOf(kCaption) + 1) : japanese;
+}
+
 Control* ControlOf(ParameterPage& page, int row) {
   if (!page.DataCell(row, kTextIndex).empty()) {
     return &page.Text[page.Place(row, kTextIndex, page.Text.Count())];

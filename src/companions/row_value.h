@@ -17,6 +17,8 @@ inline constexpr std::array<std::pair<std::string_view, TextKey>, 4> kTableField
      {"txtBase", TextKey::TableBase},
      {"cmbRange", TextKey::Range}}};
 
+/// What the definition calls a row, in the language of the page.
+String CaptionOf(const ParameterPage& page, int row);
 /// The control that shows the value of a row: its field or its box; nullptr for none, or for options.
 Control* ControlOf(ParameterPage& page, int row);
 /// The options of a row; nullptr for none.

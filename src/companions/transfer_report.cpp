@@ -60,11 +60,12 @@ String SentenceOf(const ReportRow& row, Language language) {
     return Filled(text(TextKey::StepSilent), {row.item, row.caption});
   }
   const bool refused = row.evidence == Evidence::Refused;
-  if (row.sent.empty()) {
+  if (row.sent.empty() || (refused && row.only_due)) {
     return Filled(text(refused ? TextKey::StepNotRead : TextKey::StepMisread),
                   {row.item, row.caption, row.answered});
   }
-  return Filled(text(refused ? TextKey::StepRefused : TextKey::StepDiffers),
+  const TextKey differs = row.only_due ? TextKey::StepUnlike : TextKey::StepDiffers;
+  return Filled(text(refused ? TextKey::StepRefused : differs),
                 {row.item, row.caption, row.sent, row.answered});
 }
 

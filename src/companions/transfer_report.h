@@ -12,10 +12,11 @@ namespace korva {
 struct ReportRow {
   String item{};      ///< "01/14"; of a value in a table or the memory with its key behind it
   String caption{};   ///< what the definition calls it
-  String sent{};      ///< empty: nothing, or it was only read
+  String sent{};      ///< empty: nothing, or it was only read; see only_due
   String answered{};  ///< as it came; empty: nothing
   Evidence evidence = Evidence::Read;
   Skip skip = Skip::None;
+  bool only_due = false;  ///< `sent` was not sent: the device was to hold it, or it was still to go out
 
   bool operator==(const ReportRow&) const = default;
 };

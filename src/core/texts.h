@@ -199,8 +199,9 @@ enum class TextKey {
   DeviceReset,
   UnitCode,
   DeviceMemory,
-  DeviceType,  ///< what the device holds of a type before it is rewritten
-  ProofRead,   ///< how a step was proved
+  DeviceSystem,  ///< the item by which a device tells its version
+  DeviceType,    ///< what the device holds of a type before it is rewritten
+  ProofRead,     ///< how a step was proved
   ProofCollated,
   ProofCompared,
   ProofReadBack,
@@ -219,6 +220,7 @@ enum class TextKey {
   StepNotRead,  ///< (item, its name, answer)
   StepRefused,  ///< (item, its name, sent, answer)
   StepDiffers,  ///< (item, its name, sent, answer)
+  StepUnlike,   ///< (item, its name, what the page has, answer)
   StepMisread,  ///< (item, its name, answer)
   StepsMore,    ///< (how many) behind it
   // Undo and redo.

@@ -120,8 +120,10 @@ bool Eeprom::SetAddress(int address, int count) {
 }
 
 std::string Eeprom::Fetch(int address, int count) {
+  const std::string due = due_.substr(0, 2 * static_cast<std::size_t>(count));
+  due_.erase(0, due.size());
   if (!SetAddress(address, count)) {
-    Told(address, {}, false);
+    Told(address, due, false);
     return {};
   }
   const String reply = link_.SendCommandUntrimmed(u"D\r");
@@ -129,7 +131,10 @@ std::string Eeprom::Fetch(int address, int count) {
   if (digits.empty() && !reply.empty()) {
     link_.LoseStep();
   }
-  Told(address, {}, !digits.empty());
+  const bool good = !digits.empty() && (due.empty() || digits == due);
+  if (due.empty() || !good) {
+    Told(address, due, good);
+  }
   return digits;
 }
 
@@ -190,11 +195,22 @@ bool Eeprom::WriteText(int address, int length, const String& text) {
 }
 
 String Eeprom::EepWriteNumber(int address, int size, std::int32_t value) {
-  return EepWriteValue(address, size, value) == kFailed ? String() : EepReadNumber(address, size);
+  return EepWriteValue(address, size, value) == kFailed
+             ? String()
+             : ReadAgain(address, size, SwapBytePairs(ToHexField(value, size)));
 }
 
 String Eeprom::EepWriteString(int address, int length, const String& text) {
-  return EepWriteValue(address, -length, text) == kFailed ? String() : EepReadString(address, length);
+  return EepWriteValue(address, -length, text) == kFailed
+             ? String()
+             : ReadAgain(address, -length, ToHexField(code_page_.Encode(text).value(), length));
+}
+
+String Eeprom::ReadAgain(int address, int size, std::string digits) {
+  due_ = std::move(digits);
+  String stored = EepReadNumber(address, size);
+  due_.clear();
+  return stored;
 }
 
 int Eeprom::EepWriteChunk(int address, const std::string& hex) {

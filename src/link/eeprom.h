@@ -67,7 +67,8 @@ class Eeprom {
   int EepWriteChunk(int address, const std::string& hex);
 
   /// Called behind each block that was read, or written and read back: `sent` are the digits of a write,
-  /// empty for a read. What the device gave is the link's last reply.
+  /// empty for a read. What the device gave is the link's last reply. Of a block that is read back once more,
+  /// only a fault is told, with the digits that were written.
   std::function<void(int address, const std::string& sent, bool good)> OnBlock;
 
   /// True when the last of these accesses failed.
@@ -77,6 +78,8 @@ class Eeprom {
   bool SetAddress(int address, int count);
   /// The digits of the next `count` bytes; empty when that failed.
   std::string Fetch(int address, int count);
+  /// Reads what was just written, which are these digits.
+  String ReadAgain(int address, int size, std::string digits);
   std::optional<String> ReadText(int address, int length);
   bool WriteNumber(int address, int size, std::int32_t value);
   bool WriteText(int address, int length, const String& text);
@@ -89,6 +92,7 @@ class Eeprom {
 
   SerialLink& link_;
   const CodePage& code_page_;
+  std::string due_;  ///< the digits of what is read again and has still to come
   bool failed_ = false;
 };
 

@@ -47,6 +47,7 @@ struct TransferStep {
   String answered{};
   Evidence evidence = Evidence::Read;
   Skip skip = Skip::None;
+  bool only_due = false;  ///< `sent` is what was to be found or to be sent, and nothing was sent
 };
 
 /// Follows a page's transfers. The engines tell each step when it is done, before its box.

@@ -90,7 +90,8 @@ void TellCollated(const ParameterPage& page, const FixedChoice& choice, const St
                  .item = {.group = u"01", .item = String(choice.item)},
                  .sent = Trimmed(page.Item(LeadingInteger(choice.item))),
                  .answered = in_device,
-                 .evidence = good ? Evidence::Collated : fault});
+                 .evidence = good ? Evidence::Collated : fault,
+                 .only_due = true});
 }
 
 /// What speaks against the chosen one; nothing where nothing does. `device_row` is that of `in_device`, the
@@ -254,7 +255,8 @@ void Download::TellUnwritten(const WriteEntry& entry, Evidence evidence) const {
                   .item = entry.item,
                   .sent = unsent ? String() : entry.data,
                   .evidence = unsent ? Evidence::Skipped : evidence,
-                  .skip = unsent ? entry.skip : Skip::None});
+                  .skip = unsent ? entry.skip : Skip::None,
+                  .only_due = !unsent});
 }
 
 void Download::TellWritten(const WriteEntry& entry, const String& reply, bool good) const {
@@ -265,7 +267,8 @@ void Download::TellWritten(const WriteEntry& entry, const String& reply, bool go
   } else if (IsReadAgain(entry)) {
     evidence = compared ? Evidence::ReadBack : Evidence::Held;
   }
-  page_.TellSent({.row = entry.row, .item = entry.item, .sent = entry.data}, reply, evidence);
+  const String sent = steps_.Wrote() ? entry.data : String();
+  page_.TellSent({.row = entry.row, .item = entry.item, .sent = sent}, reply, evidence);
 }
 
 bool Download::WriteVerified(WriteEntry& entry) {
@@ -290,10 +293,8 @@ bool Download::WriteVerified(WriteEntry& entry) {
 
 String DownloadSteps::WriteChecked(const WriteEntry& entry) {
   // The tag is written even where it can't be read.
-  if (ReadBefore(entry).empty() && LeadingInteger(entry.item.item) != kTagItem) {
-    return {};
-  }
-  return WriteData(entry);
+  wrote_ = !ReadBefore(entry).empty() || LeadingInteger(entry.item.item) == kTagItem;
+  return wrote_ ? WriteData(entry) : String();
 }
 
 String DownloadSteps::Proof(const WriteEntry& entry, const String& echo) const {

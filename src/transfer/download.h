@@ -33,6 +33,8 @@ class DownloadSteps {
   [[nodiscard]] virtual String ReadBefore(const WriteEntry& entry) const;
   /// Writes one entry that can be read; the text that is to prove it, or empty when the device gave none.
   virtual String WriteChecked(const WriteEntry& entry);
+  /// True when the last entry was sent: one that can't be read before is not.
+  [[nodiscard]] bool Wrote() const { return wrote_; }
   /// Sends the data of one entry; the device's echo, or empty when there was none.
   virtual String WriteData(const WriteEntry& entry);
   /// What is to prove a write whose echo was `echo`; empty for nothing.
@@ -57,6 +59,7 @@ class DownloadSteps {
 
  private:
   ParameterPage& page_;
+  bool wrote_ = false;
 };
 
 /// cmdDownload: checks the set, writes it, and proves each write by the device's answer. The set stays as it

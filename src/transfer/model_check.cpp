@@ -32,7 +32,10 @@ bool SameModel(StringView def_file, StringView model) {
 }
 
 bool ConfirmModelOfDevice(DevicePage& page) {
-  TransferStep step{.what = TextKey::Model, .item = {.group = u"00", .item = u"01"}};
+  TransferStep step{.what = TextKey::Model,
+                    .item = {.group = u"00", .item = u"01"},
+                    .sent = page.DefFile.substr(0, page.DefFile.find(u'.')),
+                    .only_due = true};
   const String model = page.ReadIdentity(step.item);
   if (!model.empty() && SameModel(page.DefFile, model)) {
     step.answered = model;
@@ -40,7 +43,6 @@ bool ConfirmModelOfDevice(DevicePage& page) {
     page.TellStep(step);
     return true;
   }
-  step.sent = page.DefFile.substr(0, page.DefFile.find(u'.'));
   page.TellSent(step, model, Evidence::Differs);
   page.CommFailed = true;
   page.Box().Show(model.empty() ? BoxKey::CommFailure : BoxKey::ModelMismatch);

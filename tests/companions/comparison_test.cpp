@@ -225,6 +225,15 @@ TEST(ComparisonTest, LeavesTheTableOfAnotherInputOut) {
   EXPECT_FALSE(curve.At(1, 1).differs);
 }
 
+TEST(ComparisonTest, FindsAValueThatComesWithThatOfAnotherRow) {
+  CompareBench bench(u"Z8WT2");
+  bench.device.Set("01", "34", "25.000 580.000");
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"01/35");
+  EXPECT_TRUE(bench.Field(u"35").Differs());
+}
+
 TEST(ComparisonTest, FindsInAFileWhatNoUploadReads) {
   CompareBench bench(u"Z2WU");
   bench.Type(u"81", u"1A");

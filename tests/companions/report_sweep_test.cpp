@@ -37,7 +37,9 @@ class ReportOfModel : public testing::TestWithParam<String> {
     for (const ReportRow& row : Report().Rows()) {
       SCOPED_TRACE(ToUtf8(row.item));
       EXPECT_TRUE(row.answered.empty() || Came(row.answered)) << ToUtf8(row.answered);
-      const bool told_sent = row.evidence != Evidence::Collated && !row.sent.empty();
+      EXPECT_NE(row.caption, u"");
+      EXPECT_EQ(row.only_due, row.evidence == Evidence::Collated);
+      const bool told_sent = !row.only_due && !row.sent.empty();
       EXPECT_TRUE(!told_sent || std::find(sent.begin(), sent.end(), u"D" + row.sent) != sent.end())
           << ToUtf8(row.sent);
     }

@@ -97,7 +97,7 @@ TEST(TransferReportTest, TellsWhatDidNotAnswerAnUploadThatGoesOn) {
   EXPECT_EQ(bench.RowOf(u"01/17").answered, u"CNU");
   EXPECT_EQ(bench.Told(), u"Item 01/14 入力ｾﾞﾛ (0%): 変換器の応答がありませんでした。 ほか 1 項目。");
   EXPECT_EQ(bench.Report().FaultSentence(Language::English),
-            u"Item 01/14 入力ｾﾞﾛ (0%): the device gave no answer. So did 1 more.");
+            u"Item 01/14 入力ｾﾞﾛ (0%): the device gave no answer. 1 more failed.");
 }
 
 TEST(TransferReportTest, TellsOfADownloadWhatWasSentWhatWasAnsweredAndHowThatProvesIt) {
@@ -138,8 +138,10 @@ TEST(TransferReportTest, TellsTheItemAtWhichADownloadFailedAndWhatWasNotReached)
   EXPECT_NE(row.answered, u"TG:TANK-3");
   EXPECT_TRUE(row.answered.starts_with(u"TG:")) << ToUtf8(row.answered);
   EXPECT_EQ(row.evidence, Evidence::Differs);
+  EXPECT_FALSE(row.only_due);
   EXPECT_EQ(bench.RowOf(u"01/20").evidence, Evidence::NotReached);
   EXPECT_EQ(bench.RowOf(u"01/20").sent, u"99.5");
+  EXPECT_TRUE(bench.RowOf(u"01/20").only_due);
   EXPECT_EQ(bench.Told(),
             u"Item 01/02 ﾀｸﾞ名: 「TANK-3」に対し、変換器は「" + row.answered + u"」と応答しました。");
 }
@@ -212,6 +214,38 @@ TEST(TransferReportTest, StaysAsItIsWhenTheUserDoesNotBegin) {
   EXPECT_EQ(bench.Report().Kind(), Transfer::Upload);
 }
 
+TEST(TransferReportTest, TellsNothingAsSentThatWasNot) {
+  ReportBench bench(u"QHW");
+  bench.Upload();
+  bench.Type(u"20", u"99.5");
+  bench.Break("silent=I20");  // an item is read before it is written
+  bench.Download();
+  EXPECT_EQ(bench.Report().Now(), State::Broken);
+  EXPECT_EQ(bench.RowOf(u"01/20").evidence, Evidence::Silent);
+  EXPECT_EQ(bench.RowOf(u"01/20").sent, u"");
+  EXPECT_EQ(std::find(bench.sent.begin(), bench.sent.end(), u"D99.5"), bench.sent.end());
+
+  ReportPanel panel(bench.app.companions.Report);
+  for (int row = 0; row < panel.EndRow(); ++row) {
+    const ReportRow& line = bench.Report().Rows().at(static_cast<std::size_t>(row));
+    const bool due = line.evidence == Evidence::Collated || line.evidence == Evidence::NotReached;
+    EXPECT_EQ(panel.Cells(row)[2], due ? u"(" + line.sent + u")" : line.sent) << ToUtf8(line.item);
+  }
+}
+
+TEST(TransferReportTest, NamesItsItemsInTheLanguageOfThePage) {
+  ReportBench bench(u"Z2WQ");
+  bench.Upload();
+  EXPECT_EQ(bench.RowOf(u"01/28").caption, u"ｾﾞﾛ微調整 / ｽﾊﾟﾝ微調整");
+  EXPECT_EQ(bench.RowOf(u"00/99").caption, u"ｼｽﾃﾑﾊﾞｰｼﾞｮﾝ");
+  bench.Page().SetCaptions(Language::English);
+  bench.Page().DataChanged = false;
+  bench.Upload();
+  EXPECT_EQ(bench.RowOf(u"01/28").caption, u"Zero trim / Span trim");
+  EXPECT_EQ(bench.RowOf(u"01/14").caption, u"Input zero");
+  EXPECT_EQ(bench.RowOf(u"00/99").caption, u"System version");
+}
+
 TEST(TransferReportTest, TellsTheResetAndTheUnitsOfAPulseConverter) {
   ReportBench bench(u"QEY");
   bench.Upload();
@@ -239,7 +273,8 @@ TEST(TransferReportTest, TellsTheTypesThatAreCollatedBeforeAnythingIsSent) {
                                   .caption = u"入力種類",
                                   .sent = type,
                                   .answered = type,
-                                  .evidence = Evidence::Collated}));
+                                  .evidence = Evidence::Collated,
+                                  .only_due = true}));
   EXPECT_EQ((collated + 1)->item, u"01/11");
   EXPECT_EQ((collated + 1)->evidence, Evidence::Collated);
 }
@@ -254,7 +289,10 @@ TEST(TransferReportTest, TellsATypeThatIsFixedInTheDeviceAndDiffers) {
   EXPECT_EQ(bench.RowOf(u"01/10").sent, u"1:DC V");
   EXPECT_EQ(bench.RowOf(u"01/10").answered, u"5:mA SHUNT");
   EXPECT_EQ(bench.RowOf(u"01/10").evidence, Evidence::Differs);
-  EXPECT_EQ(bench.Told(), u"Item 01/10 入力種類: 「1:DC V」に対し、変換器は「5:mA SHUNT」と応答しました。");
+  EXPECT_TRUE(bench.RowOf(u"01/10").only_due);
+  EXPECT_EQ(bench.Told(), u"Item 01/10 入力種類: 画面は「1:DC V」ですが、変換器は「5:mA SHUNT」です。");
+  EXPECT_EQ(bench.Report().FaultSentence(Language::English),
+            u"Item 01/10 入力種類: the page has \"1:DC V\", the device \"5:mA SHUNT\".");
 }
 
 TEST(TransferReportTest, TellsTwoNumbersThatAreOneItemOnOneLine) {
@@ -311,6 +349,9 @@ TEST(TransferReportTest, TellsTheBytesThatGoIntoADevicesMemoryAndHowTheyWereRead
   EXPECT_EQ(stamped->sent.size(), 4U);  // the year in two bytes
   EXPECT_EQ(stamped->answered, stamped->sent);
   EXPECT_EQ(stamped->evidence, Evidence::ReadBack);
+  EXPECT_EQ(
+      std::count_if(rows.begin(), rows.end(), [](const ReportRow& row) { return row.item == u"99/10 74"; }),
+      1);
 }
 
 TEST(TransferReportTest, TellsTheByteAtWhichTheWorkOnADevicesMemoryFailed) {

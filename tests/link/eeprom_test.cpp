@@ -286,6 +286,38 @@ TEST_F(EepromTest, WrittenAndReadAgainGivesWhatIsStored) {
   ExpectAllSent();
 }
 
+TEST_F(EepromTest, TellsABlockThatIsReadOnceMoreOnlyWhenItIsAnotherThen) {
+  struct Block {
+    int address;
+    std::string sent;
+    bool good;
+    bool operator==(const Block&) const = default;
+  };
+  std::vector<Block> told;
+  eeprom.OnBlock = [&told](int address, const std::string& sent, bool good) {
+    told.push_back({address, sent, good});
+  };
+  Expect({{"DS004A-2", "COK"}, {"DEA07", "COK"}, {"D", "DEA07"}, {"DS004A-2", "COK"}, {"D", "DEA07"}});
+  eeprom.EepWriteNumber(74, 2, 2026);
+  EXPECT_EQ(told, (std::vector<Block>{{74, "EA07", true}}));
+
+  told.clear();
+  Expect({{"DS004A-2", "COK"}, {"DEA07", "COK"}, {"D", "DEA07"}, {"DS004A-2", "COK"}, {"D", "DEA06"}});
+  eeprom.EepWriteNumber(74, 2, 2026);
+  EXPECT_EQ(told, (std::vector<Block>{{74, "EA07", true}, {74, "EA07", false}}));
+
+  told.clear();
+  Expect({{"DS004A-2", "COK"}, {"DEA07", "COK"}, {"D", "DEA07"}, {"DS004A-2", "CNG"}});
+  eeprom.EepWriteNumber(74, 2, 2026);
+  EXPECT_EQ(told, (std::vector<Block>{{74, "EA07", true}, {74, "EA07", false}}));
+
+  told.clear();
+  Expect({{"DS004D-1", "COK"}, {"D", "D01"}});
+  eeprom.EepReadNumber(77, 1);
+  EXPECT_EQ(told, (std::vector<Block>{{77, "", true}}));
+  ExpectAllSent();
+}
+
 TEST_F(EepromTest, AWriteThatFailsGivesAnEmptyText) {
   Expect({{"DS004A-2", "CNG"}});
   EXPECT_EQ(eeprom.EepWriteNumber(74, 2, 2026), u"");
