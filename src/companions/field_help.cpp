@@ -13,6 +13,7 @@
 #include "core/grid.h"
 #include "core/numbers.h"
 #include "core/text_utilities.h"
+#include "linearizer/table_buttons.h"
 
 namespace korva {
 
@@ -32,6 +33,13 @@ bool IsInput(const Control& control) {
 bool Judged(const TextField& field) {
   return field.Visible() && field.Enabled() && !field.Locked() && field.ShownLook() != Look::Bad &&
          NumericLength(field.Text()) > 0;
+}
+
+/// False for a pair whose numbers don't go together. One without two numbers is not judged.
+bool TakesPair(const FieldRange& range) {
+  const auto number = [](const TextField* end) { return end != nullptr && NumericLength(end->Text()) > 0; };
+  return !number(range.lower) || !number(range.upper) ||
+         range.TakesPair(LeadingNumber(range.lower->Text()), LeadingNumber(range.upper->Text()));
 }
 
 /// The lines that are not empty, one below the other.
@@ -71,6 +79,7 @@ FieldHelp::FieldHelp(ParameterPage& page) : page_(page) {
       Follow(*field);
     }
   }
+  FollowTable();
 }
 
 void FieldHelp::Follow(TextField& field) {
@@ -78,9 +87,42 @@ void FieldHelp::Follow(TextField& field) {
     others_.push_back(&field);
   }
   // While the page is built its fields change many times, and all are judged at the end.
-  field.Observe([this, &field] {
-    if (!page_.Building()) {
-      Judge(field, Judged(field) ? RowOf(field) : -1);
+  field.Observe([this, &field, text = String()]() mutable {
+    const bool other_text = text != field.Text();
+    text = field.Text();
+    if (page_.Building()) {
+      return;
+    }
+    Judge(field, Judged(field) ? RowOf(field) : -1);
+    if (other_text) {
+      JudgeOtherEnd(field);
+    }
+  });
+}
+
+void FieldHelp::JudgeOtherEnd(const TextField& field) const {
+  const int row = RowOf(field);
+  const std::optional<FieldRange> range = row < 0 ? std::nullopt : RangeOf(field, row);
+  const TextField* const other = !range || range->upper == nullptr ? nullptr
+                                 : range->upper == &field          ? range->lower
+                                                                   : range->upper;
+  const auto found = std::find_if(numbers_.begin(), numbers_.end(),
+                                  [other](const NumberField& one) { return one.field == other; });
+  if (found != numbers_.end()) {
+    Judge(*found->field, found->row);
+  }
+}
+
+void FieldHelp::FollowTable() {
+  auto* const grid = dynamic_cast<Grid*>(page_.FindControl("LnrFlexGrid"));
+  auto* const size = dynamic_cast<TextField*>(page_.FindControl("txtSize"));
+  if (grid == nullptr || size == nullptr || PartOf<TableButtons>(page_) == nullptr) {
+    return;
+  }
+  grid->Observe([this, grid, size, edits = grid->Edits()]() mutable {
+    if (edits != grid->Edits() && !page_.Building()) {
+      edits = grid->Edits();
+      Judge(*size, -1);
     }
   });
 }
@@ -100,7 +142,8 @@ std::optional<FieldRange> FieldHelp::RangeOf(const TextField& field, int row) co
 
 void FieldHelp::Judge(TextField& field, int row) const {
   const std::optional<FieldRange> range = Judged(field) ? RangeOf(field, row) : std::nullopt;
-  field.SetOutside(range && range->length == 0 && !range->Takes(LeadingNumber(field.Text())));
+  field.SetOutside(range && range->length == 0 &&
+                   !(range->Takes(LeadingNumber(field.Text())) && TakesPair(*range)));
 }
 
 void FieldHelp::DefinitionRead() {
@@ -144,9 +187,8 @@ String FieldHelp::HelpOf(const Control& control) const {
   }
   const auto* const field = dynamic_cast<const TextField*>(&control);
   return Lines({TitleOf(control, row), field == nullptr ? String() : LimitsOf(*field),
-                field != nullptr && field->Outside() ? page_.Words(TextKey::HelpOutside) : String(),
-                MeaningOf(control, row), field == nullptr ? String() : ConditionOf(*field),
-                StateOf(control, row)});
+                field == nullptr ? String() : FaultOf(*field), MeaningOf(control, row),
+                field == nullptr ? String() : ConditionOf(*field), StateOf(control, row)});
 }
 
 String FieldHelp::TitleOf(const Control& control, int row) const {
@@ -190,6 +232,16 @@ String FieldHelp::LimitsOf(const TextField& field) const {
   }
   return range->ends ? Filled(page_.Words(TextKey::HelpRange), {low, high})
                      : Filled(WordsOf(LimitWords::Between, language), {low, high});
+}
+
+String FieldHelp::FaultOf(const TextField& field) const {
+  const std::optional<FieldRange> range = field.Outside() ? RangeOf(field) : std::nullopt;
+  if (!range) {
+    return {};
+  }
+  return range->Takes(LeadingNumber(field.Text()))
+             ? String(WordsOf(LimitWords::Unpaired, page_.CaptionLanguage()))
+             : page_.Words(TextKey::HelpOutside);
 }
 
 String FieldHelp::ConditionOf(const TextField& field) const {

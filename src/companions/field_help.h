@@ -10,8 +10,9 @@ namespace korva {
 /// Lets every input of a page tell what it is for, and marks a number that lies outside its limits.
 ///
 /// The limits are those by which the page's own parts judge (RangeTeller). The mark follows the field: it is
-/// there while a number stands outside, and not while the field is blank, can't be typed into, or is marked
-/// as bad by a check. What an input tells is put together when it is asked for.
+/// there while a number stands outside, or breaks what it must keep with the other end of its pair, and not
+/// while the field is blank, can't be typed into, or is marked as bad by a check. What an input tells is put
+/// together when it is asked for.
 class FieldHelp final : public PagePart {
  public:
   /// For a page whose other parts have all been added. It keeps this.
@@ -35,6 +36,10 @@ class FieldHelp final : public PagePart {
   };
 
   void Follow(TextField& field);
+  /// Judges the other end of the pair of which a field is one, if it is.
+  void JudgeOtherEnd(const TextField& field) const;
+  /// Judges how many points of a table are sent anew when the table changes, of which it can't be more.
+  void FollowTable();
   [[nodiscard]] std::optional<FieldRange> RangeOf(const TextField& field, int row) const;
   /// `row` of $Data for which the field is; -1 for none.
   void Judge(TextField& field, int row) const;
@@ -48,6 +53,8 @@ class FieldHelp final : public PagePart {
   [[nodiscard]] String TitleOf(const Control& control, int row) const;
   [[nodiscard]] String MeaningOf(const Control& control, int row) const;
   [[nodiscard]] String LimitsOf(const TextField& field) const;
+  /// What is wrong with a field that is marked.
+  [[nodiscard]] String FaultOf(const TextField& field) const;
   /// What a pair of fields must keep besides, and what is allowed besides.
   [[nodiscard]] String ConditionOf(const TextField& field) const;
   /// That it can't be changed here, or shows what the device tells.

@@ -712,6 +712,9 @@ constexpr auto kLimits = std::to_array<LimitSentence>({
     {.words = LimitWords::Rising,
      .japanese = u"上限は下限より大きくします。",
      .english = u"The upper end must be above the lower one."},
+    {.words = LimitWords::Unpaired,
+     .japanese = u"組になる値と合いません",
+     .english = u"Does not go with the other end"},
     {.words = LimitWords::Besides, .japanese = u"{1} も使えます。", .english = u"{1} is allowed besides."},
 });
 

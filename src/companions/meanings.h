@@ -20,6 +20,7 @@ enum class LimitWords {
   Span,         ///< (least distance of the two ends)
   Suppression,  ///< (most that zero is of the distance)
   Rising,       ///< the upper end above the lower one
+  Unpaired,     ///< the two ends of a pair, each within its limits, don't go together
   Besides,      ///< (number that is allowed besides)
 };
 StringView WordsOf(LimitWords words, Language language);

@@ -11,6 +11,9 @@ class TextField;
 
 /// What may stand in a field, by the rule of what judges it: the limits of its number, in the unit beside the
 /// field, or the length of its text. A side without a limit is infinite.
+///
+/// Two fields may be the ends of one range. Both have the limits of a pair then, and what it asks for
+/// besides.
 struct FieldRange {
   double low = -std::numeric_limits<double>::infinity();
   double high = std::numeric_limits<double>::infinity();
@@ -20,10 +23,14 @@ struct FieldRange {
   double suppression = 0;        ///< of one end of a pair: most that the lower one is of the distance; 0: any
   std::optional<double> also{};  ///< a number that is allowed besides
   int length = 0;                ///< most characters of a text; 0: the field holds a number
+  const TextField* lower = nullptr;  ///< the ends of a pair; nullptr for a field that is none
+  const TextField* upper = nullptr;
 
   /// True when `number` lies within the limits, both meant as a user reads them. What a pair asks for besides
   /// doesn't count.
   [[nodiscard]] bool Takes(double number) const;
+  /// True when the two ends of a pair go together, whatever their own limits.
+  [[nodiscard]] bool TakesPair(double lower_end, double upper_end) const;
 };
 
 /// The numbers from `low` to `high`, as a rule writes them.

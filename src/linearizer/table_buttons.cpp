@@ -126,6 +126,12 @@ bool TableButtons::ReadPoints() {
   return good;
 }
 
+std::optional<FieldRange> TableButtons::RangeOfField(const TextField& field) const {
+  return &field == &txtSize ? std::optional(FieldRange{
+                                  .low = 0, .high = static_cast<double>(linearizer_.Table().FilledPoints())})
+                            : std::nullopt;
+}
+
 bool TableButtons::CheckSize() {
   const std::optional<int> size = PointCount(txtSize.Text());
   const bool good = size && *size <= linearizer_.Table().FilledPoints();

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "core/field_range.h"
 #include "linearizer/linearizer.h"
 #include "linearizer/table_exchange.h"
 #include "linearizer/table_mover.h"
@@ -13,7 +14,7 @@ namespace korva {
 ///
 /// A read-out empties the table first, and shows each point as it comes: one that fails leaves the points up
 /// to there. A write that fails leaves the device's table half written; nothing undoes that.
-class TableButtons final : public TableMover {
+class TableButtons final : public TableMover, public RangeTeller {
  public:
   /// Adds itself and its controls to the page. The family of the linearizer has a form of exchange. Both
   /// outlive this.
@@ -25,6 +26,8 @@ class TableButtons final : public TableMover {
   void PageBuilt() override;  ///< shows the size of the set
   [[nodiscard]] String CfgSection() const override;
   SectionRead ReadCfgSection(StringView key, LineReader& lines, int handle) override;
+  /// The size goes up to the points that the table holds.
+  [[nodiscard]] std::optional<FieldRange> RangeOfField(const TextField& field) const override;
 
   /// cmdReadOutTable: puts the device's table into set and grid. Does nothing while an operation runs;
   /// refused with its box while the linearizer's switch stands at none.

@@ -147,9 +147,15 @@ std::optional<FieldRange> FieldChecks::RangeOfZeroSpan(int item, bool whole_numb
     return std::nullopt;
   }
   if (LimitsType(type)) {
-    return LimitsOfType(type, whole_numbers);
+    return OfPair(LimitsOfType(type, whole_numbers), kZeroItem, kSpanItem);
   }
-  return whole_numbers ? std::optional(kInputRange) : std::nullopt;
+  return whole_numbers ? std::optional(OfPair(kInputRange, kZeroItem, kSpanItem)) : std::nullopt;
+}
+
+FieldRange FieldChecks::OfPair(FieldRange range, int low_item, int high_item) const {
+  range.lower = FieldOf(low_item);
+  range.upper = FieldOf(high_item);
+  return range;
 }
 
 bool FieldChecks::MarkPair(int low_item, int high_item, const FieldRange& limits) {
@@ -178,8 +184,9 @@ std::optional<FieldRange> FieldChecks::LimitsOfOutput(const OutputItems& output)
     return std::nullopt;
   }
   const auto limit = [&](ListColumn column) { return LeadingNumber(outputs.Cell(row, column)); };
-  return FieldRange{
-      .low = limit(&ListColumns::low), .high = limit(&ListColumns::high), .span = limit(&ListColumns::span)};
+  return OfPair(
+      {.low = limit(&ListColumns::low), .high = limit(&ListColumns::high), .span = limit(&ListColumns::span)},
+      output.low, output.high);
 }
 
 bool FieldChecks::CheckOutputRange(const OutputItems& output) {
@@ -221,7 +228,7 @@ std::optional<FieldRange> FieldChecks::RangeOfScale(int item) const {
   if (!end || FieldOf(kScaleLowItem) == nullptr || FieldOf(kScaleHighItem) == nullptr) {
     return std::nullopt;
   }
-  return FieldRange{.low = -kScaleLimit, .high = kScaleLimit, .rises = true};
+  return OfPair({.low = -kScaleLimit, .high = kScaleLimit, .rises = true}, kScaleLowItem, kScaleHighItem);
 }
 
 std::optional<FieldRange> FieldChecks::LimitsOfRange() const {

@@ -126,6 +126,8 @@ class FieldChecks final : public PagePart {
   /// Those of the range chosen in item 11; nothing without one.
   [[nodiscard]] std::optional<FieldRange> LimitsOfRange() const;
   bool MarkPair(int low_item, int high_item, const FieldRange& limits);
+  /// The range, as that of the two ends of a pair.
+  [[nodiscard]] FieldRange OfPair(FieldRange range, int low_item, int high_item) const;
   static bool IsGoodWithoutRange(double zero, double span_end);
   [[nodiscard]] bool Judges(const ItemRange& range) const;
   bool CheckRange(const ItemRange& range);

@@ -116,10 +116,27 @@ class HelpSweep : public PageBench {
   void PutText(TextField& field, StringView text) {
     Do([&] { field.UserTypes(String(text)); });
   }
+  /// How a field looks behind the check, which refuses something when and only when a field is marked.
   Look CheckedLook(const TextField& field) {
+    const std::vector<std::string> outside = FieldsThat([](const TextField& one) { return one.Outside(); });
     Check();
     TakeBoxes();
+    const std::vector<std::string> bad =
+        FieldsThat([](const TextField& one) { return one.ShownLook() == Look::Bad; });
+    EXPECT_EQ(outside.empty(), bad.empty())
+        << ToUtf8(model_) << " " << type_ << " " << (bad.empty() ? outside : bad).front();
     return field.ShownLook();
+  }
+  template <typename Condition>
+  std::vector<std::string> FieldsThat(const Condition& condition) {
+    std::vector<std::string> names;
+    for (int row = 0; row < Page().Def.Data().Rows(); ++row) {
+      const bool checked = Page().IsNumberRow(row) && Part<ValueCheck>(Page()).RangeOfRow(row);
+      if (checked && condition(FieldOf(row))) {
+        names.push_back(ToUtf8(Page().DataCell(row, kItem) + u" = " + FieldOf(row).Text()));
+      }
+    }
+    return names;
   }
 
   std::string Where(int row, const TextField& field) {
@@ -160,10 +177,22 @@ class HelpSweep : public PageBench {
       const String before = other->Text();
       Put(*other, low ? range.high : range.low);
       TryEnds(row, field, range, low ? range.low : range.low + span, low ? most : range.high);
+      TryTooNear(row, field, *other, low ? most + kStep : range.low + span - kStep);
       PutText(*other, before);
       return true;
     }
     return false;
+  }
+
+  /// A number that is good by itself and too near to the other end of its pair.
+  void TryTooNear(int row, TextField& field, TextField& other, double number) {
+    Put(field, number);
+    if (Part<ValueCheck>(Page()).RangeOfRow(row)->Takes(number)) {
+      EXPECT_TRUE(field.Outside()) << Where(row, field);
+      EXPECT_TRUE(other.Outside()) << Where(row, field);
+      EXPECT_EQ(CheckedLook(field), Look::Bad) << Where(row, field);
+      EXPECT_EQ(other.ShownLook(), Look::Bad) << Where(row, field);
+    }
   }
 
   /// `least` and `most` are what the check takes while the other end of a pair stands at its limit.

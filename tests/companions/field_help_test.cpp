@@ -9,7 +9,9 @@
 #include "companions/edit_history.h"
 #include "companions/meanings.h"
 #include "companions/part_of.h"
+#include "core/numbers.h"
 #include "core/text_utilities.h"
+#include "linearizer/linearizer.h"
 #include "pages/page_bench.h"
 
 namespace korva::test {
@@ -338,6 +340,61 @@ TEST(FieldHelpTest, AUsersTableHasTheLimitsOfTheTableThatShows) {
   ASSERT_TRUE(linearizer.has_value());
   EXPECT_EQ(linearizer->high, 101);
   EXPECT_TRUE(bench.MarkedWith(size, u"102"));
+}
+
+TEST(FieldHelpTest, TheSizeThatGoesToTheDeviceIsAtMostTheTablesOwn) {
+  HelpBench bench(u"Z2WQ");
+  auto& grid = dynamic_cast<Grid&>(*bench.Page().FindControl("LnrFlexGrid"));
+  TextField& size = bench.FieldNamed("txtSize");
+  auto& table = PartOf<Linearizer>(bench.Page())->Table();
+  bench.Do([&] {
+    for (int row = 1; row <= 3; ++row) {
+      table.Store(row, 1, ShortestText(row));
+      table.Store(row, 2, ShortestText(row));
+    }
+    table.ShowLnrTable();
+  });
+  EXPECT_NE(bench.HelpOf("txtSize").find("範囲: 0 ～ 3"), std::string::npos) << bench.HelpOf("txtSize");
+  EXPECT_FALSE(bench.MarkedWith(size, u"3"));
+  EXPECT_TRUE(bench.MarkedWith(size, u"4"));
+  bench.Do([&] {
+    table.Store(4, 1, u"4");
+    table.ShowLnrTable();
+  });
+  EXPECT_FALSE(size.Outside());
+  bench.Do([&] {
+    table.Store(4, 1, u"");
+    table.ShowLnrTable();
+  });
+  EXPECT_TRUE(size.Outside());
+  EXPECT_EQ(grid.At(4, 1).text, u"");
+}
+
+TEST(FieldHelpTest, MarksBothEndsOfAPairThatDoNotGoTogetherWhicheverIsEdited) {
+  HelpBench bench(u"Z2WT");  // TC PR: 0 to 1760, 370 apart at least
+  bench.Filled();
+  TextField& zero = bench.Field(u"14");
+  TextField& span = bench.Field(u"15");
+  bench.Type(zero, u"500");
+  bench.Type(span, u"870");
+  EXPECT_FALSE(zero.Outside());
+  EXPECT_FALSE(span.Outside());
+  bench.Type(span, u"869");
+  EXPECT_TRUE(zero.Outside());
+  EXPECT_TRUE(span.Outside());
+  EXPECT_NE(bench.HelpOfItem(u"14").find("組になる値と合いません"), std::string::npos);
+  EXPECT_EQ(bench.HelpOfItem(u"14").find("範囲外の値です"), std::string::npos);
+  bench.Type(zero, u"499");
+  EXPECT_FALSE(zero.Outside());
+  EXPECT_FALSE(span.Outside());
+  bench.Type(zero, u"-1");  // its own limit is what is wrong, the other end is good
+  EXPECT_TRUE(zero.Outside());
+  EXPECT_FALSE(span.Outside());
+  EXPECT_NE(bench.HelpOfItem(u"14").find("範囲外の値です"), std::string::npos);
+  bench.Type(zero, u"900");
+  EXPECT_TRUE(span.Outside());
+  bench.Type(zero, u"");  // half a pair is none
+  EXPECT_FALSE(span.Outside());
 }
 
 TEST(FieldHelpTest, TheValueUnderEditHasTheLimitsOfItsColumn) {

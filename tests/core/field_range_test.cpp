@@ -39,6 +39,28 @@ TEST(FieldRangeTest, ANumberMayBeAllowedBesides) {
   EXPECT_FALSE(range.Takes(-999.8));
 }
 
+TEST(FieldRangeTest, TheEndsOfAPairLieItsSpanApart) {
+  const FieldRange range = {.low = 0, .high = 100, .span = 0.3};
+  EXPECT_TRUE(range.TakesPair(0.1, 0.4));  // 0.3 as a user reads it
+  EXPECT_FALSE(range.TakesPair(0.1, 0.39));
+  EXPECT_FALSE(range.TakesPair(50, 10));
+  EXPECT_TRUE(FieldRange().TakesPair(5, 5));
+  EXPECT_FALSE(FieldRange().TakesPair(5, 4.9));
+}
+
+TEST(FieldRangeTest, TheUpperEndMayHaveToBeAboveTheLowerOne) {
+  const FieldRange range = {.rises = true};
+  EXPECT_TRUE(range.TakesPair(1, 1.01));
+  EXPECT_FALSE(range.TakesPair(1, 1));
+}
+
+TEST(FieldRangeTest, ZeroMayBeLimitedByItsDistanceFromSpan) {
+  const FieldRange range = {.span = 0.003, .suppression = 3};
+  EXPECT_TRUE(range.TakesPair(3, 4));
+  EXPECT_FALSE(range.TakesPair(3.01, 4));
+  EXPECT_TRUE(range.TakesPair(-10, -9));
+}
+
 TEST(FieldRangeTest, TwoRulesLeaveWhatBothAllow) {
   const auto both = Narrowed(FieldRange{.low = 0, .high = 20, .span = 1}, FieldRange{.low = 4, .high = 100});
   ASSERT_TRUE(both.has_value());

@@ -80,7 +80,9 @@ std::optional<FieldRange> Z8KvConfigCheck::LimitsOf(const RangeEnds& range) cons
   const String unit = temperature && label != nullptr ? label->Caption() : String();
   return FieldRange{.low = LowestInUnit(number(&ListColumns::low), unit),
                     .high = HighestInUnit(number(&ListColumns::high), unit),
-                    .span = SpanInUnit(number(&ListColumns::span), unit)};
+                    .span = SpanInUnit(number(&ListColumns::span), unit),
+                    .lower = page_.FindField(range.low_key),
+                    .upper = page_.FindField(range.high_key)};
 }
 
 bool Z8KvConfigCheck::CheckEnds(const RangeEnds& range, const FieldRange& limits) {
