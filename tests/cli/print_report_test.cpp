@@ -33,11 +33,14 @@ TEST(PrintReportTest, TellsEachStepOnALineOfItsOwn) {
       {.item = u"01/17", .caption = u"ｽﾊﾟﾝ微調整", .evidence = Evidence::Skipped, .skip = Skip::Needless});
   EXPECT_EQ(Printed(report).front(), "report download \"QHW\" running");
   report.Add({.item = u"01/19", .caption = u"a \"b\"", .sent = u"5", .evidence = Evidence::Silent});
+  report.Add(
+      {.item = u"01/20", .caption = u"b", .sent = u"6", .evidence = Evidence::NotReached, .only_due = true});
   report.End(false);
   EXPECT_EQ(Printed(report), (Lines{"report download \"QHW\" broken",
                                     "report 01/10 \"入力種類\" sent \"1\" answered \"1:DC V\" compared",
                                     "report 01/17 \"ｽﾊﾟﾝ微調整\" sent \"\" answered \"\" skipped needless",
-                                    "report 01/19 \"a \\\"b\\\"\" sent \"5\" answered \"\" silent"}));
+                                    "report 01/19 \"a \\\"b\\\"\" sent \"5\" answered \"\" silent",
+                                    "report 01/20 \"b\" due \"6\" answered \"\" not-reached"}));
 }
 
 TEST(PrintComparisonTest, TellsWithWhatAndHowItWentAndEachDifference) {
