@@ -13,7 +13,6 @@ namespace {
 class ReportOfModel : public testing::TestWithParam<String> {
  protected:
   ReportOfModel() {
-    bench.Connect(GetParam());
     bench.Choose(GetParam());
     bench.TakeTables();
     bench.app.link.line.OnTraffic = [this](const SerialLink::Traffic& traffic) {
@@ -50,7 +49,16 @@ class ReportOfModel : public testing::TestWithParam<String> {
     });
   }
 
+  /// What the report told of an item last.
+  [[nodiscard]] ReportRow LastOf(const String& item) const {
+    const auto& rows = Report().Rows();
+    const auto found =
+        std::find_if(rows.rbegin(), rows.rend(), [&](const ReportRow& row) { return row.item == item; });
+    return found == rows.rend() ? ReportRow{.item = u"no such row"} : *found;
+  }
+
   PageBench bench;
+  sim::Device& device = bench.Connect(GetParam());
   std::vector<String> sent;
   std::vector<String> answered;
 };
@@ -78,6 +86,49 @@ TEST_P(ReportOfModel, TellsEachItemOfADownloadOnceAndAsItWasSent) {
     }
   }
   ExpectTruth();
+}
+
+TEST_P(ReportOfModel, TellsTheItemThatDoesNotAnswerAnUpload) {
+  const ParameterPage& page = bench.Page();
+  int last = -1;
+  for (int row = 0; row < page.Def.Data().Rows(); ++row) {
+    if (page.DataCell(row, kUploaded) == u"Y" && page.DataCell(row, kGroup) == u"01") {
+      last = row;
+    }
+  }
+  ASSERT_GE(last, 0);
+  const WireItem item = page.WireOf(last);
+  device.AddFault(sim::ParseFault("silent=I" + ToUtf8(item.item)));
+  bench.Upload();
+  const ReportRow row = LastOf(u"01/" + item.item);
+  EXPECT_EQ(row.evidence, Evidence::Silent);
+  EXPECT_EQ(row.sent, u"");
+  EXPECT_EQ(row.answered, u"");
+  EXPECT_NE(row.caption, u"");
+  for (const Language language : {Language::Japanese, Language::English}) {
+    EXPECT_NE(Report().FaultSentence(language).find(u"Item " + row.item + u" " + row.caption), String::npos);
+  }
+}
+
+TEST_P(ReportOfModel, TellsTheItemAtWhichADownloadFailedAndWhatWasNotReached) {
+  bench.Upload();
+  bench.Type(u"02", u"TANK-3");
+  device.AddFault(sim::ParseFault("refused=DTANK-3"));
+  bench.Download();
+  EXPECT_EQ(Report().Now(), TransferReport::State::Broken);
+  const ReportRow tag = LastOf(u"01/02");
+  EXPECT_EQ(tag.sent, u"TANK-3");
+  EXPECT_NE(tag.answered, u"");
+  // A device may refuse by answering what it keeps.
+  EXPECT_TRUE(tag.evidence == Evidence::Refused || tag.evidence == Evidence::Differs) << ToUtf8(tag.answered);
+  EXPECT_FALSE(tag.only_due);
+  EXPECT_NE(Report().FaultSentence().find(tag.answered), String::npos);
+  bool behind = false;
+  for (const ReportRow& row : Report().Rows()) {
+    const bool unsent = row.evidence == Evidence::NotReached || row.evidence == Evidence::Skipped;
+    EXPECT_TRUE(!behind || unsent || row.caption == u"ﾓｰﾄﾞ") << ToUtf8(row.item);
+    behind = behind || row == tag;
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, ReportOfModel, testing::ValuesIn(AllModels()),
