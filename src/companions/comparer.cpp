@@ -120,7 +120,7 @@ std::vector<Difference> Comparer::DifferencesFrom(Comparison::With with, SecondP
   if (other.TableRead()) {
     if (const std::optional<Evidence> fault = other.TableFault()) {
       found.push_back({.item = String(kTableItem),
-                       .caption = CaptionText(TextKey::UserTable),
+                       .caption = page_.Words(TextKey::UserTable),
                        .page = {},
                        .other = {},
                        .silent = fault == Evidence::Silent,
