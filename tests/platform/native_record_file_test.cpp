@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
@@ -16,6 +17,7 @@
 #include <utility>
 
 #include "full_disk.h"
+#include "platform/native/native_reason.h"
 
 namespace korva {
 namespace {
@@ -72,6 +74,10 @@ TEST_F(NativeRecordFileTest, WhatIsNoFileIsRefused) {
   EXPECT_EQ(reason.what, SystemReason::Case::Missing);
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), S_IRUSR | S_IWUSR), 0);
   EXPECT_EQ(Create(folder / "pipe"), nullptr) << "and nobody waits for its reader";
+  const int reader = open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  EXPECT_EQ(Create(folder / "pipe"), nullptr);
+  EXPECT_EQ(reason.words, ReasonOf(ENOTSUP).words) << "by the machine it would be an invalid argument";
+  close(reader);
   EXPECT_EQ(CreateRecordFile(String(1, u'\xD800'), reason), nullptr);
 }
 
