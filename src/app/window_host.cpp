@@ -6,6 +6,7 @@
 #include <QLibraryInfo>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 #include <QTranslator>
 
 #include "app/accessible.h"
@@ -64,10 +65,17 @@ WindowHost::WindowHost(const ProgramHome& home, Dialogs* dialogs)
   application_.companions.ValuesInLarge().RecordTo(records_);
   paper_.SetParent(&window_);
   application_.companions.UsePaper(paper_);
+  // Who dropped it waits until it is taken, and must not wait for what the opening asks.
   window_.OnFileDropped([this](const QString& path, const Button& button) {
+    QTimer::singleShot(0, &window_, [this, path, &button] { OpenDropped(path, button); });
+  });
+}
+
+void WindowHost::OpenDropped(const QString& path, const Button& button) {
+  if (Running().Showing()->WhyRefused(button).empty()) {
     loop_.Gate().Enter(
         [&] { dialogs_.WithFile(FromQt(QDir::toNativeSeparators(path)), [&button] { button.Click(); }); });
-  });
+  }
 }
 
 bool WindowHost::Start() {

@@ -39,6 +39,8 @@ class WindowHost {
 
  private:
   void ShowWindow();
+  /// By a press of its button, which may be out of reach meanwhile.
+  void OpenDropped(const QString& path, const Button& button);
 
   QtEventLoop loop_;
   QtPort port_;

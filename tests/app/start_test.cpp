@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
+#include <QMimeData>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -72,6 +74,29 @@ TEST(StartTest, AFileThatIsMissingIsToldInItsBox) {
   host.Open(QStringLiteral("/nowhere/pump.cfg"));
   ASSERT_EQ(dialogs.Boxes().size(), 1U);
   EXPECT_EQ(dialogs.Boxes().front().box.text, BoxOf(BoxKey::FileNotFound).text);
+}
+
+/// Who dropped it waits until the window has taken it, so no question of the opening may stand before.
+TEST(StartTest, AFileThatIsDroppedIsOpenedOnceItIsTaken) {
+  VirtualDialogs dialogs;
+  WindowHost host({.installed = KORVA_HOME, .own = KORVA_HOME}, &dialogs);
+  ASSERT_TRUE(host.Start());
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/pump.cfg"))});
+  const auto drop = [&] {
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&host.Window(), &enter);
+    QDropEvent dropped({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&host.Window(), &dropped);
+  };
+  drop();
+  EXPECT_TRUE(dialogs.FileDialogs().empty());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(dialogs.FileDialogs().size(), 1U);
+  drop();
+  host.Running().Showing()->LockFrame();  // meanwhile it can't be opened any more
+  QCoreApplication::processEvents();
+  EXPECT_EQ(dialogs.FileDialogs().size(), 1U);
 }
 
 TEST(StartTest, TheVersionIsToldWithoutADisplay) {
