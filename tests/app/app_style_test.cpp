@@ -132,5 +132,24 @@ TEST_P(OfEachFamily, WhatBeginsALineOfABoxStandsInOneColumn) {
   });
 }
 
+TEST_P(OfEachFamily, ANumberOutsideItsLimitsStandsBesideItsSign) {
+  const Bench bench(GetParam());
+  constexpr int sign = 20;
+  constexpr int edges = 8;
+  int fields = 0;
+  for (const Control* control : bench.Page().Controls()) {
+    const auto* field = dynamic_cast<const TextField*>(control);
+    const auto name = QString::fromStdString(control->FullName());
+    const auto* widget = bench.window.Current()->findChild<const QLineEdit*>(name);
+    if (field == nullptr || !field->Numeric() || field->Locked() || widget == nullptr) {
+      continue;
+    }
+    const int digits = widget->fontMetrics().horizontalAdvance(QStringLiteral("-99999"));
+    EXPECT_GE(widget->maximumWidth(), sign + digits + edges) << control->FullName();
+    ++fields;
+  }
+  EXPECT_GT(fields, 3);
+}
+
 }  // namespace
 }  // namespace korva
