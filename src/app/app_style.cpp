@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QStyleOption>
+#include <QToolButton>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -21,6 +22,12 @@ constexpr double kFieldCorner = 2;  ///< radius of Fusion's round corners, in pi
 
 void DrawFrame(QPainter& painter, const QStyleOption& option, const QColor& back) {
   DrawFocusFrame(painter, option.rect, back);
+}
+
+/// The brightest of what Fusion draws along the edge of a button, that of a default one too.
+QColor BrightEdgeOf(const QStyleOption& button) {
+  constexpr int shade = 190;
+  return button.palette.color(QPalette::Button).lighter(shade);
 }
 
 bool HasFocus(const QStyleOption& option) { return option.state.testFlag(QStyle::State_HasFocus); }
@@ -110,7 +117,8 @@ void AppStyle::polish(QPalette& palette) {
 void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
   if (element == PE_FrameFocusRect) {
-    DrawFrame(*painter, *option, option->palette.color(QPalette::Window));
+    const bool button = qobject_cast<const QToolButton*>(widget) != nullptr;
+    DrawFrame(*painter, *option, button ? BrightEdgeOf(*option) : option->palette.color(QPalette::Window));
     return;
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -147,7 +155,7 @@ void AppStyle::drawControl(ControlElement element, const QStyleOption* option, Q
   const auto* cell = qstyleoption_cast<const QStyleOptionViewItem*>(option);
   const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
   if (HasFocus(*option) && element == CE_PushButton && button != nullptr) {
-    draw_framed(button, option->palette.color(QPalette::Button));
+    draw_framed(button, BrightEdgeOf(*option));
     return;
   }
   if (HasFocus(*option) && element == CE_ItemViewItem && cell != nullptr) {
@@ -170,7 +178,7 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
   }
   const QStyleOptionComboBox plain = Unfocused(*combo);
   QProxyStyle::drawComplexControl(control, &plain, painter, widget);
-  DrawFrame(*painter, *option, option->palette.color(QPalette::Button));
+  DrawFrame(*painter, *option, BrightEdgeOf(*option));
 }
 
 QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,

@@ -1,7 +1,9 @@
 #include "app/qt_dialogs.h"
 
+#include <QComboBox>
 #include <QFileDialog>
 #include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <map>
@@ -64,14 +66,25 @@ QStringList NameFilters(const String& filter) {
   return names;
 }
 
+/// Tells a screen reader what the boxes of Qt's own dialog are for: their labels ("fileTypeLabel" of
+/// "fileTypeCombo") stand beside them alone.
+void JoinLabels(const QFileDialog& chooser) {
+  for (const char* name : {"lookIn", "fileType"}) {
+    const QString stem = QString::fromLatin1(name);
+    auto* label = chooser.findChild<QLabel*>(stem + QStringLiteral("Label"));
+    if (label != nullptr) {  // the desktop's own dialog has none
+      label->setBuddy(chooser.findChild<QComboBox*>(stem + QStringLiteral("Combo")));
+    }
+  }
+}
+
 }  // namespace
 
 Answer QtDialogs::ShowBox(const Box& box) {
   QMessageBox message(parent_);
   message.setIcon(IconOf(box.icon));
   message.setWindowTitle(ToQt(box.title));
-  message.setText(ToQt(box.text).remove(QLatin1Char('\r')));
-  message.setTextFormat(Qt::PlainText);
+  ShowText(message, ToQt(box.text));
   HaveTitleShown(message);
   std::map<QAbstractButton*, Answer> answers;
   for (const Answer answer : box.buttons) {
@@ -128,6 +141,7 @@ void Prepare(QFileDialog& chooser, const FileDialog& dialog) {
   if (dialog.save && !dialog.name.empty()) {
     chooser.selectFile(ToQt(dialog.name));
   }
+  JoinLabels(chooser);
 }
 
 QPushButton* AddAnswer(QMessageBox& box, Answer answer) {
@@ -135,11 +149,19 @@ QPushButton* AddAnswer(QMessageBox& box, Answer answer) {
   return box.addButton(form.text, form.role);
 }
 
+void ShowText(QMessageBox& box, QString text) {
+  text.remove(QLatin1Char('\r'));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(text);
+  box.setAccessibleDescription(text);
+}
+
 void QtDialogs::ShowFailure(const String& text) {
-  QMessageBox message(QMessageBox::Critical, QStringLiteral("KORVA"), ToQt(text).remove(QLatin1Char('\r')),
-                      QMessageBox::NoButton, parent_);
-  message.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
-  message.setTextFormat(Qt::PlainText);
+  QMessageBox message(parent_);
+  message.setIcon(QMessageBox::Critical);
+  message.setWindowTitle(QStringLiteral("KORVA"));
+  ShowText(message, ToQt(text));
+  message.setDefaultButton(AddAnswer(message, Answer::Ok));
   message.exec();
 }
 

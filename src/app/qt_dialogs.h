@@ -38,6 +38,8 @@ class QtDialogs : public Dialogs {
 
 /// Makes the chooser the dialog that is wanted.
 void Prepare(QFileDialog& chooser, const FileDialog& dialog);
+/// Shows a text as it stands, and has a screen reader tell it with the box.
+void ShowText(QMessageBox& box, QString text);
 /// Adds the button of an answer.
 QPushButton* AddAnswer(QMessageBox& box, Answer answer);
 

@@ -55,12 +55,12 @@ class SaveQuestion final : public OpenQuestion {
       Tell(path);
       return;
     }
-    replace_ = new QMessageBox(
-        QMessageBox::Warning, chooser_->windowTitle(),
-        QFileDialog::tr("%1 already exists.\nDo you want to replace it?").arg(QDir::toNativeSeparators(path)),
-        QMessageBox::NoButton, chooser_->parentWidget());
+    replace_ = new QMessageBox(chooser_->parentWidget());
+    replace_->setIcon(QMessageBox::Warning);
+    replace_->setWindowTitle(chooser_->windowTitle());
+    ShowText(*replace_, QFileDialog::tr("%1 already exists.\nDo you want to replace it?")
+                            .arg(QDir::toNativeSeparators(path)));
     replace_->setObjectName(QStringLiteral("replaceFile"));
-    replace_->setTextFormat(Qt::PlainText);
     replace_->setModal(false);
     const QPushButton* yes = AddAnswer(*replace_, Answer::Yes);
     QPushButton* no = AddAnswer(*replace_, Answer::No);

@@ -40,7 +40,9 @@ bool TabArea::event(QEvent* event) {
   const bool taken = QScrollArea::event(event);
   if (event->type() == QEvent::Paint && hasFocus()) {
     QPainter painter(this);
-    DrawFocusFrame(painter, rect(), palette().color(QPalette::Window));
+    const QRect around =
+        viewport()->geometry().adjusted(-kFocusFrame, -kFocusFrame, kFocusFrame, kFocusFrame);
+    DrawFocusFrame(painter, around, palette().color(QPalette::Window));
   } else if (event->type() == QEvent::Show || event->type() == QEvent::Resize) {
     due_.start(0, this);
   }

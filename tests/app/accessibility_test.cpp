@@ -4,15 +4,19 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTableView>
+#include <QTreeView>
 #include <map>
 #include <set>
 
 #include "accessibility_bench.h"
 #include "app/accessible.h"
 #include "app/curve_view.h"
+#include "dialogs_bench.h"
 #include "linearizer/linearizer.h"
 #include "support/page_parts.h"
 
@@ -326,6 +330,68 @@ TEST(SpokenTest, APressThatWaitsSaysSo) {
   step.SetPending(false);
   QCoreApplication::processEvents();
   EXPECT_EQ(DescriptionOf(button).toStdString(), before);
+}
+
+struct SpokenDialog : testing::TestWithParam<test::DialogCase> {};
+INSTANTIATE_TEST_SUITE_P(Of, SpokenDialog, testing::ValuesIn(test::AllDialogs()),
+                         [](const auto& one) { return std::string(one.param.name); });
+
+/// What a widget of Qt's own dialogs is.
+QAccessible::Role RoleOf(const QWidget& widget) {
+  if (qobject_cast<const QAbstractButton*>(&widget) != nullptr) {
+    return QAccessible::PushButton;
+  }
+  if (qobject_cast<const QLineEdit*>(&widget) != nullptr) {
+    return QAccessible::EditableText;
+  }
+  if (qobject_cast<const QComboBox*>(&widget) != nullptr) {
+    return QAccessible::ComboBox;
+  }
+  return qobject_cast<const QTreeView*>(&widget) != nullptr ? QAccessible::Tree : QAccessible::List;
+}
+
+TEST_P(SpokenDialog, HasNamesRolesAndStatesOfAllThatTheKeyboardReaches) {
+  const Reader reader;
+  test::InDialog(GetParam(), [](QDialog& shown) {
+    EXPECT_FALSE(NameOf(&shown).isEmpty());
+    const bool box = qobject_cast<QMessageBox*>(&shown) != nullptr;
+    EXPECT_EQ(Spoken(&shown).role(), box ? QAccessible::AlertMessage : QAccessible::Dialog);
+    EXPECT_EQ(DescriptionOf(&shown), box ? qobject_cast<QMessageBox*>(&shown)->text() : QString());
+    std::set<QString> names;
+    for (QWidget* stop : Stops(shown)) {
+      SCOPED_TRACE(stop->objectName().toStdString() + " " + stop->metaObject()->className());
+      const QString name = NameOf(stop);
+      EXPECT_TRUE(name.size() > 1 && name != stop->objectName()) << name.toStdString();
+      EXPECT_TRUE(names.insert(name).second) << name.toStdString();
+      EXPECT_EQ(Spoken(stop).role(), RoleOf(*stop));
+      EXPECT_EQ(Spoken(stop).state().disabled != 0, !stop->isEnabled());
+      if (qobject_cast<QComboBox*>(stop) != nullptr) {  // on this system it is told by its label
+        EXPECT_FALSE(Spoken(stop).relations(QAccessible::Label).isEmpty());
+      }
+    }
+    EXPECT_FALSE(names.empty());
+  });
+}
+
+TEST(SpokenTest, TheWindowThatStandsWhileADeviceRestartsTellsItsTextAndItsBar) {
+  Bench bench("Z2WU");
+  const Reader reader;
+  bench.Show(5);
+  bool looked = false;
+  bench.device.loop.After(std::chrono::milliseconds(2600), [&] {
+    auto* view = bench.Find<QDialog>("frmWaiting");
+    EXPECT_EQ(Spoken(view).role(), QAccessible::Dialog);
+    EXPECT_EQ(NameOf(view), QStringLiteral("KORVA"));
+    EXPECT_EQ(DescriptionOf(view), QStringLiteral("ｼｽﾃﾑをﾘｾｯﾄしています。\nしばらくお待ち下さい"));
+    auto* bar = view->findChild<QWidget*>(QStringLiteral("Reset_ProgressBar"));
+    EXPECT_EQ(Spoken(bar).role(), QAccessible::ProgressBar);
+    EXPECT_EQ(NameOf(bar), DescriptionOf(view));
+    EXPECT_EQ(Spoken(bar).valueInterface()->currentValue().toInt(), 50);
+    EXPECT_TRUE(Stops(*view).empty());
+    looked = true;
+  });
+  bench.Press("cmdResetModbus");
+  EXPECT_TRUE(looked);
 }
 
 TEST(SpokenTest, TheWindowsBesideThePageHaveNames) {

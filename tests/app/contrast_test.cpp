@@ -23,6 +23,7 @@
 #include "accessibility_bench.h"
 #include "app/field_view.h"
 #include "app/looks.h"
+#include "dialogs_bench.h"
 #include "linearizer/linearizer.h"
 #include "support/page_parts.h"
 
@@ -397,6 +398,18 @@ TEST_P(TextInColours, AChangeOfTheSystemsColoursLeavesNothingInTheFormerOnes) {
   for (std::size_t tab = 0; tab < pictures.size(); ++tab) {
     EXPECT_TRUE(followed.at(tab) == pictures[tab]) << "tab " << tab;
   }
+}
+
+struct TextInDialog : test::EachDialog {};
+INSTANTIATE_TEST_SUITE_P(Of, TextInDialog,
+                         testing::Combine(testing::ValuesIn(test::AllDialogs()), testing::Bool()),
+                         test::NameOfDialog);
+
+TEST_P(TextInDialog, StandsOut) {
+  const auto& [dialog, dark] = GetParam();
+  const Colours colours(dark);
+  const SharpLetters letters;
+  test::InDialog(dialog, [](QDialog& shown) { EXPECT_GE(ExpectReadable(shown), 2); });
 }
 
 /// The colours of a system that hardly lets a disabled text be seen.

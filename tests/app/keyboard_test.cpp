@@ -3,14 +3,18 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QGroupBox>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTableView>
+#include <QToolButton>
 
 #include "accessibility_bench.h"
 #include "app/list_view.h"
+#include "dialogs_bench.h"
 
 namespace korva {
 
@@ -108,6 +112,9 @@ TEST_P(EachFamily, IsReachedByTheTabKeyInTheOrderOfReading) {
 QSize Framed(const QWidget& widget) {
   if (const auto* bar = qobject_cast<const QTabBar*>(&widget)) {
     return bar->tabRect(bar->currentIndex()).size() / 2;
+  }
+  if (qobject_cast<const QToolButton*>(&widget) != nullptr) {
+    return widget.size() - QSize(6, 6);
   }
   return qobject_cast<const QRadioButton*>(&widget) != nullptr ? widget.size() / 2 : widget.size();
 }
@@ -241,6 +248,29 @@ TEST(KeyboardTest, EnterAndSpaceChooseThePresentEntryAgainAsAClickDoes) {
 struct WindowsBesideTest : testing::TestWithParam<bool> {};
 INSTANTIATE_TEST_SUITE_P(Colours, WindowsBesideTest, testing::Bool(),
                          [](const auto& one) { return one.param ? "dark" : "light"; });
+
+struct KeysInDialog : test::EachDialog {};
+INSTANTIATE_TEST_SUITE_P(Of, KeysInDialog,
+                         testing::Combine(testing::ValuesIn(test::AllDialogs()), testing::Bool()),
+                         test::NameOfDialog);
+
+TEST_P(KeysInDialog, ReachAllShowWhereTheyAreAndAnswerAsTheyShould) {
+  const auto& [dialog, dark] = GetParam();
+  const Colours colours(dark);
+  test::InDialog(dialog, [&](QDialog& shown) {
+    ASSERT_TRUE(shown.isAncestorOf(QApplication::focusWidget()));
+    if (auto* box = qobject_cast<QMessageBox*>(&shown)) {
+      const auto* focused = qobject_cast<const QPushButton*>(QApplication::focusWidget());
+      ASSERT_NE(focused, nullptr);
+      EXPECT_EQ(focused->text(), dialog.preset);
+      EXPECT_TRUE(focused->isDefault());
+      QObject::connect(box, &QMessageBox::buttonClicked, box,
+                       [&](const QAbstractButton* button) { EXPECT_EQ(button->text(), dialog.escape); });
+    }
+    ExpectWalk(shown);
+    ExpectFocusSeen(shown);
+  });
+}
 
 TEST(KeyboardTest, BeginsInTheListOfModels) {
   test::DeviceBench device(sim::Device::ForModel(KORVA_HOME, "QN"));
