@@ -38,7 +38,8 @@ bool Same(const String& one, const String& other) {
 }
 
 bool SameCell(const String& one, const String& other) {
-  return Same(ValueFromLnrCell(one), ValueFromLnrCell(other));
+  return one == other ||
+         (MeansItsValue(one) && MeansItsValue(other) && Same(ValueFromLnrCell(one), ValueFromLnrCell(other)));
 }
 
 }  // namespace

@@ -15,14 +15,11 @@ constexpr int kLeastPoints = 2;
 
 bool IsDigit(char16_t character) { return character >= u'0' && character <= u'9'; }
 
-/// The cell's number; nothing for an empty cell, a text that is no number, and one with more digits behind
-/// its number: whoever types "12,5" doesn't mean the 12 that would be sent.
+/// The cell's number; nothing for an empty cell, a text that is no number, and one that means more.
 std::optional<double> NumberOf(const LnrTable& table, int row, int column) {
-  const String text = Trimmed(table.NumberText(row, column));
+  const String text = table.NumberText(row, column);
   const String value = ValueFromLnrCell(text);
-  const bool whole =
-      std::none_of(text.begin() + static_cast<std::ptrdiff_t>(value.size()), text.end(), IsDigit);
-  return whole && IsNumeric(value) ? std::optional(LeadingNumber(value)) : std::nullopt;
+  return MeansItsValue(text) && IsNumeric(value) ? std::optional(LeadingNumber(value)) : std::nullopt;
 }
 
 bool IsEmptyCell(const LnrTable& table, int row, int column) {
@@ -84,6 +81,12 @@ String ValueFromLnrCell(StringView text) {
   const std::size_t sign = value.starts_with(u'-') || value.starts_with(u'+') ? 1 : 0;
   const bool begins_with_number = value.size() > sign && IsDigit(value[sign]);
   return begins_with_number ? Trimmed(value.substr(0, NumericLength(value))) : value;
+}
+
+bool MeansItsValue(StringView text) {
+  const String cell = Trimmed(text);
+  const auto value = static_cast<std::ptrdiff_t>(ValueFromLnrCell(cell).size());
+  return std::none_of(cell.begin() + value, cell.end(), IsDigit);
 }
 
 bool CheckLnrRange(LnrTable& table) {

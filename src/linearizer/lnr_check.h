@@ -8,6 +8,9 @@ namespace korva {
 /// The value of a cell as the checks take it: a text that begins with a digit, or with a sign and a digit, is
 /// cut from the right until it is numeric ("12.5%" gives "12.5"); any other text stays whole.
 String ValueFromLnrCell(StringView text);
+/// False for a cell with more digits behind its value: whoever types "12,5" doesn't mean the 12 that would be
+/// sent.
+bool MeansItsValue(StringView text);
 
 /// Limits of a value; both count.
 struct LnrLimits {

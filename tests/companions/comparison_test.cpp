@@ -152,6 +152,18 @@ TEST(ComparisonTest, TellsOfATableInTheDevicesMemoryThatCantBeRead) {
   EXPECT_TRUE(found.front().silent);
 }
 
+TEST(ComparisonTest, TakesANumberWithMoreDigitsBehindItForNoPointThatTheDeviceHas) {
+  CompareBench bench(u"QHW");
+  auto& grid = dynamic_cast<Grid&>(*bench.Page().FindControl("LnrFlexGrid"));
+  bench.device.Set("01", "60", "12");
+  bench.Do([&] { grid.SetText(1, 1, u"12 %"); });
+  EXPECT_EQ(bench.Compare(), Found());
+  bench.Do([&] { grid.SetText(1, 1, u"12,5"); });  // the check refuses it
+  const Found& found = bench.Compare();
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().page, u"12,5");
+}
+
 TEST(ComparisonTest, TellsOfAPointThatDidNotAnswerThoughThePageIsBlankThereToo) {
   CompareBench bench(u"QHW");
   bench.device.AddFault(sim::ParseFault("silent=I62"));
