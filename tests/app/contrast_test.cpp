@@ -582,6 +582,20 @@ TEST_P(MarkTest, OfACurvesLineIsSeen) {
   }
 }
 
+TEST_P(MarkTest, TextsOfTheWindowThatStandsWhileADeviceRestartsStandOut) {
+  const Colours colours(GetParam());
+  const SharpLetters letters;
+  Bench bench("Z2WU");
+  bench.Show(5);
+  int texts = 0;
+  bench.device.loop.After(std::chrono::milliseconds(2600), [&] {
+    QCoreApplication::processEvents();
+    texts = ExpectReadable(*bench.Find<QDialog>("frmWaiting"));
+  });
+  bench.Press("cmdResetModbus");
+  EXPECT_EQ(texts, 2);  // its words and those of its bar
+}
+
 TEST_P(MarkTest, TextsOfTheWindowsBesideThePageStandOut) {
   const Colours colours(GetParam());
   const SharpLetters letters;
