@@ -125,6 +125,7 @@ void PanelView::MakeTable() {
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->installEventFilter(this);
+  FitColumns();  // to the rows that were there before
   // The end stays in view as long as the user does not scroll away from it. The bar moves once more when the
   // window goes, whose members are gone by then.
   QScrollBar* bar = table_->verticalScrollBar();

@@ -162,6 +162,15 @@ TEST(PanelViewTest, TellsItsNameToThoseWhoCantSeeIt) {
   }
 }
 
+TEST(PanelViewTest, TheTrafficThatWasThereBeforeFillsItsWindow) {
+  WindowBench bench("QHW");
+  bench.Upload();
+  bench.Press("cmdLine");
+  QCoreApplication::processEvents();
+  const auto* table = bench.Find<PanelView>("pnlLine")->findChild<QTableView*>("table");
+  EXPECT_EQ(table->columnViewportPosition(2) + table->columnWidth(2), table->viewport()->width());
+}
+
 TEST(PanelViewTest, ShowsTheTrafficBeforeAndAfterItOpensAndDropsWhatIsTooOld) {
   WindowBench bench("QHW");
   bench.Upload();
