@@ -21,7 +21,8 @@ namespace korva {
 namespace {
 
 constexpr QSize kPanelSize(760, 420);
-constexpr int kColumn = 32;  ///< widest at first, in digits of the font
+constexpr int kColumn = 32;       ///< widest at first, in digits of the font
+constexpr int kLeastColumn = 10;  ///< narrowest at first: a time grows while the window is open
 
 }  // namespace
 
@@ -156,7 +157,8 @@ void PanelView::FitColumns() {
   // The last one fills what is left; a width of its own would take that from it.
   for (int column = 0; column + 1 < model_->columnCount({}); ++column) {
     table_->resizeColumnToContents(column);
-    table_->setColumnWidth(column, std::min(table_->columnWidth(column), Digits(table_, kColumn)));
+    table_->setColumnWidth(column, std::clamp(table_->columnWidth(column), Digits(table_, kLeastColumn),
+                                              Digits(table_, kColumn)));
   }
 }
 
