@@ -333,7 +333,7 @@ TEST(SheetsTest, ACellThatIsTooWideForItsColumnIsWrappedInATableOfSeveralColumns
   Document document = WithPoints(40);
   document.tables[0].columns.push_back({.head = u"Y(k)", .number = true});
   for (std::vector<String>& row : document.tables[0].rows) {
-    row.push_back(u"1");
+    row.emplace_back(u"1");
   }
   document.tables[0].rows[1][1] = String(300, u'W');
   const std::vector<Sheet> sheets = SheetsOf(document, kArea);
