@@ -90,22 +90,28 @@ void FieldHelp::Follow(TextField& field) {
   field.Observe([this, &field, text = String()]() mutable {
     const bool other_text = text != field.Text();
     text = field.Text();
-    if (page_.Building()) {
-      return;
-    }
-    Judge(field, Judged(field) ? RowOf(field) : -1);
-    if (other_text) {
-      JudgeOtherEnd(field);
+    if (!page_.Building()) {
+      FieldShown(field, other_text);
     }
   });
 }
 
-void FieldHelp::JudgeOtherEnd(const TextField& field) const {
-  const int row = RowOf(field);
-  const std::optional<FieldRange> range = row < 0 ? std::nullopt : RangeOf(field, row);
-  const TextField* const other = !range || range->upper == nullptr ? nullptr
-                                 : range->upper == &field          ? range->lower
-                                                                   : range->upper;
+void FieldHelp::FieldShown(TextField& field, bool other_text) const {
+  if (!other_text && !Judged(field)) {
+    field.SetOutside(false);
+    return;
+  }
+  const auto found = std::find_if(numbers_.begin(), numbers_.end(),
+                                  [&field](const NumberField& one) { return one.field == &field; });
+  const std::optional<FieldRange> range = RangeOf(field, found == numbers_.end() ? -1 : found->row);
+  Judge(field, range);
+  if (other_text && range) {
+    JudgeOtherEnd(field, *range);
+  }
+}
+
+void FieldHelp::JudgeOtherEnd(const TextField& field, const FieldRange& range) const {
+  const TextField* const other = range.upper == &field ? range.lower : range.upper;
   const auto found = std::find_if(numbers_.begin(), numbers_.end(),
                                   [other](const NumberField& one) { return one.field == other; });
   if (found != numbers_.end()) {
@@ -141,8 +147,11 @@ std::optional<FieldRange> FieldHelp::RangeOf(const TextField& field, int row) co
 }
 
 void FieldHelp::Judge(TextField& field, int row) const {
-  const std::optional<FieldRange> range = Judged(field) ? RangeOf(field, row) : std::nullopt;
-  field.SetOutside(range && range->length == 0 &&
+  Judge(field, Judged(field) ? RangeOf(field, row) : std::nullopt);
+}
+
+void FieldHelp::Judge(TextField& field, const std::optional<FieldRange>& range) {
+  field.SetOutside(range && range->length == 0 && Judged(field) &&
                    !(range->Takes(LeadingNumber(field.Text())) && TakesPair(*range)));
 }
 

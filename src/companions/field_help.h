@@ -36,13 +36,15 @@ class FieldHelp final : public PagePart {
   };
 
   void Follow(TextField& field);
-  /// Judges the other end of the pair of which a field is one, if it is.
-  void JudgeOtherEnd(const TextField& field) const;
+  /// Judges a field that has changed, and with another text in it the other end of its pair.
+  void FieldShown(TextField& field, bool other_text) const;
+  void JudgeOtherEnd(const TextField& field, const FieldRange& range) const;
   /// Judges how many points of a table are sent anew when the table changes, of which it can't be more.
   void FollowTable();
   [[nodiscard]] std::optional<FieldRange> RangeOf(const TextField& field, int row) const;
   /// `row` of $Data for which the field is; -1 for none.
   void Judge(TextField& field, int row) const;
+  static void Judge(TextField& field, const std::optional<FieldRange>& range);
   // Judge the fields of all items, and those that are for none.
   void JudgeRows() const;
   void JudgeOthers() const;

@@ -35,6 +35,7 @@ ReportWriter::ReportWriter(ParameterPage& page, TransferReport& report, ReportPa
 
 void ReportWriter::SetCaptions(Language language) {
   language_ = language;
+  names_.clear();
   cmdReport.SetCaption(CaptionText(TextKey::Report, language));
   panel_.SetLanguage(language);
 }
@@ -62,13 +63,19 @@ void ReportWriter::StepDone(const TransferStep& step) {
 
 void ReportWriter::TransferEnded(bool good) { report_.End(good); }
 
-String ReportWriter::NameOf(const TransferStep& step) const {
+String ReportWriter::NameOf(const TransferStep& step) {
   if (step.what || step.row < 0) {
     return step.what ? CaptionText(*step.what, language_) : String();
   }
-  const String name = NameOfItem(page_, step.row);
-  // The one item that has no place on the page.
-  return name.empty() ? CaptionText(TextKey::DeviceSystem, language_) : name;
+  names_.resize(static_cast<std::size_t>(page_.Def.Data().Rows()));
+  String& name = names_.at(static_cast<std::size_t>(step.row));
+  if (name.empty()) {
+    name = NameOfItem(page_, step.row);
+  }
+  if (name.empty()) {
+    name = CaptionText(TextKey::DeviceSystem, language_);  // the one item that has no place on the page
+  }
+  return name;
 }
 
 }  // namespace korva

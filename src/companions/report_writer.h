@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "companions/report_panel.h"
 #include "files/parameter_page.h"
 
@@ -12,6 +14,7 @@ class ReportWriter final : public PagePart, public TransferObserver {
   ReportWriter(ParameterPage& page, TransferReport& report, ReportPanel& panel);
 
   void SetCaptions(Language language) override;
+  void DefinitionRead() override { names_.clear(); }
   // What failed belongs to the set that was sent or read.
   void PageCleared() override { page_.Notes.Tell(Notice::Transfer, {}); }
 
@@ -22,12 +25,13 @@ class ReportWriter final : public PagePart, public TransferObserver {
   Button cmdReport{"cmdReport"};
 
  private:
-  [[nodiscard]] String NameOf(const TransferStep& step) const;
+  [[nodiscard]] String NameOf(const TransferStep& step);
 
   ParameterPage& page_;
   TransferReport& report_;
   ReportPanel& panel_;
   Language language_ = Language::Japanese;
+  std::vector<String> names_;  ///< of the rows; empty where none was asked for yet
 };
 
 }  // namespace korva
