@@ -255,8 +255,8 @@ INSTANTIATE_TEST_SUITE_P(Of, KeysInDialog,
                          test::NameOfDialog);
 
 TEST_P(KeysInDialog, ReachAllShowWhereTheyAreAndAnswerAsTheyShould) {
-  const auto& [dialog, dark] = GetParam();
-  const Colours colours(dark);
+  const auto& dialog = std::get<0>(GetParam());
+  const Colours colours(std::get<1>(GetParam()));
   test::InDialog(dialog, [&](QDialog& shown) {
     ASSERT_TRUE(shown.isAncestorOf(QApplication::focusWidget()));
     if (auto* box = qobject_cast<QMessageBox*>(&shown)) {
