@@ -32,8 +32,8 @@ class MemoryRecords final : public RecordPlace {
       reason = MemoryFiles::ReasonOf(create_fault_);
       return nullptr;
     }
-    files_[path].clear();
-    return std::make_unique<File>(*this, files_[path]);
+    disk_->files[path].clear();
+    return std::make_unique<File>(disk_, disk_->files[path]);
   }
   [[nodiscard]] LocalTime Time() const override {
     using std::chrono::local_days;
@@ -49,14 +49,14 @@ class MemoryRecords final : public RecordPlace {
   [[nodiscard]] bool Asks() const { return chosen_ != nullptr; }
   /// All dialogs so far.
   [[nodiscard]] const std::vector<FileDialog>& Asked() const { return asked_; }
-  [[nodiscard]] const std::string& Bytes(const String& path) const { return files_.at(path); }
-  [[nodiscard]] bool Has(const String& path) const { return files_.contains(path); }
-  [[nodiscard]] int Open() const { return open_; }
+  [[nodiscard]] const std::string& Bytes(const String& path) const { return disk_->files.at(path); }
+  [[nodiscard]] bool Has(const String& path) const { return disk_->files.contains(path); }
+  [[nodiscard]] int Open() const { return disk_->open; }
   void FailCreation(Fault fault) { create_fault_ = fault; }
-  void FailWrites(Fault fault) { write_fault_ = fault; }
-  void FailKeeping(Fault fault) { keep_fault_ = fault; }
+  void FailWrites(Fault fault) { disk_->write_fault = fault; }
+  void FailKeeping(Fault fault) { disk_->keep_fault = fault; }
   /// What was brought to the disk last.
-  [[nodiscard]] const std::string& Kept() const { return kept_; }
+  [[nodiscard]] const std::string& Kept() const { return disk_->kept; }
 
  private:
   class Question final : public OpenQuestion {
@@ -69,40 +69,46 @@ class MemoryRecords final : public RecordPlace {
    private:
     MemoryRecords& records_;
   };
+  /// An open file keeps it: a program may end its record when this is gone.
+  struct Disk {
+    std::map<String, std::string> files;
+    Fault write_fault = Fault::None;
+    Fault keep_fault = Fault::None;
+    std::string kept;
+    int open = 0;
+  };
   class File final : public RecordFile {
    public:
-    File(MemoryRecords& records, std::string& bytes) : records_(records), bytes_(bytes) { ++records_.open_; }
+    File(std::shared_ptr<Disk> disk, std::string& bytes) : disk_(std::move(disk)), bytes_(bytes) {
+      ++disk_->open;
+    }
     File(const File&) = delete;
     File& operator=(const File&) = delete;
-    ~File() override { --records_.open_; }
+    ~File() override { --disk_->open; }
     bool Add(std::string_view bytes, SystemReason& reason) override {
-      if (records_.write_fault_ != Fault::None) {
-        reason = MemoryFiles::ReasonOf(records_.write_fault_);
+      if (disk_->write_fault != Fault::None) {
+        reason = MemoryFiles::ReasonOf(disk_->write_fault);
         return false;
       }
       bytes_ += bytes;
       return true;
     }
     bool Keep(SystemReason& reason) override {
-      records_.kept_ = bytes_;
-      reason = MemoryFiles::ReasonOf(records_.keep_fault_);
-      return records_.keep_fault_ == Fault::None;
+      disk_->kept = bytes_;
+      reason = MemoryFiles::ReasonOf(disk_->keep_fault);
+      return disk_->keep_fault == Fault::None;
     }
 
    private:
-    MemoryRecords& records_;
+    std::shared_ptr<Disk> disk_;
     std::string& bytes_;
   };
 
   EventLoop& loop_;
-  std::map<String, std::string> files_;
+  std::shared_ptr<Disk> disk_ = std::make_shared<Disk>();
   std::vector<FileDialog> asked_;
   Chosen chosen_;
   Fault create_fault_ = Fault::None;
-  Fault write_fault_ = Fault::None;
-  Fault keep_fault_ = Fault::None;
-  std::string kept_;
-  int open_ = 0;
 };
 
 }  // namespace korva::test
