@@ -78,7 +78,7 @@ inline std::vector<DialogCase> AllDialogs() {
   const QString yes = QStringLiteral("はい(&Y)");
   const QString no = QStringLiteral("いいえ(&N)");
   const QString save = QStringLiteral("保存(&S)");
-  const auto ask = [](std::vector<A> buttons, A preset) {
+  const auto ask = [](const std::vector<A>& buttons, A preset) {
     return [buttons, preset](DialogsBench& bench) { bench.Ask(buttons, preset); };
   };
   return {
