@@ -139,6 +139,12 @@ TEST(ComparisonTest, ComparesThePointsOfATableInTheDevicesMemory) {
             (Difference{.item = u"table 1,2", .caption = u"ﾃｰﾌﾞﾙ Y(k) %", .page = u"77.00", .other = there}));
 }
 
+void ExpectASilentTableAlone(const Found& found) {
+  ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(found.front().item, u"table");
+  EXPECT_TRUE(found.front().silent);
+}
+
 TEST(ComparisonTest, TellsOfATableInTheDevicesMemoryThatCantBeRead) {
   TableCompareBench bench(u"Z2WM");
   bench.device.AddFault(sim::ParseFault("silent-access"));
@@ -146,10 +152,7 @@ TEST(ComparisonTest, TellsOfATableInTheDevicesMemoryThatCantBeRead) {
   bench.Upload();
   bench.TakeBoxes();
   ASSERT_EQ(bench.Table().At(1, 1).text, u"");
-  const Found& found = bench.Compare();
-  ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(found.front().item, u"table");
-  EXPECT_TRUE(found.front().silent);
+  ExpectASilentTableAlone(bench.Compare());
 }
 
 TEST(ComparisonTest, TakesANumberWithMoreDigitsBehindItForNoPointThatTheDeviceHas) {
@@ -170,10 +173,7 @@ TEST(ComparisonTest, TellsOfAPointThatDidNotAnswerThoughThePageIsBlankThereToo) 
   bench.Page().DataChanged = false;
   bench.Upload();
   bench.TakeBoxes();
-  const Found& found = bench.Compare();
-  ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(found.front().item, u"table");
-  EXPECT_TRUE(found.front().silent);
+  ExpectASilentTableAlone(bench.Compare());
 }
 
 TEST(ComparisonTest, MarksThePointsThatDifferUntilTheNextEditOfTheTableOrOfAField) {

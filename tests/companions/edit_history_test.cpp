@@ -43,10 +43,19 @@ class HistoryBench : public PageBench {
     Type(Editor().txtLnrNewValue, text);
     Click(Editor().cmdLnrChangeOK);
   }
+  /// The user types a memo two seconds from now, in the middle of an operation.
+  void TypeMemoInTheMiddle() {
+    loop.After(Milliseconds(2000), [this] {
+      typed_in_the_middle = true;
+      ASSERT_TRUE(Page().OperationRuns());
+      Page().txtMemo.UserTypes(u"now");
+    });
+  }
   /// A table of 16 points is in use.
   void OpenTable() { Page().Tabs.SetTabEnabled(Page().TabWith(TextKey::Linearizer), true); }
 
   sim::Device& device;
+  bool typed_in_the_middle = false;
 };
 
 TEST(EditHistoryTest, HasNothingToTakeBackAtFirst) {
@@ -511,16 +520,9 @@ TEST(EditHistoryTest, RestsWhileAnOperationRuns) {
 TEST(EditHistoryTest, KeepsWhatTheUserTypesDuringADownloadAsAStep) {
   HistoryBench bench(u"QHW");
   bench.Type(u"02", u"A");
-  bool typed = false;
-  bench.loop.StartTimer(Milliseconds(2000), [&] {
-    if (!typed) {
-      typed = true;
-      ASSERT_TRUE(bench.Page().OperationRuns());
-      bench.Page().txtMemo.UserTypes(u"now");
-    }
-  });
+  bench.TypeMemoInTheMiddle();
   bench.Download();
-  ASSERT_TRUE(typed);
+  ASSERT_TRUE(bench.typed_in_the_middle);
   EXPECT_EQ(bench.Page().txtMemo.Text(), u"now");
   bench.Undo();
   EXPECT_EQ(bench.Page().txtMemo.Text(), u"");
@@ -531,17 +533,10 @@ TEST(EditHistoryTest, KeepsWhatTheUserTypesDuringADownloadAsAStep) {
 
 TEST(EditHistoryTest, HasNothingToTakeBackOfWhatWasTypedDuringAnUpload) {
   HistoryBench bench(u"QHW");
-  bool typed = false;
-  bench.loop.StartTimer(Milliseconds(2000), [&] {
-    if (!typed) {
-      typed = true;
-      ASSERT_TRUE(bench.Page().OperationRuns());
-      bench.Page().txtMemo.UserTypes(u"now");
-    }
-  });
+  bench.TypeMemoInTheMiddle();
   bench.Page().DataChanged = false;  // no question
   bench.PageBench::Upload();
-  ASSERT_TRUE(typed);
+  ASSERT_TRUE(bench.typed_in_the_middle);
   EXPECT_FALSE(bench.CanUndo());
 }
 
